@@ -1,0 +1,36 @@
+#include <QGuiApplication>
+#include <QImage>
+
+#include <cstdio>
+
+#include "pictures.h"
+
+namespace {
+
+bool make(const Picture& picture, const QString& folder) {
+    QImage image(picture.width, picture.height, QImage::Format_RGB888);
+    image.fill(Qt::black);
+    {
+        QPainter painter(&image);
+        picture.paint(painter);
+    }
+    const QString path = folder + '/' + picture.name + ".png";
+    if (image.save(path, "PNG", 0)) return true;
+    std::fprintf(stderr, "make_pictures: can't write %s\n", qPrintable(path));
+    return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: make_pictures FOLDER\n");
+        return 2;
+    }
+    for (const auto& pictures : {tilePictures(), tablePictures()})
+        for (const Picture& picture : pictures)
+            if (!make(picture, argv[1])) return 1;
+    return 0;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QPainter>
+
+#include <span>
+
+/// One picture that the game loads: its file name under assets/pictures, its size and what paints it.
+/// The painter stands on a picture of that size, filled with black, with antialiasing off.
+struct Picture {
+    const char* name;
+    int width;
+    int height;
+    void (*paint)(QPainter& painter);
+};
+
+/// Tile faces, backs, their masks and the Pass button.
+std::span<const Picture> tilePictures();
+
+/// The table, the backgrounds of the dialogs, markers, lightning and toolbar icons.
+std::span<const Picture> tablePictures();
