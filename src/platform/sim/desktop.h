@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/surface.h"
+
+/// A desktop without a screen: virtual time, hands that press keys and click, a log of what a player would notice.
+namespace sim {
+
+/// Thrown through everything when the program ends its process.
+struct ProcessEnded {};
+
+/// Thrown when a modal form waits and nothing is left that could happen.
+struct NothingLeft : std::logic_error {
+    NothingLeft() : std::logic_error("a modal form waits for something that never comes") {}
+};
+
+/// A desktop as it is switched on: no form, no pending event, time at the start of the day given, random values from
+/// the seed. Forms, timers and controls that were made before must be gone.
+void switchOn(uint32_t seed, double secondOfDay = 36000);
+
+double now();  ///< Milliseconds of virtual time since switchOn.
+
+/// Called with each thing that a player would notice, as a line of text; none by default.
+void setLog(std::function<void(const std::string& line)> log);
+
+/// Called whenever nothing is pending, before time goes on; it may press, click or post. None by default.
+void setHands(std::function<void()> hands);
+
+void post(std::function<void()> action);                            ///< A pending event for the next service of events.
+void postAfter(double milliseconds, std::function<void()> action);  ///< The same at a later time.
+void runFor(double milliseconds);                                   ///< Lets virtual time pass with all its events.
+bool step();  ///< Serves one event, or goes on to the next one in time and serves it; false if there is none.
+
+/// What a person does; each arrives as an event of its own before the call returns. Key codes as in platform::key.
+void pressKey(int keyCode);  ///< Down and up.
+void keyDown(int keyCode);   ///< Down, or a repeat if it is held.
+void keyUp(int keyCode);
+void clickToolButton(int button);
+void clickButton(const std::string& caption);  ///< A command button of the form on top.
+void clickSpinUp();                            ///< The spin button of the form on top.
+void clickSpinDown();
+void chooseMenuItem(int item);  ///< Of the open menu; 0 leaves it.
+void closeMainWindow();         ///< The window's own close button.
+
+int modalDepth();                            ///< How many dialogs are open.
+const std::vector<std::string>& messages();  ///< Message boxes so far, as "title: text"; each was answered at once.
+
+/// The main window's surface as last shown, with the dialogs and frames over it.
+platform::Surface screen();
+
+}  // namespace sim

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace platform {
+
+/// A colour with red in the low byte, then green, then blue: 0xFF is red, 0xFF0000 is blue.
+using Color = uint32_t;
+
+/// A picture that the program carries; rows from the top, a pixel as 0xAARRGGBB. Never changes, lives for the run.
+struct Picture {
+    int width = 0;
+    int height = 0;
+    const uint32_t* pixels = nullptr;
+};
+
+/// What text is printed in: the font's name, its size in points and its weight.
+struct Font {
+    std::string name = "Times New Roman";
+    double points = 8;
+    bool bold = false;
+};
+
+/// A block of pixels with a lasting background picture and a pen for text. Nothing on it is seen but through a form.
+class Surface {
+  public:
+    Surface() = default;
+    Surface(int width, int height);            ///< Black all over.
+    explicit Surface(const Picture& picture);  ///< A copy of the picture, which is its background too.
+
+    int width() const { return width_; }
+    int height() const { return height_; }
+
+    /// Makes the picture the background and takes its size; all drawing is lost.
+    void setPicture(const Picture& picture);
+    /// Gives it another size; all drawing is lost, the background stays at the top left, the rest is the back colour.
+    void resize(int width, int height);
+    void setBackColor(Color color) { backColor_ = color; }  ///< Acts at the next clear or resize.
+    void clear();                                           ///< Removes all drawing and leaves the background.
+
+    Font font;                                     ///< Stays set from one text to the next.
+    Color foreColor = 0;                           ///< Colour of text.
+    int currentX = 0;                              ///< Left edge of the next text.
+    int currentY = 0;                              ///< Top edge of the next text.
+    void print(const std::string& text);           ///< Prints at the current place in the current font.
+    int textWidth(const std::string& text) const;  ///< Width in pixels in the current font.
+
+    Color point(int x, int y) const;  ///< Colour of a pixel; 0 outside and where pixels are left out.
+    uint32_t* row(int y) { return pixels_.data() + static_cast<size_t>(y) * width_; }
+    const uint32_t* row(int y) const { return pixels_.data() + static_cast<size_t>(y) * width_; }
+    bool hasPixels() const { return !pixels_.empty(); }
+
+    /// While false, surfaces that are made or sized have no pixels and all drawing on them is nothing: for play that
+    /// nobody watches.
+    static inline bool keepsPixels = true;
+
+  private:
+    int width_ = 0;
+    int height_ = 0;
+    Picture background_;
+    Color backColor_ = 0;
+    std::vector<uint32_t> pixels_;  ///< 0xFFRRGGBB in rows from the top.
+};
+
+/// The raster operations.
+constexpr uint32_t SRCCOPY = 0xCC0020;   ///< The source.
+constexpr uint32_t SRCAND = 0x8800C6;    ///< Destination and source, bit by bit.
+constexpr uint32_t SRCPAINT = 0xEE0086;  ///< Destination or source, bit by bit.
+
+/// Transfers a rectangle of the source at (sourceX, sourceY) to (x, y), cut to what lies on both surfaces. Any other
+/// operation than the three does nothing.
+void BitBlt(Surface& destination, int x, int y, int width, int height, const Surface& source, int sourceX, int sourceY,
+            uint32_t operation);
+
+}  // namespace platform

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+namespace platform {
+
+/// A periodic timer, disabled at first. It never ticks inside its own handler: a tick that falls due meanwhile is kept
+/// once and comes after the handler has returned. Disabling it or changing its interval drops a kept tick.
+class Timer {
+  public:
+    Timer();
+    ~Timer();
+
+    std::function<void()> onTick;
+
+    int interval() const;                ///< Milliseconds between two ticks.
+    void setInterval(int milliseconds);  ///< A changed interval counts from now.
+    bool enabled() const;
+    void setEnabled(bool enabled);  ///< Enabling a disabled timer counts a whole interval from now.
+
+  private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace platform

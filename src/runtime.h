@@ -1,0 +1,109 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <limits>
+#include <stdexcept>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+/// A run-time failure: its number, as the player sees it in a report, and its description.
+class RuntimeError : public std::runtime_error {
+  public:
+    RuntimeError(int32_t number, const std::string& description) : std::runtime_error(description), number_(number) {}
+    int32_t number() const { return number_; }
+
+  private:
+    int32_t number_;
+};
+
+/// The failures that the program can meet, each with its one description.
+namespace failure {
+[[noreturn]] inline void overflow() { throw RuntimeError(6, "Overflow"); }
+[[noreturn]] inline void subscript() { throw RuntimeError(9, "Subscript out of range"); }
+[[noreturn]] inline void fileNotFound(const std::string& name) { throw RuntimeError(53, "File not found: " + name); }
+}  // namespace failure
+
+/// A fixed table with its own index range, First to Last; an index outside it fails with number 9.
+template <class Entry, int First, int Last>
+class Table {
+  public:
+    static constexpr int first = First;
+    static constexpr int last = Last;
+
+    constexpr Entry& operator[](int index) { return entries_[position(index)]; }
+    constexpr const Entry& operator[](int index) const { return entries_[position(index)]; }
+
+    constexpr auto begin() { return entries_.begin(); }
+    constexpr auto end() { return entries_.end(); }
+    constexpr auto begin() const { return entries_.begin(); }
+    constexpr auto end() const { return entries_.end(); }
+
+  private:
+    static constexpr size_t position(int index) {
+        if (index < First || index > Last) failure::subscript();
+        return static_cast<size_t>(index - First);
+    }
+
+    std::array<Entry, Last - First + 1> entries_{};
+};
+
+/// A table that grows, indexed from 1; an index outside it fails with number 9.
+template <class Entry>
+class DynamicTable {
+  public:
+    int count() const { return static_cast<int>(entries_.size()); }
+    void resize(int count) { entries_.resize(static_cast<size_t>(count)); }  ///< Keeps what it holds.
+    void clear() { entries_.clear(); }
+
+    Entry& operator[](int index) { return entries_[position(index)]; }
+    const Entry& operator[](int index) const { return entries_[position(index)]; }
+
+  private:
+    size_t position(int index) const {
+        if (index < 1 || index > count()) failure::subscript();
+        return static_cast<size_t>(index - 1);
+    }
+
+    std::vector<Entry> entries_;
+};
+
+/// The value in a narrower integer type; a value that doesn't fit fails with number 6.
+template <class Narrow, class Wide>
+constexpr Narrow narrowed(Wide value) {
+    if constexpr (std::is_floating_point_v<Wide>) {
+        if (!(value >= static_cast<Wide>(std::numeric_limits<Narrow>::min()) &&
+              value <= static_cast<Wide>(std::numeric_limits<Narrow>::max())))
+            failure::overflow();
+    } else {
+        if (!std::in_range<Narrow>(value)) failure::overflow();
+    }
+    return static_cast<Narrow>(value);
+}
+
+template <class Wide>
+constexpr int16_t narrow16(Wide value) {
+    return narrowed<int16_t>(value);
+}
+
+template <class Wide>
+constexpr int32_t narrow32(Wide value) {
+    return narrowed<int32_t>(value);
+}
+
+/// Tells the player of a failure in the procedure of that name and waits for the answer.
+void gsReportError(int32_t number, const std::string& description, const std::string& procedure);
+
+/// The common error path: runs the body; a failure in it is reported under the procedure's name, and the result is
+/// then false, 0 or empty.
+template <class Body>
+auto guarded(const char* procedure, Body&& body) -> decltype(body()) {
+    try {
+        return body();
+    } catch (const RuntimeError& error) {
+        gsReportError(error.number(), error.what(), procedure);
+        return decltype(body())();
+    }
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+/// The person and the clock in the tests that both back ends keep: a simulated desktop's or Qt's.
+namespace driver {
+
+void begin();                                                       ///< A desktop with nothing on it.
+void run(double milliseconds);                                      ///< Lets that time pass, with all its events.
+void post(double afterMilliseconds, std::function<void()> action);  ///< An event to come.
+void pressKey(int keyCode);                                         ///< Down and up; codes as in platform::key.
+void keyDown(int keyCode);                                          ///< Down, or a repeat if it is held.
+void keyUp(int keyCode);
+void clickToolButton(int button);
+void clickButton(const std::string& caption);
+void chooseMenuItem(int item);  ///< Of the menu that the next pop-up opens; 0 leaves it.
+std::string lastMessage();      ///< "title: text" of the last message box; each is answered at once.
+
+}  // namespace driver
