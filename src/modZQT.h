@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "play/model.h"
+
+/// The candidate sets that the next tile chooser shows.
+inline Candidates PossibleTiles;
+
+/// Rounds that a match lasts, 1 to 100.
+inline int16_t gintNumRounds = 0;
+
+/// The scoring items of the last tally, joined by commas; empty without one.
+inline std::string gstrScoreDesc;
+
+/// The points of the last tally.
+inline int32_t glngHandPoints = 0;
+
+/// The row offset in the sheets of the view that a tile has in that column: 0, 39 or 78.
+int16_t gintfTileDir(int column);

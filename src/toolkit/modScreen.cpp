@@ -1,0 +1,64 @@
+#include "toolkit/modScreen.h"
+
+#include "platform/desktop.h"
+
+namespace {
+
+constexpr double twipsPerInch = 1440;
+constexpr double secondsPerDay = 86400;
+
+}  // namespace
+
+void gsSetClientSize(int32_t left, int32_t top, int32_t right, int32_t bottom, platform::Form& form) {
+    platform::Rect rect{left, top, right, bottom};
+    platform::AdjustWindowRect(rect, 0, true);
+    const int across = platform::GetDeviceCaps(form, platform::LOGPIXELSX);
+    const int down = platform::GetDeviceCaps(form, platform::LOGPIXELSY);
+    form.resize((rect.right - rect.left + 1) * (twipsPerInch / across),
+                (rect.bottom - rect.top + 1) * (twipsPerInch / down));
+}
+
+void gsCenterForm(platform::Form& form) {
+    form.move((platform::screenWidth() - form.width()) / 2, (platform::screenHeight() - form.height()) / 2);
+}
+
+void gsCenterOver(platform::Form& form, const platform::Form& over, double down) {
+    form.move(over.left() + (over.width() - form.width()) / 2, over.top() + (over.height() - form.height()) / 2 + down);
+}
+
+void gsPrintText(platform::Surface& surface, int16_t x, int16_t y, const std::string& text, platform::Color color,
+                 const std::string& fontName, int16_t fontSize, bool bold) {
+    guarded("gsPrintText", [&] {
+        surface.font.name = fontName;
+        surface.font.points = fontSize;
+        surface.font.bold = bold;
+        surface.foreColor = color;
+        surface.currentX = x;
+        surface.currentY = y;
+        surface.print(text);
+    });
+}
+
+void gsStripComma(std::string& text) {
+    guarded("gsStripComma", [&] {
+        if (text.empty()) return;
+        if (text.front() == ',')
+            text.erase(0, 1);
+        else if (text.back() == ',')
+            text.pop_back();
+    });
+}
+
+void gsDelay(double seconds) {
+    const double start = platform::secondsOfDay();
+    double passed = 0;
+    while (static_cast<float>(passed) < static_cast<float>(seconds)) {
+        platform::doEvents();
+        passed = platform::secondsOfDay() - start;
+        if (passed < 0) passed += secondsPerDay;  // The day has turned during the wait.
+    }
+}
+
+void gsReportError(int32_t number, const std::string& description, const std::string& procedure) {
+    platform::messageBox("Error In " + procedure, "Error " + std::to_string(number) + " - " + description);
+}
