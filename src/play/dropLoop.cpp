@@ -1,0 +1,123 @@
+#include "frmMain.h"
+#include "match/frmGameSummary.h"
+#include "platform/desktop.h"
+#include "platform/form.h"
+#include "scoring/frmBreakDown.h"
+
+void frmMain::Timer1_Timer() {
+    if (mblnInTimerTick) return;
+    mblnInTimerTick = true;
+    if (mintRoundsPlayed == gintNumRounds) {
+        msEndMatch();  // The guard stays set until the next match.
+        return;
+    }
+    if (mintCurRow == noRow ? mblnfTileEnters() : mblnfTileFalls()) {
+        msDrawNexTile();
+        msDrawEarnedTiles();
+        msDrawTile();
+    }
+    mblnInTimerTick = false;
+}
+
+/// Brings in the next tile; false if the hand is over instead.
+bool frmMain::mblnfTileEnters() {
+    Timer1.setInterval(mintfSetTimeInterval());
+    ++mintTilesDropped;
+    mintCurTile = TileOrder[mintTilesDropped];
+    mintCurCol = entryColumn;
+    if (mblnfDropOK()) {
+        mintCurRow = 0;
+        if (mblnfDropOK()) mintCurRow = 1;
+    }
+    const bool blnWon = mintHandCount == handTiles;
+    if (mintCurRow == 1 && !blnWon && mintTilesDropped != tileCount) return true;
+    msEndHand(blnWon);
+    return false;
+}
+
+/// Moves the tile down by a row, or lands it; true if it is to be painted at a new place.
+bool frmMain::mblnfTileFalls() {
+    if (!mblnfDropOK()) {
+        msMarkCellTable();
+        mintCurRow = noRow;
+        return false;
+    }
+    const uint32_t lngThisHand = mlngHand;
+    platform::doEvents();
+    // A command served just now can have begun another hand or held the game, and a key can have put the tile over a
+    // taken place, where it lands at the next tick.
+    if (lngThisHand != mlngHand || mintCurRow == noRow || !Timer1.enabled() || !mblnfDropOK()) return false;
+    msEraseTile();
+    ++mintCurRow;
+    return true;
+}
+
+void frmMain::msEndHand(bool blnWon) {
+    ++mintGamesPlayed;
+    if (blnWon) ++mintGamesWon;
+    msUpdateHouse(blnWon);
+    msUpdateRound();
+    if (blnWon && mblnBreakDown) {
+        Timer1.setEnabled(false);
+        gfrmBreakDown.showModal();
+    }
+    msInitNewGame();
+}
+
+void frmMain::msEndMatch() {
+    Timer1.setEnabled(false);
+    mblnGameRunning = false;
+    gfrmGameSummary->msLoadFormVariables(mintRoundsPlayed, mintGamesPlayed, mintGamesWon);
+    gfrmGameSummary.showModal();
+}
+
+void frmMain::Form_KeyDown(int intKeyCode) {
+    guarded("Form_KeyDown", [&] {
+        if (mintCurRow == noRow || Timer1.interval() == dropInterval || !Timer1.enabled()) return;
+        switch (intKeyCode) {
+            case platform::key::Left:
+            case platform::key::Pad4:
+                msMoveSideways(-1);
+                break;
+            case platform::key::Right:
+            case platform::key::Pad6:
+                msMoveSideways(1);
+                break;
+            case platform::key::Down:
+            case platform::key::Pad2:
+                Timer1.setInterval(dropInterval);
+                mblnDropKeyUsed = true;
+                break;
+            default:
+                break;
+        }
+    });
+}
+
+void frmMain::msMoveSideways(int16_t intStep) {
+    const int intCol = mintCurCol + intStep;
+    if (intCol < 1 || intCol > columnCount || CellTable[mintCurRow][intCol].Filled) return;
+    msEraseTile();
+    mintCurCol = narrow16(intCol);
+    msDrawTile();
+}
+
+bool frmMain::mblnfDropOK() {
+    return guarded("mblnfDropOK",
+                   [&] { return mintCurRow != bottomRow && !CellTable[mintCurRow + 1][mintCurCol].Filled; });
+}
+
+int16_t frmMain::mintfSetTimeInterval() {
+    return guarded("mintfSetTimeInterval", [&] {
+        const LevelRow& level = levels[mlngLevel - 1];
+        return mintHandCount < level.threshold ? level.interval : level.intervalFromThen;
+    });
+}
+
+void frmMain::msEraseTile() {
+    guarded("msEraseTile", [&] {
+        if (mintCurRow == 0) return;
+        const CellInfo& place = CellTable[mintCurRow][mintCurCol];
+        platform::BitBlt(picWork, place.X, place.Y, tileWidth, tileHeight, picBlank, 0, 0, platform::SRCCOPY);
+    });
+}
