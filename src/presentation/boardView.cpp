@@ -1,0 +1,57 @@
+#include "frmMain.h"
+#include "presentation/frmBitmaps.h"
+#include "presentation/layout.h"
+
+void frmMain::msDrawTile() {
+    guarded("msDrawTile", [&] {
+        const CellInfo& place = CellTable[mintCurRow][mintCurCol];
+        platform::BitBlt(picBlank, 0, 0, tileWidth, tileHeight, picWork, place.X, place.Y, platform::SRCCOPY);
+        msPaintTile({place.X, place.Y}, TileKindOf[mintCurTile], gintfTileDir(mintCurCol));
+        msShowPicture();
+    });
+}
+
+/// Shows all of `picWork`.
+void frmMain::msShowPicture() {
+    platform::BitBlt(form.surface(), 0, 0, picWork.width(), picWork.height(), picWork, 0, 0, platform::SRCCOPY);
+    form.refresh();
+}
+
+/// Paints a face through the mask of its view.
+void frmMain::msPaintTile(const PixelPoint& udtPlace, int16_t intKind, int16_t intView) {
+    platform::BitBlt(picWork, udtPlace.X, udtPlace.Y, tileWidth, tileHeight, gfrmBitmaps->picTileBackMask, 0, intView,
+                     platform::SRCAND);
+    platform::BitBlt(picWork, udtPlace.X, udtPlace.Y, tileWidth, tileHeight, gfrmBitmaps->picAllTiles,
+                     (intKind - 1) * tileWidth, intView, platform::SRCPAINT);
+}
+
+void frmMain::msDrawPlayArea() {
+    guarded("msDrawPlayArea", [&] {
+        picWork.clear();
+        for (int row = 1; row <= bottomRow; ++row)
+            for (int col = 1; col <= columnCount; ++col) {
+                const CellInfo& place = CellTable[row][col];
+                if (place.Filled) msPaintTile({place.X, place.Y}, place.Tile.KindIdx, gintfTileDir(col));
+            }
+    });
+}
+
+void frmMain::msDrawNexTile() {
+    guarded("msDrawNexTile", [&] {
+        if (!mblnPeek) {
+            platform::BitBlt(picWork, nextTilePlace.X, nextTilePlace.Y, tileWidth, tileHeight, picBlankNextTile, 0, 0,
+                             platform::SRCCOPY);
+            return;
+        }
+        if (mintTilesDropped == tileCount) return;
+        const int16_t tile = TileOrder[mintTilesDropped + 1];
+        if (tile != 0) msPaintTile(nextTilePlace, TileKindOf[tile], 0);
+    });
+}
+
+void frmMain::msDrawEarnedTiles() {
+    guarded("msDrawEarnedTiles", [&] {
+        for (const CellInfo& slot : EarnedTiles)
+            if (slot.Filled) msPaintTile({slot.X, slot.Y}, slot.Tile.KindIdx, 0);
+    });
+}
