@@ -1,0 +1,99 @@
+#include "scoring/frmBreakDown.h"
+
+#include "frmMain.h"
+#include "modZQT.h"
+#include "platform/pictures.h"
+#include "scoring/scoringItems.h"
+#include "toolkit/modScreen.h"
+
+namespace {
+
+constexpr int backgroundResource = 102;
+constexpr int clientRight = 666, clientBottom = 309;  // pixels
+constexpr double below = 1440;                        // twips under the centre of the main window
+
+constexpr int entriesPerColumn = 6;
+constexpr int16_t nameX[] = {38, 354};
+constexpr int16_t doublesX[] = {249, 566};
+constexpr int16_t firstY = 55, pitchY = 38;
+
+constexpr platform::Color darkGrey = 0x404040;
+constexpr platform::Color yellow = 0x00FFFF;
+constexpr int16_t textSize = 11;  // points
+
+}  // namespace
+
+frmBreakDown::frmBreakDown() {
+    form.onLoad = [this] { Form_Load(); };
+    form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
+    form.onUnload = [this] { Form_Unload(); };
+}
+
+void frmBreakDown::Form_Load() {
+    guarded("Form_Load", [&] {
+        form.setPicture(platform::pictureByNumber(backgroundResource));
+        gsSetClientSize(0, 0, clientRight, clientBottom, form);
+        form.setCaption("Velmora");
+        gsCenterOver(form, gfrmMain->form, below);
+        msInitPrtPsns();
+        msBreakDown();
+    });
+}
+
+void frmBreakDown::msInitPrtPsns() {
+    guarded("msInitPrtPsns", [&] {
+        for (int i = 1; i <= entries; ++i) {
+            const int column = (i - 1) / entriesPerColumn;
+            const int16_t y = narrow16(firstY + pitchY * ((i - 1) % entriesPerColumn));
+            maudtItemPsn[i] = {nameX[column], y};
+            maudtDoublePsn[i] = {doublesX[column], y};
+        }
+        mudtTotalDoublesPsn = {208, 284};
+        mudtTotalPointsPsn = {520, 284};
+    });
+}
+
+void frmBreakDown::msBreakDown() {
+    guarded("msBreakDown", [&] {
+        int total = 0;
+        int entry = 0;
+        for (size_t start = 0; start <= gstrScoreDesc.size();) {
+            const size_t comma = std::min(gstrScoreDesc.find(',', start), gstrScoreDesc.size());
+            const std::string item = gstrScoreDesc.substr(start, comma - start);
+            const std::string doubles = mstrfDouble(item);
+            ++entry;
+            msPrintPair(maudtItemPsn[entry], item, maudtDoublePsn[entry], doubles);
+            if (!doubles.empty()) total += doubles.front() - '0';
+            start = comma + 1;
+        }
+        msPrintPair(mudtTotalDoublesPsn, std::to_string(total), mudtTotalPointsPsn, std::to_string(glngHandPoints));
+        form.refresh();
+    });
+}
+
+/// Prints two texts side by side, the shadows of both first.
+void frmBreakDown::msPrintPair(const Place& udtLeft, const std::string& strLeft, const Place& udtRight,
+                               const std::string& strRight) {
+    const auto print = [&](int x, int y, const std::string& text, platform::Color color) {
+        gsPrintText(form.surface(), narrow16(x), narrow16(y), text, color, "Wonton ICG", textSize, true);
+    };
+    print(udtLeft.X - 1, udtLeft.Y - 1, strLeft, darkGrey);
+    print(udtRight.X, udtRight.Y - 1, strRight, darkGrey);
+    print(udtLeft.X, udtLeft.Y, strLeft, yellow);
+    print(udtRight.X, udtRight.Y, strRight, yellow);
+}
+
+/// The doubles of an item as text, with the number first; empty for a text that is no item.
+std::string frmBreakDown::mstrfDouble(const std::string& strItem) {
+    return guarded("mstrfDouble", [&]() -> std::string {
+        for (const ScoringItemRow& row : scoringItems)
+            if (strItem == row.text) return std::to_string(row.doubles) + (row.doubles > 1 ? " Doubles" : " Double");
+        return {};
+    });
+}
+
+void frmBreakDown::Form_KeyPress(int intKeyAscii) {
+    if (intKeyAscii == platform::key::Enter || intKeyAscii == platform::key::Escape) form.unload();
+}
+
+void frmBreakDown::Form_Unload() { gsClearObjects(gfrmBreakDown); }

@@ -1,0 +1,153 @@
+#include "frmMain.h"
+#include "scoring/handShape.h"
+#include "scoring/scoringItems.h"
+
+namespace {
+
+constexpr int32_t east = 10, north = 13;  // Numbers of the winds
+constexpr int32_t red = 14, blue = 16;    // Numbers of the dragons
+constexpr int32_t seasonCount = 4;        // seasons are Bonus 1 to 4, flowers 5 to 8
+constexpr int32_t bonusKinds = 8;
+constexpr int sevenTiles = 7;
+
+constexpr ScoringItem dragonTrios[] = {ScoringItem::RedTrio, ScoringItem::GreenTrio, ScoringItem::BlueTrio};
+
+/// The player's own season, by the seat of the House and the player's seat; the own flower lies 4 above it.
+constexpr int32_t ownSeason[seatCount][seatCount] = {
+    {1, 2, 3, 4},
+    {4, 1, 2, 3},
+    {3, 4, 1, 2},
+    {2, 3, 4, 1},
+};
+
+/// The seat that holds each wind, East to North, by the seat of the House.
+constexpr int32_t seatOfWind[seatCount][seatCount] = {
+    {1, 2, 3, 4},
+    {2, 3, 4, 1},
+    {3, 4, 1, 2},
+    {4, 1, 2, 3},
+};
+
+std::string mstrfListed(ScoringItem item) { return scoringItem(item).text + std::string(","); }
+
+/// Puts the new text in the place of the item in the list, with its comma; false if the item isn't there.
+bool mblnfReplaceInList(ScoringItem item, const std::string& strNewText) {
+    const std::string strItem = mstrfListed(item);
+    const size_t place = gstrScoreDesc.find(strItem);
+    if (place == std::string::npos) return false;
+    gstrScoreDesc.replace(place, strItem.size(), strNewText);
+    return true;
+}
+
+}  // namespace
+
+void frmMain::msCheckForFlowers() {
+    guarded("msCheckForFlowers", [&] {
+        int held = 0;
+        Table<bool, 1, bonusKinds> holds;
+        for (int16_t slot = firstBonusSlot; slot <= slotCount; ++slot) {
+            if (!EarnedTiles[slot].Filled) continue;
+            ++held;
+            msLookAtBonusTile(slot);
+            holds[EarnedTiles[slot].Tile.Bonus] = true;
+        }
+        if (holds[1] && holds[2] && holds[3] && holds[4]) msScoreItem(ScoringItem::FourSeasons);
+        if (holds[5] && holds[6] && holds[7] && holds[8]) msScoreItem(ScoringItem::FourFlowers);
+        if (held >= sevenTiles) msScoreItem(ScoringItem::SevenBonus);
+    });
+}
+
+/// Counts a held flower or season that is the player's own, which depends on who holds the House.
+void frmMain::msLookAtBonusTile(int16_t intSlot) {
+    if (mlngHouse == mlngSeat) return msFlowerAndSeason(intSlot, seasonCount + 1, 1);
+    switch (mlngHouse) {
+        case 1:
+            return msHouseIsEast(intSlot);
+        case 2:
+            return msHouseIsSouth(intSlot);
+        case 3:
+            return msHouseIsWest(intSlot);
+        case 4:
+            return msHouseIsNorth(intSlot);
+        default:
+            return;
+    }
+}
+
+void frmMain::msHouseIsEast(int16_t intSlot) {
+    guarded("msHouseIsEast", [&] { msOwnTiles(intSlot, 1); });
+}
+
+void frmMain::msHouseIsSouth(int16_t intSlot) {
+    guarded("msHouseIsSouth", [&] { msOwnTiles(intSlot, 2); });
+}
+
+void frmMain::msHouseIsWest(int16_t intSlot) {
+    guarded("msHouseIsWest", [&] { msOwnTiles(intSlot, 3); });
+}
+
+void frmMain::msHouseIsNorth(int16_t intSlot) {
+    guarded("msHouseIsNorth", [&] { msOwnTiles(intSlot, 4); });
+}
+
+void frmMain::msOwnTiles(int16_t intSlot, int32_t lngHouse) {
+    const int32_t lngSeason = ownSeason[lngHouse - 1][mlngSeat - 1];
+    msFlowerAndSeason(intSlot, seasonCount + lngSeason, lngSeason);
+}
+
+void frmMain::msFlowerAndSeason(int16_t intSlot, int32_t lngOwnFlower, int32_t lngOwnSeason) {
+    guarded("msFlowerAndSeason", [&] {
+        const int32_t lngBonus = EarnedTiles[intSlot].Tile.Bonus;
+        if (lngBonus == lngOwnFlower) msScoreItem(ScoringItem::OwnFlower);
+        if (lngBonus == lngOwnSeason) msScoreItem(ScoringItem::OwnSeason);
+    });
+}
+
+void frmMain::msCheckForDragons() {
+    guarded("msCheckForDragons", [&] {
+        int16_t trios = 0;
+        for (const int slot : setSlots) {
+            const int32_t number = EarnedTiles[slot].Tile.Number;
+            if (!isTrio(EarnedTiles, slot) || number < red || number > blue) continue;
+            msScoreItem(dragonTrios[number - red]);
+            ++trios;
+        }
+        const bool pair = pairNumberWithin(EarnedTiles, red, blue) != 0;
+        if (trios != 3 && !(trios == 2 && pair)) return;
+        const ScoringItem set = trios == 3 ? ScoringItem::ThreeDragons : ScoringItem::TwoDragons;
+        msReplace_Dragon_Tiles_Desc(mstrfListed(set));
+        msAddDoubles(set);
+        mintDoubles = narrow16(mintDoubles - trios);  // The set stands in the place of its trios.
+    });
+}
+
+void frmMain::msReplace_Dragon_Tiles_Desc(const std::string& strNewItem) {
+    guarded("msReplace_Dragon_Tiles_Desc", [&] {
+        bool blnPlaced = false;
+        for (const ScoringItem trio : dragonTrios)
+            if (mblnfReplaceInList(trio, blnPlaced ? "" : strNewItem)) blnPlaced = true;
+    });
+}
+
+void frmMain::msCheckForWinds() {
+    guarded("msCheckForWinds", [&] {
+        int16_t trios = 0;
+        for (const int slot : setSlots) {
+            const int32_t number = EarnedTiles[slot].Tile.Number;
+            if (!isTrio(EarnedTiles, slot) || number < east || number > north) continue;
+            ++trios;
+            msCheckPrevailingWind(number - east + 1);
+            msCheckOwnWind(seatOfWind[mlngHouse - 1][number - east]);
+        }
+        if (trios == 4) msScoreItem(ScoringItem::FourWinds);
+        if (trios == 3 && pairNumberWithin(EarnedTiles, east, north) != 0) msScoreItem(ScoringItem::ThreeWinds);
+    });
+}
+
+void frmMain::msCheckPrevailingWind(int32_t lngWind) {
+    if (lngWind == mlngRoundWind) msScoreItem(ScoringItem::PrevailingWind);
+}
+
+void frmMain::msCheckOwnWind(int32_t lngSeat) {
+    if (lngSeat == mlngSeat) msScoreItem(ScoringItem::OwnWind);
+}
