@@ -1,0 +1,121 @@
+#include "match/frmChooseSeat.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "frmMain.h"
+#include "modZQT.h"
+#include "platform/desktop.h"
+#include "platform/pictures.h"
+#include "presentation/frmBitmaps.h"
+#include "toolkit/modScreen.h"
+
+namespace {
+
+constexpr int backgroundResource = 103;
+constexpr int tilesWidth = 156;                                    // pixels: four tiles and three gaps
+constexpr int tilePitch = 42;                                      // pixels
+constexpr int frameWidth = 36, frameHeight = 45, frameBorder = 3;  // pixels
+constexpr platform::Color magenta = 0xFF00FF;
+constexpr int32_t firstWindKind = 28;
+constexpr double secondsShown = 2;
+
+/// Paints a picture of one tile on the form through the mask of the straight view.
+void msPaint(platform::Surface& surface, int x, int y, const platform::Surface& picture, int pictureX) {
+    const int16_t view = gintfTileDir(entryColumn);
+    platform::BitBlt(surface, x, y, tileWidth, tileHeight, gfrmBitmaps->picTileBackMask, 0, view, platform::SRCAND);
+    platform::BitBlt(surface, x, y, tileWidth, tileHeight, picture, pictureX, view, platform::SRCPAINT);
+}
+
+}  // namespace
+
+frmChooseSeat::frmChooseSeat() {
+    form.onLoad = [this] { Form_Load(); };
+    form.onKeyDown = [this](int& keyCode) { Form_KeyDown(keyCode); };
+    form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
+    shpSeat.setBorder(frameBorder, magenta);
+}
+
+void frmChooseSeat::Form_Load() {
+    guarded("Form_Load", [&] {
+        form.setPicture(platform::pictureByNumber(backgroundResource));
+        gsCenterOver(form, gfrmMain->form);
+        mintSelTile = 1;
+        msLoadTiles();
+        msShuffleTiles();
+        msPlaceFrame();
+        shpSeat.setVisible(true);
+    });
+}
+
+void frmChooseSeat::msLoadTiles() {
+    guarded("msLoadTiles", [&] {
+        const int left = (form.scaleWidth() - tilesWidth) / 2;
+        const double top = (form.scaleHeight() - tileHeight) / 2.0;
+        for (int i = 1; i <= seatCount; ++i) {
+            maudtTilePsn[i] = {narrow16(left + tilePitch * (i - 1)), narrow16(std::nearbyint(top))};
+            msPaint(form.surface(), maudtTilePsn[i].X, maudtTilePsn[i].Y, gfrmBitmaps->picTileBack, 0);
+        }
+        form.refresh();
+    });
+}
+
+void frmChooseSeat::msShuffleTiles() {
+    guarded("msShuffleTiles", [&] {
+        platform::seedRandom();
+        malngSeatTiles = {};
+        for (int i = 1; i <= seatCount; ++i) {
+            int32_t kind = 0;
+            do kind = narrow32(std::floor(platform::random() * seatCount)) + firstWindKind;
+            while (std::find(malngSeatTiles.begin(), malngSeatTiles.end(), kind) != malngSeatTiles.end());
+            malngSeatTiles[i] = kind;
+        }
+    });
+}
+
+void frmChooseSeat::msPlaceFrame() {
+    const Place& place = maudtTilePsn[mintSelTile];
+    const int border = shpSeat.borderWidth();
+    shpSeat.setPlace({place.X - border, place.Y - border, frameWidth, frameHeight});
+}
+
+void frmChooseSeat::Form_KeyDown(int intKeyCode) {
+    guarded("Form_KeyDown", [&] {
+        if (mblnDrawn) return;
+        switch (intKeyCode) {
+            case platform::key::Left:
+            case platform::key::Pad4:
+                mintSelTile = mintSelTile == 1 ? int16_t{seatCount} : narrow16(mintSelTile - 1);
+                break;
+            case platform::key::Right:
+            case platform::key::Pad6:
+                mintSelTile = mintSelTile == seatCount ? int16_t{1} : narrow16(mintSelTile + 1);
+                break;
+            default:
+                break;
+        }
+        msPlaceFrame();
+    });
+}
+
+void frmChooseSeat::Form_KeyPress(int intKeyAscii) {
+    guarded("Form_KeyPress", [&] {
+        if (mblnDrawn || intKeyAscii != platform::key::Enter) return;
+        mblnDrawn = true;
+        mintSeat = mintfGetSeat();
+        msTurnTiles();
+        gsDelay(secondsShown);
+        form.unload();
+    });
+}
+
+void frmChooseSeat::msTurnTiles() {
+    for (int i = 1; i <= seatCount; ++i)
+        msPaint(form.surface(), maudtTilePsn[i].X, maudtTilePsn[i].Y, gfrmBitmaps->picAllTiles,
+                (malngSeatTiles[i] - 1) * tileWidth);
+    form.refresh();
+}
+
+int16_t frmChooseSeat::mintfGetSeat() {
+    return guarded("mintfGetSeat", [&] { return narrow16(malngSeatTiles[mintSelTile] - firstWindKind + 1); });
+}

@@ -1,0 +1,102 @@
+#include "match/frmGameSummary.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "match/panels.h"
+#include "toolkit/modScreen.h"
+
+namespace {
+
+constexpr platform::Place outerPlace{0, 0, 353, 279};
+constexpr platform::Color buttonText = 0;
+constexpr platform::Color blue = 0xFF0000;
+constexpr platform::Color brightOrange = 0x0080FF;  // red 255, green 128
+const platform::Font titleFont{"Times New Roman", 14.25, true};
+const platform::Font lineFont{"Times New Roman", 12, true};
+
+struct LineRow {
+    const char* label;
+    platform::Place labelPlace;
+    platform::Place valuePlace;
+};
+
+constexpr LineRow lineRows[] = {
+    {"# Of Rounds Played", {24, 16, 145, 25}, {176, 16, 57, 25}},
+    {"# Of Games Played", {24, 48, 137, 25}, {176, 48, 57, 25}},
+    {"# Of Games Won", {24, 80, 137, 25}, {176, 80, 57, 25}},
+    {"Winning Percentage", {24, 112, 145, 25}, {176, 112, 57, 25}},
+};
+static_assert(std::size(lineRows) == frmGameSummary::lines);
+
+void msDress(platform::Panel& panel, const platform::PanelLook& look, const platform::Font& font, const char* caption) {
+    panel.setLook(look);
+    panel.setFont(font);
+    panel.setCaption(caption);
+}
+
+}  // namespace
+
+frmGameSummary::frmGameSummary()
+    : pnlOuter(form, outerPlace),
+      pnlTitle(pnlOuter, {120, 16, 110, 17}),
+      pnlFrame(pnlOuter, {24, 40, 305, 217}),
+      pnlHeading(pnlFrame, {46, 13, 208, 17}),
+      pnlList(pnlFrame, {24, 32, 255, 161}) {
+    form.onLoad = [this] { Form_Load(); };
+    form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
+    form.onUnload = [this] { Form_Unload(); };
+    msDress(pnlOuter, outerLook, titleFont, "");
+    msDress(pnlTitle, flatLook(buttonText), titleFont, "Game Over...");
+    msDress(pnlFrame, raisedLook(buttonText), titleFont, "");
+    msDress(pnlHeading, flatLook(blue), titleFont, "+++ Game Summary +++");
+    msDress(pnlList, insetLook(buttonText), lineFont, "");
+    for (int i = 0; i < lines; ++i) {
+        pnlLabel.emplace_back(pnlList, lineRows[i].labelPlace);
+        msDress(pnlLabel.back(), flatLook(panelOrange, platform::Align::Left), lineFont, lineRows[i].label);
+        pnlGameSummary[i] = std::make_unique<platform::Panel>(pnlList, lineRows[i].valuePlace);
+        msDress(*pnlGameSummary[i], insetLook(brightOrange), lineFont, "");
+    }
+}
+
+void frmGameSummary::msLoadFormVariables(int16_t aintRoundsPlayed, int16_t aintGamesPlayed, int16_t aintGamesWon) {
+    mintSumRounds = aintRoundsPlayed;
+    mintSumGames = aintGamesPlayed;
+    mintSumWon = aintGamesWon;
+}
+
+void frmGameSummary::Form_Load() {
+    guarded("Form_Load", [&] {
+        gsFitForm(form, outerPlace);
+        msClearSummary();
+        msDisplayGameSummary();
+    });
+}
+
+void frmGameSummary::msClearSummary() {
+    for (const auto& panel : pnlGameSummary) panel->setCaption("");
+}
+
+void frmGameSummary::msDisplayGameSummary() {
+    guarded("msDisplayGameSummary", [&] {
+        pnlGameSummary[0]->setCaption(std::to_string(mintSumRounds));
+        pnlGameSummary[1]->setCaption(std::to_string(mintSumGames));
+        pnlGameSummary[2]->setCaption(std::to_string(mintSumWon));
+        pnlGameSummary[3]->setCaption(mstrfPercentage());
+    });
+}
+
+/// The share of hands won, rounded to two decimal places with ties to the even digit, in its shortest form.
+std::string frmGameSummary::mstrfPercentage() const {
+    const double percentage = static_cast<double>(mintSumWon) / mintSumGames * 100;
+    char digits[32];
+    const auto end = std::to_chars(std::begin(digits), std::end(digits), std::nearbyint(percentage * 100) / 100,
+                                   std::chars_format::fixed);
+    return std::string(digits, end.ptr) + "%";
+}
+
+void frmGameSummary::Form_KeyPress(int intKeyAscii) {
+    if (intKeyAscii == platform::key::Enter || intKeyAscii == platform::key::Escape) form.unload();
+}
+
+void frmGameSummary::Form_Unload() { gsClearObjects(gfrmGameSummary); }
