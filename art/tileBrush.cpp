@@ -1,0 +1,55 @@
+#include "tileBrush.h"
+
+#include <QFont>
+#include <QFontInfo>
+#include <QPainterPath>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr const char* brushFace = "AR PL UKai TW";
+constexpr int drawnSize = 400;
+constexpr int fineness = 8;
+constexpr double sharpness = 1.6;
+
+QPainterPath outlineOf(char32_t character, double weight) {
+    QFont font(brushFace);
+    font.setPixelSize(drawnSize);
+    if (!QFontInfo(font).family().startsWith("AR PL UKai")) qFatal("the face %s is not installed", brushFace);
+    QPainterPath path;
+    path.addText(0, 0, font, QString::fromUcs4(&character, 1));
+    path.setFillRule(Qt::WindingFill);
+    if (weight <= 0) return path;
+    QPainterPathStroker stroker;
+    stroker.setWidth(weight * drawnSize / 24);
+    stroker.setJoinStyle(Qt::RoundJoin);
+    return path.united(stroker.createStroke(path));
+}
+
+/// Draws the character at `fineness` times its size and takes each pixel's share of ink.
+QImage inkOf(const QSize& size, const QPainterPath& path) {
+    QImage fine(size * fineness, QImage::Format_ARGB32_Premultiplied);
+    fine.fill(Qt::transparent);
+    QPainter painter(&fine);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF bounds = path.boundingRect();
+    painter.scale(fine.width() / bounds.width(), fine.height() / bounds.height());
+    painter.translate(-bounds.topLeft());
+    painter.fillPath(path, Qt::black);
+    painter.end();
+    return fine.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+}  // namespace
+
+void paintBrush(QPainter& painter, const QRect& box, char32_t character, QRgb ink, double weight) {
+    QImage image = inkOf(box.size(), outlineOf(character, weight)).convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const double share = (qAlpha(image.pixel(x, y)) / 255.0 - 0.5) * sharpness + 0.5;
+            const int alpha = static_cast<int>(std::lround(std::clamp(share, 0.0, 1.0) * 255));
+            image.setPixel(x, y, (ink & 0xFFFFFF) | static_cast<QRgb>(alpha) << 24);
+        }
+    painter.drawImage(box.topLeft(), image);
+}

@@ -1,0 +1,81 @@
+#include "tileSprites.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct Ink {
+    char letter;
+    QRgb colour;
+};
+
+constexpr std::array inks = {
+    Ink{'k', 0xFF1B1A1E}, Ink{'K', 0xFF4A4650},                        // black ink and its soft edge
+    Ink{'r', 0xFFCC2A1C}, Ink{'R', 0xFF8A1210}, Ink{'e', 0xFFF0755C},  // red: plain, deep, light
+    Ink{'g', 0xFF12804E}, Ink{'G', 0xFF064A2E}, Ink{'l', 0xFF6CC08A},  // green
+    Ink{'b', 0xFF2458B0}, Ink{'B', 0xFF12285E}, Ink{'c', 0xFF86B4EA},  // blue
+    Ink{'y', 0xFFF2BE32}, Ink{'Y', 0xFFA87410}, Ink{'o', 0xFFE8801C},  // gold, dark gold, orange
+    Ink{'p', 0xFFF4A6BC}, Ink{'P', 0xFFD4547C}, Ink{'v', 0xFF7A3C9C},  // pink, deep pink, violet
+    Ink{'t', 0xFF7C5028}, Ink{'T', 0xFF4A2C14}, Ink{'w', 0xFFFFFDF6},  // brown, dark brown, white
+    Ink{'s', 0xFFB8C4D0}, Ink{'S', 0xFF6C7C90}, Ink{'i', 0xFFF4EAD0},  // snow shade, slate, ivory
+};
+
+struct IndexGlyph {
+    char symbol;
+    Sprite rows;
+};
+
+constexpr std::array indexGlyphs = {
+    IndexGlyph{'1', ".#..\n##..\n.#..\n.#..\n.#..\n###."}, IndexGlyph{'2', "###.\n...#\n..#.\n.#..\n#...\n####"},
+    IndexGlyph{'3', "###.\n...#\n.##.\n...#\n...#\n###."}, IndexGlyph{'4', "..#.\n.##.\n#.#.\n####\n..#.\n..#."},
+    IndexGlyph{'5', "####\n#...\n###.\n...#\n...#\n###."}, IndexGlyph{'6', ".##.\n#...\n###.\n#..#\n#..#\n.##."},
+    IndexGlyph{'7', "####\n...#\n..#.\n..#.\n.#..\n.#.."}, IndexGlyph{'8', ".##.\n#..#\n.##.\n#..#\n#..#\n.##."},
+    IndexGlyph{'9', ".##.\n#..#\n#..#\n.###\n...#\n.##."}, IndexGlyph{'E', "####\n#...\n###.\n#...\n#...\n####"},
+    IndexGlyph{'S', ".###\n#...\n.##.\n...#\n...#\n###."}, IndexGlyph{'W', "#...#\n#...#\n#.#.#\n#.#.#\n##.##\n#...#"},
+    IndexGlyph{'N', "#..#\n##.#\n##.#\n#.##\n#.##\n#..#"}, IndexGlyph{'R', "###.\n#..#\n#..#\n###.\n#.#.\n#..#"},
+    IndexGlyph{'G', ".###\n#...\n#...\n#.##\n#..#\n.###"}, IndexGlyph{'B', "###.\n#..#\n###.\n#..#\n#..#\n###."},
+};
+
+/// Calls put(column, row, letter) for every painted letter of the sprite.
+template <typename Put>
+void walk(Sprite sprite, Put put) {
+    int column = 0;
+    int row = 0;
+    for (const char letter : sprite) {
+        if (letter == '\n') {
+            column = 0;
+            ++row;
+        } else {
+            if (letter != '.') put(column, row, letter);
+            ++column;
+        }
+    }
+}
+
+void dot(QPainter& painter, int x, int y, QRgb colour) { painter.fillRect(x, y, 1, 1, QColor::fromRgb(colour)); }
+
+}  // namespace
+
+QRgb paletteColour(char letter) {
+    const auto* found = std::ranges::find(inks, letter, &Ink::letter);
+    return found == inks.end() ? 0 : found->colour;
+}
+
+void paintSprite(QPainter& painter, int x, int y, Sprite sprite, std::string_view from, std::string_view to,
+                 Turn turn) {
+    const int width = static_cast<int>(sprite.find('\n'));
+    const int height = 1 + static_cast<int>(std::ranges::count(sprite, '\n'));
+    walk(sprite, [&](int column, int row, char letter) {
+        const size_t swap = from.find(letter);
+        const char painted = swap == std::string_view::npos ? letter : to[swap];
+        if (turn == Turn::leftRight) column = width - 1 - column;
+        if (turn == Turn::upsideDown) row = height - 1 - row;
+        if (const QRgb colour = paletteColour(painted)) dot(painter, x + column, y + row, colour);
+    });
+}
+
+void paintIndex(QPainter& painter, int x, int y, char symbol, QRgb colour) {
+    const auto* glyph = std::ranges::find(indexGlyphs, symbol, &IndexGlyph::symbol);
+    walk(glyph->rows, [&](int column, int row, char) { dot(painter, x + column, y + row, colour); });
+}
