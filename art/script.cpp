@@ -1,0 +1,67 @@
+#include "script.h"
+
+#include <QFont>
+
+namespace script {
+
+namespace {
+
+QPainterPath outline(const QString& text, const QString& family, QFont::Weight weight, double size) {
+    constexpr int drawnSize = 200;
+    QFont font(family);
+    font.setPixelSize(drawnSize);
+    font.setWeight(weight);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    path.addText(0, 0, font, text);
+    return QTransform::fromScale(size / drawnSize, size / drawnSize).map(path);
+}
+
+QPen edgePen(QRgb color, double width) {
+    return QPen(QColor::fromRgb(color), 2 * width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+}
+
+QLinearGradient inkOf(const QRectF& bounds, const Ink& ink) {
+    QLinearGradient gradient(bounds.topLeft(), bounds.bottomLeft());
+    gradient.setColorAt(0, QColor::fromRgb(ink.upper));
+    gradient.setColorAt(1, QColor::fromRgb(ink.lower));
+    return gradient;
+}
+
+}  // namespace
+
+QPainterPath flowing(const QString& text, double size) { return outline(text, "Kaushan Script", QFont::Normal, size); }
+
+QPainterPath plain(const QString& text, double size) { return outline(text, "Liberation Serif", QFont::Bold, size); }
+
+QPainterPath brushed(const QString& text, double size) { return outline(text, "AR PL UKai TW", QFont::Normal, size); }
+
+void paint(QPainter& painter, const QPainterPath& path, const Ink& ink, double edgeWidth) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.strokePath(path, edgePen(ink.edge, edgeWidth));
+    painter.fillPath(path, inkOf(path.boundingRect(), ink));
+    painter.restore();
+}
+
+void paintInBand(QPainter& painter, const QPainterPath& path, const QRect& band, const Ink& ink) {
+    // The outline is drawn a little too large and cut, so that its outermost rows are full ink and not a faint fringe.
+    constexpr double cut = 0.4;
+    constexpr double edgeWidth = 1.0;
+    const QRectF natural = path.boundingRect();
+    const double scale = (band.height() + 2 * cut) / natural.height();
+    QTransform fit;
+    fit.translate(band.left() - cut, band.top() - cut);
+    fit.scale(scale, scale);
+    fit.translate(-natural.left(), -natural.top());
+    const QPainterPath fitted = fit.map(path);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.strokePath(fitted, edgePen(ink.edge, edgeWidth));
+    painter.setClipRect(band);
+    painter.fillPath(fitted, inkOf(band, ink));
+    painter.restore();
+}
+
+}  // namespace script
