@@ -1,0 +1,159 @@
+#include <cmath>
+
+#include "materials.h"
+#include "script.h"
+#include "tableArt.h"
+
+namespace tableArt {
+
+namespace {
+
+using namespace materials;
+
+constexpr script::Ink giltInk{giltBright, gilt, qRgb(30, 14, 4)};
+constexpr script::Ink ivoryInk{ivory, qRgb(214, 206, 180), qRgb(8, 28, 20)};
+constexpr script::Ink lacquerInk{qRgb(150, 26, 30), qRgb(98, 12, 20), ivory};
+constexpr script::Ink inkOnPaper{qRgb(58, 34, 26), qRgb(58, 34, 26), ivory};
+
+enum class From { left, middle, right };
+
+using Lettering = QPainterPath (*)(const QString&, double);
+
+/// A line of fixed text: its baseline and where along it x stands.
+struct Line {
+    const char* words;
+    From from;
+    int x;
+    int baseline;
+    double size;
+    Lettering lettering;
+    const script::Ink* ink;
+    double edgeWidth;
+};
+
+void paintLine(QPainter& painter, const Line& line) {
+    const QPainterPath path = line.lettering(QString::fromUtf8(line.words), line.size);
+    const QRectF bounds = path.boundingRect();
+    const double start = line.from == From::left     ? bounds.left()
+                         : line.from == From::middle ? bounds.center().x()
+                                                     : bounds.right();
+    script::paint(painter, path.translated(line.x - start, line.baseline), *line.ink, line.edgeWidth);
+}
+
+/// Covers a whole picture with cloth inside a frame.
+void paintFramedCloth(QPainter& painter, const QSize& size, int breadth) {
+    const QRect all(QPoint(0, 0), size);
+    const QRect inner = all.adjusted(breadth, breadth, -breadth, -breadth);
+    painter.drawImage(0, 0, cloth(size, groundGreen));
+    paintHollowShadow(painter, inner, 12, 0.45);
+    paintFrame(painter, all, inner);
+}
+
+constexpr QSize breakDownSize{667, 329};
+constexpr int breakDownFrame = 14;
+constexpr int gridTop = 46;
+constexpr int gridPitch = 38;
+constexpr int gridRows = 6;
+constexpr int gridLefts[] = {28, 344};
+constexpr int gridWidth = 302;
+constexpr int doublesFrom = 211;
+constexpr QRect totals[] = {{198, 281, 132, 26}, {510, 281, 136, 26}};
+
+constexpr Line breakDownLines[] = {
+    {"Winning Hand Scoring Break Down", From::middle, 333, 37, 23, script::flowing, &giltInk, 1.2},
+    {"Total Doubles", From::right, 188, 301, 18, script::flowing, &giltInk, 1.0},
+    {"Point Total", From::right, 500, 301, 18, script::flowing, &giltInk, 1.0},
+};
+
+/// One column of the grid: rows in two shades, a gilt line round them and one between names and doubles.
+void paintGridColumn(QPainter& painter, int left) {
+    const QRect grid(left, gridTop, gridWidth, gridRows * gridPitch);
+    for (int row = 0; row < gridRows; ++row) {
+        const QColor shade = row % 2 == 0 ? QColor(0, 0, 0, 70) : QColor(0, 0, 0, 100);
+        painter.fillRect(left, gridTop + row * gridPitch, gridWidth, gridPitch, shade);
+    }
+    painter.setPen(QColor::fromRgb(giltDeep));
+    for (int row = 1; row < gridRows; ++row)
+        painter.drawLine(left, gridTop + row * gridPitch, grid.right(), gridTop + row * gridPitch);
+    painter.drawLine(left + doublesFrom, grid.top(), left + doublesFrom, grid.bottom());
+    painter.setPen(QColor::fromRgb(gilt));
+    painter.drawRect(grid.adjusted(-1, -1, 0, 0));
+}
+
+constexpr QSize seatSize{256, 256};
+constexpr int seatFrame = 16;
+constexpr QRect seatTray{41, 99, 175, 57};
+
+constexpr Line seatLines[] = {
+    {"Draw your seat", From::middle, 128, 74, 30, script::flowing, &giltInk, 1.2},
+    {"Left, Right, Enter", From::middle, 128, 196, 15, script::plain, &ivoryInk, 1.0},
+};
+
+constexpr QSize hiScoreSize{500, 350};
+constexpr int hiScoreFrame = 18;
+constexpr int hiScoreFirstRow = 138;
+constexpr int hiScorePitch = 32;
+constexpr int hiScoreRows = 5;
+constexpr int rowLinesLeft = 34;
+constexpr int rowLinesRight = 466;
+
+constexpr Line hiScoreLines[] = {
+    {"Top Five High Scores", From::middle, 250, 66, 34, script::flowing, &lacquerInk, 0.6},
+    {"Name", From::left, 66, 122, 15, script::plain, &inkOnPaper, 0},
+    {"Rounds", From::left, 230, 105, 15, script::plain, &inkOnPaper, 0},
+    {"Played", From::left, 230, 122, 15, script::plain, &inkOnPaper, 0},
+    {"Level", From::left, 322, 122, 15, script::plain, &inkOnPaper, 0},
+    {"Score", From::right, 445, 122, 15, script::plain, &inkOnPaper, 0},
+    {"Level:  1 Easy   2 Medium   3 Hard   4 Very Hard   5 Super Hard", From::middle, 250, 317, 14, script::plain,
+     &inkOnPaper, 0},
+};
+
+void paintPaper(QPainter& painter, const QRect& paper) {
+    QImage image(paper.size(), QImage::Format_RGB32);
+    everyPixel(image.rect(), [&](int x, int y) {
+        const double away = std::hypot(double(x) / paper.width() - 0.45, double(y) / paper.height() - 0.4);
+        const double fibre = 1 + 0.012 * (grain(x / 3, y) - 0.5);
+        image.setPixel(x, y, lit(ivory, fibre * (1.01 - 0.12 * soft(0.25, 0.8, away))));
+    });
+    painter.drawImage(paper.topLeft(), image);
+    paintHollowShadow(painter, paper, 10, 0.35);
+}
+
+void paintHiScoreRows(QPainter& painter) {
+    painter.setPen(QColor::fromRgb(mix(ivory, gilt, 0.6)));
+    for (int row = 0; row <= hiScoreRows; ++row) {
+        const int y = hiScoreFirstRow - 7 + row * hiScorePitch;
+        painter.drawLine(rowLinesLeft, y, rowLinesRight, y);
+    }
+    for (int row = 0; row < hiScoreRows; ++row) {
+        const QPainterPath number = script::flowing(QString::number(row + 1), 22);
+        const QPointF middle(46, hiScoreFirstRow + 9 + row * hiScorePitch);
+        script::paint(painter, number.translated(middle - number.boundingRect().center()), lacquerInk, 0);
+    }
+}
+
+}  // namespace
+
+void paintBreakDown(QPainter& painter) {
+    paintFramedCloth(painter, breakDownSize, breakDownFrame);
+    for (const int left : gridLefts) paintGridColumn(painter, left);
+    for (const QRect& total : totals) paintTray(painter, total);
+    for (const Line& line : breakDownLines) paintLine(painter, line);
+}
+
+void paintChooseSeat(QPainter& painter) {
+    paintFramedCloth(painter, seatSize, seatFrame);
+    paintTray(painter, seatTray);
+    for (const Line& line : seatLines) paintLine(painter, line);
+}
+
+void paintHiScore(QPainter& painter) {
+    const QRect all(QPoint(0, 0), hiScoreSize);
+    const QRect paper = all.adjusted(hiScoreFrame, hiScoreFrame, -hiScoreFrame, -hiScoreFrame);
+    paintPaper(painter, paper);
+    paintFrame(painter, all, paper);
+    paintHiScoreRows(painter);
+    for (const Line& line : hiScoreLines) paintLine(painter, line);
+}
+
+}  // namespace tableArt
