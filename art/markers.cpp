@@ -1,0 +1,148 @@
+#include <cmath>
+#include <cstdlib>
+
+#include "materials.h"
+#include "script.h"
+#include "tableArt.h"
+
+namespace tableArt {
+
+namespace {
+
+using namespace materials;
+
+constexpr int winds = 4;
+constexpr QSize large{64, 66};
+constexpr int small = 16;
+constexpr char32_t windCharacters[] = U"東南西北";
+constexpr char windLetters[] = "ESWN";
+
+/// How far inside the large diamond a pixel lies, in pixels along a row or column; negative outside.
+double largeInside(int x, int y) {
+    const double dx = std::abs(x + 0.5 - large.width() / 2.0), dy = std::abs(y + 0.5 - large.height() / 2.0);
+    return (1 - dx / (large.width() / 2.0) - dy / (large.height() / 2.0)) * large.width() / 2.0;
+}
+
+/// The light that the slope of a diamond's rim takes: the upper left one faces the lamp.
+double rimLight(double dx, double dy) {
+    if (dy < 0) return dx < 0 ? 1.75 : 1.15;
+    return dx < 0 ? 0.85 : 0.5;
+}
+
+QRgb largePixel(int x, int y) {
+    const double inside = largeInside(x, y);
+    const double dx = x + 0.5 - large.width() / 2.0, dy = y + 0.5 - large.height() / 2.0;
+    if (inside < 1.2) return lit(lacquerDeep, 1.1);
+    if (inside < 4) return lit(lacquerRed, rimLight(dx, dy));
+    if (inside < 5.2) return dy + dx < 0 ? giltBright : gilt;
+    if (inside < 6.4) return dy < 0 ? lacquerDeep : lit(lacquerRed, 0.7);
+    const double glow = std::exp(-(std::pow((dx + 9) / 17, 2) + std::pow((dy + 10) / 15, 2)));
+    return mix(lit(lacquerRed, 0.92), lacquerGloss, 0.42 * glow);
+}
+
+QImage largeDiamond() {
+    QImage image(large, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    everyPixel(image.rect(), [&](int x, int y) {
+        if (largeInside(x, y) >= 0) image.setPixel(x, y, largePixel(x, y));
+    });
+    return image;
+}
+
+/// A wind's sign in the middle of a cell, as large as the diamond has room for.
+QPainterPath largeSign(int wind, bool chinese, const QRectF& cell) {
+    constexpr double chineseRoom = 62, letterRoom = 50;
+    const QPainterPath path = chinese ? script::brushed(QString::fromUcs4(&windCharacters[wind], 1), 40)
+                                      : script::flowing(QString(QChar(windLetters[wind])), 40);
+    const QRectF bounds = path.boundingRect();
+    const double scale = (chinese ? chineseRoom : letterRoom) / (bounds.width() + bounds.height());
+    QTransform fit = QTransform::fromTranslate(cell.center().x(), cell.center().y());
+    fit.scale(scale, scale);
+    fit.translate(-bounds.center().x(), -bounds.center().y());
+    return fit.map(path);
+}
+
+constexpr int signSize = 9;
+
+/// The signs of the small markers, drawn pixel by pixel: Chinese, then English.
+constexpr const char* smallSigns[2][winds][signSize] = {
+    {{"....#....", "#########", "....#....", ".#######.", ".#..#..#.", ".#######.", "...###...", ".##.#.##.",
+      "#...#...#"},
+     {"....#....", "#########", "....#....", "#########", "#.#...#.#", "#.#####.#", "#...#...#", "#.#####.#",
+      "#...#...#"},
+     {".#######.", "...#.#...", "...#.#...", "#########", "#..#.#..#", "#..#.#..#", "#.##.##.#", "#.......#",
+      "#########"},
+     {"...#.#...", "...#.#...", "...#.#..#", "####.###.", "...#.#...", "...#.#...", ".###.#...", "##.#.#..#",
+      "...#.####"}},
+    {{".#######.", ".##...##.", ".##......", ".##..#...", ".#####...", ".##..#...", ".##......", ".##...##.",
+      ".#######."},
+     {"..#####..", ".##...##.", ".##......", ".####....", "..#####..", "....####.", "......##.", ".##...##.",
+      "..#####.."},
+     {"##.....##", "##.....##", "##..#..##", "##..#..##", "##.###.##", "##.#.#.##", ".###.###.", ".##...##.",
+      ".#.....#."},
+     {"###...###", ".##....#.", ".###...#.", ".####..#.", ".#.###.#.", ".#..####.", ".#...###.", ".#....##.",
+      "###...##."}},
+};
+
+/// A diamond with its points cut off, so that a sign of nine pixels finds room in sixteen.
+double smallInside(int x, int y) {
+    const double middle = (small - 1) / 2.0;
+    return 9 - std::abs(x - middle) - std::abs(y - middle);
+}
+
+QRgb smallPixel(int x, int y) {
+    const bool facesLamp = x + y < small - 1;
+    const bool rim = smallInside(x, y) == 0 || x == 0 || y == 0 || x == small - 1 || y == small - 1;
+    if (rim) return facesLamp ? gilt : giltDeep;
+    return lit(lacquerRed, facesLamp ? 1.0 : 0.86);
+}
+
+void paintSmallSign(QPainter& painter, const char* const (&sign)[signSize]) {
+    constexpr QPoint origin{3, 3};
+    for (int y = 0; y < signSize; ++y)
+        for (int x = 0; x < signSize; ++x)
+            if (sign[y][x] == '#') painter.fillRect(QRect(origin + QPoint(x, y), QSize(1, 1)), QColor::fromRgb(ivory));
+}
+
+}  // namespace
+
+void paintTableTop(QPainter& painter) {
+    constexpr QRect all{0, 0, 64, 64}, felt{6, 6, 52, 52};
+    painter.drawImage(felt.topLeft(), cloth(felt.size(), clothGreen));
+    paintHollowShadow(painter, felt, 4, 0.4);
+    paintFrame(painter, all, felt);
+}
+
+void paintHouse(QPainter& painter) {
+    const QImage diamond = largeDiamond();
+    for (int cell = 0; cell < 2 * winds; ++cell) {
+        const QRect place(QPoint(cell % winds * large.width(), cell / winds * large.height()), large);
+        painter.drawImage(place.topLeft(), diamond);
+        const QPainterPath sign = largeSign(cell % winds, cell < winds, place);
+        script::paint(painter, sign, {ivory, giltBright, lacquerDeep}, 1.2);
+    }
+}
+
+void paintHouseMask(QPainter& painter) {
+    everyPixel({QPoint(0, 0), large},
+               [&](int x, int y) { painter.fillRect(x, y, 1, 1, largeInside(x, y) >= 0 ? Qt::black : Qt::white); });
+}
+
+void paintSmallHouse(QPainter& painter) {
+    for (int cell = 0; cell < 2 * winds; ++cell) {
+        painter.save();
+        painter.translate(cell % winds * small, cell / winds * small);
+        everyPixel({0, 0, small, small}, [&](int x, int y) {
+            if (smallInside(x, y) >= 0) painter.fillRect(x, y, 1, 1, QColor::fromRgb(smallPixel(x, y)));
+        });
+        paintSmallSign(painter, smallSigns[cell / winds][cell % winds]);
+        painter.restore();
+    }
+}
+
+void paintSmallHouseMask(QPainter& painter) {
+    everyPixel({0, 0, small, small},
+               [&](int x, int y) { painter.fillRect(x, y, 1, 1, smallInside(x, y) >= 0 ? Qt::black : Qt::white); });
+}
+
+}  // namespace tableArt
