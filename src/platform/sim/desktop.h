@@ -28,23 +28,27 @@ double now();  ///< Milliseconds of virtual time since switchOn.
 /// Called with each thing that a player would notice, as a line of text; none by default.
 void setLog(std::function<void(const std::string& line)> log);
 
-/// Called whenever nothing is pending, before time goes on; it may press, click or post. None by default.
+/// Called once a moment when nothing is pending, before time goes on, and again if nothing else is left; they may
+/// press, click or post. Never called by platform::doEvents(): what shall arrive inside it is posted. None by default.
 void setHands(std::function<void()> hands);
 
-void post(std::function<void()> action);                            ///< A pending event for the next service of events.
-void postAfter(double milliseconds, std::function<void()> action);  ///< The same at a later time.
-void runFor(double milliseconds);                                   ///< Lets virtual time pass with all its events.
+void post(std::function<void()> action);  ///< A pending event for the next service of events.
+/// The same at a later time. Of what falls due at one moment timers tick first, so that an event posted for the moment
+/// of a tick arrives when that tick serves events.
+void postAfter(double milliseconds, std::function<void()> action);
+void runFor(double milliseconds);  ///< Lets virtual time pass with all its events.
 bool step();  ///< Serves one event, or goes on to the next one in time and serves it; false if there is none.
 
-/// What a person does; each arrives as an event of its own before the call returns. Key codes as in platform::key.
-void pressKey(int keyCode);  ///< Down and up.
+/// What a person does; what can't be done as things stand, such as a click beside the dialog, does nothing. Each
+/// arrives as an event of its own before the call returns. Key codes as in platform::key.
+void pressKey(int keyCode);  ///< Down and up; a key that is held is let go before.
 void keyDown(int keyCode);   ///< Down, or a repeat if it is held.
 void keyUp(int keyCode);
 void clickToolButton(int button);
 void clickButton(const std::string& caption);  ///< A command button of the form on top.
 void clickSpinUp();                            ///< The spin button of the form on top.
 void clickSpinDown();
-void chooseMenuItem(int item);  ///< Of the open menu; 0 leaves it.
+void chooseMenuItem(int item);  ///< Of the open menu; any other number leaves it.
 void closeMainWindow();         ///< The window's own close button.
 
 int modalDepth();                            ///< How many dialogs are open.

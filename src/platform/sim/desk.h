@@ -1,0 +1,179 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <map>
+#include <memory>
+#include <optional>
+#include <random>
+#include <sstream>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "platform/controls.h"
+#include "platform/form.h"
+#include "platform/sim/desktop.h"
+#include "platform/timer.h"
+#include "platform/toolbar.h"
+
+/// What the files of the simulated desktop share.
+namespace sim {
+
+/// Names one form, timer or menu for good; 0 names nothing. A handler may destroy its own object, and the next one may
+/// be made at the same address, so what has to outlast a handler is a serial and never a pointer.
+using Serial = uint64_t;
+Serial nextSerial();
+
+/// What ticks behind a timer.
+struct Ticker {
+    explicit Ticker(const std::function<void()>& handler);
+    ~Ticker();
+    void restart();  ///< Counts a whole interval from now; a kept tick is dropped.
+    bool runs() const { return enabled && interval > 0 && !inHandler; }
+
+    const Serial serial = nextSerial();
+    const std::function<void()>& onTick;
+    int interval = 0;  ///< Milliseconds; 0 never ticks.
+    bool enabled = false;
+    bool inHandler = false;
+    double due = 0;  ///< In the past while a tick is kept.
+};
+
+/// What lies on a form, in the order of creation.
+struct Control {
+    enum class Kind { Shape, Panel, Button, Spin };
+
+    Control(Kind kindOfControl, platform::Form::Impl& holder, const platform::Place& onForm);
+    ~Control();
+    bool takesFocus() const { return kind == Kind::Button || kind == Kind::Spin; }
+
+    const Kind kind;
+    platform::Form::Impl* form;  ///< Null once the form is gone.
+    platform::Place place;       ///< On the form.
+    platform::PanelLook look;    ///< A shape's border is as wide as the bevel, in the fore colour.
+    platform::Font font;
+    std::string caption;
+    bool visible = true;
+    bool isDefault = false;
+    bool isCancel = false;
+    const std::function<void()>* onPress = nullptr;      ///< A button's click, or the spin button's upper arrow.
+    const std::function<void()>* onPressDown = nullptr;  ///< The spin button's lower arrow.
+};
+
+struct Posted {
+    uint64_t order;
+    std::function<void()> action;
+};
+
+constexpr int keyCodes = 256;
+
+/// All that is on the desktop and all that will happen on it.
+struct Desk {
+    double now = 0;  ///< Milliseconds.
+    double startSecond = 0;
+    uint32_t seed = 0;
+    uint32_t seedings = 0;
+    std::mt19937 generator;
+
+    std::function<void(const std::string& line)> log;
+    std::shared_ptr<const std::function<void()>> hands;  ///< Shared, since a turn may replace them.
+    double handsAt = -1;                                 ///< When the hands last had their turn.
+    uint64_t arrivals = 0;
+    int idleServices = 0;  ///< How often in a row doEvents() has found nothing.
+
+    std::multimap<double, Posted> posted;  ///< By the time they are due.
+    uint64_t postings = 0;
+    std::vector<Ticker*> tickers;
+
+    std::vector<platform::Form::Impl*> forms;  ///< The open ones, the one on top last.
+    platform::ToolBar::Impl* toolBar = nullptr;
+    platform::PopupMenu::Impl* menu = nullptr;         ///< The open one.
+    std::array<std::optional<Serial>, keyCodes> held;  ///< Who was on top when the key went down.
+    std::vector<std::string> messages;
+};
+
+/// The one desktop. It is never destroyed, since forms in static storage may go after everything else.
+Desk& desk();
+
+/// Notes that an event has arrived.
+void arrive();
+
+/// Writes a line to the log, parts after the time in milliseconds; costs nothing while there is no log.
+template <class... Parts>
+void note(const Parts&... parts) {
+    if (!desk().log) return;
+    std::ostringstream line;
+    line << static_cast<int64_t>(desk().now);
+    ((line << ' ' << parts), ...);
+    desk().log(line.str());
+}
+
+/// Shows the player an error that no procedure has caught.
+void reportUncaught(const std::exception& error);
+
+/// Runs an event's handler, if there is one; an error that leaves it is reported and goes no further.
+template <class... Values>
+void deliver(const std::function<void(Values...)>& handler, std::type_identity_t<Values>... values) {
+    if (!handler) return;
+    try {
+        handler(values...);
+    } catch (const NothingLeft&) {
+        throw;
+    } catch (const std::exception& error) {
+        reportUncaught(error);
+    }
+}
+
+/// Serves events as long as the condition holds; fails with NothingLeft when there is none.
+template <class Condition>
+void serveWhile(Condition condition) {
+    while (condition())
+        if (!step()) throw NothingLeft();
+}
+
+/// The open form with that serial; null if it isn't open.
+platform::Form::Impl* openForm(Serial serial);
+
+/// Who takes keys and clicks now: the open menu, or else the form on top; 0 if nothing is open.
+Serial taker();
+
+/// What a key does to the controls of a form, after its handlers have let it through.
+void pressOnControls(platform::Form::Impl& form, int keyCode);
+
+/// The height in pixels of a line of text in that font.
+int lineHeight(const platform::Font& font);
+
+}  // namespace sim
+
+struct platform::Form::Impl {
+    explicit Impl(Form& form) : owner(form) {}
+    ~Impl();
+    void open(bool asModal);
+    void close();
+
+    Form& owner;
+    const sim::Serial serial = sim::nextSerial();
+    Surface surface;
+    double left = 0;  ///< Twips.
+    double top = 0;   ///< Twips.
+    bool modal = false;
+    bool unloading = false;
+    std::vector<sim::Control*> controls;
+    sim::Control* focus = nullptr;
+};
+
+struct platform::PopupMenu::Impl {
+    explicit Impl(PopupMenu& menu) : owner(menu) {}
+
+    struct Item {
+        std::string caption;
+        bool checked = false;
+    };
+
+    PopupMenu& owner;
+    const sim::Serial serial = sim::nextSerial();
+    std::vector<Item> items;
+};

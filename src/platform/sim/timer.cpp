@@ -1,0 +1,39 @@
+#include "platform/timer.h"
+
+#include "platform/sim/desk.h"
+
+namespace sim {
+
+Ticker::Ticker(const std::function<void()>& handler) : onTick(handler) { desk().tickers.push_back(this); }
+
+Ticker::~Ticker() { std::erase(desk().tickers, this); }
+
+void Ticker::restart() { due = desk().now + interval; }
+
+}  // namespace sim
+
+namespace platform {
+
+struct Timer::Impl : sim::Ticker {
+    using Ticker::Ticker;
+};
+
+Timer::Timer() : impl_(std::make_unique<Impl>(onTick)) {}
+Timer::~Timer() = default;
+
+int Timer::interval() const { return impl_->interval; }
+
+void Timer::setInterval(int milliseconds) {
+    if (milliseconds == impl_->interval) return;
+    impl_->interval = milliseconds;
+    impl_->restart();
+}
+
+bool Timer::enabled() const { return impl_->enabled; }
+
+void Timer::setEnabled(bool enabled) {
+    if (enabled && !impl_->enabled) impl_->restart();
+    impl_->enabled = enabled;
+}
+
+}  // namespace platform
