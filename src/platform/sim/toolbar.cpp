@@ -1,0 +1,95 @@
+#include "platform/toolbar.h"
+
+#include "platform/sim/desk.h"
+
+namespace platform {
+namespace {
+
+constexpr int firstWidth = 28;  // pixels
+
+}  // namespace
+
+struct ToolBar::Impl {
+    Impl(ToolBar& bar, sim::Serial onForm, int buttonCount)
+        : owner(bar), form(onForm), buttons(static_cast<size_t>(buttonCount)) {}
+
+    struct Button {
+        int width = firstWidth;
+        int image = 0;
+        std::string toolTip;
+    };
+
+    Button& button(int number) { return buttons.at(static_cast<size_t>(number) - 1); }
+
+    ToolBar& owner;
+    sim::Serial form;
+    int width = 0;
+    std::vector<Button> buttons;
+};
+
+ToolBar::ToolBar(Form& form, int /*height*/, int buttonCount, const ImageList& /*images*/)
+    : impl_(std::make_unique<Impl>(*this, form.impl().serial, buttonCount)) {
+    sim::desk().toolBar = impl_.get();
+}
+
+ToolBar::~ToolBar() {
+    if (sim::desk().toolBar == impl_.get()) sim::desk().toolBar = nullptr;
+}
+
+void ToolBar::setWidth(int pixels) { impl_->width = pixels; }
+int ToolBar::width() const { return impl_->width; }
+int ToolBar::buttonCount() const { return static_cast<int>(impl_->buttons.size()); }
+int ToolBar::buttonWidth(int button) const { return impl_->button(button).width; }
+void ToolBar::setButtonWidth(int button, int pixels) { impl_->button(button).width = pixels; }
+void ToolBar::setButtonImage(int button, int image) { impl_->button(button).image = image; }
+
+void ToolBar::setToolTip(int button, const std::string& text) {
+    impl_->button(button).toolTip = text;
+    sim::note("tool-tip", button, text);
+}
+
+std::string ToolBar::toolTip(int button) const { return impl_->button(button).toolTip; }
+
+PopupMenu::PopupMenu(Form& /*form*/) : impl_(std::make_unique<Impl>(*this)) {}
+
+PopupMenu::~PopupMenu() {
+    if (sim::desk().menu == impl_.get()) sim::desk().menu = nullptr;
+}
+
+void PopupMenu::addItem(const std::string& caption) { impl_->items.push_back({caption}); }
+int PopupMenu::itemCount() const { return static_cast<int>(impl_->items.size()); }
+std::string PopupMenu::caption(int item) const { return impl_->items.at(static_cast<size_t>(item) - 1).caption; }
+bool PopupMenu::checked(int item) const { return impl_->items.at(static_cast<size_t>(item) - 1).checked; }
+
+void PopupMenu::setChecked(int item, bool checked) { impl_->items.at(static_cast<size_t>(item) - 1).checked = checked; }
+
+void PopupMenu::popUp() {
+    sim::desk().menu = impl_.get();
+    sim::note("menu opens");
+    const sim::Serial self = impl_->serial;
+    sim::serveWhile([&] { return sim::taker() == self; });
+}
+
+}  // namespace platform
+
+namespace sim {
+
+void clickToolButton(int button) {
+    arrive();
+    platform::ToolBar::Impl* const bar = desk().toolBar;
+    if (bar == nullptr || taker() != bar->form || button < 1 || button > bar->owner.buttonCount()) return;
+    if (bar->button(button).image == 0) return;
+    note("tool", button);
+    deliver(bar->owner.onButtonClick, button);
+}
+
+void chooseMenuItem(int item) {
+    arrive();
+    platform::PopupMenu::Impl* const menu = desk().menu;
+    if (menu == nullptr) return;
+    desk().menu = nullptr;
+    note("menu", item);
+    if (item >= 1 && item <= menu->owner.itemCount()) deliver(menu->owner.onClick, item);
+}
+
+}  // namespace sim
