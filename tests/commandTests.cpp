@@ -1,0 +1,154 @@
+// The toolbar's commands, the Level menu and the ways out.
+
+#include "platform/sim/desktop.h"
+#include "tests/gameFixture.h"
+
+namespace {
+
+class Commands : public GameFixture {};
+
+TEST_F(Commands, TheBarIsFilledAndTellsItsState) {
+    const char* const toolTips[] = {
+        "Start Anew",     "Level:Easy",         "Break Down:On", "Music:On", "High Scores",
+        "Rounds Setting", "Round:(In Chinese)", "Peek:Off",      "Pause",    "Stop",
+        "Order",          "About Velmora...",   "Help",          "",         "Exit",
+    };
+    int width = 0;
+    for (int button = 1; button <= 15; ++button) {
+        EXPECT_EQ(game->tbrZQT.toolTip(button), toolTips[button - 1]);
+        width += game->tbrZQT.buttonWidth(button);
+    }
+    EXPECT_EQ(width, 795);
+}
+
+TEST_F(Commands, TogglesRewriteTheirToolTipAndComeBack) {
+    struct {
+        int button;
+        bool& option;
+        const char *changed, *back;
+    } const cases[] = {
+        {3, game->mblnBreakDown, "Break Down:Off", "Break Down:On"},
+        {4, game->mblnMusicOn, "Music:Off", "Music:On"},
+        {7, game->mblnRoundInChinese, "Round:(In English)", "Round:(In Chinese)"},
+        {8, game->mblnPeek, "Peek:On", "Peek:Off"},
+    };
+    for (const auto& row : cases) {
+        const bool before = row.option;
+        sim::clickToolButton(row.button);
+        EXPECT_EQ(game->tbrZQT.toolTip(row.button), row.changed);
+        EXPECT_NE(row.option, before);
+        sim::clickToolButton(row.button);
+        EXPECT_EQ(game->tbrZQT.toolTip(row.button), row.back);
+    }
+}
+
+TEST_F(Commands, TheLevelMenuHasOneCheckMark) {
+    for (const int item : {3, 3, 0, 5, 1}) {
+        const int expected = item > 0 ? item : game->mlngLevel;
+        sim::post([item] { sim::chooseMenuItem(item); });
+        sim::clickToolButton(2);
+        EXPECT_EQ(game->mlngLevel, expected);
+        EXPECT_EQ(game->tbrZQT.toolTip(2), std::string("Level:") + levels[expected - 1].caption);
+        for (int i = 1; i <= levelCount; ++i) EXPECT_EQ(game->mnuLevel.checked(i), i == expected) << i;
+    }
+}
+
+TEST_F(Commands, WhatHoldsAndWhatSetsGoing) {
+    struct {
+        const char* what;
+        std::vector<int> buttons;
+        bool running;
+    } const cases[] = {
+        {"pause", {9}, false},
+        {"pause twice", {9, 9}, true},
+        {"stop", {10}, false},
+        {"stop and pause", {10, 9}, true},
+        {"stop and high scores", {10, 5}, true},
+        {"pause and about", {9, 12}, true},
+        {"order", {11}, true},
+        {"help", {13}, true},
+        {"the gap", {14}, true},
+    };
+    for (const auto& row : cases) {
+        beginHand();
+        for (const int button : row.buttons) sim::clickToolButton(button);
+        EXPECT_EQ(game->Timer1.enabled(), row.running) << row.what;
+        EXPECT_TRUE(game->mblnGameRunning) << row.what;
+    }
+}
+
+TEST_F(Commands, NothingBeginsBeforeStartAnew) {
+    for (int button = 2; button <= 14; ++button) {
+        sim::post([button] {
+            if (button == 2) sim::chooseMenuItem(2);
+            if (button == 6) sim::pressKey(platform::key::Escape);
+        });
+        sim::clickToolButton(button);
+        for (const int key : {37, 39, 40, 13}) sim::pressKey(key);
+        sim::runFor(1000);
+        EXPECT_FALSE(game->Timer1.enabled()) << button;
+        EXPECT_EQ(game->mintTilesDropped, 0) << button;
+    }
+    EXPECT_TRUE(sim::messages().empty());
+}
+
+TEST_F(Commands, StartAnewDropsTheGameAtHand) {
+    startMatch();
+    sim::runFor(3000);
+    game->mlngScore = 12;
+    const uint32_t hand = game->mlngHand;
+    startMatch();
+    EXPECT_EQ(game->mlngHand, hand + 1);
+    EXPECT_EQ(game->mlngScore, 0);
+    EXPECT_EQ(game->mintCurRow, noRow);
+    EXPECT_TRUE(board().empty());
+}
+
+TEST_F(Commands, TheWaysOutEndTheProcessFromAnywhere) {
+    struct {
+        const char* what;
+        std::function<void()> leave;
+    } const ways[] = {
+        {"the Exit button", [] { sim::clickToolButton(15); }},
+        {"the window's close button", [] { sim::closeMainWindow(); }},
+    };
+    for (const auto& way : ways) {
+        EXPECT_THROW(way.leave(), sim::ProcessEnded) << way.what << ", idle";
+        TearDown();
+        SetUp();
+        startMatch();
+        sim::runFor(2000);
+        EXPECT_THROW(way.leave(), sim::ProcessEnded) << way.what << ", a tile falling";
+        TearDown();
+        SetUp();
+        startMatch();
+        sim::runFor(2000);
+        sim::post(way.leave);
+        EXPECT_THROW(game->Timer1_Timer(), sim::ProcessEnded) << way.what << ", inside a tick";
+        TearDown();
+        SetUp();
+    }
+}
+
+TEST_F(Commands, TheWindowClosesOverAnyDialog) {
+    sim::post([] { sim::closeMainWindow(); });
+    EXPECT_THROW(sim::clickToolButton(1), sim::ProcessEnded);
+    TearDown();
+    SetUp();
+    sim::post([] { sim::closeMainWindow(); });
+    EXPECT_THROW(sim::clickToolButton(6), sim::ProcessEnded);
+    TearDown();
+    SetUp();
+    beginHand();
+    setBoard({"c1 c2 . . . . . . ."});
+    sim::setHands([] {
+        if (sim::modalDepth() > 0) sim::closeMainWindow();
+    });
+    game->mintCurTile = 3;
+    game->mintCurCol = 3;
+    game->mintCurRow = 12;
+    game->mblnInTimerTick = true;
+    EXPECT_THROW(game->msMarkCellTable(), sim::ProcessEnded);
+}
+
+}  // namespace

@@ -1,0 +1,222 @@
+// The dialogs as a person meets them: keys, focus, and what they leave.
+
+#include "match/frmChooseSeat.h"
+#include "match/frmRoundsSetting.h"
+#include "platform/sim/desktop.h"
+#include "play/frmChooseTiles.h"
+#include "tests/gameFixture.h"
+
+namespace {
+
+using namespace platform::key;
+
+class Dialogs : public GameFixture {
+  protected:
+    /// A chooser with so many entries, Pass among them, that isn't shown.
+    std::unique_ptr<frmChooseTiles> chooser(int entries) {
+        game->msInitTileSet(PossibleTiles);
+        auto form = std::make_unique<frmChooseTiles>();
+        form->maintRows.resize(entries - 1);
+        form->maintCols.resize(entries - 1);
+        for (int i = 1; i < entries; ++i) {
+            PossibleTiles[i][1].fill(game->TileKinds[1]);
+            PossibleTiles[i][2].fill(game->TileKinds[1]);
+            form->maintRows[i] = narrow16(i);
+            form->maintCols[i] = 1;
+        }
+        form->mintNumEntries = narrow16(entries);
+        return form;
+    }
+};
+
+TEST_F(Dialogs, TheHighlightRunsRoundTheEntries) {
+    struct {
+        int entries, from, key, to;
+    } const cases[] = {
+        {2, 1, Left, 2},   {2, 2, Right, 1},  {2, 1, Down, 1},    {2, 1, Up, 1},    {2, 1, Pad6, 2},   {2, 1, Pad4, 2},
+        {8, 6, Down, 2},   {8, 2, Up, 6},     {6, 3, Down, 3},    {6, 1, Down, 5},  {6, 5, Down, 1},   {6, 5, Up, 1},
+        {10, 3, Up, 7},    {10, 1, Up, 9},    {10, 9, Down, 1},   {10, 5, Down, 9}, {10, 7, Down, 3},  {10, 9, Up, 5},
+        {12, 4, Pad8, 12}, {12, 8, Pad2, 12}, {12, 12, Right, 1}, {5, 3, Space, 3}, {5, 3, Escape, 3}, {5, 3, 'X', 3},
+    };
+    for (const auto& row : cases) {
+        const auto form = chooser(row.entries);
+        form->mintCurEntry = narrow16(row.from);
+        form->Form_KeyDown(row.key);
+        EXPECT_EQ(form->mintCurEntry, row.to) << row.entries << " entries, from " << row.from << ", key " << row.key;
+    }
+}
+
+TEST_F(Dialogs, TheHighlightLiesRoundTheTiles) {
+    struct {
+        int entries, entry, left, top, width, tiles;
+    } const cases[] = {{3, 1, 3, 3, 66, 2}, {3, 3, 199, 3, 96, 0}, {7, 6, 101, 48, 66, 2}};
+    for (const auto& row : cases) {
+        const auto form = chooser(row.entries);
+        form->msHiLiteTiles(narrow16(row.entry));
+        const platform::Place place = form->Shape1.place();
+        EXPECT_EQ(place.left, row.left);
+        EXPECT_EQ(place.top, row.top);
+        EXPECT_EQ(place.width, row.width);
+        EXPECT_EQ(place.height, 45);
+        EXPECT_EQ(form->mintNumTiles, row.tiles);
+        EXPECT_TRUE(form->Shape1.visible());
+    }
+}
+
+TEST_F(Dialogs, ThirteenEntriesAreReportedAndStillDecline) {
+    const auto form = chooser(12);
+    PossibleTiles[12][1].fill(game->TileKinds[1]);
+    form->maintRows.resize(12);
+    form->maintCols.resize(12);
+    form->msLoadTiles();
+    EXPECT_EQ(form->mintNumEntries, 13);
+    form->mintCurEntry = 12;
+    form->Form_KeyDown(Right);
+    EXPECT_EQ(form->mintCurEntry, 13);
+    form->Form_KeyPress(Enter);
+    EXPECT_EQ(form->mprpCellTableCol() + form->mprpCellTableRow() + form->mprpNumTiles(), 0);
+    const std::vector<std::string> expected = {"Error In msLoadTiles: Error 9 - Subscript out of range",
+                                               "Error In msHiLiteTiles: Error 9 - Subscript out of range"};
+    EXPECT_EQ(sim::messages(), expected);
+}
+
+TEST_F(Dialogs, TheChooserStaysUntilEnterAndTheFallStands) {
+    beginHand();
+    sim::runFor(500);
+    const TileKind& face = game->TileKinds[game->TileKindOf[game->mintCurTile]];
+    ASSERT_EQ(face.Bonus, 0) << "the seed's first tile pairs";
+    game->CellTable[12][4].fill(face);
+    bool asked = false;
+    sim::setHands([&] {
+        if (sim::modalDepth() == 0 || asked) return;
+        asked = true;
+        for (const int key : {int{Escape}, int{Space}, int{'Q'}}) sim::pressKey(key);
+        EXPECT_EQ(sim::modalDepth(), 1);
+        sim::postAfter(5000, [&] {
+            EXPECT_EQ(game->mintTilesDropped, 1);
+            sim::clickToolButton(1);  // refused while the dialog is open
+            EXPECT_EQ(sim::modalDepth(), 1);
+            sim::pressKey(Left);
+            sim::pressKey(Enter);
+        });
+    });
+    sim::runFor(400 * 12 + 5000);
+    EXPECT_TRUE(asked);
+    EXPECT_EQ(sim::modalDepth(), 0);
+    EXPECT_EQ(game->mintHandCount, 0);
+}
+
+TEST_F(Dialogs, AKeyHeldSinceBeforeADialogDoesNothingInIt) {
+    beginHand();
+    sim::runFor(500);
+    const TileKind& face = game->TileKinds[game->TileKindOf[game->mintCurTile]];
+    ASSERT_EQ(face.Bonus, 0) << "the seed's first tile pairs";
+    game->CellTable[12][4].fill(face);
+    game->CellTable[12][6].fill(face);
+    bool asked = false;
+    sim::setHands([&] {
+        if (sim::modalDepth() == 0 || asked) return;
+        asked = true;
+        EXPECT_EQ(gfrmChooseTiles->mintNumEntries, 4);
+        for (int repeat = 0; repeat < 3; ++repeat) {
+            sim::keyDown(Right);
+            EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 1);
+        }
+        sim::keyUp(Right);
+        sim::keyDown(Right);
+        EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 2);
+        sim::keyUp(Right);
+        sim::pressKey(Enter);
+    });
+    sim::pressKey(Down);
+    sim::keyDown(Right);
+    sim::runFor(200);
+    EXPECT_TRUE(asked);
+}
+
+TEST_F(Dialogs, TheSeatIsTheWindUnderTheFrame) {
+    struct {
+        std::vector<int> keys;
+        int tile;
+    } const cases[] = {
+        {{}, 1}, {{Left}, 4}, {{Right}, 2}, {{Left, Right}, 1}, {{Pad4, 'A'}, 4}, {{Right, Pad6, Right}, 4}};
+    for (const auto& row : cases) {
+        int expected = 0;
+        sim::setHands([&] {
+            if (sim::modalDepth() == 0 || gfrmChooseSeat->mblnDrawn) return;
+            for (const int key : row.keys) sim::pressKey(key);
+            EXPECT_EQ(gfrmChooseSeat->mintSelTile, row.tile);
+            expected = gfrmChooseSeat->malngSeatTiles[row.tile] - 27;
+            const double before = sim::now();
+            // Keys during the two seconds of turned tiles change nothing.
+            sim::postAfter(1000, [] {
+                for (const int key : {int{Right}, int{Enter}, int{Escape}}) sim::pressKey(key);
+            });
+            sim::pressKey(Enter);
+            EXPECT_NEAR(sim::now() - before, 2000, 50);
+        });
+        sim::clickToolButton(1);
+        sim::setHands({});
+        EXPECT_EQ(game->mlngSeat, expected);
+        EXPECT_GE(game->mlngSeat, 1);
+        EXPECT_LE(game->mlngSeat, 4);
+        EXPECT_EQ(game->mlngHouse, 1);
+    }
+}
+
+TEST_F(Dialogs, RoundsSettingAnswersTheKeyboard) {
+    struct {
+        const char* what;
+        std::vector<int> keys;
+        int rounds;
+    } const cases[] = {
+        {"up and Enter", {Up, Up, Enter}, 6},
+        {"down and Enter", {Down, Enter}, 3},
+        {"up and Escape", {Up, Escape}, 4},
+        {"Tab to OK, Space", {Up, Tab, Space}, 5},
+        {"Tab to Cancel, Space", {Up, Tab, Tab, Space}, 4},
+        {"Tab to Cancel, Enter", {Up, Tab, Tab, Enter}, 4},
+    };
+    for (const auto& row : cases) {
+        gintNumRounds = 4;
+        sim::post([&] {
+            for (const int key : row.keys) sim::pressKey(key);
+        });
+        sim::clickToolButton(6);
+        EXPECT_EQ(gintNumRounds, row.rounds) << row.what;
+    }
+}
+
+TEST_F(Dialogs, EveryDialogLiesInsideTheMainWindow) {
+    int dialogs = 0;
+    const auto look = [&](const platform::Form& form) {
+        ++dialogs;
+        EXPECT_GE(form.left(), game->form.left());
+        EXPECT_GE(form.top(), game->form.top());
+        EXPECT_LE(form.left() + form.width(), game->form.left() + game->form.width());
+        EXPECT_LE(form.top() + form.height(), game->form.top() + game->form.height());
+    };
+    sim::post([&] {
+        look(gfrmRoundsSetting->form);
+        EXPECT_EQ(gfrmRoundsSetting->form.scaleWidth(), 257);
+        sim::pressKey(Escape);
+    });
+    sim::clickToolButton(6);
+    beginHand();
+    sim::setHands([&] {
+        if (sim::modalDepth() == 0) return;
+        look(gfrmChooseTiles->form);
+        EXPECT_DOUBLE_EQ(gfrmChooseTiles->form.left() - game->form.left(), 353 * 15);
+        EXPECT_DOUBLE_EQ(gfrmChooseTiles->form.top() - game->form.top(), 436 * 15);
+        sim::pressKey(Enter);
+    });
+    setBoard({"c1 c2 . . . . . . ."});
+    game->mintCurTile = 3;
+    game->mintCurCol = 3;
+    game->mintCurRow = 12;
+    game->mblnInTimerTick = true;
+    game->msMarkCellTable();
+    EXPECT_EQ(dialogs, 2);
+}
+
+}  // namespace

@@ -1,0 +1,161 @@
+#include "tests/gameFixture.h"
+
+#include <ostream>
+#include <sstream>
+
+#include "match/frmChooseSeat.h"
+#include "match/frmGameSummary.h"
+#include "match/frmRoundsSetting.h"
+#include "platform/sim/desktop.h"
+#include "play/frmChooseTiles.h"
+#include "presentation/frmBitmaps.h"
+#include "scoring/frmBreakDown.h"
+#include "toolkit/modScreen.h"
+
+int16_t kindOf(const std::string& name) {
+    static const std::string honours = "ESWNRGB";
+    const auto digit = [&] { return name.size() == 2 ? name[1] - '0' : 0; };
+    switch (name.empty() ? ' ' : name[0]) {
+        case 'c':
+            return narrow16(digit());
+        case 'b':
+            return narrow16(9 + digit());
+        case 'w':
+            return narrow16(18 + digit());
+        case 's':
+            return narrow16(34 + digit());
+        case 'f':
+            return narrow16(38 + digit());
+        default:
+            EXPECT_NE(honours.find(name), std::string::npos) << "no tile is called " << name;
+            return narrow16(28 + static_cast<int>(honours.find(name)));
+    }
+}
+
+std::vector<std::string> words(const std::string& text) {
+    std::istringstream in(text);
+    std::vector<std::string> result;
+    for (std::string word; in >> word;) result.push_back(word);
+    return result;
+}
+
+std::ostream& operator<<(std::ostream& out, const Offer& offer) {
+    return out << offer.tiles << " at row " << offer.row << " column " << offer.column;
+}
+
+namespace {
+
+std::string nameOf(const CellInfo& place) {
+    if (!place.Filled) return ".";
+    const TileKind& tile = place.Tile;
+    if (tile.Suit > 0) return std::string(1, "cbw"[tile.Suit - 1]) + std::to_string(tile.Number);
+    if (tile.Number > 0) return std::string(1, "ESWNRGB"[tile.Number - 10]);
+    return (tile.Bonus <= 4 ? "s" : "f") + std::to_string((tile.Bonus - 1) % 4 + 1);
+}
+
+int16_t firstTileOf(const frmMain& game, int16_t kind) {
+    for (int16_t tile = 1; tile <= tileCount; ++tile)
+        if (game.TileKindOf[tile] == kind) return tile;
+    return 0;
+}
+
+}  // namespace
+
+void GameFixture::SetUp() {
+    sim::switchOn(1);
+    game = gfrmMain.hold();
+    game->form.show();
+}
+
+void GameFixture::TearDown() {
+    game.reset();
+    gsClearObjects(gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary, gfrmRoundsSetting, gfrmBitmaps,
+                   gfrmMain);
+}
+
+void GameFixture::beginHand(int seat, int house, int wind) {
+    game->mlngSeat = seat;
+    game->mlngHouse = house;
+    game->mlngRoundWind = wind;
+    game->msInitNewGame();
+}
+
+void GameFixture::setBoard(const std::vector<std::string>& rowsFromBottom) {
+    int row = bottomRow;
+    for (const std::string& text : rowsFromBottom) {
+        const auto names = words(text);
+        ASSERT_EQ(names.size(), static_cast<size_t>(columnCount)) << text;
+        for (int column = 1; column <= columnCount; ++column)
+            if (names[column - 1] != ".") game->CellTable[row][column].fill(game->TileKinds[kindOf(names[column - 1])]);
+        --row;
+    }
+}
+
+std::vector<std::string> GameFixture::board() const {
+    std::vector<std::string> rows;
+    for (int row = bottomRow; row >= 1; --row) {
+        std::string text;
+        bool any = false;
+        for (const CellInfo& place : game->CellTable[row]) {
+            text += (text.empty() ? "" : " ") + nameOf(place);
+            any = any || place.Filled;
+        }
+        if (!any) break;
+        rows.push_back(text);
+    }
+    return rows;
+}
+
+void GameFixture::land(const std::string& name, int column) {
+    sim::setHands([this] {
+        if (gfrmChooseTiles.empty() || !gfrmChooseTiles->form.loaded()) return;
+        std::vector<Offer> offer;
+        for (int i = 1; i < gfrmChooseTiles->mintNumEntries; ++i) {
+            int tiles = 0;
+            for (const CellInfo& place : PossibleTiles[i]) tiles += place.Filled ? 1 : 0;
+            offer.push_back({gfrmChooseTiles->maintRows[i], gfrmChooseTiles->maintCols[i], tiles});
+        }
+        const size_t answer = offers.size();
+        offers.push_back(offer);
+        const int entry = answer < answers.size() ? answers[answer] : gfrmChooseTiles->mintNumEntries;
+        while (gfrmChooseTiles->mintCurEntry != entry) sim::pressKey(platform::key::Right);
+        sim::pressKey(platform::key::Enter);
+    });
+    game->mintCurTile = firstTileOf(*game, kindOf(name));
+    game->mintCurCol = narrow16(column);
+    game->mintCurRow = bottomRow;
+    while (game->CellTable[game->mintCurRow][column].Filled) --game->mintCurRow;
+    game->mblnInTimerTick = true;  // as the tick that lands a tile has it
+    game->msMarkCellTable();
+    game->mblnInTimerTick = false;
+    game->mintCurRow = noRow;
+    sim::setHands({});
+}
+
+void GameFixture::startMatch() {
+    sim::setHands([] {
+        if (!gfrmChooseSeat.empty() && gfrmChooseSeat->form.loaded() && !gfrmChooseSeat->mblnDrawn)
+            sim::pressKey(platform::key::Enter);
+    });
+    sim::clickToolButton(1);
+    sim::setHands({});
+}
+
+void GameFixture::setHand(const std::string& text) {
+    for (CellInfo& slot : game->EarnedTiles) slot.empty();
+    game->mintPairSlot = 0;
+    int slot = 1;
+    for (const std::string& name : words(text)) {
+        if (name == "|") {
+            slot = handTiles + 1;
+            continue;
+        }
+        if (slot == handTiles + 1 && game->mintPairSlot == 0) FAIL() << "no pair marked in " << text;
+        std::string tile = name;
+        if (tile.front() == '*') {  // the pair's first tile
+            game->mintPairSlot = narrow16(slot);
+            tile.erase(0, 1);
+        }
+        game->EarnedTiles[slot++].fill(game->TileKinds[kindOf(tile)]);
+    }
+}

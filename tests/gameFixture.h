@@ -1,0 +1,47 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "frmMain.h"
+
+/// The kind that a short name stands for: c1 to c9 circles, b1 to b9 bamboo, w1 to w9 characters, E S W N winds,
+/// R G B dragons, s1 to s4 seasons, f1 to f4 flowers. Fails the test for any other.
+int16_t kindOf(const std::string& name);
+
+/// The words of a text.
+std::vector<std::string> words(const std::string& text);
+
+/// A set that the tile chooser offered.
+struct Offer {
+    int row, column, tiles;
+    bool operator==(const Offer&) const = default;
+};
+std::ostream& operator<<(std::ostream& out, const Offer& offer);
+
+/// The game on a fresh simulated desktop, with its main window open and nothing begun.
+class GameFixture : public ::testing::Test {
+  protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    /// Begins a hand without the seat draw.
+    void beginHand(int seat = 1, int house = 1, int wind = 1);
+    /// Puts tiles on the board: texts of nine names each, from row 12 upward, a dot for an empty place.
+    void setBoard(const std::vector<std::string>& rowsFromBottom);
+    /// The board as texts of the same form, without the empty rows on top.
+    std::vector<std::string> board() const;
+    /// Lets a tile land on a column; each offer is answered by the answer, which presses keys.
+    void land(const std::string& name, int column);
+    /// Begins a match by the Start Anew button; the seat is drawn by the first Enter.
+    void startMatch();
+    /// Fills the earned slots with a finished hand, bonus tiles behind a bar; the pair stands where the text has it.
+    void setHand(const std::string& text);
+
+    std::vector<std::vector<Offer>> offers;  ///< What each tile chooser offered, in order.
+    std::vector<int> answers;                ///< The entry taken of each offer, from 1; Pass behind the last.
+    std::shared_ptr<frmMain> game;
+};

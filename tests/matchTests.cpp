@@ -1,0 +1,165 @@
+// Seats, House, rounds and the end of a match.
+
+#include "match/frmGameSummary.h"
+#include "match/frmRoundsSetting.h"
+#include "platform/sim/desktop.h"
+#include "scoring/frmBreakDown.h"
+#include "tests/gameFixture.h"
+
+namespace {
+
+class Match : public GameFixture {
+  protected:
+    /// Ends the hand at the next tick.
+    void endHand(bool won) {
+        game->mintHandCount = won ? handTiles : int16_t{0};
+        if (!won) game->mintTilesDropped = tileCount - 1;
+        game->mintCurRow = noRow;
+        game->Timer1_Timer();
+    }
+
+    /// Closes whatever dialog opens with Enter, and counts them.
+    void answerDialogs() {
+        sim::setHands([this] {
+            if (sim::modalDepth() == 0) return;
+            if (!gfrmGameSummary.empty()) {
+                ++summaries;
+                percentage = gfrmGameSummary->pnlGameSummary[3]->caption();
+            }
+            if (!gfrmBreakDown.empty()) ++breakDowns;
+            sim::pressKey(platform::key::Enter);
+        });
+    }
+
+    int summaries = 0;
+    int breakDowns = 0;
+    std::string percentage;
+};
+
+TEST_F(Match, TheHouseMovesUnlessThePlayerWinsInIt) {
+    game->mblnBreakDown = false;
+    for (int house = 1; house <= seatCount; ++house)
+        for (int seat = 1; seat <= seatCount; ++seat)
+            for (const bool won : {false, true}) {
+                beginHand(seat, house, 1);
+                game->mintHouseMoves = 1;
+                endHand(won);
+                const bool stays = won && house == seat;
+                EXPECT_EQ(game->mlngHouse, stays ? house : house % 4 + 1) << house << " " << seat << " " << won;
+                EXPECT_EQ(game->mintHouseMoves, stays ? 1 : 2) << house << " " << seat << " " << won;
+            }
+}
+
+TEST_F(Match, FourMovesMakeARoundAndTurnTheWind) {
+    game->mblnBreakDown = false;
+    startMatch();
+    gintNumRounds = 100;
+    for (int round = 0; round < 5; ++round) {
+        EXPECT_EQ(game->mlngRoundWind, round % 4 + 1);
+        EXPECT_EQ(game->mlngHouse, 1);
+        for (int hand = 0; hand < 4; ++hand) {
+            EXPECT_EQ(game->mintRoundsPlayed, round);
+            EXPECT_EQ(game->mintHouseMoves, hand);
+            endHand(false);
+        }
+    }
+    EXPECT_EQ(game->mlngRoundWind, 2);
+    EXPECT_EQ(game->mintGamesPlayed, 20);
+}
+
+TEST_F(Match, AMatchOfFourLostHandsEndsAtTheNextTick) {
+    startMatch();
+    gintNumRounds = 1;
+    answerDialogs();
+    for (int hand = 0; hand < 4; ++hand) endHand(false);
+    EXPECT_EQ(summaries, 0);
+    EXPECT_TRUE(game->mblnGameRunning);
+    sim::runFor(1000);
+    EXPECT_EQ(summaries, 1);
+    EXPECT_EQ(percentage, "0%");
+    EXPECT_FALSE(game->mblnGameRunning);
+    EXPECT_FALSE(game->Timer1.enabled());
+    EXPECT_EQ(game->mintTilesDropped, 0);
+    sim::clickToolButton(9);  // Pause has nothing to set going any more.
+    sim::runFor(1000);
+    EXPECT_EQ(game->mintTilesDropped, 0);
+    EXPECT_EQ(summaries, 1);
+}
+
+TEST_F(Match, StartAnewBringsBackAnEndedMatchAndForgetsItsCounts) {
+    startMatch();
+    game->mlngScore = 99;
+    game->mlngLevel = 3;
+    gintNumRounds = game->mintRoundsPlayed = 1;
+    answerDialogs();
+    sim::runFor(1000);
+    EXPECT_EQ(summaries, 1);
+    startMatch();
+    EXPECT_EQ(game->mlngScore + game->mintRoundsPlayed + game->mintGamesPlayed, 0);
+    EXPECT_EQ(game->mlngLevel, 3);
+    sim::runFor(1000);
+    EXPECT_EQ(game->mintTilesDropped, 1);
+}
+
+TEST_F(Match, AWonHandShowsItsBreakDownIfAskedFor) {
+    struct {
+        bool won, breakDown;
+        int shown;
+    } const cases[] = {{true, true, 1}, {true, false, 0}, {false, true, 0}};
+    for (const auto& row : cases) {
+        beginHand();
+        breakDowns = 0;
+        game->mblnBreakDown = row.breakDown;
+        answerDialogs();
+        endHand(row.won);
+        EXPECT_EQ(breakDowns, row.shown) << row.won << row.breakDown;
+        EXPECT_TRUE(game->Timer1.enabled());
+        EXPECT_TRUE(gfrmBreakDown.empty());
+    }
+}
+
+TEST_F(Match, TheSummaryGivesThePercentageInItsShortestForm) {
+    struct {
+        int won, games;
+        const char* text;
+    } const cases[] = {{0, 4, "0%"},     {1, 4, "25%"},     {7, 9, "77.78%"}, {1, 3, "33.33%"},
+                       {1, 8, "12.5%"},  {4, 4, "100%"},    {1, 32, "3.12%"}, {3, 32, "9.38%"},
+                       {1, 7, "14.29%"}, {1, 1000, "0.1%"}, {2, 3, "66.67%"}};
+    for (const auto& row : cases) {
+        frmGameSummary summary;
+        summary.msLoadFormVariables(1, narrow16(row.games), narrow16(row.won));
+        EXPECT_EQ(summary.mstrfPercentage(), row.text);
+    }
+}
+
+TEST_F(Match, TheNumberOfRoundsCountsAtOnce) {
+    struct {
+        int played, from;
+        const char* clicks;  // + and - on the spin button, then OK or Cancel
+        const char* button;
+        int rounds;
+        bool ends;
+    } const cases[] = {
+        {2, 4, "--", "OK", 2, true}, {2, 4, "---", "OK", 1, false},   {2, 4, "--", "Cancel", 4, false},
+        {0, 1, "-", "OK", 1, false}, {0, 100, "+", "OK", 100, false}, {0, 99, "++-", "OK", 99, false},
+    };
+    for (const auto& row : cases) {
+        startMatch();
+        game->mintRoundsPlayed = narrow16(row.played);
+        gintNumRounds = narrow16(row.from);
+        summaries = 0;
+        sim::post([&] {
+            for (const char* click = row.clicks; *click != 0; ++click)
+                *click == '+' ? sim::clickSpinUp() : sim::clickSpinDown();
+            answerDialogs();
+            sim::clickButton(row.button);
+        });
+        sim::clickToolButton(6);
+        sim::runFor(1000);
+        EXPECT_EQ(gintNumRounds, row.rounds) << row.clicks;
+        EXPECT_EQ(summaries, row.ends ? 1 : 0) << row.clicks;
+        sim::setHands({});
+    }
+}
+
+}  // namespace

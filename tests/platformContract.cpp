@@ -1,0 +1,371 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+#include "platform/controls.h"
+#include "platform/desktop.h"
+#include "platform/form.h"
+#include "platform/timer.h"
+#include "platform/toolbar.h"
+#include "runtime.h"
+#include "tests/contractDriver.h"
+
+// What every back end of the platform layer promises. The waits are wide enough for a real clock on a busy machine.
+
+namespace {
+
+using namespace platform;
+
+constexpr double twips = 15;
+
+/// A main window with a toolbar, and what has happened so far in one line.
+class Contract : public testing::Test {
+  protected:
+    Contract() { driver::begin(); }
+
+    struct Window {
+        Form form;
+        Picture strip{};
+        ToolBar bar{form, 28, 3, {strip, 16, 0xC0C0C0}};
+    };
+
+    void showMain() {
+        main_ = std::make_unique<Window>();
+        main_->form.resize(300 * twips, 200 * twips);
+        for (int button = 1; button <= 3; ++button) main_->bar.setButtonImage(button, button);
+        main_->bar.onButtonClick = [this](int button) { note("tool " + std::to_string(button)); };
+        main_->form.show();
+    }
+
+    void note(const std::string& what) { trace_ += trace_.empty() ? what : ", " + what; }
+
+    void noteKeys(Form& form, const std::string& name) {
+        form.onKeyDown = [this, name](int& code) { note(name + " down " + std::to_string(code)); };
+        form.onKeyPress = [this, name](int& character) { note(name + " press " + std::to_string(character)); };
+    }
+
+    /// Shows a dialog for as long as it takes to do that in it.
+    void inDialog(Form& dialog, const std::function<void()>& action) {
+        driver::post(10, [&] {
+            action();
+            dialog.unload();
+        });
+        dialog.resize(100 * twips, 50 * twips);
+        dialog.showModal();
+    }
+
+    std::unique_ptr<Window> main_;
+    std::string trace_;
+};
+
+TEST_F(Contract, TimerPropertiesActAtOnce) {
+    struct {
+        const char* what;
+        void (*change)(Timer&);  // 60 ms after a timer of 100 ms was enabled
+        int ticksAt120;
+        int ticksAt240;
+    } const rows[] = {
+        {"a changed interval counts from the change", [](Timer& t) { t.setInterval(120); }, 0, 1},
+        {"the same interval goes on", [](Timer& t) { t.setInterval(100); }, 1, 2},
+        {"enabling an enabled timer changes nothing", [](Timer& t) { t.setEnabled(true); }, 1, 2},
+        {"a disabled timer is silent", [](Timer& t) { t.setEnabled(false); }, 0, 0},
+        {"enabling anew counts a whole interval", [](Timer& t) { t.setEnabled(false), t.setEnabled(true); }, 0, 1},
+    };
+    for (const auto& row : rows) {
+        int ticks = 0;
+        Timer timer;
+        timer.onTick = [&] { ++ticks; };
+        timer.setInterval(100);
+        timer.setEnabled(true);
+        driver::run(60);
+        row.change(timer);
+        driver::run(60);
+        EXPECT_EQ(ticks, row.ticksAt120) << row.what;
+        driver::run(120);
+        EXPECT_EQ(ticks, row.ticksAt240) << row.what;
+    }
+}
+
+TEST_F(Contract, TickInsideItsHandlerIsKeptOnce) {
+    struct {
+        const char* what;
+        void (*change)(Timer&);  // at the end of a handler that took more than two intervals
+        int ticks;
+    } const rows[] = {
+        {"one tick is kept, not two", [](Timer&) {}, 2},
+        {"a changed interval drops it", [](Timer& t) { t.setInterval(200); }, 1},
+        {"disabling drops it", [](Timer& t) { t.setEnabled(false), t.setEnabled(true); }, 1},
+    };
+    for (const auto& row : rows) {
+        int ticks = 0, depth = 0;
+        Timer timer;
+        timer.onTick = [&] {
+            EXPECT_EQ(depth++, 0) << row.what << ": a tick came inside its own handler";
+            if (++ticks == 1) {
+                driver::run(230);
+                row.change(timer);
+            }
+            --depth;
+        };
+        timer.setInterval(100);
+        timer.setEnabled(true);
+        driver::run(120);
+        driver::run(30);
+        EXPECT_EQ(ticks, row.ticks) << row.what;
+    }
+}
+
+TEST_F(Contract, FastTimerKeepsItsPace) {
+    int ticks = 0;
+    Timer timer;
+    timer.onTick = [&] { ++ticks; };
+    timer.setInterval(5);
+    timer.setEnabled(true);
+    driver::run(200);
+    EXPECT_GE(ticks, 30);
+    EXPECT_LE(ticks, 41);
+}
+
+TEST_F(Contract, DoEventsServesWhatIsPendingOnce) {
+    Timer timer;
+    timer.onTick = [&] {
+        timer.setEnabled(false);
+        driver::post(0, [&] { note("event"); });
+        note("before");
+        doEvents();
+        note("after");
+        doEvents();
+    };
+    timer.setInterval(10);
+    timer.setEnabled(true);
+    driver::run(60);
+    EXPECT_EQ(trace_, "before, event, after");
+}
+
+TEST_F(Contract, WaitingByDoEventsEnds) {
+    int ticks = 0;
+    Timer timer;
+    timer.onTick = [&] { ++ticks; };
+    timer.setInterval(20);
+    timer.setEnabled(true);
+    const double start = secondsOfDay();
+    while (secondsOfDay() >= start && secondsOfDay() < start + 0.1) doEvents();
+    EXPECT_GE(ticks, 2) << "timers go on during the wait";
+    EXPECT_LE(ticks, 5);
+}
+
+TEST_F(Contract, FormRunsItsHandlersOncePerShow) {
+    Form form;
+    form.onLoad = [&] { note(form.loaded() ? "load" : "load too early"); };
+    form.onUnload = [&] {
+        note("unload");
+        form.unload();
+    };
+    form.resize(300 * twips, 200 * twips);
+    form.move(30 * twips, 40 * twips);
+    EXPECT_EQ(form.scaleWidth(), 300);
+    EXPECT_EQ(form.scaleHeight(), 200);
+    EXPECT_EQ(form.width(), 300 * twips);
+    EXPECT_EQ(form.left(), 30 * twips);
+    form.unload();
+    EXPECT_EQ(trace_, "") << "a form that isn't loaded doesn't unload";
+    for (int time = 0; time < 2; ++time) {
+        form.show();
+        EXPECT_TRUE(form.loaded());
+        form.unload();
+        EXPECT_FALSE(form.loaded());
+    }
+    EXPECT_EQ(trace_, "load, unload, load, unload");
+}
+
+TEST_F(Contract, ModalShowWaitsForTheUnload) {
+    showMain();
+    int ticks = 0;
+    Timer timer;
+    timer.onTick = [&] { ++ticks; };
+    timer.setInterval(20);
+    timer.setEnabled(true);
+    Form outer, inner;
+    driver::post(100, [&] {
+        note("inner");
+        inDialog(inner, [&] { note(std::to_string(outer.loaded() && inner.loaded())); });
+        note("inner gone");
+        outer.unload();
+    });
+    note("outer");
+    outer.showModal();
+    note("outer gone");
+    EXPECT_EQ(trace_, "outer, inner, 1, inner gone, outer gone");
+    EXPECT_GE(ticks, 3) << "timers go on while a dialog is open";
+}
+
+TEST_F(Contract, FormMayBeLetGoOfWhileItUnloads) {
+    showMain();
+    struct Question {
+        Form form;
+        int answer = 0;
+    };
+    auto reference = std::make_shared<Question>();
+    reference->form.onKeyPress = [&](int& character) {
+        reference->answer = character;
+        reference->form.unload();
+    };
+    reference->form.onUnload = [&] { reference.reset(); };
+    driver::post(10, [] { driver::pressKey(key::Enter); });
+    const auto held = reference;
+    held->form.showModal();
+    EXPECT_EQ(reference, nullptr);
+    EXPECT_EQ(held->answer, key::Enter);
+    EXPECT_FALSE(held->form.loaded());
+}
+
+TEST_F(Contract, KeysArriveAsCodesAndCharacters) {
+    struct {
+        int key;
+        const char* trace;
+    } const rows[] = {
+        {key::Left, "main down 37"},
+        {key::Down, "main down 40"},
+        {'A', "main down 65, main press 97"},
+        {'7', "main down 55, main press 55"},
+        {key::Enter, "main down 13, main press 13"},
+        {key::Escape, "main down 27, main press 27"},
+        {key::Space, "main down 32, main press 32"},
+    };
+    showMain();
+    noteKeys(main_->form, "main");
+    for (const auto& row : rows) {
+        trace_.clear();
+        driver::pressKey(row.key);
+        EXPECT_EQ(trace_, row.trace);
+    }
+    for (const int pad : {key::Pad2, key::Pad4, key::Pad6, key::Pad8}) {
+        trace_.clear();
+        driver::pressKey(pad);
+        EXPECT_EQ(trace_.rfind("main down " + std::to_string(pad), 0), 0U) << trace_;
+    }
+}
+
+TEST_F(Contract, KeysGoToTheFormOnTop) {
+    showMain();
+    noteKeys(main_->form, "main");
+    Form dialog;
+    noteKeys(dialog, "dialog");
+    inDialog(dialog, [] { driver::pressKey(key::Left); });
+    driver::pressKey(key::Right);
+    EXPECT_EQ(trace_, "dialog down 37, main down 39");
+}
+
+TEST_F(Contract, KeyThatUnloadsItsFormGoesNoFurther) {
+    showMain();
+    noteKeys(main_->form, "main");
+    Form dialog;
+    dialog.onKeyDown = [&](int&) { dialog.unload(); };
+    dialog.onKeyPress = [&](int&) { note("dialog press"); };
+    driver::post(10, [] { driver::pressKey(key::Enter); });
+    dialog.showModal();
+    EXPECT_EQ(trace_, "");
+}
+
+TEST_F(Contract, HeldKeyDoesNothingInADialogUntilItIsLetGo) {
+    showMain();
+    Form dialog;
+    noteKeys(dialog, "dialog");
+    driver::keyDown(key::Down);
+    inDialog(dialog, [&] {
+        driver::keyDown(key::Down);
+        driver::keyDown(key::Down);
+        EXPECT_EQ(trace_, "") << "repeats of a press that began before";
+        driver::keyUp(key::Down);
+        driver::keyDown(key::Down);
+        driver::keyDown(key::Down);
+        driver::keyUp(key::Down);
+    });
+    EXPECT_EQ(trace_, "dialog down 40, dialog down 40");
+}
+
+TEST_F(Contract, OnePressOfEnterAnswersOneDialog) {
+    showMain();
+    Form first, second;
+    second.onKeyPress = [&](int&) {
+        note("second answered");
+        second.unload();
+    };
+    first.onKeyPress = [&](int&) {
+        note("first answered");
+        first.unload();
+        inDialog(second, [&] {
+            driver::keyDown(key::Enter);
+            note("still open");
+            driver::keyUp(key::Enter);
+            driver::keyDown(key::Enter);
+        });
+    };
+    driver::post(10, [] { driver::keyDown(key::Enter); });
+    first.showModal();
+    driver::keyUp(key::Enter);
+    EXPECT_EQ(trace_, "first answered, still open, second answered");
+}
+
+TEST_F(Contract, ToolbarRefusesClicksUnderADialog) {
+    showMain();
+    Form dialog;
+    driver::clickToolButton(1);
+    inDialog(dialog, [] { driver::clickToolButton(2); });
+    driver::clickToolButton(3);
+    EXPECT_EQ(trace_, "tool 1, tool 3");
+}
+
+/// A dialog with two buttons and a spin button, in this order.
+struct Setting {
+    explicit Setting(std::function<void(const std::string&)> note) {
+        ok.setCaption("OK");
+        ok.setDefault(true);
+        ok.onClick = [note] { note("OK"); };
+        cancel.setCaption("Cancel");
+        cancel.setCancel(true);
+        cancel.onClick = [note] { note("Cancel"); };
+        spin.onSpinUp = [note] { note("up"); };
+        spin.onSpinDown = [note] { note("down"); };
+    }
+
+    Form form;
+    Panel panel{form, {0, 0, 100, 50}};
+    CommandButton ok{panel, {5, 5, 40, 20}};
+    CommandButton cancel{panel, {50, 5, 40, 20}};
+    SpinButton spin{panel, {5, 25, 12, 20}};
+};
+
+TEST_F(Contract, KeysWorkTheControls) {
+    constexpr int tab = key::Tab;
+    struct {
+        std::vector<int> keys;
+        const char* trace;
+        int swallowed = 0;
+    } const rows[] = {
+        {{key::Enter}, "OK"},
+        {{key::Space}, "OK"},
+        {{key::Escape}, "Cancel"},
+        {{'A'}, ""},
+        {{key::Up}, ""},
+        {{tab, key::Space}, "Cancel"},
+        {{tab, key::Enter}, "Cancel"},
+        {{tab, tab, key::Up, key::Up, key::Down}, "up, up, down"},
+        {{tab, tab, key::Enter}, "OK"},
+        {{tab, tab, key::Space}, ""},
+        {{tab, tab, tab, key::Space}, "OK"},
+        {{key::Enter, key::Space}, "OK", key::Enter + key::Space},
+        {{key::Enter, key::Escape}, "Cancel", key::Enter},
+        {{tab, tab, key::Up, key::Down}, "down", key::Up},
+    };
+    showMain();
+    for (const auto& row : rows) {
+        trace_.clear();
+        Setting setting([this](const std::string& what) { note(what); });
+        inDialog(setting.form, [&] {
+            for (const int keyCode : row.keys) driver::pressKey(keyCode);
+        });
+        EXPECT_EQ(trace_, row.trace) << "after " << row.keys.size() << " keys from " << row.keys.front();
+    }
+}

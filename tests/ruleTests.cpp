@@ -1,0 +1,313 @@
+// The model of the game, the start of a hand and the drop loop.
+
+#include <algorithm>
+#include <set>
+
+#include "platform/desktop.h"
+#include "platform/sim/desktop.h"
+#include "tests/gameFixture.h"
+#include "toolkit/modScreen.h"
+
+namespace {
+
+using platform::key::Down;
+using platform::key::Left;
+using platform::key::Right;
+
+class Model : public GameFixture {};
+
+TEST_F(Model, PlacesLieWhereThePictureHasThem) {
+    struct {
+        const CellInfo& place;
+        int x, y;
+    } const cases[] = {
+        {game->CellTable[12][1], 40, 492}, {game->CellTable[1][9], 280, 63},  {game->CellTable[0][5], 160, 24},
+        {game->EarnedTiles[1], 352, 177},  {game->EarnedTiles[14], 742, 177}, {game->EarnedTiles[15], 352, 129},
+        {game->EarnedTiles[22], 562, 129}, {PossibleTiles[5][1], 6, 51},      {PossibleTiles[12][1], 300, 96},
+        {PossibleTiles[2][3], 164, 6},
+    };
+    beginHand();
+    for (const auto& row : cases) {
+        EXPECT_EQ(row.place.X, row.x);
+        EXPECT_EQ(row.place.Y, row.y);
+        EXPECT_FALSE(row.place.Filled);
+    }
+}
+
+TEST_F(Model, EveryKindHasItsFaceAndItsTiles) {
+    struct {
+        const char* name;
+        int kind, number, suit, bonus;
+    } const cases[] = {
+        {"c1", 1, 1, 1, 0},  {"c9", 9, 9, 1, 0},  {"b1", 10, 1, 2, 0}, {"w9", 27, 9, 3, 0},
+        {"E", 28, 10, 0, 0}, {"N", 31, 13, 0, 0}, {"R", 32, 14, 0, 0}, {"B", 34, 16, 0, 0},
+        {"s1", 35, 0, 0, 1}, {"s4", 38, 0, 0, 4}, {"f1", 39, 0, 0, 5}, {"f4", 42, 0, 0, 8},
+    };
+    for (const auto& row : cases) {
+        const TileKind& kind = game->TileKinds[kindOf(row.name)];
+        EXPECT_EQ(kind.KindIdx, row.kind) << row.name;
+        EXPECT_EQ(kind.Number, row.number) << row.name;
+        EXPECT_EQ(kind.Suit, row.suit) << row.name;
+        EXPECT_EQ(kind.Bonus, row.bonus) << row.name;
+    }
+    for (int16_t kind = 1; kind <= kindCount; ++kind)
+        EXPECT_EQ(std::count(game->TileKindOf.begin(), game->TileKindOf.end(), kind), kind <= 34 ? 4 : 1) << kind;
+    EXPECT_EQ(game->TileKindOf[37], kindOf("b1"));
+    EXPECT_EQ(game->TileKindOf[115], kindOf("B"));
+    EXPECT_EQ(game->TileKindOf[144], kindOf("f4"));
+}
+
+TEST_F(Model, AShuffleIsAPermutationAndNeverTheLastOne) {
+    std::vector<int16_t> first;
+    for (int shuffle = 0; shuffle < 3; ++shuffle) {
+        game->msShuffleTiles();
+        std::vector<int16_t> order(game->TileOrder.begin(), game->TileOrder.end());
+        EXPECT_NE(order, first);
+        first = order;
+        std::sort(order.begin(), order.end());
+        for (int16_t n = 1; n <= tileCount; ++n) EXPECT_EQ(order[n - 1], n);
+    }
+}
+
+TEST_F(Model, ANewHandForgetsTheLastOneAndKeepsTheMatch) {
+    beginHand(3, 2, 4);
+    setBoard({"c1 c2 c3 . . . . . ."});
+    setHand("c1 c1 c1 c2 c3 c4 c5 c6 c7 R R R *N N | s1");
+    game->mintHandCount = handTiles;
+    game->mintDoubles = 5;
+    game->mlngScore = 77;
+    game->mintGamesPlayed = 2;
+    gstrScoreDesc = "Mixed Hand";
+    glngHandPoints = 50;
+    game->msInitNewGame();
+    EXPECT_TRUE(board().empty());
+    EXPECT_TRUE(
+        std::none_of(game->EarnedTiles.begin(), game->EarnedTiles.end(), [](auto& slot) { return slot.Filled; }));
+    EXPECT_EQ(game->mintHandCount + game->mintDoubles + game->mintPairSlot + glngHandPoints, 0);
+    EXPECT_EQ(gstrScoreDesc, "");
+    EXPECT_EQ(game->mlngScore, 77);
+    EXPECT_EQ(game->mlngHouse * 100 + game->mlngRoundWind * 10 + game->mintGamesPlayed, 242);
+    EXPECT_TRUE(game->Timer1.enabled());
+}
+
+class DropLoop : public GameFixture {
+  protected:
+    void SetUp() override {
+        GameFixture::SetUp();
+        beginHand();
+        sim::runFor(500);  // The first tick comes after the interval that the timer last had.
+    }
+
+    void fill(int column, int fromRow) {
+        for (int row = fromRow; row <= bottomRow; ++row)
+            game->CellTable[row][column].fill(game->TileKinds[kindOf("c1")]);
+    }
+};
+
+TEST_F(DropLoop, ATileEntersFallsARowATickAndLands) {
+    EXPECT_EQ(game->mintCurRow, 1);
+    EXPECT_EQ(game->mintCurCol, 5);
+    EXPECT_EQ(game->mintTilesDropped, 1);
+    EXPECT_EQ(game->Timer1.interval(), 400);
+    sim::runFor(400 * 11);
+    EXPECT_EQ(game->mintCurRow, 12);
+    EXPECT_TRUE(board().empty());
+    sim::runFor(400);
+    EXPECT_EQ(game->mintCurRow, noRow);
+    EXPECT_EQ(board().size(), 1u);
+    sim::runFor(400);
+    EXPECT_EQ(game->mintTilesDropped, 2);
+}
+
+TEST_F(DropLoop, KeysSteerByTheRules) {
+    struct {
+        const char* what;
+        int column, key, filled, expected;
+    } const cases[] = {
+        {"left", 5, Left, 0, 4},
+        {"left on the number pad", 5, 100, 0, 4},
+        {"right", 5, Right, 0, 6},
+        {"right on the number pad", 5, 102, 0, 6},
+        {"the left wall", 1, Left, 0, 1},
+        {"the right wall", 9, Right, 0, 9},
+        {"a tile in the way", 5, Left, 4, 5},
+        {"a tile elsewhere", 5, Left, 6, 4},
+        {"another key", 5, 'A', 0, 5},
+        {"up", 5, 38, 0, 5},
+    };
+    for (const auto& row : cases) {
+        beginHand();
+        sim::runFor(400);
+        game->mintCurCol = narrow16(row.column);
+        if (row.filled > 0) game->CellTable[1][row.filled].fill(game->TileKinds[1]);
+        sim::pressKey(row.key);
+        EXPECT_EQ(game->mintCurCol, row.expected) << row.what;
+    }
+}
+
+TEST_F(DropLoop, AHardDropCannotBeSteeredAndEndsWithTheTile) {
+    for (const int key : {Down, 98}) {
+        beginHand();
+        sim::runFor(400);
+        sim::pressKey(key);
+        EXPECT_TRUE(game->mblnDropKeyUsed);
+        sim::pressKey(Left);
+        EXPECT_EQ(game->mintCurCol, 5);
+        sim::runFor(5 * 11);
+        EXPECT_EQ(game->mintCurRow, 12);
+        sim::runFor(5 * 2 + 20);
+        EXPECT_EQ(game->mintTilesDropped, 2);
+        EXPECT_EQ(game->Timer1.interval(), 400);
+        EXPECT_FALSE(game->mblnDropKeyUsed);
+    }
+}
+
+TEST_F(DropLoop, ATilePushedOverAGapLandsOnWhatLiesThere) {
+    fill(4, 7);
+    sim::runFor(400 * 5);
+    EXPECT_EQ(game->mintCurRow, 6);
+    sim::pressKey(Left);
+    sim::runFor(400);
+    EXPECT_EQ(game->mintCurRow, noRow);
+    EXPECT_TRUE(game->CellTable[6][4].Filled);
+}
+
+TEST_F(DropLoop, WhatEventsInsideATickLeaveItToDo) {
+    struct {
+        const char* what;
+        std::function<void()> event;
+        int row;  // after the tick that began at row 6 over a free place
+    } const cases[] = {
+        {"nothing", [] {}, 7},
+        {"pause", [this] { game->tbrZQT_ButtonClick(9); }, 6},
+        {"stop", [this] { game->tbrZQT_ButtonClick(10); }, 6},
+        {"pause and on", [this] { game->tbrZQT_ButtonClick(9), game->tbrZQT_ButtonClick(9); }, 7},
+        {"a step over a taken place", [] { sim::pressKey(Left); }, 6},
+        {"a step over a free place", [] { sim::pressKey(Right); }, 7},
+        {"another hand", [this] { game->msInitNewGame(); }, noRow},
+    };
+    for (const auto& row : cases) {
+        beginHand();
+        sim::runFor(400);
+        fill(4, 7);
+        sim::runFor(400 * 5);
+        ASSERT_EQ(game->mintCurRow, 6) << row.what;
+        sim::post(row.event);
+        game->Timer1_Timer();
+        EXPECT_EQ(game->mintCurRow, row.row) << row.what;
+        EXPECT_FALSE(game->mblnInTimerTick) << row.what;
+    }
+}
+
+TEST_F(DropLoop, ATilePutOverATakenPlaceInsideATickLandsAtTheNext) {
+    fill(4, 7);
+    sim::runFor(400 * 5);
+    sim::post([] { sim::pressKey(Left); });
+    game->Timer1_Timer();
+    game->Timer1_Timer();
+    EXPECT_TRUE(game->CellTable[6][4].Filled);
+    EXPECT_EQ(game->mintCurRow, noRow);
+}
+
+TEST_F(DropLoop, WhatEndsAHand) {
+    struct {
+        const char* what;
+        int handCount, dropped, filledColumn;
+        int gamesPlayed, gamesWon;
+    } const cases[] = {
+        {"the entry is taken", 0, 50, 5, 1, 0},
+        {"another column is full", 0, 50, 4, 0, 0},
+        {"the last tile", 0, 143, 0, 1, 0},
+        {"the last tile but one", 0, 142, 0, 0, 0},
+        {"fourteen tiles", 14, 50, 0, 1, 1},
+        {"fourteen tiles and the entry taken", 14, 50, 5, 1, 1},
+        {"fourteen tiles and the last tile", 14, 143, 0, 1, 1},
+    };
+    game->mblnBreakDown = false;
+    for (const auto& row : cases) {
+        beginHand();
+        game->mintGamesPlayed = game->mintGamesWon = 0;
+        game->mintHandCount = narrow16(row.handCount);
+        game->mintTilesDropped = narrow16(row.dropped);
+        if (row.filledColumn > 0) fill(row.filledColumn, 1);
+        game->Timer1_Timer();
+        EXPECT_EQ(game->mintGamesPlayed, row.gamesPlayed) << row.what;
+        EXPECT_EQ(game->mintGamesWon, row.gamesWon) << row.what;
+        EXPECT_EQ(game->mintTilesDropped, row.gamesPlayed > 0 ? 0 : row.dropped + 1) << row.what;
+    }
+}
+
+TEST_F(DropLoop, TheSpeedFollowsLevelAndHand) {
+    struct {
+        int level, handCount, milliseconds;
+    } const cases[] = {{1, 0, 400}, {1, 14, 400}, {2, 10, 400}, {2, 11, 300}, {3, 7, 400},
+                       {3, 8, 300}, {4, 0, 300},  {4, 11, 300}, {5, 7, 300},  {5, 8, 200}};
+    for (const auto& row : cases) {
+        game->mlngLevel = row.level;
+        game->mintHandCount = narrow16(row.handCount);
+        EXPECT_EQ(game->mintfSetTimeInterval(), row.milliseconds) << row.level << " at " << row.handCount;
+    }
+}
+
+TEST_F(DropLoop, PauseHoldsTheTileAndAHardDropGoesOn) {
+    sim::pressKey(Down);
+    sim::clickToolButton(9);
+    sim::pressKey(Left);
+    sim::runFor(10000);
+    EXPECT_EQ(game->mintCurRow, 1);
+    EXPECT_EQ(game->mintCurCol, 5);
+    sim::clickToolButton(9);
+    sim::runFor(5 * 4);
+    EXPECT_EQ(game->mintCurRow, 5);
+}
+
+class Toolkit : public GameFixture {};
+
+TEST_F(Toolkit, AFormIsSizedWithAMenuBarInMind) {
+    EXPECT_EQ(game->form.scaleWidth(), 795);
+    EXPECT_EQ(game->form.scaleHeight(), 581);
+    EXPECT_DOUBLE_EQ(game->form.width(), 795 * 15);
+    EXPECT_DOUBLE_EQ(game->form.left(), (platform::screenWidth() - 795 * 15) / 2);
+}
+
+TEST_F(Toolkit, OneCommaGoesFromOneEnd) {
+    struct {
+        const char *text, *expected;
+    } const cases[] = {{",a,", "a,"}, {"a,", "a"}, {"a,b", "a,b"}, {",", ""}, {"", ""}};
+    for (const auto& row : cases) {
+        std::string text = row.text;
+        gsStripComma(text);
+        EXPECT_EQ(text, row.expected) << row.text;
+    }
+}
+
+TEST_F(Toolkit, AFailureIsReportedByNameAndTheCallerGoesOn) {
+    EXPECT_EQ(guarded("msSomething", []() -> int { failure::overflow(); }), 0);
+    beginHand();
+    game->mintCurCol = 10;
+    EXPECT_FALSE(game->mblnfDropOK());
+    const std::vector<std::string> expected = {"Error In msSomething: Error 6 - Overflow",
+                                               "Error In mblnfDropOK: Error 9 - Subscript out of range"};
+    EXPECT_EQ(sim::messages(), expected);
+}
+
+TEST_F(Toolkit, NumbersNarrowOrFail) {
+    EXPECT_EQ(narrow16(32767), 32767);
+    EXPECT_EQ(narrow32(-2147483648.0), INT32_MIN);
+    EXPECT_THROW(narrow16(32768), RuntimeError);
+    EXPECT_THROW(narrow32(2147483648.0), RuntimeError);
+    EXPECT_THROW(narrow32(int64_t{1} << 40), RuntimeError);
+}
+
+TEST_F(Toolkit, ADelayLetsEventsRunAlsoOverMidnight) {
+    game.reset();
+    gsClearObjects(gfrmMain);
+    sim::switchOn(1, 86399.5);
+    bool served = false;
+    sim::postAfter(1500, [&] { served = true; });
+    gsDelay(2);
+    EXPECT_TRUE(served);
+    EXPECT_NEAR(platform::secondsOfDay(), 1.5, 0.1);
+}
+
+}  // namespace

@@ -1,0 +1,30 @@
+#include "platform/sim/desktop.h"
+#include "tests/contractDriver.h"
+
+namespace driver {
+namespace {
+
+constexpr uint32_t seed = 1;
+
+}  // namespace
+
+void begin() { sim::switchOn(seed); }
+void run(double milliseconds) { sim::runFor(milliseconds); }
+
+void post(double afterMilliseconds, std::function<void()> action) {
+    sim::postAfter(afterMilliseconds, std::move(action));
+}
+
+void pressKey(int keyCode) { sim::pressKey(keyCode); }
+void keyDown(int keyCode) { sim::keyDown(keyCode); }
+void keyUp(int keyCode) { sim::keyUp(keyCode); }
+void clickToolButton(int button) { sim::clickToolButton(button); }
+void clickButton(const std::string& caption) { sim::clickButton(caption); }
+
+void chooseMenuItem(int item) {
+    sim::post([item] { sim::chooseMenuItem(item); });
+}
+
+std::string lastMessage() { return sim::messages().empty() ? "" : sim::messages().back(); }
+
+}  // namespace driver
