@@ -1,0 +1,136 @@
+#include "platform/qt/desk.h"
+
+#include <QKeyEvent>
+#include <QWidget>
+#include <algorithm>
+
+#include "platform/qt/formWindow.h"
+#include "platform/qt/keys.h"
+#include "platform/qt/slots.h"
+
+namespace platform::qt {
+namespace {
+
+// A release isn't among them: a button that was down when a dialog opened must come up again.
+bool isPointing(QEvent::Type type) {
+    switch (type) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::Enter:
+        case QEvent::Wheel:
+        case QEvent::ToolTip:
+        case QEvent::ContextMenu:
+        case QEvent::TouchBegin:
+        case QEvent::TabletPress:
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool belongsToForms(const QWidget* face) { return dynamic_cast<const FormWindow*>(face->window()); }
+
+quint32 keyOf(const QKeyEvent& event) {
+    return event.nativeScanCode() ? event.nativeScanCode() : static_cast<quint32>(event.key());
+}
+
+}  // namespace
+
+Desk& desk() {
+    static Desk& theDesk = *new Desk;  // Forms that are let go at the very end still ask for it.
+    return theDesk;
+}
+
+FormWindow* Desk::top() const { return dialogs_.empty() ? main_ : dialogs_.back(); }
+
+bool Desk::blocks(const QWidget* face) const {
+    if (!belongsToForms(face)) return false;
+    if (boxes_ > 0) return true;
+    return !dialogs_.empty() && dialogs_.back() != face && !dialogs_.back()->isAncestorOf(face);
+}
+
+void Desk::openMain(FormWindow* window) {
+    main_ = window;
+    ++changes_;
+}
+
+void Desk::openDialog(FormWindow* window) {
+    dialogs_.push_back(window);
+    ++changes_;
+}
+
+void Desk::unloadAbove(const FormWindow* window) {
+    const bool open = window == main_ || std::ranges::find(dialogs_, window) != dialogs_.end();
+    while (open && !dialogs_.empty() && dialogs_.back() != window) {
+        FormWindow* const dialog = dialogs_.back();
+        dialog->unload();
+        leave(dialog);  // Even if it is on its way out already.
+    }
+}
+
+void Desk::leave(FormWindow* window) {
+    const bool wasMain = window == main_;
+    if (wasMain) main_ = nullptr;
+    if (std::erase(dialogs_, window) == 0 && !wasMain) return;
+    ++changes_;
+    forgetPresses(window);
+    if (wasMain && onMainWindowGone) onMainWindowGone();
+}
+
+void Desk::closeBox(const QWidget* box) {
+    --boxes_;
+    forgetPresses(box);
+}
+
+void Desk::forgetPresses(const QWidget* receiver) {
+    std::erase_if(presses_, [=](const auto& press) { return press.second == receiver; });
+}
+
+bool Desk::eventFilter(QObject* watched, QEvent* event) {
+    if (!watched->isWidgetType()) return false;
+    QWidget* const face = static_cast<QWidget*>(watched);
+    switch (event->type()) {
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+            return filterKey(face, *static_cast<QKeyEvent*>(event));
+        default:
+            return isPointing(event->type()) && blocks(face);
+    }
+}
+
+bool Desk::filterKey(QWidget* face, const QKeyEvent& event) {
+    const bool toForms = belongsToForms(face);
+    if (event.type() == QEvent::KeyRelease) {
+        if (!event.isAutoRepeat()) presses_.erase(keyOf(event));
+        return toForms;
+    }
+    FormWindow* const form = boxes_ > 0 ? nullptr : top();
+    if (!takePress(toForms ? form : face->window(), event)) return true;
+    if (toForms && form) deliver(form, event);
+    return toForms;
+}
+
+/// Whether the receiver may have the press. A repeat is only for the one that had its beginning, so that one press
+/// never answers two dialogs.
+bool Desk::takePress(const QWidget* receiver, const QKeyEvent& event) {
+    if (!event.isAutoRepeat()) {
+        presses_[keyOf(event)] = receiver;
+        return true;
+    }
+    const auto press = presses_.find(keyOf(event));
+    return press != presses_.end() && press->second == receiver;
+}
+
+void Desk::deliver(FormWindow* window, const QKeyEvent& event) {
+    const int changesBefore = changes_;
+    Stroke stroke = strokeOf(event);
+    callSlot(window->form->onKeyDown, stroke.code);
+    if (stroke.code == 0 || changes_ != changesBefore) return;
+    if (stroke.character != 0) {
+        callSlot(window->form->onKeyPress, stroke.character);
+        if (stroke.character == 0 || changes_ != changesBefore) return;
+    }
+    window->strokeControls(stroke);
+}
+
+}  // namespace platform::qt

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <map>
+#include <vector>
+
+class QKeyEvent;
+class QWidget;
+
+namespace platform::qt {
+
+class FormWindow;
+
+/// Knows which forms are open and sees to it that keys and clicks reach the one on top and no other.
+class Desk : public QObject {
+  public:
+    std::function<void()> onMainWindowGone;
+
+    FormWindow* mainWindow() const { return main_; }
+    FormWindow* top() const;                 ///< The form that is open on top; null if none is open.
+    bool blocks(const QWidget* face) const;  ///< Whether something open on top keeps clicks from it.
+
+    void openMain(FormWindow* window);
+    void openDialog(FormWindow* window);
+    void unloadAbove(const FormWindow* window);  ///< Unloads the dialogs that lie over it, the top-most first.
+    void leave(FormWindow* window);              ///< The window is open no longer. Nothing if it wasn't.
+
+    void openBox() { ++boxes_; }  ///< A message box stands before the forms.
+    void closeBox(const QWidget* box);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    bool filterKey(QWidget* face, const QKeyEvent& event);
+    bool takePress(const QWidget* receiver, const QKeyEvent& event);
+    void deliver(FormWindow* window, const QKeyEvent& event);
+    void forgetPresses(const QWidget* receiver);
+
+    FormWindow* main_ = nullptr;
+    std::vector<FormWindow*> dialogs_;           // the top-most last
+    int boxes_ = 0;                              // message boxes that are open
+    int changes_ = 0;                            // how often a form has opened or gone
+    std::map<quint32, const QWidget*> presses_;  // keys that are held, with the window that was on top at their press
+};
+
+/// The one desk of the program.
+Desk& desk();
+
+}  // namespace platform::qt

@@ -1,0 +1,70 @@
+#include "platform/desktop.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QPointer>
+#include <QScreen>
+#include <QTime>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+
+#include "platform/qt/desk.h"
+#include "platform/qt/formWindow.h"
+#include "platform/qt/twips.h"
+
+namespace platform {
+namespace {
+
+constexpr double millisecondsPerSecond = 1000;
+
+std::mt19937_64& randomSource() {
+    static std::mt19937_64 source;
+    return source;
+}
+
+QSize screenSize() { return QGuiApplication::primaryScreen()->size(); }
+
+}  // namespace
+
+void doEvents() { QCoreApplication::processEvents(); }
+
+double secondsOfDay() { return QTime::currentTime().msecsSinceStartOfDay() / millisecondsPerSecond; }
+
+void seedRandom() {
+    randomSource().seed(static_cast<uint64_t>(std::chrono::system_clock::now().time_since_epoch().count()));
+}
+
+double random() {
+    constexpr int spareBits = std::mt19937_64::word_size - std::numeric_limits<double>::digits;
+    return static_cast<double>(randomSource()() >> spareBits) * std::numeric_limits<double>::epsilon() / 2;
+}
+
+void messageBox(const std::string& title, const std::string& text) {
+    const QPointer<QMessageBox> box =
+        new QMessageBox(QMessageBox::Warning, QString::fromStdString(title), QString::fromStdString(text),
+                        QMessageBox::Ok, qt::desk().mainWindow());
+    const QWidget* const window = box;
+    box->setTextFormat(Qt::PlainText);
+    QEventLoop loop;
+    QObject::connect(box, &QDialog::finished, &loop, &QEventLoop::quit);
+    QObject::connect(box, &QObject::destroyed, &loop, &QEventLoop::quit);
+    qt::desk().openBox();
+    box->show();  // Not modal for Qt, which would take away the close button of the main window too.
+    loop.exec();
+    qt::desk().closeBox(window);
+    delete box.data();
+}
+
+void endProcess() {
+    std::fflush(nullptr);
+    std::_Exit(EXIT_SUCCESS);
+}
+
+double screenWidth() { return screenSize().width() * qt::twipsPerPixel; }
+double screenHeight() { return screenSize().height() * qt::twipsPerPixel; }
+
+}  // namespace platform

@@ -1,0 +1,35 @@
+#include "platform/qt/images.h"
+
+namespace platform::qt {
+namespace {
+
+constexpr int bytesPerPixel = 4;
+
+const uchar* bytes(const uint32_t* pixels) { return reinterpret_cast<const uchar*>(pixels); }
+
+}  // namespace
+
+QImage imageOf(const Surface& surface) {
+    if (!surface.hasPixels()) return {};
+    return {bytes(surface.row(0)), surface.width(), surface.height(), surface.width() * bytesPerPixel,
+            QImage::Format_RGB32};
+}
+
+QImage canvasOf(Surface& surface) {
+    if (!surface.hasPixels()) return {};
+    return {reinterpret_cast<uchar*>(surface.row(0)), surface.width(), surface.height(),
+            surface.width() * bytesPerPixel, QImage::Format_RGB32};
+}
+
+QImage imageOf(const Picture& picture) {
+    if (!picture.pixels) return {};
+    return {bytes(picture.pixels), picture.width, picture.height, picture.width * bytesPerPixel, QImage::Format_ARGB32};
+}
+
+QColor colorOf(Color color) {
+    constexpr Color channel = 0xFF;
+    return QColor(static_cast<int>(color & channel), static_cast<int>(color >> 8 & channel),
+                  static_cast<int>(color >> 16 & channel));
+}
+
+}  // namespace platform::qt
