@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 
 namespace materials {
 
@@ -29,6 +30,7 @@ constexpr int innerSlopeEnd = 4;
 constexpr int giltLine = 5;
 constexpr int giltShade = 6;
 constexpr int outerSlope = 2;
+constexpr int leastForInlay = 14;
 
 /// A place on a frame: its side, its distance from the inner edge, the breadth there and the share of the way along.
 struct FramePlace {
@@ -65,6 +67,26 @@ QRgb framePixel(const FramePlace& place) {
     if (place.depth == giltShade) return mix(lacquerDeep, giltDeep, light.outward > 1 ? 0.75 : 0.25);
     if (place.depth > place.breadth - outerSlope) return lit(lacquerRed, light.outward);
     return lacquerFace(place, light);
+}
+
+/// A small inlay of gilt in the middle of a frame's corner.
+void paintInlay(QPainter& painter, const QPoint& middle) {
+    constexpr int radius = 4;
+    everyPixel({middle.x() - radius, middle.y() - radius, 2 * radius + 1, 2 * radius + 1}, [&](int x, int y) {
+        const int dx = x - middle.x(), dy = y - middle.y(), away = std::abs(dx) + std::abs(dy);
+        if (away > radius) return;
+        const QRgb rim = dx + dy < 0 ? giltBright : dx + dy > 0 ? giltDeep : gilt;
+        painter.fillRect(x, y, 1, 1, QColor::fromRgb(away == radius ? lacquerDeep : away == 0 ? giltDeep : rim));
+    });
+}
+
+void paintInlays(QPainter& painter, const QRect& outer, const QRect& inner) {
+    const auto between = [](int a, int b) { return (a + b) / 2; };
+    for (const int x :
+         {between(outer.left(), inner.left() - giltLine), between(outer.right(), inner.right() + giltLine)})
+        for (const int y :
+             {between(outer.top(), inner.top() - giltLine), between(outer.bottom(), inner.bottom() + giltLine)})
+            paintInlay(painter, {x, y});
 }
 
 double distanceTo(const QRect& rect, double x, double y) {
@@ -120,6 +142,7 @@ void paintFrame(QPainter& painter, const QRect& outer, const QRect& inner) {
         image.setPixel(QPoint(x, y) - outer.topLeft(), framePixel(framePlace(outer, inner, x, y)));
     });
     painter.drawImage(outer.topLeft(), image);
+    if (inner.left() - outer.left() >= leastForInlay) paintInlays(painter, outer, inner);
 }
 
 void paintShadow(QPainter& painter, const QRect& raised, int reach, double strength) {
@@ -142,7 +165,7 @@ void paintHollowShadow(QPainter& painter, const QRect& hollow, int reach, double
     painter.drawImage(hollow.topLeft(), image);
 }
 
-void paintTray(QPainter& painter, const QRect& rect) {
+void paintTray(QPainter& painter, const QRect& rect, double darker) {
     const QRectF edge = QRectF(rect).adjusted(-1.5, -1.5, 1.5, 1.5);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -150,7 +173,7 @@ void paintTray(QPainter& painter, const QRect& rect) {
     rim.setColorAt(0, QColor(0, 0, 0, 80));
     rim.setColorAt(1, QColor(255, 255, 220, 34));
     painter.setPen(QPen(rim, 1));
-    painter.setBrush(QColor(0, 0, 0, 26));
+    painter.setBrush(QColor(0, 0, 0, int(255 * darker)));
     painter.drawRoundedRect(edge, 3, 3);
     painter.restore();
 }

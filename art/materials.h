@@ -17,7 +17,7 @@ inline constexpr QRgb giltBright = qRgb(246, 214, 132);
 inline constexpr QRgb gilt = qRgb(206, 158, 70);
 inline constexpr QRgb giltDeep = qRgb(122, 80, 26);
 inline constexpr QRgb ivory = qRgb(247, 240, 219);
-inline constexpr QRgb straw = qRgb(196, 184, 138);
+inline constexpr QRgb straw = qRgb(176, 170, 132);
 inline constexpr QRgb magentaBright = qRgb(252, 82, 238);
 inline constexpr QRgb magenta = qRgb(214, 40, 198);
 inline constexpr QRgb magentaDeep = qRgb(44, 6, 40);
@@ -46,8 +46,8 @@ void paintShadow(QPainter& painter, const QRect& raised, int reach, double stren
 /// Paints the soft shadow that the edge of a hollow throws on its own ground from the top and the left.
 void paintHollowShadow(QPainter& painter, const QRect& hollow, int reach, double strength);
 
-/// Paints a shallow tray in the cloth, just told apart from it.
-void paintTray(QPainter& painter, const QRect& rect);
+/// Paints a shallow tray in the cloth round a rectangle, darker than the cloth by the given share of black.
+void paintTray(QPainter& painter, const QRect& rect, double darker);
 
 /// Calls paint(x, y) at every pixel of a rectangle, row by row.
 template <typename Paint>

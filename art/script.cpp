@@ -37,10 +37,15 @@ QPainterPath plain(const QString& text, double size) { return outline(text, "Lib
 
 QPainterPath brushed(const QString& text, double size) { return outline(text, "AR PL UKai TW", QFont::Normal, size); }
 
+QPainterPath grown(const QPainterPath& path, double by) {
+    QPainterPathStroker stroker(edgePen(0, by));
+    return path.simplified().united(stroker.createStroke(path));
+}
+
 void paint(QPainter& painter, const QPainterPath& path, const Ink& ink, double edgeWidth) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.strokePath(path, edgePen(ink.edge, edgeWidth));
+    if (edgeWidth > 0) painter.strokePath(path, edgePen(ink.edge, edgeWidth));
     painter.fillPath(path, inkOf(path.boundingRect(), ink));
     painter.restore();
 }

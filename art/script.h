@@ -22,6 +22,9 @@ QPainterPath plain(const QString& text, double size);
 /// A brushed Chinese character; size is the em in pixels, the baseline starts at (0, 0).
 QPainterPath brushed(const QString& text, double size);
 
+/// An outline grown by some pixels on all sides.
+QPainterPath grown(const QPainterPath& path, double by);
+
 /// Paints an outline with its ink; the edge is edgeWidth pixels broad all round.
 void paint(QPainter& painter, const QPainterPath& path, const Ink& ink, double edgeWidth);
 
