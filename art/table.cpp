@@ -23,8 +23,13 @@ constexpr QRect trays[] = {
     {353, 436, 400, 140},  // the tiles to choose from
 };
 
+/// The red score stands out from a deeper tray.
+constexpr QRect scorePlace{448, 237, 104, 30};
+constexpr double trayDepth = 0.10;
+constexpr double scoreDepth = 0.40;
+
 constexpr QRect tableTop{592, 304, 64, 64};
-constexpr QSizeF matRadii{114, 88};
+constexpr QSizeF matRadii{120, 78};
 
 struct Label {
     const char* words;
@@ -45,45 +50,55 @@ constexpr Label labels[] = {
 void paintGround(QPainter& painter) {
     painter.drawImage(ground.topLeft(), cloth(ground.size(), groundGreen));
     for (int x = ground.left() + columnWidth; x < ground.right(); x += 2 * columnWidth)
-        painter.fillRect(x, ground.top(), columnWidth, ground.height(), QColor(190, 255, 210, 12));
+        painter.fillRect(x, ground.top(), columnWidth, ground.height(), QColor(130, 240, 180, 13));
     for (int x = ground.left() + columnWidth; x < ground.right(); x += columnWidth)
         painter.fillRect(x, ground.top(), 1, ground.height(), QColor(0, 0, 0, 30));
     paintHollowShadow(painter, ground, 14, 0.5);
 }
 
 /// Plaited straw in rings: light enough for the seats' names in blue, dark enough for the player's in white.
-QRgb matPixel(double x, double y, double ring) {
-    const double plait = ((int(x) + int(y)) / 3 & 1) != 0 ? 1.025 : 0.975;
-    const double rings = 1 + 0.02 * std::sin(ring * 66);
-    const double light = 1.05 - 0.12 * (x / matRadii.width() + y / matRadii.height()) / 2;
-    return lit(straw, plait * rings * light * (1 - 0.16 * soft(0.8, 1, ring)));
+QRgb matPixel(const QPointF& fromCentre) {
+    constexpr double ringsAcross = 11, strandsAround = 120;
+    const double x = fromCentre.x() / matRadii.width(), y = fromCentre.y() / matRadii.height();
+    const double ring = std::hypot(x, y) * ringsAcross;
+    const double twist = std::atan2(y, x) * strandsAround / 2 + (int(ring) % 2) * M_PI / 2;
+    const double plait = 1 + 0.035 * std::sin(twist) * std::sin(ring * M_PI) - 0.03 * std::cos(ring * 2 * M_PI);
+    const double light = 1 - 0.07 * (x + y) - 0.10 * soft(0.75, 1, ring / ringsAcross);
+    return lit(straw, plait * light);
+}
+
+QImage plaitedMat(const QRect& area) {
+    QImage image(area.size(), QImage::Format_RGB32);
+    const QPointF middle(matRadii.width() - 0.5, matRadii.height() - 0.5);
+    everyPixel(image.rect(), [&](int x, int y) { image.setPixel(x, y, matPixel(QPointF(x, y) - middle)); });
+    return image;
+}
+
+void paintRing(QPainter& painter, double inside, const QBrush& brush, double width) {
+    painter.setPen(QPen(brush, width));
+    painter.drawEllipse(QRectF(tableTop).center(), matRadii.width() - inside, matRadii.height() - inside);
 }
 
 void paintMat(QPainter& painter) {
-    const QPointF centre = QRectF(tableTop).center();
-    const QRect area(int(centre.x() - matRadii.width()), int(centre.y() - matRadii.height()), int(2 * matRadii.width()),
-                     int(2 * matRadii.height()));
-    QImage image(area.size(), QImage::Format_RGB32);
-    everyPixel(image.rect(), [&](int x, int y) {
-        const double fromX = x - matRadii.width(), fromY = y - matRadii.height();
-        image.setPixel(x, y, matPixel(fromX + 500, fromY + 500, std::hypot(fromX / 114, fromY / 88)));
-    });
+    const QPoint corner(tableTop.center().x() + 1 - int(matRadii.width()),
+                        tableTop.center().y() + 1 - int(matRadii.height()));
+    const QRect area(corner, (matRadii * 2).toSize());
+    QBrush straws(plaitedMat(area));
+    straws.setTransform(QTransform::fromTranslate(area.left(), area.top()));
+    QLinearGradient rim(area.topLeft(), area.bottomRight());
+    rim.setColorAt(0.2, QColor::fromRgb(mix(lacquerRed, lacquerGloss, 0.35)));
+    rim.setColorAt(0.8, QColor::fromRgb(lit(lacquerRed, 0.6)));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    QBrush brush(image);
-    brush.setTransform(QTransform::fromTranslate(area.left(), area.top()));
-    painter.setPen(Qt::NoPen);
-    for (int reach = 6; reach > 0; --reach) {
-        painter.setBrush(QColor(0, 0, 0, 22));
-        painter.drawEllipse(QPointF(centre.x() + 2, centre.y() + 3), matRadii.width() + reach - 1,
-                            matRadii.height() + reach - 1);
-    }
-    painter.setBrush(brush);
-    painter.setPen(QPen(QColor::fromRgb(lacquerRed), 3));
-    painter.drawEllipse(centre, matRadii.width() - 1.5, matRadii.height() - 1.5);
+    painter.translate(3, 4);
+    painter.setBrush(QColor(0, 0, 0, 24));
+    for (int reach = 7; reach > 0; --reach) paintRing(painter, 4 - reach, Qt::transparent, 0);
+    painter.translate(-3, -4);
+    painter.setBrush(straws);
+    paintRing(painter, 2, rim, 4);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(QColor::fromRgb(gilt), 1));
-    painter.drawEllipse(centre, matRadii.width() - 4, matRadii.height() - 4);
+    paintRing(painter, 0.5, QColor::fromRgb(lacquerDeep), 1);
+    paintRing(painter, 4.5, QColor::fromRgb(gilt), 1);
     painter.restore();
 }
 
@@ -111,7 +126,8 @@ void paintTable(QPainter& painter) {
     paintShadow(painter, frameOuter, 16, 0.55);
     paintGround(painter);
     paintFrame(painter, frameOuter, ground);
-    for (const QRect& tray : trays) paintTray(painter, tray);
+    for (const QRect& tray : trays) paintTray(painter, tray, trayDepth);
+    paintTray(painter, scorePlace, scoreDepth);
     paintSeats(painter);
     paintLabels(painter);
 }
