@@ -51,7 +51,7 @@ QImage largeDiamond() {
 
 /// A wind's sign in the middle of a cell, as large as the diamond has room for.
 QPainterPath largeSign(int wind, bool chinese, const QRectF& cell) {
-    constexpr double chineseRoom = 62, letterRoom = 50;
+    constexpr double chineseRoom = 59, letterRoom = 53, brushGrowth = 0.35;
     const QPainterPath path = chinese ? script::brushed(QString::fromUcs4(&windCharacters[wind], 1), 40)
                                       : script::flowing(QString(QChar(windLetters[wind])), 40);
     const QRectF bounds = path.boundingRect();
@@ -59,7 +59,7 @@ QPainterPath largeSign(int wind, bool chinese, const QRectF& cell) {
     QTransform fit = QTransform::fromTranslate(cell.center().x(), cell.center().y());
     fit.scale(scale, scale);
     fit.translate(-bounds.center().x(), -bounds.center().y());
-    return fit.map(path);
+    return chinese ? script::grown(fit.map(path), brushGrowth) : fit.map(path);
 }
 
 constexpr int signSize = 9;
