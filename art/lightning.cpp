@@ -32,8 +32,8 @@ struct Fork {
 constexpr Fork forks[] = {
     {{122, 6}, {104, 78}, 1.00, 4},    {{104, 78}, {126, 120}, 0.95, 4}, {{126, 120}, {96, 222}, 0.80, 5},
     {{104, 78}, {48, 128}, 0.50, 4},   {{48, 128}, {30, 178}, 0.30, 3},  {{126, 120}, {168, 160}, 0.50, 4},
-    {{168, 160}, {174, 208}, 0.28, 3}, {{114, 40}, {162, 74}, 0.34, 4},  {{48, 128}, {66, 160}, 0.22, 3},
-    {{114, 166}, {70, 204}, 0.30, 4},  {{162, 74}, {180, 112}, 0.20, 3},
+    {{168, 160}, {174, 208}, 0.28, 3}, {{118, 34}, {160, 86}, 0.34, 4},  {{48, 128}, {66, 160}, 0.22, 3},
+    {{114, 166}, {70, 204}, 0.30, 4},  {{160, 86}, {178, 128}, 0.20, 3},
 };
 
 /// Breaks a piece in the middle, a little to the side, again and again.
@@ -49,10 +49,19 @@ void breakUp(std::vector<Piece>& bolt, const Piece& piece, int breaks, int seed)
     breakUp(bolt, {middle, piece.to, piece.breadth}, breaks - 1, 2 * seed + 1);
 }
 
+/// The end of a piece that lies nearest to a point, so that a branch grows out of the bolt; the point itself at first.
+QPointF nearestJoint(const std::vector<Piece>& bolt, const QPointF& point) {
+    const auto away = [&](const QPointF& joint) { return std::hypot(joint.x() - point.x(), joint.y() - point.y()); };
+    const auto nearest = std::min_element(
+        bolt.begin(), bolt.end(), [&](const Piece& one, const Piece& other) { return away(one.to) < away(other.to); });
+    return nearest == bolt.end() ? point : nearest->to;
+}
+
 std::vector<Piece> makeBolt() {
     std::vector<Piece> bolt;
     int seed = 71;
-    for (const Fork& fork : forks) breakUp(bolt, {fork.from, fork.to, fork.breadth}, fork.breaks, seed += 64);
+    for (const Fork& fork : forks)
+        breakUp(bolt, {nearestJoint(bolt, fork.from), fork.to, fork.breadth}, fork.breaks, seed += 64);
     return bolt;
 }
 
@@ -77,7 +86,7 @@ Brightness brightnessAt(const std::vector<Piece>& bolt, const QPointF& point) {
         const double away = distanceTo(piece, point);
         sum.core = std::max(sum.core, std::clamp(0.55 + 1.3 * piece.breadth - away, 0.0, 1.0));
         sum.light = std::max(sum.light, piece.breadth * std::exp(-away / (2.0 + 3.5 * piece.breadth)));
-        sum.air = std::max(sum.air, piece.breadth * std::exp(-std::pow(away / 34, 2)));
+        sum.air = std::max(sum.air, piece.breadth * std::exp(-std::pow(away / 27, 2)));
     }
     return sum;
 }
@@ -91,7 +100,8 @@ double fade(int x, int y) {
 /// The colour that the place is to have on a black table, channels 0 to 255.
 std::array<double, 3> glowAt(const std::vector<Piece>& bolt, int x, int y) {
     const Brightness bright = brightnessAt(bolt, QPointF(x + 0.5, y + 0.5));
-    constexpr double air[] = {26, 40, 58}, light[] = {120, 150, 255};
+    // What the cloth throws back of the light in the air is green.
+    constexpr double air[] = {5, 34, 7}, light[] = {120, 150, 255};
     std::array<double, 3> glow{};
     for (int channel = 0; channel < 3; ++channel) {
         const double round = air[channel] * bright.air + light[channel] * bright.light;
