@@ -40,6 +40,25 @@ void paintLine(QPainter& painter, const Line& line) {
     script::paint(painter, path.translated(line.x - start, line.baseline), *line.ink, line.edgeWidth);
 }
 
+/// A level line of gilt that fades out at both ends, with a lacquer diamond in its middle.
+void paintRule(QPainter& painter, const QPoint& middle, int reach) {
+    QColor faded = QColor::fromRgb(gilt);
+    faded.setAlpha(0);
+    QLinearGradient line(middle.x() - reach, 0, middle.x() + reach, 0);
+    line.setColorAt(0, faded);
+    line.setColorAt(0.5, QColor::fromRgb(gilt));
+    line.setColorAt(1, faded);
+    painter.fillRect(middle.x() - reach, middle.y(), 2 * reach, 1, line);
+    constexpr int radius = 5;
+    for (int dy = -radius; dy <= radius; ++dy) {
+        const int half = radius - std::abs(dy);
+        painter.fillRect(middle.x() - half, middle.y() + dy, 2 * half + 1, 1,
+                         QColor::fromRgb(dy < 0 ? giltBright : gilt));
+        if (half > 0)
+            painter.fillRect(middle.x() - half + 1, middle.y() + dy, 2 * half - 1, 1, QColor::fromRgb(lacquerRed));
+    }
+}
+
 /// Covers a whole picture with cloth inside a frame.
 void paintFramedCloth(QPainter& painter, const QSize& size, int breadth) {
     const QRect all(QPoint(0, 0), size);
@@ -57,10 +76,10 @@ constexpr int gridRows = 6;
 constexpr int gridLefts[] = {28, 344};
 constexpr int gridWidth = 302;
 constexpr int doublesFrom = 211;
-constexpr QRect totals[] = {{198, 281, 132, 26}, {510, 281, 136, 26}};
+constexpr QRect totals[] = {{198, 281, 130, 25}, {510, 281, 134, 25}};
 
 constexpr Line breakDownLines[] = {
-    {"Winning Hand Scoring Break Down", From::middle, 333, 37, 23, script::flowing, &giltInk, 1.2},
+    {"Winning Hand Scoring Break Down", From::middle, 333, 35, 22, script::flowing, &giltInk, 1.2},
     {"Total Doubles", From::right, 188, 301, 18, script::flowing, &giltInk, 1.0},
     {"Point Total", From::right, 500, 301, 18, script::flowing, &giltInk, 1.0},
 };
@@ -98,7 +117,7 @@ constexpr int rowLinesLeft = 34;
 constexpr int rowLinesRight = 466;
 
 constexpr Line hiScoreLines[] = {
-    {"Top Five High Scores", From::middle, 250, 66, 34, script::flowing, &lacquerInk, 0.6},
+    {"Top Five High Scores", From::middle, 250, 62, 34, script::flowing, &lacquerInk, 0.6},
     {"Name", From::left, 66, 122, 15, script::plain, &inkOnPaper, 0},
     {"Rounds", From::left, 230, 105, 15, script::plain, &inkOnPaper, 0},
     {"Played", From::left, 230, 122, 15, script::plain, &inkOnPaper, 0},
@@ -137,13 +156,14 @@ void paintHiScoreRows(QPainter& painter) {
 void paintBreakDown(QPainter& painter) {
     paintFramedCloth(painter, breakDownSize, breakDownFrame);
     for (const int left : gridLefts) paintGridColumn(painter, left);
-    for (const QRect& total : totals) paintTray(painter, total);
+    for (const QRect& total : totals) paintTray(painter, total, 0.28);
     for (const Line& line : breakDownLines) paintLine(painter, line);
 }
 
 void paintChooseSeat(QPainter& painter) {
     paintFramedCloth(painter, seatSize, seatFrame);
-    paintTray(painter, seatTray);
+    paintTray(painter, seatTray, 0.15);
+    paintRule(painter, {128, 215}, 70);
     for (const Line& line : seatLines) paintLine(painter, line);
 }
 
@@ -153,6 +173,7 @@ void paintHiScore(QPainter& painter) {
     paintPaper(painter, paper);
     paintFrame(painter, all, paper);
     paintHiScoreRows(painter);
+    paintRule(painter, {250, 82}, 150);
     for (const Line& line : hiScoreLines) paintLine(painter, line);
 }
 
