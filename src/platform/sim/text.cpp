@@ -39,7 +39,7 @@ struct Face {
 struct FontFile {
     std::string path;
     int index = 0;
-    int weight = 0;
+    bool needsBold = false;
 };
 
 /// A font in one size with the glyphs that have been needed so far.
@@ -51,7 +51,14 @@ struct SizedFont {
     std::map<char32_t, Glyph> glyphs;
 };
 
+/// The list of the machine's fonts, from the first search to the end of the run.
+struct FontList {
+    FontList() { FcInit(); }
+    ~FontList() { FcFini(); }
+};
+
 FontFile findFile(const std::string& name, bool bold) {
+    static const FontList list;
     FontFile file;
     FcPattern* const wanted = FcPatternCreate();
     FcPatternAddString(wanted, FC_FAMILY, reinterpret_cast<const FcChar8*>(standInFor(name).c_str()));
@@ -64,7 +71,12 @@ FontFile findFile(const std::string& name, bool bold) {
     if (found != nullptr && FcPatternGetString(found, FC_FILE, 0, &path) == FcResultMatch) {
         file.path = reinterpret_cast<const char*>(path);
         FcPatternGetInteger(found, FC_INDEX, 0, &file.index);
-        FcPatternGetInteger(found, FC_WEIGHT, 0, &file.weight);
+        // A font without a bold face is given as a bold one that is still to be made so.
+        FcBool embolden = FcFalse;
+        FcPatternGetBool(found, FC_EMBOLDEN, 0, &embolden);
+        int weight = FC_WEIGHT_REGULAR;
+        FcPatternGetInteger(found, FC_WEIGHT, 0, &weight);
+        file.needsBold = bold && (embolden == FcTrue || weight < FC_WEIGHT_DEMIBOLD);
     }
     if (found != nullptr) FcPatternDestroy(found);
     FcPatternDestroy(wanted);
@@ -86,7 +98,7 @@ const Face& faceOf(const std::string& name, bool bold) {
     if (isNew) {
         const FontFile file = findFile(name, bold);
         FT_New_Face(library(), file.path.c_str(), file.index, &at->second.face);
-        at->second.needsBold = bold && file.weight < FC_WEIGHT_DEMIBOLD;
+        at->second.needsBold = file.needsBold;
     }
     return at->second;
 }
