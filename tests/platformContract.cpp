@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "platform/controls.h"
@@ -342,7 +344,8 @@ TEST_F(Contract, KeysWorkTheControls) {
     struct {
         std::vector<int> keys;
         const char* trace;
-        int swallowed = 0;
+        int swallowedDown = 0;
+        int swallowedPress = 0;
     } const rows[] = {
         {{key::Enter}, "OK"},
         {{key::Space}, "OK"},
@@ -355,17 +358,140 @@ TEST_F(Contract, KeysWorkTheControls) {
         {{tab, tab, key::Enter}, "OK"},
         {{tab, tab, key::Space}, ""},
         {{tab, tab, tab, key::Space}, "OK"},
-        {{key::Enter, key::Space}, "OK", key::Enter + key::Space},
-        {{key::Enter, key::Escape}, "Cancel", key::Enter},
-        {{tab, tab, key::Up, key::Down}, "down", key::Up},
+        {{key::Enter, key::Escape}, "Cancel", key::Enter, 0},
+        {{key::Enter, key::Escape}, "Cancel", 0, key::Enter},
+        {{tab, tab, key::Up, key::Down}, "down", key::Up, 0},
     };
     showMain();
     for (const auto& row : rows) {
         trace_.clear();
         Setting setting([this](const std::string& what) { note(what); });
+        setting.form.onKeyDown = [&](int& code) { code = code == row.swallowedDown ? 0 : code; };
+        setting.form.onKeyPress = [&](int& character) { character = character == row.swallowedPress ? 0 : character; };
         inDialog(setting.form, [&] {
             for (const int keyCode : row.keys) driver::pressKey(keyCode);
         });
-        EXPECT_EQ(trace_, row.trace) << "after " << row.keys.size() << " keys from " << row.keys.front();
+        EXPECT_EQ(trace_, row.trace) << "in row " << &row - rows;
     }
 }
+
+TEST_F(Contract, ClickedButtonBelongsToTheFormOnTop) {
+    showMain();
+    Setting below([this](const std::string& what) { note("below " + what); });
+    Setting above([this](const std::string& what) { note("above " + what); });
+    below.cancel.setCaption("Leave");
+    inDialog(below.form, [&] {
+        inDialog(above.form, [] {
+            driver::clickButton("Cancel");
+            driver::clickButton("Leave");
+        });
+        driver::clickButton("Leave");
+    });
+    EXPECT_EQ(trace_, "above Cancel, below Cancel");
+}
+
+TEST_F(Contract, MenuIsAnsweredOrLeft) {
+    showMain();
+    PopupMenu menu(main_->form);
+    for (const char* caption : {"Easy", "Average", "Hard"}) menu.addItem(caption);
+    menu.onClick = [&](int item) {
+        note("chosen " + std::to_string(item));
+        for (int each = 1; each <= menu.itemCount(); ++each) menu.setChecked(each, each == item);
+    };
+    for (const int item : {2, 0}) {
+        driver::chooseMenuItem(item);
+        menu.popUp();
+        note("closed");
+    }
+    EXPECT_EQ(trace_, "chosen 2, closed, closed");
+    EXPECT_TRUE(menu.checked(2));
+    EXPECT_FALSE(menu.checked(3));
+    EXPECT_EQ(menu.caption(3), "Hard");
+}
+
+TEST_F(Contract, UncaughtErrorIsReportedAndTheLoopGoesOn) {
+    using Fault = std::function<void()>;
+    struct {
+        const char* what;
+        std::function<void(Contract::Window&, Timer&, Fault)> arm;
+        std::function<void()> provoke;
+    } const rows[] = {
+        {"timer",
+         [](Window&, Timer& timer, Fault fault) {
+             timer.onTick = std::move(fault);
+             timer.setInterval(50);
+             timer.setEnabled(true);
+         },
+         [] { driver::run(70); }},
+        {"key down", [](Window& main, Timer&, Fault fault) { main.form.onKeyDown = [=](int&) { fault(); }; },
+         [] { driver::pressKey(key::Left); }},
+        {"key press", [](Window& main, Timer&, Fault fault) { main.form.onKeyPress = [=](int&) { fault(); }; },
+         [] { driver::pressKey(key::Enter); }},
+        {"tool button", [](Window& main, Timer&, Fault fault) { main.bar.onButtonClick = [=](int) { fault(); }; },
+         [] { driver::clickToolButton(1); }},
+        {"load", [](Window& main, Timer&, Fault fault) { main.form.onLoad = std::move(fault); }, [] {}},
+    };
+    const std::pair<Fault, const char*> faults[] = {
+        {[] { failure::overflow(); }, "Error In Velmora: Error 6 - Overflow"},
+        {[] { throw std::logic_error("odd"); }, "Error In Velmora: Error 51 - Internal error: odd"},
+    };
+    for (const auto& row : rows) {
+        for (const auto& [fault, message] : faults) {
+            driver::begin();
+            showMain();
+            Timer timer;
+            row.arm(*main_, timer, fault);
+            main_->form.unload();
+            main_->form.show();
+            row.provoke();
+            timer.setEnabled(false);
+            EXPECT_EQ(driver::lastMessage(), message) << row.what;
+            trace_.clear();
+            driver::post(0, [this] { note("next"); });
+            driver::run(20);
+            EXPECT_EQ(trace_, "next") << row.what;
+            main_.reset();
+        }
+    }
+}
+
+TEST_F(Contract, PropertiesKeepTheirValues) {
+    showMain();
+    Shape shape(main_->form);
+    EXPECT_FALSE(shape.visible());
+    shape.setBorder(3, 0xFF);
+    shape.setPlace({10, 20, 36, 45});
+    shape.setVisible(true);
+    EXPECT_TRUE(shape.visible());
+    EXPECT_EQ(shape.borderWidth(), 3);
+    EXPECT_EQ(shape.place().left, 10);
+    EXPECT_EQ(shape.place().height, 45);
+
+    Panel outer(main_->form, {0, 0, 80, 40});
+    Panel inner(outer, {5, 5, 40, 20});
+    inner.setCaption("4");
+    const Panel moved(std::move(inner));
+    EXPECT_EQ(moved.caption(), "4");
+    EXPECT_EQ(outer.caption(), "");
+
+    main_->bar.setWidth(300);
+    main_->bar.setButtonWidth(2, 300 - 2 * main_->bar.buttonWidth(3));
+    main_->bar.setToolTip(2, "Level:Easy");
+    EXPECT_EQ(main_->bar.buttonCount(), 3);
+    EXPECT_EQ(main_->bar.buttonWidth(1) + main_->bar.buttonWidth(2) + main_->bar.buttonWidth(3), main_->bar.width());
+    EXPECT_EQ(main_->bar.toolTip(2), "Level:Easy");
+    EXPECT_EQ(GetDeviceCaps(main_->form, LOGPIXELSX), 96);
+}
+
+TEST_F(Contract, RandomValuesFillTheirRange) {
+    seedRandom();
+    int low = 0;
+    for (int i = 0; i < 1000; ++i) {
+        const double value = platform::random();
+        ASSERT_TRUE(value >= 0 && value < 1) << value;
+        if (value < 0.25) ++low;
+    }
+    EXPECT_NEAR(low, 250, 75);
+}
+
+}  // namespace

@@ -1,0 +1,153 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "platform/surface.h"
+#include "tests/contractDriver.h"
+
+// What surfaces promise on every back end, its text above all.
+
+namespace {
+
+using namespace platform;
+
+constexpr int gridWidth = 8, gridHeight = 6;
+
+/// A picture in which no two pixels are alike.
+struct Grid {
+    explicit Grid(uint32_t factor) {
+        for (uint32_t i = 0; i < pixels.size(); ++i) pixels[i] = 0xFF000000 | ((i + 1) * factor & 0xFFFFFF);
+    }
+
+    std::vector<uint32_t> pixels = std::vector<uint32_t>(gridWidth * gridHeight);
+    Picture picture{gridWidth, gridHeight, pixels.data()};
+};
+
+bool isOn(int x, int y) { return x >= 0 && y >= 0 && x < gridWidth && y < gridHeight; }
+
+TEST(SurfaceContract, BitBltCombinesAndClips) {
+    constexpr uint32_t unknown = 0x550009;
+    struct {
+        const char* what;
+        int x, y, width, height, sourceX, sourceY;
+    } const rects[] = {
+        {"whole", 0, 0, gridWidth, gridHeight, 0, 0},
+        {"inside", 2, 1, 3, 2, 4, 3},
+        {"over the left", -3, 0, 5, 5, 0, 0},
+        {"over the top", 0, -2, 5, 5, 1, 0},
+        {"over the right", 6, 0, 5, 5, 0, 0},
+        {"over the bottom", 0, 4, 5, 5, 0, 0},
+        {"before the source", 1, 1, 6, 5, -2, -3},
+        {"beyond the source", 0, 0, 8, 6, 5, 4},
+        {"beside", 8, 0, 3, 3, 0, 0},
+        {"above", 0, -9, 3, 3, 0, 0},
+        {"nothing", 3, 3, 0, 3, 0, 0},
+        {"less than nothing", 3, 3, -2, -2, 0, 0},
+        {"too large", -50, -50, 100, 100, -50, -50},
+    };
+    const Grid under(0x10305), over(0x5070B);
+    const Surface source(over.picture), before(under.picture);
+    for (const auto& r : rects) {
+        for (const uint32_t operation : {SRCCOPY, SRCAND, SRCPAINT, unknown}) {
+            Surface surface(under.picture);
+            BitBlt(surface, r.x, r.y, r.width, r.height, source, r.sourceX, r.sourceY, operation);
+            for (int y = 0; y < gridHeight; ++y) {
+                for (int x = 0; x < gridWidth; ++x) {
+                    const int fromX = r.sourceX + x - r.x, fromY = r.sourceY + y - r.y;
+                    const bool hit = x >= r.x && x < r.x + r.width && y >= r.y && y < r.y + r.height;
+                    const Color old = before.point(x, y), from = source.point(fromX, fromY);
+                    Color expected = old;
+                    if (hit && isOn(fromX, fromY) && operation == SRCCOPY) expected = from;
+                    if (hit && isOn(fromX, fromY) && operation == SRCAND) expected = old & from;
+                    if (hit && isOn(fromX, fromY) && operation == SRCPAINT) expected = old | from;
+                    ASSERT_EQ(surface.point(x, y), expected) << r.what << " at " << x << ", " << y;
+                }
+            }
+        }
+    }
+}
+
+TEST(SurfaceContract, ClearGivesTheBackgroundBack) {
+    const Grid grid(0x10305);
+    const Surface original(grid.picture), black(gridWidth, gridHeight);
+    Surface surface(grid.picture);
+    BitBlt(surface, 1, 1, 4, 4, black, 0, 0, SRCCOPY);
+    surface.setBackColor(0xC08040);
+    EXPECT_EQ(surface.point(2, 2), 0U);
+    surface.clear();
+    EXPECT_EQ(surface.point(2, 2), original.point(2, 2));
+    surface.resize(gridWidth + 2, gridHeight - 1);
+    EXPECT_EQ(surface.point(2, 2), original.point(2, 2));
+    EXPECT_EQ(surface.point(gridWidth, 0), 0xC08040U) << "beside the background lies the back colour";
+    EXPECT_EQ(surface.point(0, gridHeight - 1), 0U) << "outside";
+}
+
+/// The bounds of what a text has changed on a white surface, and how many pixels.
+struct Ink {
+    int left = 1000, top = 1000, count = 0;
+    bool onlyRed = true;
+};
+
+Ink printed(const Font& font, const std::string& text, int x, int y) {
+    const std::vector<uint32_t> white(120 * 60, 0xFFFFFFFF);
+    Surface surface(Picture{120, 60, white.data()});
+    surface.font = font;
+    surface.foreColor = 0x0000FF;
+    surface.currentX = x;
+    surface.currentY = y;
+    surface.print(text);
+    Ink ink;
+    for (int row = 0; row < surface.height(); ++row) {
+        for (int column = 0; column < surface.width(); ++column) {
+            const Color color = surface.point(column, row);
+            if (color == 0xFFFFFF) continue;
+            ink.left = std::min(ink.left, column);
+            ink.top = std::min(ink.top, row);
+            ++ink.count;
+            ink.onlyRed = ink.onlyRed && (color & 0xFF) == 0xFF;
+        }
+    }
+    return ink;
+}
+
+int widthOf(const Font& font, const std::string& text) {
+    Surface surface;
+    surface.font = font;
+    return surface.textWidth(text);
+}
+
+TEST(SurfaceContract, TextStartsAtItsPlaceInItsFont) {
+    driver::begin();
+    for (const char* name : {"Times New Roman", "Courier New", "Wonton ICG", "No Such Font"}) {
+        const Font plain{name, 12, false}, bold{name, 12, true}, large{name, 24, false};
+        const Ink ink = printed(plain, "HE", 20, 15);
+        EXPECT_GT(ink.count, 20) << name;
+        EXPECT_GE(ink.left, 19) << name;
+        EXPECT_LT(ink.left, 26) << name;
+        EXPECT_GE(ink.top, 15) << name;
+        EXPECT_LT(ink.top, 26) << name;
+        EXPECT_TRUE(ink.onlyRed) << name << " in another colour";
+        EXPECT_GT(printed(bold, "HE", 20, 15).count, ink.count) << name << " bold";
+        EXPECT_EQ(printed(plain, "", 20, 15).count, 0) << name;
+        EXPECT_LT(widthOf(plain, "i"), widthOf(plain, "iW")) << name;
+        EXPECT_LT(widthOf(plain, "iW"), widthOf(large, "iW")) << name;
+        EXPECT_EQ(widthOf(plain, ""), 0) << name;
+        EXPECT_LT(widthOf(plain, "\u00E9"), widthOf(plain, "ee")) << name << ": one letter of two bytes";
+    }
+    const Font typewriter{"Courier New", 14, false};
+    EXPECT_EQ(widthOf(typewriter, "iiii"), widthOf(typewriter, "WWWW"));
+}
+
+TEST(SurfaceContract, TextIsCutToItsSurface) {
+    driver::begin();
+    const Font font{"Times New Roman", 24, true};
+    struct {
+        int x, y;
+        bool seen;
+    } const rows[] = {{-10, -8, true}, {110, 40, true}, {200, 10, false}, {10, -200, false}, {-2000, 10, false}};
+    for (const auto& row : rows) EXPECT_EQ(printed(font, "Wonton", row.x, row.y).count > 0, row.seen) << row.x;
+}
+
+}  // namespace
