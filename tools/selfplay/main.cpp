@@ -1,0 +1,177 @@
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <limits>
+#include <optional>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+
+#include "platform/sim/desktop.h"
+#include "scoring/scoringItems.h"
+#include "tools/selfplay/album.h"
+#include "tools/selfplay/session.h"
+
+namespace {
+
+constexpr const char* usage =
+    "Usage: velmora_selfplay [--seed N] [--hands N | --matches N] [--rounds N] [--level N]\n"
+    "                        [--pictures FOLDER] [--no-pictures] [--no-referee] [--log FILE]\n"
+    "  --seed N           play the game that belongs to this number again\n"
+    "  --hands N          play that many hands\n"
+    "  --matches N        play that many matches (1)\n"
+    "  --rounds N         rounds of a match, 1 to 100 (1)\n"
+    "  --level N          1 Easy to 5 Super Hard (1)\n"
+    "  --pictures FOLDER  save pictures of the table there\n"
+    "  --no-pictures      draw nothing, which is fast and the default\n"
+    "  --no-referee       don't check the game after every event\n"
+    "  --log FILE         write down everything that a player would notice\n";
+
+constexpr int tellAllHands = 20;   // each hand has a line of its own up to here
+constexpr int tellAllMatches = 3;  // and up to here
+
+struct Options {
+    uint32_t seed = static_cast<uint32_t>(std::chrono::system_clock::now().time_since_epoch().count());
+    int hands = 0;    // 0: as many as the matches have
+    int matches = 0;  // 0: as many as the hands take
+    int rounds = 1;
+    int level = 1;
+    std::string pictures;  // the folder; empty for none
+    bool referee = true;
+    std::string log;  // the file; empty for none
+};
+
+/// What was asked for can't be done as it was written.
+struct BadArguments : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+template <class Number>
+Number numberFrom(const std::string& option, const std::string& text, Number least, Number most) {
+    std::istringstream in(text);
+    int64_t value = 0;
+    if (!(in >> value) || !in.eof() || value < int64_t{least} || value > int64_t{most})
+        throw BadArguments(option + " takes a number from " + std::to_string(least) + " to " + std::to_string(most) +
+                           ", not \"" + text + "\".");
+    return static_cast<Number>(value);
+}
+
+struct OptionRow {
+    const char* name;
+    void (*set)(Options& options, const std::string& name, const std::string& value);
+    bool takesValue = true;
+};
+
+constexpr int many = 1'000'000'000;
+
+constexpr OptionRow optionRows[] = {
+    {"--seed",
+     [](Options& o, const std::string& name, const std::string& value) {
+         o.seed = numberFrom<uint32_t>(name, value, 0, std::numeric_limits<uint32_t>::max());
+     }},
+    {"--hands", [](Options& o, const std::string& name,
+                   const std::string& value) { o.hands = numberFrom<int>(name, value, 1, many); }},
+    {"--matches", [](Options& o, const std::string& name,
+                     const std::string& value) { o.matches = numberFrom<int>(name, value, 1, many); }},
+    {"--rounds", [](Options& o, const std::string& name,
+                    const std::string& value) { o.rounds = numberFrom<int>(name, value, 1, 100); }},
+    {"--level", [](Options& o, const std::string& name,
+                   const std::string& value) { o.level = numberFrom<int>(name, value, 1, levelCount); }},
+    {"--pictures", [](Options& o, const std::string&, const std::string& value) { o.pictures = value; }},
+    {"--no-pictures", [](Options& o, const std::string&, const std::string&) { o.pictures.clear(); }, false},
+    {"--no-referee", [](Options& o, const std::string&, const std::string&) { o.referee = false; }, false},
+    {"--log", [](Options& o, const std::string&, const std::string& value) { o.log = value; }},
+};
+
+Options optionsFrom(int count, char** arguments) {
+    Options options;
+    for (int i = 1; i < count; ++i) {
+        const std::string name = arguments[i];
+        const auto* row = std::find_if(std::begin(optionRows), std::end(optionRows),
+                                       [&](const OptionRow& candidate) { return name == candidate.name; });
+        if (row == std::end(optionRows)) throw BadArguments("There is no option \"" + name + "\".");
+        if (row->takesValue && i + 1 == count) throw BadArguments(name + " needs a value behind it.");
+        row->set(options, name, row->takesValue ? arguments[++i] : "");
+    }
+    if (options.hands > 0 && options.matches > 0) throw BadArguments("Choose either --hands or --matches.");
+    if (options.hands == 0 && options.matches == 0) options.matches = 1;
+    return options;
+}
+
+int doublesOf(const std::string& item) {
+    for (const ScoringItemRow& row : scoringItems)
+        if (item == row.text) return row.doubles;
+    return 0;
+}
+
+void tell(int number, const selfplay::HandReport& hand) {
+    std::cout << "Hand " << number << ": " << (hand.won ? "won" : "lost") << " after " << hand.tiles << " tiles, "
+              << (hand.handTiles + setTiles - 1) / setTiles << " sets";
+    std::istringstream items(hand.items);
+    const char* before = ": ";
+    for (std::string item; std::getline(items, item, ','); before = ", ")
+        std::cout << before << item << " (" << doublesOf(item) << ")";
+    if (hand.won) std::cout << "; doubles " << hand.doubles << ", points " << hand.points;
+    std::cout << "; score " << hand.score << "\n";
+}
+
+void summarize(const selfplay::Session& session, int matches, double seconds) {
+    std::printf("Hands played: %d, won: %d (%.1f%%), points of won hands: %lld, matches: %d, hands a second: %.0f\n",
+                session.hands(), session.won(), 100.0 * session.won() / session.hands(),
+                static_cast<long long>(session.points()), matches, session.hands() / seconds);
+}
+
+/// Plays until there are enough matches or hands; the number of matches played to their end.
+int playAll(selfplay::Session& session, const Options& options) {
+    int matches = 0;
+    const auto wanted = [&] { return options.hands > 0 ? session.hands() < options.hands : matches < options.matches; };
+    while (wanted()) matches += session.playMatch(options.hands > 0 ? options.hands - session.hands() : many) ? 1 : 0;
+    return matches;
+}
+
+void run(const Options& options) {
+    platform::Surface::keepsPixels = !options.pictures.empty();
+    std::optional<selfplay::Album> album;
+    if (!options.pictures.empty()) album.emplace(options.pictures);
+    std::ofstream log;
+    if (!options.log.empty()) {
+        log.open(options.log);
+        if (!log) throw std::runtime_error("Can't write the log to " + options.log);
+    }
+
+    std::cout << "Seed " << options.seed << ", Level " << options.level << ", rounds of a match: " << options.rounds
+              << std::endl;
+    const auto start = std::chrono::steady_clock::now();
+    selfplay::Session session(options.seed, options.referee);
+    if (log.is_open()) sim::setLog([&](const std::string& line) { log << line << '\n'; });
+    if (album) session.onLook = [&] { album->look(); };
+    if (options.hands > 0 ? options.hands <= tellAllHands : options.matches <= tellAllMatches)
+        session.onHand = [&](const selfplay::HandReport& hand) { tell(session.hands(), hand); };
+    session.setLevel(options.level);
+    session.setRounds(options.rounds);
+    const int matches = playAll(session, options);
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+    summarize(session, matches, passed.count());
+    if (album)
+        for (const std::string& path : album->saved()) std::cout << "Saved " << path << "\n";
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    try {
+        run(optionsFrom(count, arguments));
+        return 0;
+    } catch (const BadArguments& error) {
+        std::cerr << error.what() << "\n" << usage;
+        return 2;
+    } catch (const std::logic_error& error) {
+        std::cerr << "The referee objects: " << error.what() << "\n";
+        return 1;
+    } catch (const std::exception& error) {
+        std::cerr << "Play had to stop: " << error.what() << "\n";
+        return 1;
+    }
+}

@@ -1,0 +1,75 @@
+#include "tools/selfplay/session.h"
+
+#include <stdexcept>
+
+#include "match/frmChooseSeat.h"
+#include "match/frmGameSummary.h"
+#include "match/frmRoundsSetting.h"
+#include "platform/sim/desktop.h"
+#include "play/frmChooseTiles.h"
+#include "presentation/frmBitmaps.h"
+#include "scoring/frmBreakDown.h"
+#include "toolkit/modScreen.h"
+
+namespace selfplay {
+
+Session::Session(uint32_t seed, bool refereed) : player_(seed) {
+    sim::switchOn(seed);
+    game_ = gfrmMain.hold();
+    game_->form.show();
+    if (refereed) referee_.emplace(*game_);
+    sim::setHands([this] {
+        watch();
+        if (onLook) onLook();
+        player_.act();
+    });
+}
+
+Session::~Session() {
+    sim::setHands({});
+    game_.reset();
+    gsClearObjects(gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary, gfrmRoundsSetting, gfrmBitmaps,
+                   gfrmMain);
+}
+
+bool Session::playMatch(int mostHands) {
+    const int enough = hands_ + mostHands;
+    player_.startMatch();
+    gamesSeen_ = 0;
+    watch();
+    while (game_->mblnGameRunning && hands_ < enough && !objection_) {
+        if (!sim::step()) throw std::logic_error("the game stands still");
+        watch();
+    }
+    if (objection_) std::rethrow_exception(objection_);
+    return !game_->mblnGameRunning;
+}
+
+/// Keeps the report on the hand in play up to date, and lets the referee look.
+void Session::watch() {
+    if (game_->mintGamesPlayed == gamesSeen_ + 1) endHand();
+    hand_.tiles = game_->mintTilesDropped;
+    hand_.handTiles = game_->mintHandCount;
+    hand_.items = gstrScoreDesc;
+    hand_.doubles = game_->mintDoubles;
+    hand_.points = glngHandPoints;
+    if (!referee_ || objection_) return;
+    try {
+        referee_->check();
+    } catch (const std::logic_error&) {
+        objection_ = std::current_exception();
+    }
+}
+
+/// The hand is over, and as a rule the next one has begun: the report is that of the last look.
+void Session::endHand() {
+    gamesSeen_ = game_->mintGamesPlayed;
+    hand_.won = hand_.handTiles == handTiles;
+    hand_.score = game_->mlngScore;
+    ++hands_;
+    if (hand_.won) ++won_;
+    points_ += hand_.points;
+    if (onHand) onHand(hand_);
+}
+
+}  // namespace selfplay

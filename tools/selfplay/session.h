@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "frmMain.h"
+#include "tools/selfplay/player.h"
+#include "tools/selfplay/referee.h"
+
+namespace selfplay {
+
+/// A hand as it ended.
+struct HandReport {
+    bool won = false;
+    int tiles = 0;      ///< Fallen.
+    int handTiles = 0;  ///< Taken, without flowers and seasons.
+    std::string items;  ///< Joined by commas; empty for a lost hand.
+    int doubles = 0;
+    int32_t points = 0;  ///< Of the won hand, without those of its sets.
+    int32_t score = 0;   ///< Of the match so far.
+};
+
+/// The game on a fresh simulated desktop, with the built-in player at the keys. One at a time.
+class Session {
+  public:
+    Session(uint32_t seed, bool refereed);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    std::function<void()> onLook;                        ///< Whenever the player is about to look at the table.
+    std::function<void(const HandReport& hand)> onHand;  ///< Whenever a hand has ended.
+
+    void setLevel(int level) { player_.setLevel(level); }
+    void setRounds(int rounds) { player_.setRounds(rounds); }
+
+    /// Plays from Start Anew until the match has ended and its summary is closed, or until no more hands than that have
+    /// ended; true if the match is over. Throws std::logic_error if the referee objects or the game stands still.
+    bool playMatch(int mostHands);
+
+    int hands() const { return hands_; }        ///< Ended so far.
+    int won() const { return won_; }            ///< Of those.
+    int64_t points() const { return points_; }  ///< Of won hands, without those of their sets.
+
+  private:
+    void watch();
+    void endHand();
+
+    std::shared_ptr<frmMain> game_;
+    Player player_;
+    std::optional<Referee> referee_;
+    std::exception_ptr objection_;  ///< Raised inside an event, where the game would take it for its own failure.
+    HandReport hand_;               ///< The one in play.
+    int gamesSeen_ = 0;
+    int hands_ = 0;
+    int won_ = 0;
+    int64_t points_ = 0;
+};
+
+}  // namespace selfplay
