@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "materials.h"
+#include "tileRosette.h"
+#include "tileSprites.h"
+
 namespace {
 
 /// The colours of a tile's body: the front from its lit to its shaded corner, and its thin edges.
@@ -14,24 +18,37 @@ struct Material {
 constexpr Material ivory = {0xFFFFFDF4, 0xFFF3E8CC, 0xFFFFFFFF, 0xFFB9A273};
 constexpr Material lacquer = {0xFF2A4C8E, 0xFF14264E, 0xFF6C8CCB, 0xFF0A142C};
 
+/// What lies on a back: a trellis of pale threads in a gilt rim, a corner piece in each corner, a lotus in the middle.
+constexpr QRect rim(0, 0, faceWidth, faceHeight);
+constexpr QRgb trellis = 0xFF36609E;
+constexpr int mesh = 6;
+constexpr int cornerSize = 5;
+constexpr Sprite backCorner =
+    "yyyyy\n"
+    "yYYY.\n"
+    "yYy..\n"
+    "yY...\n"
+    "y....";
+constexpr std::array lotus = {
+    Ring{9.6, 'B', 'B', 0, 0},   Ring{8.8, 'Y', 'Y', 0, 0}, Ring{8.1, 'B', 'y', 8, 0.8}, Ring{5.2, 'B', 'B', 0, 0},
+    Ring{4.5, 'Y', 'r', 8, 0.7}, Ring{2.4, 'y', 'y', 0, 0}, Ring{1.0, 'w', 'w', 0, 0},
+};
+
 /// The bamboo of a side, from the front outward; its far line doubles as the tile's edge.
 using Side = std::array<QRgb, 3>;
 constexpr Side sideInShade = {0xFFB9975A, 0xFF97733A, 0xFF5C4220};
 constexpr Side sideInLight = {0xFFD2AE6A, 0xFFC09850, 0xFF866430};
 constexpr Side sideBelow = {0xFFA68048, 0xFF523A1C, 0xFF523A1C};
 
+/// The lines where a side shows the joints of its cane, and how much darker they are.
+constexpr double jointShade = 0.35;
 constexpr std::array bambooJoints = {12, 26};
-
-QRgb mix(QRgb from, QRgb to, double share) {
-    const auto blend = [share](int a, int b) { return static_cast<int>(std::lround(a + (b - a) * share)); };
-    return qRgb(blend(qRed(from), qRed(to)), blend(qGreen(from), qGreen(to)), blend(qBlue(from), qBlue(to)));
-}
 
 QRgb frontColour(const Material& material, const QRect& front, int x, int y) {
     if (x == front.right() || y == front.bottom()) return material.edgeShaded;
     if (x == front.left() || y == front.top()) return material.edgeLit;
     const double fall = static_cast<double>(x - front.left()) / front.width() + static_cast<double>(y) / front.height();
-    return mix(material.lit, material.shaded, fall / 2);
+    return materials::mix(material.lit, material.shaded, fall / 2);
 }
 
 QRgb sideColour(const QRect& front, int x, int y) {
@@ -40,7 +57,34 @@ QRgb sideColour(const QRect& front, int x, int y) {
     if (below >= beside) return sideBelow[below - 1];
     const Side& side = x < front.left() ? sideInLight : sideInShade;
     const bool joint = std::ranges::find(bambooJoints, y - beside) != bambooJoints.end();
-    return joint ? mix(side[beside - 1], qRgb(0, 0, 0), 0.35) : side[beside - 1];
+    return joint ? materials::mix(side[beside - 1], qRgb(0, 0, 0), jointShade) : side[beside - 1];
+}
+
+/// Fine diagonal threads of paler lacquer with a speck of gilt wherever two of them cross.
+void paintTrellis(QPainter& painter) {
+    for (int y = 0; y < faceHeight; ++y)
+        for (int x = 0; x < faceWidth; ++x) {
+            const bool falling = (x - rim.center().x() - y + rim.center().y()) % mesh == 0;
+            const bool rising = (x - rim.center().x() + y - rim.center().y()) % mesh == 0;
+            if (falling || rising)
+                painter.fillRect(x, y, 1, 1, QColor::fromRgb(falling && rising ? materials::gilt : trellis));
+        }
+}
+
+void paintRim(QPainter& painter) {
+    painter.setPen(QColor::fromRgb(materials::gilt));
+    painter.drawRect(rim.adjusted(0, 0, -1, -1));
+    painter.setPen(QColor::fromRgb(lacquer.edgeShaded));
+    painter.drawRect(rim.adjusted(1, 1, -2, -2));
+}
+
+void paintCorners(QPainter& painter) {
+    const QRect inside = rim.adjusted(1, 1, -cornerSize - 1, -cornerSize - 1);
+    for (const bool right : {false, true})
+        for (const bool low : {false, true})
+            paintSprite(painter, right ? inside.x() + inside.width() : inside.x(),
+                        low ? inside.y() + inside.height() : inside.y(), backCorner, {}, {},
+                        {.leftRight = right, .upsideDown = low});
 }
 
 void paintBody(QPainter& painter, const TileView& view, const Material& material) {
@@ -56,21 +100,23 @@ void paintBody(QPainter& painter, const TileView& view, const Material& material
 }  // namespace
 
 bool TileView::covers(int x, int y) const {
-    const auto cut = [](const CornerCut& top, const CornerCut& bottom, int line) {
-        if (line < 3) return top[line];
-        const int fromBottom = tileHeight - 1 - line;
-        return fromBottom < 3 ? bottom[fromBottom] : 0;
+    const auto cut = [y](const CornerCut& top, const CornerCut& bottom) {
+        constexpr int lines = std::tuple_size_v<CornerCut>;
+        const int fromBottom = tileHeight - 1 - y;
+        return y < lines ? top[y] : fromBottom < lines ? bottom[fromBottom] : 0;
     };
-    return x >= cut(topLeft, bottomLeft, y) && x < tileWidth - cut(topRight, bottomRight, y);
+    return x >= cut(topLeft, bottomLeft) && x < tileWidth - cut(topRight, bottomRight);
 }
 
 void paintIvory(QPainter& painter, const TileView& view) { paintBody(painter, view, ivory); }
 
 void paintBack(QPainter& painter, const TileView& view) {
     paintBody(painter, view, lacquer);
-    const QRect frame(view.face, QSize(faceWidth, faceHeight));
-    painter.setPen(QColor(0xD9, 0xB0, 0x55));
-    painter.drawRect(frame.adjusted(1, 1, -2, -2));
+    painter.translate(view.face);
+    paintTrellis(painter);
+    paintRim(painter);
+    paintCorners(painter);
+    paintRosette(painter, rim.center(), lotus);
 }
 
 void paintTileMask(QPainter& painter, const TileView& view) {

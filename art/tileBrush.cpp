@@ -11,7 +11,7 @@ namespace {
 constexpr const char* brushFace = "AR PL UKai TW";
 constexpr int drawnSize = 400;
 constexpr int fineness = 8;
-constexpr double sharpness = 1.6;
+constexpr double sharpness = 2.4;
 
 QPainterPath outlineOf(char32_t character, double weight) {
     QFont font(brushFace);

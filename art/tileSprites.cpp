@@ -69,8 +69,8 @@ void paintSprite(QPainter& painter, int x, int y, Sprite sprite, std::string_vie
     walk(sprite, [&](int column, int row, char letter) {
         const size_t swap = from.find(letter);
         const char painted = swap == std::string_view::npos ? letter : to[swap];
-        if (turn == Turn::leftRight) column = width - 1 - column;
-        if (turn == Turn::upsideDown) row = height - 1 - row;
+        if (turn.leftRight) column = width - 1 - column;
+        if (turn.upsideDown) row = height - 1 - row;
         if (const QRgb colour = paletteColour(painted)) dot(painter, x + column, y + row, colour);
     });
 }

@@ -1,10 +1,9 @@
 #include <array>
-#include <cmath>
-#include <numbers>
 #include <span>
 
 #include "tileBrush.h"
 #include "tileFaces.h"
+#include "tileRosette.h"
 #include "tileSprites.h"
 
 namespace {
@@ -16,49 +15,49 @@ constexpr std::string_view green = "Ggl";
 constexpr std::string_view blue = "Bbc";
 
 constexpr Sprite disc7 =
-    "..mmm..\n"
-    ".mwwwm.\n"
-    "mwDDDwm\n"
-    "mwDlDwm\n"
-    "mwDDDwm\n"
-    ".mwwwm.\n"
-    "..mmm..";
+    "..lmm..\n"
+    ".lmmmm.\n"
+    "lmwwwmm\n"
+    "mmwDwmm\n"
+    "mmwwwmD\n"
+    ".mmmmD.\n"
+    "..mDD..";
 constexpr Sprite disc9 =
-    "..mmmmm..\n"
-    ".mmwwwmm.\n"
-    "mmwwwwwmm\n"
-    "mwwDDDwwm\n"
-    "mwwDlDwwm\n"
-    "mwwDDDwwm\n"
-    "mmwwwwwmm\n"
-    ".mmwwwmm.\n"
-    "..mmmmm..";
+    "..lmmmm..\n"
+    ".lmmmmmm.\n"
+    "lmmwwwmmm\n"
+    "mmwwDwwmm\n"
+    "mmwDlDwmm\n"
+    "mmwwDwwmD\n"
+    "mmmwwwmmD\n"
+    ".mmmmmmD.\n"
+    "..mmDDD..";
 constexpr Sprite disc11 =
-    "...mmmmm...\n"
-    "..mmmmmmm..\n"
-    ".mmwwwwwmm.\n"
-    "mmwwwwwwwmm\n"
+    "...lmmmm...\n"
+    ".llmmmmmmm.\n"
+    ".lmmwwwmmm.\n"
+    "lmmwwDwwmmm\n"
     "mmwwDDDwwmm\n"
-    "mmwwDlDwwmm\n"
-    "mmwwDDDwwmm\n"
-    "mmwwwwwwwmm\n"
-    ".mmwwwwwmm.\n"
-    "..mmmmmmm..\n"
-    "...mmmmm...";
+    "mmwDDlDDwmm\n"
+    "mmwwDDDwwmD\n"
+    "mmmwwDwwmmD\n"
+    ".mmmwwwmmD.\n"
+    ".mmmmmmmDD.\n"
+    "...mmDDD...";
 constexpr Sprite disc13 =
-    "....mmmmm....\n"
-    "..mmmmmmmmm..\n"
-    ".mmmwwwwwmmm.\n"
-    ".mmwwwDwwwmm.\n"
-    "mmwwDDDDDwwmm\n"
-    "mmwwDlllDwwmm\n"
-    "mmwDDlllDDwmm\n"
-    "mmwwDlllDwwmm\n"
-    "mmwwDDDDDwwmm\n"
-    ".mmwwwDwwwmm.\n"
-    ".mmmwwwwwmmm.\n"
-    "..mmmmmmmmm..\n"
-    "....mmmmm....";
+    "....lllmm....\n"
+    "..llmmmmmmm..\n"
+    ".lmmmwwwmmmm.\n"
+    ".lmwwwDwwwmm.\n"
+    "lmmwDwDwDwmmm\n"
+    "lmwwwDDDwwwmm\n"
+    "mmwDDDlDDDwmm\n"
+    "mmwwwDDDwwwmD\n"
+    "mmmwDwDwDwmmD\n"
+    ".mmwwwDwwwmD.\n"
+    ".mmmmwwwmmmD.\n"
+    "..mmmmmmmDD..\n"
+    "....mmDDD....";
 
 struct Disc {
     int x, y;
@@ -70,10 +69,10 @@ constexpr std::array threeDiscs = {Disc{0, 7, blue}, Disc{8, 16, red}, Disc{16, 
 constexpr std::array fourDiscs = {Disc{0, 8, blue}, Disc{14, 8, green}, Disc{0, 23, green}, Disc{14, 23, blue}};
 constexpr std::array fiveDiscs = {Disc{0, 7, blue}, Disc{16, 7, green}, Disc{8, 16, red}, Disc{0, 25, green},
                                   Disc{16, 25, blue}};
-constexpr std::array sixDiscs = {Disc{5, 0, green}, Disc{15, 0, green}, Disc{5, 15, red},
-                                 Disc{15, 15, red}, Disc{5, 25, red},   Disc{15, 25, red}};
-constexpr std::array sevenDiscs = {Disc{0, 7, green}, Disc{9, 10, green}, Disc{18, 13, green}, Disc{3, 21, red},
-                                   Disc{15, 21, red}, Disc{3, 28, red},   Disc{15, 28, red}};
+constexpr std::array sixDiscs = {Disc{5, 0, green}, Disc{15, 0, green}, Disc{5, 14, red},
+                                 Disc{15, 14, red}, Disc{5, 25, red},   Disc{15, 25, red}};
+constexpr std::array sevenDiscs = {Disc{0, 7, green}, Disc{9, 9, green}, Disc{18, 11, green}, Disc{4, 19, red},
+                                   Disc{14, 19, red}, Disc{4, 27, red},  Disc{14, 27, red}};
 constexpr std::array eightDiscs = {Disc{6, 0, blue},  Disc{16, 0, blue},  Disc{6, 9, blue},  Disc{16, 9, blue},
                                    Disc{6, 18, blue}, Disc{16, 18, blue}, Disc{6, 27, blue}, Disc{16, 27, blue}};
 constexpr std::array nineDiscs = {Disc{0, 7, blue},   Disc{9, 7, blue},   Disc{18, 7, blue},
@@ -97,38 +96,12 @@ constexpr std::array<Circles, 9> circles = {{
     {disc7, nineDiscs},
 }};
 
-/// The wheel of the single circle: rings from the rim inward, each with its petals standing out on ivory.
-struct Ring {
-    double outer;
-    char plain, petal;
-    int petals;
-};
+/// The wheel of the single circle.
 constexpr std::array wheel = {
-    Ring{12.4, 'B', 'B', 0}, Ring{11.5, 'b', 'b', 0}, Ring{10.2, 'w', 'w', 0}, Ring{9.4, 'w', 'g', 12},
-    Ring{6.4, 'w', 'w', 0},  Ring{5.6, 'r', 'R', 8},  Ring{2.6, 'y', 'y', 0},
+    Ring{12.5, 'B', 'B', 0, 0}, Ring{11.4, 'b', 'b', 0, 0}, Ring{10.4, 'w', 'w', 0, 0}, Ring{9.5, 'w', 'g', 8, 0.8},
+    Ring{6.3, 'w', 'w', 0, 0},  Ring{5.4, 'r', 'r', 0, 0},  Ring{3.6, 'y', 'y', 0, 0},  Ring{2.3, 'R', 'R', 0, 0},
 };
-constexpr QPoint wheelCentre(12, 20);
-constexpr int wheelFineness = 6;
-
-QRgb wheelColour(double dx, double dy) {
-    const double radius = std::hypot(dx, dy);
-    const double turn = std::atan2(dy, dx) / (2 * std::numbers::pi);
-    QRgb colour = 0;
-    for (const Ring& ring : wheel)
-        if (radius < ring.outer)
-            colour = paletteColour(std::cos(2 * std::numbers::pi * ring.petals * turn) > 0.1 ? ring.petal : ring.plain);
-    return colour;
-}
-
-void paintWheel(QPainter& painter) {
-    constexpr int half = 12 * wheelFineness + wheelFineness / 2;
-    QImage fine(2 * half, 2 * half, QImage::Format_ARGB32);
-    for (int y = 0; y < 2 * half; ++y)
-        for (int x = 0; x < 2 * half; ++x)
-            fine.setPixel(x, y, wheelColour((x - half + 0.5) / wheelFineness, (y - half + 0.5) / wheelFineness));
-    const QImage image = fine.scaled(25, 25, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    painter.drawImage(wheelCentre - QPoint(12, 12), image);
-}
+constexpr QPoint wheelCentre(12, 21);
 
 struct Stick {
     int x, y, height;
@@ -176,19 +149,32 @@ void paintStick(QPainter& painter, const Stick& stick) {
     }
 }
 
-/// One half of the eight: two upright canes and two that lean together, an M; upside down a W.
-void paintLeaningSticks(QPainter& painter, int top, bool upsideDown, std::string_view colour) {
-    constexpr int height = 13;
-    constexpr int lean = 4;
-    for (int row = 0; row < height; ++row) {
-        const int line = top + (upsideDown ? height - 1 - row : row);
-        const bool knot = row % (height / 2) == 0;
-        const Sprite part = knot ? "DmD\n" : "lmD\n";
-        const int shift = (row * lean + height / 2) / (height - 1);
-        for (const int x : {0, 4 + shift, 16 - shift, 20}) paintSprite(painter, 1 + x, line, part, tones, colour);
+/// Half of the eight, two upright canes and two that lean together: an M above, upside down a W below.
+struct Leaning {
+    int top;
+    bool upsideDown;
+    std::string_view colour;
+};
+constexpr std::array leaningHalves = {Leaning{7, false, green}, Leaning{22, true, blue}};
+constexpr int leaningHeight = 13;
+constexpr int lean = 4;
+constexpr int leaningCanes[] = {1, 5, 17, 21};
+constexpr int leaningWays[] = {0, 1, -1, 0};
+constexpr Sprite leaningKnot = "DmD\n";
+constexpr Sprite leaningCane = "lmD\n";
+
+void paintLeaning(QPainter& painter, const Leaning& half) {
+    for (int row = 0; row < leaningHeight; ++row) {
+        const int line = half.top + (half.upsideDown ? leaningHeight - 1 - row : row);
+        const bool knot = row % (leaningHeight / 2) == 0;
+        const int shift = (row * lean + leaningHeight / 2) / (leaningHeight - 1);
+        for (size_t cane = 0; cane < std::size(leaningCanes); ++cane)
+            paintSprite(painter, leaningCanes[cane] + leaningWays[cane] * shift, line, knot ? leaningKnot : leaningCane,
+                        tones, half.colour);
     }
 }
 
+constexpr QPoint birdPlace(1, 10);
 constexpr Sprite bird =
     "......rr...............\n"
     ".....rrr...............\n"
@@ -223,8 +209,25 @@ constexpr std::array numerals = {
     Numeral{U'四', QRect(6, 2, 17, 14)}, Numeral{U'五', QRect(6, 1, 18, 15)}, Numeral{U'六', QRect(6, 1, 18, 15)},
     Numeral{U'七', QRect(6, 1, 18, 15)}, Numeral{U'八', QRect(5, 2, 19, 14)}, Numeral{U'九', QRect(6, 1, 18, 15)},
 };
-constexpr char32_t tenThousand = U'萬';
-constexpr QRect tenThousandBox(3, 18, 19, 17);
+constexpr QPoint tenThousandPlace(3, 18);
+constexpr Sprite tenThousand =
+    ".....rr.....rr.....\n"
+    "rrrrrrrrrrrrrrrrrrr\n"
+    ".....rr.....rr.....\n"
+    ".....rr.....r......\n"
+    "...rrrrrrrrrrrrr...\n"
+    "...rr....r....rr...\n"
+    "...rrrrrrrrrrrrr...\n"
+    "...rr....r....rr...\n"
+    "...rrrrrrrrrrrrr...\n"
+    ".........rr........\n"
+    ".rrrrrrrrrrrrrrrrr.\n"
+    ".rr......rr.....rr.\n"
+    ".rr......rr.r...rr.\n"
+    ".rr..rrrrrrrrr..rr.\n"
+    ".rr..rrr....rr..rr.\n"
+    ".rr...........rrrr.\n"
+    ".r.............rr..";
 
 char digit(int number) { return static_cast<char>('0' + number); }
 
@@ -232,18 +235,16 @@ char digit(int number) { return static_cast<char>('0' + number); }
 
 void paintCircles(QPainter& painter, int number) {
     paintIndex(painter, 0, 0, digit(number), paletteColour('B'));
-    if (number == 1) return paintWheel(painter);
+    if (number == 1) return paintRosette(painter, wheelCentre, wheel);
     const Circles& face = circles[number - 1];
     for (const Disc& disc : face.places) paintSprite(painter, disc.x, disc.y, face.disc, tones, disc.colour);
 }
 
 void paintBamboo(QPainter& painter, int number) {
     paintIndex(painter, 0, 0, digit(number), paletteColour('G'));
-    if (number == 1) paintSprite(painter, 1, 10, bird);
-    if (number == 8) {
-        paintLeaningSticks(painter, 7, false, green);
-        paintLeaningSticks(painter, 21, true, blue);
-    }
+    if (number == 1) paintSprite(painter, birdPlace.x(), birdPlace.y(), bird);
+    if (number == 8)
+        for (const Leaning& half : leaningHalves) paintLeaning(painter, half);
     for (const Stick& stick : sticks[number - 1]) paintStick(painter, stick);
 }
 
@@ -251,5 +252,5 @@ void paintCharacters(QPainter& painter, int number) {
     paintIndex(painter, 0, 0, digit(number), paletteColour('R'));
     const Numeral& numeral = numerals[number - 1];
     paintBrush(painter, numeral.box, numeral.character, paletteColour('k'), 1.0);
-    paintBrush(painter, tenThousandBox, tenThousand, paletteColour('r'), 0.2);
+    paintSprite(painter, tenThousandPlace.x(), tenThousandPlace.y(), tenThousand);
 }

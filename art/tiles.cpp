@@ -36,6 +36,7 @@ void paintAllTiles(QPainter& painter) {
             paintColumn(painter, column++, [&](const TileView& view) {
                 paintIvory(painter, view);
                 painter.translate(view.face);
+                painter.setClipRect(0, 0, faceWidth, faceHeight);
                 family.paint(painter, number);
             });
 }

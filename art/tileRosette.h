@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QPainter>
+#include <span>
+
+/// One ring of a rosette: its outer radius in pixels, the palette letters between and on its petals, how many petals
+/// (0 for a plain ring) and the share of the ring that they cover.
+struct Ring {
+    double outer;
+    char between, petal;
+    int petals;
+    double cover;
+};
+
+/// Paints rings from the rim inward round the middle of a pixel; '.' between petals of the outermost ring is left
+/// clear.
+void paintRosette(QPainter& painter, QPoint centre, std::span<const Ring> rings);
