@@ -2,7 +2,6 @@
 
 #include <QImage>
 #include <QPainter>
-#include <QPainterPath>
 
 /// What everything on the table is made of. One lamp at the top left lights it all.
 namespace materials {

@@ -1,6 +1,7 @@
 #include "script.h"
 
 #include <QFont>
+#include <QFontInfo>
 
 namespace script {
 
@@ -12,6 +13,7 @@ QPainterPath outline(const QString& text, const QString& family, QFont::Weight w
     font.setPixelSize(drawnSize);
     font.setWeight(weight);
     font.setHintingPreference(QFont::PreferNoHinting);
+    if (QFontInfo(font).family() != family) qFatal("make_pictures: the font %s isn't installed", qPrintable(family));
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
     path.addText(0, 0, font, text);
