@@ -1,4 +1,5 @@
 #include <cmath>
+#include <utility>
 
 #include "materials.h"
 #include "pictures.h"
@@ -11,7 +12,6 @@ namespace {
 
 using namespace materials;
 
-constexpr QSize seen{795, 581};
 constexpr QRect frameOuter{QPoint{21, 44}, QPoint{330, 550}};
 constexpr QRect ground{QPoint{40, 63}, QPoint{309, 530}};
 constexpr int columnWidth = 30;
@@ -38,6 +38,7 @@ struct Label {
 };
 
 constexpr int labelLeft = 353;
+constexpr int labelRight = 794;
 constexpr Label labels[] = {
     {"Next Tile", 45, 68},             //
     {"Tiles In Possession", 99, 121},  //
@@ -61,6 +62,7 @@ QRgb matPixel(const QPointF& fromCentre) {
     constexpr double ringsAcross = 11, strandsAround = 120;
     const double x = fromCentre.x() / matRadii.width(), y = fromCentre.y() / matRadii.height();
     const double ring = std::hypot(x, y) * ringsAcross;
+    // Every second ring is turned by half a strand.
     const double twist = std::atan2(y, x) * strandsAround / 2 + (int(ring) % 2) * M_PI / 2;
     const double plait = 1 + 0.035 * std::sin(twist) * std::sin(ring * M_PI) - 0.03 * std::cos(ring * 2 * M_PI);
     const double light = 1 - 0.07 * (x + y) - 0.10 * soft(0.75, 1, ring / ringsAcross);
@@ -74,31 +76,43 @@ QImage plaitedMat(const QRect& area) {
     return image;
 }
 
-void paintRing(QPainter& painter, double inside, const QBrush& brush, double width) {
-    painter.setPen(QPen(brush, width));
-    painter.drawEllipse(QRectF(tableTop).center(), matRadii.width() - inside, matRadii.height() - inside);
+void paintOval(QPainter& painter, const QPointF& moved, double inside) {
+    painter.drawEllipse(QRectF(tableTop).center() + moved, matRadii.width() - inside, matRadii.height() - inside);
+}
+
+void paintMatShadow(QPainter& painter) {
+    constexpr QPointF thrown{3, 4};
+    constexpr int reach = 3;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0, 0, 0, 24));
+    for (int inside = -reach; inside <= reach; ++inside) paintOval(painter, thrown, inside);
+}
+
+/// A rim of lacquer with a gilt line inside it.
+void paintMatRim(QPainter& painter, const QRect& area) {
+    QLinearGradient lacquer(area.topLeft(), area.bottomRight());
+    lacquer.setColorAt(0.2, QColor::fromRgb(mix(lacquerRed, lacquerGloss, 0.35)));
+    lacquer.setColorAt(0.8, QColor::fromRgb(lit(lacquerRed, 0.6)));
+    const std::pair<double, QPen> lines[] = {
+        {2, QPen(lacquer, 4)}, {0.5, QColor::fromRgb(lacquerDeep)}, {4.5, QColor::fromRgb(gilt)}};
+    painter.setBrush(Qt::NoBrush);
+    for (const auto& [inside, pen] : lines) {
+        painter.setPen(pen);
+        paintOval(painter, {0, 0}, inside);
+    }
 }
 
 void paintMat(QPainter& painter) {
-    const QPoint corner(tableTop.center().x() + 1 - int(matRadii.width()),
-                        tableTop.center().y() + 1 - int(matRadii.height()));
-    const QRect area(corner, (matRadii * 2).toSize());
+    QRect area(QPoint(0, 0), (matRadii * 2).toSize());
+    area.moveCenter(tableTop.center());
     QBrush straws(plaitedMat(area));
     straws.setTransform(QTransform::fromTranslate(area.left(), area.top()));
-    QLinearGradient rim(area.topLeft(), area.bottomRight());
-    rim.setColorAt(0.2, QColor::fromRgb(mix(lacquerRed, lacquerGloss, 0.35)));
-    rim.setColorAt(0.8, QColor::fromRgb(lit(lacquerRed, 0.6)));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(3, 4);
-    painter.setBrush(QColor(0, 0, 0, 24));
-    for (int reach = 7; reach > 0; --reach) paintRing(painter, 4 - reach, Qt::transparent, 0);
-    painter.translate(-3, -4);
+    paintMatShadow(painter);
     painter.setBrush(straws);
-    paintRing(painter, 2, rim, 4);
-    painter.setBrush(Qt::NoBrush);
-    paintRing(painter, 0.5, QColor::fromRgb(lacquerDeep), 1);
-    paintRing(painter, 4.5, QColor::fromRgb(gilt), 1);
+    paintOval(painter, {0, 0}, 1);
+    paintMatRim(painter, area);
     painter.restore();
 }
 
@@ -114,7 +128,7 @@ void paintSeats(QPainter& painter) {
 void paintLabels(QPainter& painter) {
     const script::Ink ink{magentaBright, magenta, magentaDeep};
     for (const Label& label : labels) {
-        const QRect band(labelLeft, label.top, seen.width() - labelLeft, label.bottom - label.top + 1);
+        const QRect band(QPoint(labelLeft, label.top), QPoint(labelRight, label.bottom));
         script::paintInBand(painter, script::flowing(label.words, 40), band, ink);
     }
 }
