@@ -1,0 +1,264 @@
+// The real window, driven by keys and clicks as a person drives it.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+#include "frmMain.h"
+#include "match/frmChooseSeat.h"
+#include "match/frmGameSummary.h"
+#include "match/frmRoundsSetting.h"
+#include "platform/qt/application.h"
+#include "play/frmChooseTiles.h"
+#include "presentation/frmBitmaps.h"
+#include "scoring/frmBreakDown.h"
+#include "toolkit/modScreen.h"
+
+namespace {
+
+constexpr int longEnough = 10000;  // milliseconds that anything here may take at most
+
+void setUpApplication() {
+    static int argc = 1;
+    static char name[] = "velmora_window_tests";
+    static char* argv[] = {name, nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static const platform::Application application(argc, argv);
+}
+
+class Window : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        setUpApplication();
+        game = gfrmMain.hold();
+        game->form.show();
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (widget->isVisible() && widget->windowTitle() == "Velmora") window = widget;
+        ASSERT_NE(window, nullptr);
+    }
+
+    void TearDown() override {
+        game.reset();
+        gsClearObjects(gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary, gfrmRoundsSetting, gfrmBitmaps,
+                       gfrmMain);
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    /// Clicks the button with that tool-tip; returns when its command is done.
+    void click(const QString& toolTip) {
+        for (QWidget* widget : window->findChildren<QWidget*>())
+            if (widget->toolTip() == toolTip) return QTest::mouseClick(widget, Qt::LeftButton);
+        FAIL() << "no button says " << qPrintable(toolTip);
+    }
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(window, key, modifiers);
+    }
+
+    /// Does something as soon as the condition holds, also inside a dialog's own loop.
+    void once(std::function<bool()> condition, std::function<void()> action) {
+        auto* timer = new QTimer(window);
+        QObject::connect(timer, &QTimer::timeout, window, [=] {
+            if (!condition()) return;
+            timer->deleteLater();
+            timer->stop();
+            action();
+        });
+        timer->start(10);
+    }
+
+    bool waitFor(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, longEnough); }
+
+    void startMatch() {
+        once([] { return !gfrmChooseSeat.empty() && gfrmChooseSeat->form.loaded(); }, [this] { press(Qt::Key_Enter); });
+        click("Start Anew");
+        EXPECT_EQ(game->mintCurRow, noRow);
+    }
+
+    /// Waits for the next tile to enter; it is made one of the kind.
+    void nextTile(int16_t kind) {
+        int16_t tile = 1;
+        while (game->TileKindOf[tile] != kind) ++tile;
+        game->TileOrder[game->mintTilesDropped + 1] = tile;
+        const int dropped = game->mintTilesDropped;
+        ASSERT_TRUE(waitFor([&] { return game->mintTilesDropped > dropped && game->mintCurRow == 1; }));
+    }
+
+    std::shared_ptr<frmMain> game;
+    QWidget* window = nullptr;
+};
+
+TEST_F(Window, AHandIsPlayedToItsEndAndTheNextBegins) {
+    startMatch();
+    for (int column : {1, 2}) game->CellTable[12][column].fill(game->TileKinds[5]);
+    for (int slot = 1; slot <= 11; ++slot) game->EarnedTiles[slot].fill(game->TileKinds[slot < 3 ? 33 : 32]);
+    game->mintEarnedCount = game->mintHandCount = 11;
+    game->mblnPairTaken = true;
+    game->mintPairSlot = 1;
+    nextTile(5);
+    press(Qt::Key_Left);
+    press(Qt::Key_Left);
+    EXPECT_EQ(game->mintCurCol, 3);
+
+    bool offered = false;
+    once([] { return !gfrmChooseTiles.empty() && gfrmChooseTiles->form.loaded(); },
+         [&] {
+             offered = true;
+             EXPECT_EQ(gfrmChooseTiles->mintNumEntries, 2);
+             press(Qt::Key_Right);
+             EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 2);
+             press(Qt::Key_Left, Qt::KeypadModifier);
+             press(Qt::Key_Enter, Qt::KeypadModifier);
+         });
+    bool brokenDown = false;
+    once([] { return !gfrmBreakDown.empty() && gfrmBreakDown->form.loaded(); },
+         [&] {
+             brokenDown = true;
+             EXPECT_FALSE(game->Timer1.enabled());
+             press(Qt::Key_Escape);
+         });
+    press(Qt::Key_Down);
+    EXPECT_TRUE(waitFor([&] { return game->mintGamesWon == 1; }));
+    EXPECT_TRUE(waitFor([&] { return brokenDown; }));
+    EXPECT_TRUE(offered);
+    EXPECT_TRUE(waitFor([&] { return game->mintTilesDropped == 1; })) << "the next hand begins";
+    EXPECT_GT(game->mlngScore, 50);
+}
+
+TEST_F(Window, KeysSteerWhateverWasClickedAndOnEitherPad) {
+    startMatch();
+    nextTile(1);
+    struct {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        int column;
+    } const cases[] = {
+        {Qt::Key_Left, Qt::NoModifier, 4},     {Qt::Key_4, Qt::KeypadModifier, 3},
+        {Qt::Key_Left, Qt::KeypadModifier, 2}, {Qt::Key_Right, Qt::KeypadModifier, 3},
+        {Qt::Key_6, Qt::KeypadModifier, 4},    {Qt::Key_4, Qt::NoModifier, 4},
+        {Qt::Key_Right, Qt::NoModifier, 5},
+    };
+    for (const auto& row : cases) {
+        click(game->mblnPeek ? "Peek:On" : "Peek:Off");
+        QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, QPoint(600, 500));
+        press(row.key, row.modifiers);
+        EXPECT_EQ(game->mintCurCol, row.column);
+    }
+    press(Qt::Key_2, Qt::KeypadModifier);
+    EXPECT_EQ(game->Timer1.interval(), dropInterval);
+    press(Qt::Key_Left);
+    EXPECT_EQ(game->mintCurCol, 5);
+}
+
+TEST_F(Window, TheWindowShowsThePictureAndTheChooserLiesOverItsPanel) {
+    startMatch();
+    nextTile(1);
+    QTest::qWait(50);
+    const auto rgb = [](const platform::Surface& surface, int x, int y) {
+        const platform::Color color = surface.point(x, y);
+        return qRgb(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
+    };
+    const auto differences = [&](const platform::Surface& surface, int left, int top, int width, int height) {
+        const QImage seen = window->grab().toImage();
+        int count = 0;
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                if (seen.pixel(left + x, top + y) != rgb(surface, x, y)) ++count;
+        return count;
+    };
+    EXPECT_EQ(window->size(), QSize(795, 581));
+    platform::Surface board(500, 500);
+    platform::BitBlt(board, 0, 0, 500, 500, game->picWork, 20, 40, platform::SRCCOPY);
+    EXPECT_EQ(differences(board, 20, 40, 500, 500), 0);
+
+    for (int column : {1, 2}) game->CellTable[12][column].fill(game->TileKinds[1]);
+    press(Qt::Key_Left);
+    press(Qt::Key_Left);
+    bool looked = false;
+    once([] { return !gfrmChooseTiles.empty() && gfrmChooseTiles->form.loaded(); },
+         [&] {
+             looked = true;
+             EXPECT_EQ(differences(gfrmChooseTiles->picWork, 353, 436, 400, 2), 0);
+             EXPECT_EQ(differences(gfrmChooseTiles->picWork, 353, 436 + 60, 400, 80), 0);
+             EXPECT_EQ(window->grab().toImage().pixel(353 + 4, 436 + 4), qRgb(255, 0, 0)) << "the highlight";
+             press(Qt::Key_Enter);
+         });
+    press(Qt::Key_Down);
+    EXPECT_TRUE(waitFor([&] { return looked && gfrmChooseTiles.empty(); }));
+}
+
+TEST_F(Window, NothingButTheDialogOnTopTakesAClick) {
+    startMatch();
+    const uint32_t hand = game->mlngHand;
+    bool seen = false;
+    once([] { return !gfrmRoundsSetting.empty() && gfrmRoundsSetting->form.loaded(); },
+         [&] {
+             seen = true;
+             click("Start Anew");
+             click("Peek:Off");
+             EXPECT_TRUE(gfrmChooseSeat.empty());
+             press(Qt::Key_Up);
+             press(Qt::Key_Return);
+         });
+    click("Rounds Setting");
+    EXPECT_TRUE(seen);
+    EXPECT_EQ(gintNumRounds, 5);
+    EXPECT_EQ(game->mlngHand, hand);
+    EXPECT_FALSE(game->mblnPeek);
+}
+
+TEST_F(Window, AnySwiftKeysAndClicksLeaveASoundGame) {
+    startMatch();
+    const Qt::Key keys[] = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Down,   Qt::Key_Up, Qt::Key_Enter, Qt::Key_Escape,
+                            Qt::Key_Tab,  Qt::Key_Space, Qt::Key_Return, Qt::Key_F1, Qt::Key_A,     Qt::Key_Shift};
+    const char* const toolTips[] = {"Pause", "Stop", "Pause", "High Scores", "Order", "Help"};
+    for (int i = 0; i < 1500; ++i) {
+        press(keys[i * 7 % std::size(keys)]);
+        if (i % 50 == 0 && QApplication::activePopupWidget() == nullptr) click(toolTips[i / 50 % std::size(toolTips)]);
+        if (i % 5 == 0) QTest::qWait(1);
+    }
+    int tiles = tileCount - game->mintTilesDropped + (game->mintCurRow > 0 ? 1 : 0);
+    for (const auto& row : game->CellTable)
+        for (const CellInfo& place : row) tiles += place.Filled ? 1 : 0;
+    for (const CellInfo& slot : game->EarnedTiles) tiles += slot.Filled ? 1 : 0;
+    EXPECT_EQ(tiles, tileCount);
+}
+
+using WindowDeathTest = Window;
+
+TEST_F(WindowDeathTest, TheWindowClosesAtOnceIdleFallingAndOverADialog) {
+    ::testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const auto ended = ::testing::ExitedWithCode(0);
+    EXPECT_EXIT(window->close(), ended, "");
+    EXPECT_EXIT(click("Exit"), ended, "");
+    EXPECT_EXIT(
+        {
+            startMatch();
+            nextTile(1);
+            window->close();
+        },
+        ended, "");
+    EXPECT_EXIT(
+        {
+            once([] { return !gfrmRoundsSetting.empty() && gfrmRoundsSetting->form.loaded(); },
+                 [this] { window->close(); });
+            click("Rounds Setting");
+        },
+        ended, "");
+    EXPECT_EXIT(
+        {
+            startMatch();
+            nextTile(1);
+            game->CellTable[12][4].fill(game->TileKinds[1]);
+            once([] { return !gfrmChooseTiles.empty() && gfrmChooseTiles->form.loaded(); },
+                 [this] { window->close(); });
+            press(Qt::Key_Down);
+            waitFor([] { return false; });
+        },
+        ended, "");
+}
+
+}  // namespace
