@@ -30,10 +30,6 @@ bool isPointing(QEvent::Type type) {
 
 bool belongsToForms(const QWidget* face) { return dynamic_cast<const FormWindow*>(face->window()); }
 
-quint32 keyOf(const QKeyEvent& event) {
-    return event.nativeScanCode() ? event.nativeScanCode() : static_cast<quint32>(event.key());
-}
-
 }  // namespace
 
 Desk& desk() {
@@ -73,17 +69,13 @@ void Desk::leave(FormWindow* window) {
     if (wasMain) main_ = nullptr;
     if (std::erase(dialogs_, window) == 0 && !wasMain) return;
     ++changes_;
-    forgetPresses(window);
+    presses_.disown(window);
     if (wasMain && onMainWindowGone) onMainWindowGone();
 }
 
 void Desk::closeBox(const QWidget* box) {
     --boxes_;
-    forgetPresses(box);
-}
-
-void Desk::forgetPresses(const QWidget* receiver) {
-    std::erase_if(presses_, [=](const auto& press) { return press.second == receiver; });
+    presses_.disown(box);
 }
 
 bool Desk::eventFilter(QObject* watched, QEvent* event) {
@@ -101,29 +93,18 @@ bool Desk::eventFilter(QObject* watched, QEvent* event) {
 bool Desk::filterKey(QWidget* face, const QKeyEvent& event) {
     const bool toForms = belongsToForms(face);
     if (event.type() == QEvent::KeyRelease) {
-        if (!event.isAutoRepeat()) presses_.erase(keyOf(event));
+        presses_.letGo(event);
         return toForms;
     }
     FormWindow* const form = boxes_ > 0 ? nullptr : top();
-    if (!takePress(toForms ? form : face->window(), event)) return true;
-    if (toForms && form) deliver(form, event);
+    const Press press = presses_.take(event, toForms ? form : face->window());
+    if (press == Press::Foreign) return true;  // One press never answers two dialogs.
+    if (toForms && form) deliver(form, strokeOf(event, press == Press::Repeat));
     return toForms;
 }
 
-/// Whether the receiver may have the press. A repeat is only for the one that had its beginning, so that one press
-/// never answers two dialogs.
-bool Desk::takePress(const QWidget* receiver, const QKeyEvent& event) {
-    if (!event.isAutoRepeat()) {
-        presses_[keyOf(event)] = receiver;
-        return true;
-    }
-    const auto press = presses_.find(keyOf(event));
-    return press != presses_.end() && press->second == receiver;
-}
-
-void Desk::deliver(FormWindow* window, const QKeyEvent& event) {
+void Desk::deliver(FormWindow* window, Stroke stroke) {
     const int changesBefore = changes_;
-    Stroke stroke = strokeOf(event);
     callSlot(window->form->onKeyDown, stroke.code);
     if (stroke.code == 0 || changes_ != changesBefore) return;
     if (stroke.character != 0) {

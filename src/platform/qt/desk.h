@@ -2,8 +2,10 @@
 
 #include <QObject>
 #include <functional>
-#include <map>
 #include <vector>
+
+#include "platform/qt/keys.h"
+#include "platform/qt/presses.h"
 
 class QKeyEvent;
 class QWidget;
@@ -33,15 +35,13 @@ class Desk : public QObject {
 
   private:
     bool filterKey(QWidget* face, const QKeyEvent& event);
-    bool takePress(const QWidget* receiver, const QKeyEvent& event);
-    void deliver(FormWindow* window, const QKeyEvent& event);
-    void forgetPresses(const QWidget* receiver);
+    void deliver(FormWindow* window, Stroke stroke);
 
     FormWindow* main_ = nullptr;
-    std::vector<FormWindow*> dialogs_;           // the top-most last
-    int boxes_ = 0;                              // message boxes that are open
-    int changes_ = 0;                            // how often a form has opened or gone
-    std::map<quint32, const QWidget*> presses_;  // keys that are held, with the window that was on top at their press
+    std::vector<FormWindow*> dialogs_;  // the top-most last
+    int boxes_ = 0;                     // message boxes that are open
+    int changes_ = 0;                   // how often a form has opened or gone
+    Presses presses_;
 };
 
 /// The one desk of the program.

@@ -49,11 +49,12 @@ void messageBox(const std::string& title, const std::string& text) {
                         QMessageBox::Ok, qt::desk().mainWindow());
     const QWidget* const window = box;
     box->setTextFormat(Qt::PlainText);
+    box->setModal(false);  // Else the close button of the main window wouldn't work.
     QEventLoop loop;
     QObject::connect(box, &QDialog::finished, &loop, &QEventLoop::quit);
     QObject::connect(box, &QObject::destroyed, &loop, &QEventLoop::quit);
     qt::desk().openBox();
-    box->show();  // Not modal for Qt, which would take away the close button of the main window too.
+    box->show();
     loop.exec();
     qt::desk().closeBox(window);
     delete box.data();

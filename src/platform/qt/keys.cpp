@@ -83,9 +83,9 @@ int characterOf(const QKeyEvent& event, int code) {
 
 }  // namespace
 
-Stroke strokeOf(const QKeyEvent& event) {
+Stroke strokeOf(const QKeyEvent& event, bool repeat) {
     const int code = codeOf(event);
-    return {code, characterOf(event, code), event.isAutoRepeat(),
+    return {code, characterOf(event, code), repeat,
             event.key() == Qt::Key_Backtab || (event.modifiers() & Qt::ShiftModifier)};
 }
 

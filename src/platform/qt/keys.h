@@ -13,6 +13,6 @@ struct Stroke {
 };
 
 /// What the key event means to a form.
-Stroke strokeOf(const QKeyEvent& event);
+Stroke strokeOf(const QKeyEvent& event, bool repeat);
 
 }  // namespace platform::qt

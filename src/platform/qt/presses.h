@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QtGlobal>
+#include <map>
+
+class QKeyEvent;
+class QWidget;
+
+namespace platform::qt {
+
+/// What a window may do with a key event that says that a key went down.
+enum class Press {
+    New,
+    Repeat,  ///< Of a press that was the window's own.
+    Foreign  ///< A repeat of a press that began before another window.
+};
+
+/// The keys that are held, each with the window that was on top when it went down.
+class Presses {
+  public:
+    Press take(const QKeyEvent& down, const QWidget* window);
+    void letGo(const QKeyEvent& up);
+    void disown(const QWidget* window);  ///< The window is gone: what it was pressed for goes on for nobody.
+
+  private:
+    struct Held {
+        const QWidget* window = nullptr;
+        quint64 released = 0;  // milliseconds of the event's own clock; 0 while it is down or unknown
+    };
+
+    bool isRepeat(const QKeyEvent& down) const;
+
+    std::map<quint32, Held> held_;
+};
+
+}  // namespace platform::qt
