@@ -78,15 +78,16 @@ TEST(SurfaceContract, ClearGivesTheBackgroundBack) {
     EXPECT_EQ(surface.point(2, 2), 0U);
     surface.clear();
     EXPECT_EQ(surface.point(2, 2), original.point(2, 2));
-    surface.resize(gridWidth + 2, gridHeight - 1);
+    surface.resize(gridWidth + 2, gridHeight + 1);
     EXPECT_EQ(surface.point(2, 2), original.point(2, 2));
     EXPECT_EQ(surface.point(gridWidth, 0), 0xC08040U) << "beside the background lies the back colour";
-    EXPECT_EQ(surface.point(0, gridHeight - 1), 0U) << "outside";
+    EXPECT_EQ(surface.point(0, gridHeight), 0xC08040U) << "and below it";
+    EXPECT_EQ(surface.point(0, gridHeight + 1), 0U) << "outside";
 }
 
 /// The bounds of what a text has changed on a white surface, and how many pixels.
 struct Ink {
-    int left = 1000, top = 1000, count = 0;
+    int left = 1000, top = 1000, right = 0, count = 0;
     bool onlyRed = true;
 };
 
@@ -105,6 +106,7 @@ Ink printed(const Font& font, const std::string& text, int x, int y) {
             if (color == 0xFFFFFF) continue;
             ink.left = std::min(ink.left, column);
             ink.top = std::min(ink.top, row);
+            ink.right = std::max(ink.right, column);
             ++ink.count;
             ink.onlyRed = ink.onlyRed && (color & 0xFF) == 0xFF;
         }
@@ -126,6 +128,8 @@ TEST(SurfaceContract, TextStartsAtItsPlaceInItsFont) {
         EXPECT_GT(ink.count, 20) << name;
         EXPECT_GE(ink.left, 19) << name;
         EXPECT_LT(ink.left, 26) << name;
+        EXPECT_GT(ink.right, 20 + widthOf(plain, "H")) << name;
+        EXPECT_LE(ink.right, 20 + widthOf(plain, "HE") + 1) << name;
         EXPECT_GE(ink.top, 15) << name;
         EXPECT_LT(ink.top, 26) << name;
         EXPECT_TRUE(ink.onlyRed) << name << " in another colour";
