@@ -23,16 +23,18 @@ struct Moment {
     bool (*hasCome)(const frmMain& game);
 };
 
-constexpr int wellOnItsWay = 6;  // the row of a tile in mid-air
-constexpr int wellIntoAHand = 25;
+constexpr int wellOnItsWay = 6;   // the row of a tile in mid-air
+constexpr int wellIntoAHand = 8;  // hand tiles
+constexpr int oneOffer = 2;       // entries of a chooser: the offer and Pass
 
 constexpr Moment moments[] = {
     {"01-seat-draw.png", [](const frmMain&) { return isOpen(gfrmChooseSeat); }},
     {"02-first-tile.png", [](const frmMain& game) { return game.mintTilesDropped == 1 && game.mintCurRow == 1; }},
-    {"03-tile-chooser.png", [](const frmMain&) { return isOpen(gfrmChooseTiles); }},
+    {"03-tile-chooser.png",
+     [](const frmMain&) { return isOpen(gfrmChooseTiles) && gfrmChooseTiles->mintNumEntries > oneOffer; }},
     {"04-in-play.png",
      [](const frmMain& game) {
-         return game.mintTilesDropped > wellIntoAHand && game.mintCurRow == wellOnItsWay && sim::modalDepth() == 0;
+         return game.mintHandCount >= wellIntoAHand && game.mintCurRow == wellOnItsWay && sim::modalDepth() == 0;
      }},
     {"05-break-down.png", [](const frmMain&) { return isOpen(gfrmBreakDown); }},
     {"06-match-end.png", [](const frmMain&) { return isOpen(gfrmGameSummary); }},

@@ -1,0 +1,462 @@
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <optional>
+#include <random>
+#include <set>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "match/frmChooseSeat.h"
+#include "match/frmGameSummary.h"
+#include "match/frmRoundsSetting.h"
+#include "platform/sim/desktop.h"
+#include "play/frmChooseTiles.h"
+#include "scoring/frmBreakDown.h"
+#include "scoring/scoringItems.h"
+#include "tests/gameFixture.h"
+#include "tools/selfplay/session.h"
+
+namespace {
+
+/// Play that nobody watches: no surface has pixels while this lives.
+struct Unseen {
+    Unseen() { platform::Surface::keepsPixels = false; }
+    ~Unseen() { platform::Surface::keepsPixels = true; }
+};
+
+class UnseenGame : public GameFixture {
+  protected:
+    void TearDown() override {
+        sim::setHands({});
+        GameFixture::TearDown();
+    }
+    Unseen unseen;
+};
+
+/// Everything that a player would notice in one hand.
+std::string logOfHand(uint32_t seed) {
+    const Unseen unseen;
+    std::string log;
+    selfplay::Session session(seed, true);
+    sim::setLog([&](const std::string& line) { log += line + '\n'; });
+    session.playMatch(1);
+    sim::setLog({});
+    return log;
+}
+
+uint64_t fingerprint(const std::string& text) {
+    uint64_t hash = 14695981039346656037u;
+    for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;
+    return hash;
+}
+
+TEST(SelfPlay, ASeedIsTheSameHandEventForEvent) {
+    // A rule or a time that changes, or a key that the player presses otherwise, makes another number.
+    constexpr uint64_t handOfSeed1 = 10475365693005761559u;
+    const std::string first = logOfHand(1);
+    EXPECT_EQ(first, logOfHand(1));
+    EXPECT_NE(first, logOfHand(2));
+    EXPECT_EQ(fingerprint(first), handOfSeed1);
+}
+
+TEST(SelfPlay, TheRefereeAgreesAtEveryLevel) {
+    const Unseen unseen;
+    for (int level = 1; level <= levelCount; ++level) {
+        SCOPED_TRACE(levels[level - 1].caption);
+        selfplay::Session session(static_cast<uint32_t>(level), true);
+        session.setLevel(level);
+        while (session.hands() < 60) ASSERT_NO_THROW(session.playMatch(60 - session.hands()));
+        EXPECT_GE(session.won() * 3, session.hands()) << "the player is too weak to reach what follows a won hand";
+    }
+}
+
+TEST(SelfPlay, WholeMatchesEndWithTheirRounds) {
+    const Unseen unseen;
+    for (const int rounds : {1, 2}) {
+        SCOPED_TRACE(rounds);
+        selfplay::Session session(7, true);
+        session.setRounds(rounds);
+        for (int match = 1; match <= 2; ++match) {
+            ASSERT_NO_THROW(EXPECT_TRUE(session.playMatch(1000)));
+            EXPECT_EQ(gfrmMain->mintRoundsPlayed, rounds);
+            EXPECT_GE(gfrmMain->mintGamesPlayed, 4 * rounds);
+            EXPECT_EQ(sim::modalDepth(), 0) << "the summary stayed open";
+            EXPECT_FALSE(gfrmMain->Timer1.enabled());
+        }
+        EXPECT_TRUE(sim::messages().empty());
+    }
+}
+
+/// What goes wrong in a game, and what the referee calls it.
+struct Tampering {
+    const char* objection;
+    void (*tamper)(frmMain& game);
+};
+
+/// The top tile of the highest stack.
+CellInfo& topTile(frmMain& game) {
+    for (int row = 1; row <= bottomRow; ++row)
+        for (CellInfo& place : game.CellTable[row])
+            if (place.Filled) return place;
+    throw std::logic_error("the board is empty");
+}
+
+void earn(frmMain& game, std::initializer_list<int> kinds) {
+    int slot = game.mintEarnedCount;
+    for (const int kind : kinds) game.EarnedTiles[++slot].fill(game.TileKinds[kind]);
+}
+
+const Tampering tamperings[] = {
+    {"lost or doubled", [](frmMain& game) { topTile(game).empty(); }},
+    {"lost or doubled", [](frmMain& game) { game.TileOrder[144] = game.TileOrder[143]; }},
+    {"floats",
+     [](frmMain& game) {
+         CellInfo& tile = topTile(game);
+         game.CellTable[1][1].copyFrom(tile);
+         tile.empty();
+     }},
+    {"row 0", [](frmMain& game) { game.CellTable[0][9].fill(game.TileKinds[1]); }},
+    {"false face", [](frmMain& game) { ++topTile(game).Tile.Number; }},
+    {"hand tiles", [](frmMain& game) { game.mintHandCount = narrow16(game.mintHandCount + 3); }},
+    {"earned tiles", [](frmMain& game) { ++game.mintEarnedCount; }},
+    {"bonus tiles", [](frmMain& game) { ++game.mintBonusCount; }},
+    {"the pair is there", [](frmMain& game) { game.mblnPairTaken = !game.mblnPairTaken; }},
+    {"pair's slot", [](frmMain& game) { game.mintPairSlot = narrow16(game.mintPairSlot + 3); }},
+    {"without an offer", [](frmMain& game) { game.mintPossibleCount = 1; }},
+    {"drop key", [](frmMain& game) { game.mblnDropKeyUsed = !game.mblnDropKeyUsed; }},
+    {"neither two nor three", [](frmMain& game) { earn(game, {1}); }},
+    {"that is none",
+     [](frmMain& game) {
+         earn(game, {1, 1, 2});
+     }},
+    {"that is none",
+     [](frmMain& game) {
+         earn(game, {8, 9, 10});
+     }},
+    {"that is none",
+     [](frmMain& game) {
+         earn(game, {3, 5, 4});
+     }},
+    {"that is none",
+     [](frmMain& game) {
+         earn(game, {32, 33, 34});
+     }},
+    {"no flower or season",
+     [](frmMain& game) { game.EarnedTiles[handTiles + game.mintBonusCount + 1].fill(game.TileKinds[1]); }},
+    {"the score", [](frmMain& game) { ++game.mlngScore; }},
+    {"the House", [](frmMain& game) { game.mlngHouse = 4; }},
+    {"moves of the House", [](frmMain& game) { ++game.mintHouseMoves; }},
+    {"rounds", [](frmMain& game) { ++game.mintRoundsPlayed; }},
+    {"wind", [](frmMain& game) { ++game.mlngRoundWind; }},
+    {"hands won", [](frmMain& game) { ++game.mintGamesWon; }},
+    {"for no reason", [](frmMain& game) { ++game.mintGamesPlayed; }},
+};
+
+TEST(Referee, ObjectsToWhatIsWrong) {
+    const Unseen unseen;
+    for (const Tampering& row : tamperings) {
+        SCOPED_TRACE(row.objection);
+        selfplay::Session session(5, true);
+        try {
+            bool done = false;
+            session.onLook = [&] {
+                if (done || gfrmMain->mintTilesDropped != 15 || gfrmMain->mintCurRow != 3) return;
+                row.tamper(*gfrmMain.hold());
+                done = true;
+            };
+            session.playMatch(1);
+            ADD_FAILURE() << "the referee says nothing";
+        } catch (const std::logic_error& objection) {
+            EXPECT_NE(std::string(objection.what()).find(row.objection), std::string::npos) << objection.what();
+        }
+    }
+}
+
+/// Kinds that a random hand is built from, so that rare hands come often.
+struct Palette {
+    std::vector<int> kinds;
+    bool sequences;
+};
+
+std::vector<int> kindsFrom(std::initializer_list<std::pair<int, int>> runs) {
+    std::vector<int> kinds;
+    for (const auto& [first, last] : runs)
+        for (int kind = first; kind <= last; ++kind) kinds.push_back(kind);
+    return kinds;
+}
+
+const Palette palettes[] = {
+    {kindsFrom({{1, 34}}), true},                     // anything
+    {kindsFrom({{1, 34}}), false},                    // trios of anything
+    {kindsFrom({{10, 18}}), true},                    // one suit
+    {kindsFrom({{19, 34}}), true},                    // one suit and honours
+    {kindsFrom({{28, 34}}), false},                   // honours only
+    {kindsFrom({{28, 31}, {32, 32}}), false},         // winds and Red
+    {kindsFrom({{32, 34}, {1, 3}}), true},            // dragons and a little
+    {{1, 9, 10, 18, 19, 27}, false},                  // ones and nines
+    {kindsFrom({{1, 9}, {10, 18}, {19, 27}}), true},  // no honours
+};
+
+/// A random finished hand: sets in the order of taking with the pair among them, then bonus tiles.
+struct RandomHand {
+    std::vector<std::vector<int>> sets;
+    std::vector<int> bonusKinds;
+};
+
+class Dealer {
+  public:
+    explicit Dealer(uint32_t seed) : random_(seed) {}
+
+    int below(int count) { return static_cast<int>(random_() % static_cast<uint32_t>(count)); }
+
+    RandomHand deal() {
+        const Palette& palette = palettes[below(std::size(palettes))];
+        left_.fill(4);
+        RandomHand hand;
+        while (hand.sets.size() < 4) tryToAdd(hand.sets, setFrom(palette));
+        while (hand.sets.size() < 5) {
+            const int kind = palette.kinds[below(static_cast<int>(palette.kinds.size()))];
+            tryToAdd(hand.sets, {kind, kind});
+        }
+        std::rotate(hand.sets.begin() + below(5), hand.sets.end() - 1, hand.sets.end());
+        std::vector<int> bonus = kindsFrom({{35, 42}});
+        std::shuffle(bonus.begin(), bonus.end(), random_);
+        bonus.resize(below(3) == 0 ? 8 - below(2) : below(7));
+        hand.bonusKinds = bonus;
+        return hand;
+    }
+
+  private:
+    std::vector<int> setFrom(const Palette& palette) {
+        const int kind = palette.kinds[below(static_cast<int>(palette.kinds.size()))];
+        const bool startsRun = kind <= 27 && (kind - 1) % 9 <= 6;
+        if (!palette.sequences || !startsRun || below(3) == 0) return {kind, kind, kind};
+        return below(2) == 0 ? std::vector{kind, kind + 1, kind + 2} : std::vector{kind + 2, kind + 1, kind};
+    }
+
+    /// Adds the set if there are enough copies of its kinds.
+    void tryToAdd(std::vector<std::vector<int>>& sets, const std::vector<int>& kinds) {
+        auto left = left_;
+        for (const int kind : kinds)
+            if (--left[kind] < 0) return;
+        left_ = left;
+        sets.push_back(kinds);
+    }
+
+    std::mt19937 random_;
+    std::array<int, kindCount + 1> left_{};
+};
+
+class HandWorth : public UnseenGame {
+  protected:
+    /// Puts the hand into the earned slots as play leaves it, and has the game tally it.
+    void tally(const RandomHand& hand) {
+        for (CellInfo& slot : game->EarnedTiles) slot.empty();
+        int slot = 0;
+        for (const auto& set : hand.sets) {
+            if (set.size() == 2) game->mintPairSlot = narrow16(slot + 1);
+            for (const int kind : set) game->EarnedTiles[++slot].fill(game->TileKinds[kind]);
+        }
+        for (const int kind : hand.bonusKinds) game->EarnedTiles[++slot].fill(game->TileKinds[kind]);
+        game->mintDoubles = 0;
+        game->mlngScore = 0;
+        game->msClearScoreDesc();
+        game->msTallyScore();
+    }
+
+    selfplay::WonHand wonHand(const RandomHand& hand) const {
+        selfplay::WonHand won{
+            {}, 0, hand.bonusKinds, game->mlngHouse, game->mlngSeat, game->mlngRoundWind, game->mlngLevel};
+        auto next = won.sets.begin();
+        for (const auto& set : hand.sets) {
+            if (set.size() == 2)
+                won.pairKind = set[0];
+            else
+                *next++ = {*std::min_element(set.begin(), set.end()), set[0] == set[1]};
+        }
+        return won;
+    }
+
+    void compare(const RandomHand& hand) {
+        tally(hand);
+        const selfplay::HandWorth worth = handWorth(wonHand(hand));
+        std::ostringstream list;
+        for (const auto& item : worth.items) {
+            list << (list.tellp() > 0 ? "," : "") << item.text;
+            itemsSeen.emplace(item.text);
+        }
+        std::ostringstream what;
+        for (const auto& set : hand.sets)
+            for (const int kind : set) what << kind << ' ';
+        what << "House " << game->mlngHouse << " seat " << game->mlngSeat << " wind " << game->mlngRoundWind;
+        ASSERT_EQ(gstrScoreDesc, list.str()) << what.str();
+        ASSERT_EQ(game->mintDoubles, worth.doubles) << what.str();
+        ASSERT_EQ(glngHandPoints, worth.points) << what.str();
+        ASSERT_EQ(game->mlngScore, worth.points) << what.str();
+    }
+
+    std::set<std::string> itemsSeen;
+};
+
+TEST_F(HandWorth, IsWhatTheTallySaysForAnyHand) {
+    constexpr int handsAtATable = 100;
+    Dealer dealer(20);
+    for (int table = 0; table < 64; ++table) {
+        game->mlngHouse = table % 4 + 1;
+        game->mlngSeat = table / 4 % 4 + 1;
+        game->mlngRoundWind = table / 16 + 1;
+        for (int i = 0; i < handsAtATable; ++i) {
+            game->mlngLevel = dealer.below(levelCount) + 1;
+            compare(dealer.deal());
+            if (HasFatalFailure()) return;
+        }
+    }
+    for (const ScoringItemRow& item : scoringItems)
+        EXPECT_TRUE(itemsSeen.count(item.text)) << "no hand had " << item.text;
+}
+
+/// Hands that press and click at random, in some hours among the keys of a player who wins; they note where they have
+/// been.
+class WildHands {
+  public:
+    /// The look comes before each thing that happens at a time of its own.
+    WildHands(uint32_t seed, std::function<void()> look) : look_(std::move(look)), random_(seed), player_(seed) {}
+
+    void act() {
+        note();
+        sim::chooseMenuItem(below(levelCount + 1));
+        constexpr int anHour = 2000;
+        if (++turns_ / anHour % 2 == 0 && below(30) != 0) return player_.act();
+        const bool dialog = sim::modalDepth() > 0;
+        if (!dialog && below(10) == 0) return clickSomething();
+        if (!dialog && below(3) == 0) return;  // lets the tile fall
+        if (below(4) == 0) later(below(20), &WildHands::pressSomething);
+        if (below(300) == 0) later(below(400), &WildHands::clickSomething);
+        pressSomething();
+    }
+
+    bool sawChooser = false, sawSummary = false, sawRounds = false, sawSeatDraw = false, sawFullBoard = false,
+         sawBreakDown = false;
+
+  private:
+    int below(int count) { return static_cast<int>(random_() % static_cast<uint32_t>(count)); }
+
+    void later(int milliseconds, void (WildHands::*something)()) {
+        sim::postAfter(milliseconds, [this, something] {
+            look_();
+            (this->*something)();
+        });
+    }
+
+    void note() {
+        const auto open = [](auto& form) { return !form.empty() && form->form.loaded(); };
+        sawChooser |= open(gfrmChooseTiles);
+        sawSummary |= open(gfrmGameSummary);
+        sawBreakDown |= open(gfrmBreakDown);
+        sawRounds |= open(gfrmRoundsSetting);
+        sawSeatDraw |= open(gfrmChooseSeat);
+        sawFullBoard |= gfrmMain->CellTable[1][entryColumn].Filled;
+    }
+
+    void pressSomething() {
+        namespace key = platform::key;
+        static constexpr int keys[] = {key::Left,  key::Right, key::Left,  key::Right,  key::Down, key::Down,
+                                       key::Pad2,  key::Pad4,  key::Pad6,  key::Pad8,   key::Up,   key::Enter,
+                                       key::Enter, key::Tab,   key::Space, key::Escape, 'A'};
+        const int code = keys[below(std::size(keys))];
+        below(8) == 0 ? sim::keyDown(code) : sim::pressKey(code);
+        if (sim::modalDepth() == 0) return;
+        if (below(10) == 0) sim::clickSpinUp();
+        if (below(3) == 0) sim::clickSpinDown();
+        if (below(20) == 0) sim::clickButton(below(2) == 0 ? "OK" : "Cancel");
+    }
+
+    /// Any button but Exit; a new match now and then, so that hands grow old as well.
+    void clickSomething() {
+        constexpr int startAnew = 1, lastCommand = 13;
+        const int button = below(lastCommand) + 1;
+        const bool running = gfrmMain->Timer1.enabled();
+        if (button == startAnew && running && below(40) != 0) return;
+        sim::clickToolButton(button);
+    }
+
+    std::function<void()> look_;
+    std::mt19937 random_;
+    selfplay::Player player_;
+    int turns_ = 0;
+};
+
+class AnyKeys : public UnseenGame {
+  protected:
+    void SetUp() override {
+        UnseenGame::SetUp();
+        referee.emplace(*game);
+        // Ticks go on below an open dialog, so that a look after each step would miss some.
+        game->Timer1.onTick = [this] {
+            watch();
+            game->Timer1_Timer();
+            watch();
+        };
+    }
+
+    void watch() {
+        try {
+            referee->check();
+        } catch (const std::logic_error& error) {
+            if (objection.empty()) objection = error.what();
+        }
+    }
+
+    void setHands(std::function<void()> hands) {
+        sim::setHands([this, hands = std::move(hands)] {
+            watch();
+            hands();
+        });
+    }
+
+    void play(int events) {
+        for (int i = 0; i < events && objection.empty(); ++i) sim::step();
+    }
+
+    /// Leaves whatever opens, until nothing that was begun is under way any more.
+    void calmDown() {
+        setHands([] {
+            sim::chooseMenuItem(0);
+            if (sim::modalDepth() > 0) sim::pressKey(platform::key::Enter);
+        });
+        bool calm = false;
+        sim::postAfter(1000, [&] { calm = true; });
+        while (!calm) sim::step();
+    }
+
+    std::optional<selfplay::Referee> referee;
+    std::string objection;
+};
+
+TEST_F(AnyKeys, AtAnyTimeLeaveASoundGame) {
+    WildHands wild(3, [this] { watch(); });
+    setHands([&] { wild.act(); });
+    play(100000);
+    EXPECT_EQ(objection, "");
+    EXPECT_TRUE(wild.sawChooser) << "the keys don't come about enough";
+    EXPECT_TRUE(wild.sawSummary);
+    EXPECT_TRUE(wild.sawBreakDown);
+    EXPECT_TRUE(wild.sawRounds);
+    EXPECT_TRUE(wild.sawSeatDraw);
+    EXPECT_TRUE(wild.sawFullBoard);
+    calmDown();
+
+    selfplay::Player player(3);
+    setHands([&] { player.act(); });
+    player.startMatch();
+    const int before = referee->handsWon();
+    play(10000);
+    EXPECT_EQ(objection, "");
+    EXPECT_GT(referee->handsWon(), before) << "the game can't be played any more";
+    EXPECT_TRUE(sim::messages().empty()) << sim::messages().front();
+}
+
+}  // namespace
