@@ -164,9 +164,10 @@ constexpr std::array spring = {Part{0, 27, meadow}, Part{3, 9, canopy},  Part{1,
 constexpr std::array summer = {Part{0, 27, sea}, Part{3, 17, junk}};
 constexpr std::array autumn = {Part{0, 25, duskHill}, Part{8, 3, geese}, Part{1, 22, plume}, Part{6, 18, plume},
                                Part{12, 23, plume}};
-constexpr std::array winter = {Part{0, 29, drift}, Part{5, 10, pine},   Part{9, 2, flake},   Part{15, 5, flake},
-                               Part{21, 3, flake}, Part{3, 12, flake},  Part{22, 12, flake}, Part{1, 20, flake},
-                               Part{19, 9, flake}, Part{23, 20, flake}, Part{7, 7, flake},   Part{12, 6, flake}};
+constexpr std::array winter = {Part{0, 29, drift, "w", "n"}, Part{5, 10, pine},  Part{9, 2, flake},
+                               Part{15, 5, flake},           Part{21, 3, flake}, Part{3, 12, flake},
+                               Part{22, 12, flake},          Part{1, 20, flake}, Part{19, 9, flake},
+                               Part{23, 20, flake},          Part{7, 7, flake},  Part{12, 6, flake}};
 
 constexpr std::array sun = {Ring{7.5, '.', 'y', 12, 0.42}, Ring{4.9, 'o', 'o', 0, 0}, Ring{4.2, 'y', 'y', 0, 0},
                             Ring{2.4, 'w', 'w', 0, 0}};
@@ -262,14 +263,15 @@ constexpr std::array orchidBlades = {
     Blade{{13, 34}, {19, 19}, {24, 23}, 2, 'g', 'G'}, Blade{{13, 34}, {15, 20}, {21, 9}, 2, 'g', 'G'},
     Blade{{10, 34}, {5, 28}, {1, 31}, 2, 'g', 'G'},   Blade{{14, 34}, {20, 28}, {24, 32}, 2, 'g', 'G'},
 };
-constexpr std::array chrysanthemum = {Ring{9.5, '.', 'o', 14, 0.75}, Ring{8.4, 'o', 'y', 14, 0.72},
-                                      Ring{6.2, 'Y', 'Y', 0, 0},     Ring{5.6, 'Y', 'y', 12, 0.72},
-                                      Ring{3.4, 'o', 'o', 0, 0},     Ring{2.4, 'y', 'y', 0, 0}};
+constexpr std::array chrysanthemum = {
+    Ring{9.7, '.', 'y', 12, 0.6}, Ring{7.4, 'Y', 'y', 12, 0.74}, Ring{6.6, 'o', 'o', 0, 0},
+    Ring{5.9, 'o', 'y', 12, 0.6}, Ring{3.6, 'o', 'o', 0, 0},     Ring{2.5, 'Y', 'Y', 0, 0},
+    Ring{1.5, 'y', 'y', 0, 0},
+};
 constexpr std::array chrysanthemumBlades = {
     Blade{{12, 34}, {13, 28}, {13, 22}, 2, 'g', 'G'},
     Blade{{12, 33}, {6, 32}, {2, 25}, 4, 'g', 'G'},
     Blade{{13, 34}, {19, 33}, {23, 26}, 4, 'g', 'G'},
-    Blade{{12, 34}, {7, 35}, {2, 33}, 3, 'l', 'g'},
 };
 constexpr std::array bambooParts = {Part{8, 13, cane}, Part{15, 7, cane}, Part{15, 29, cane}};
 constexpr std::array bambooBlades = {
@@ -319,7 +321,8 @@ void paintBlades(QPainter& painter, std::span<const Blade> blades) {
 /// The line where a season's sky has reached its lower colour.
 constexpr int horizon = 28;
 
-/// The bare ivory round a season's index.
+/// What a season covers: ivory is left round it and round its index.
+constexpr QRect scene(1, 1, faceWidth - 2, faceHeight - 2);
 constexpr QRect plaque(0, 0, 6, 8);
 
 char digit(int number) { return static_cast<char>('0' + number); }
@@ -328,6 +331,8 @@ char digit(int number) { return static_cast<char>('0' + number); }
 
 void paintSeason(QPainter& painter, int number) {
     const Season& season = seasons[number - 1];
+    painter.save();
+    painter.setClipRect(scene, Qt::IntersectClip);
     for (int y = 0; y < faceHeight; ++y) {
         const double fall = std::min(1.0, static_cast<double>(y) / horizon);
         painter.fillRect(0, y, faceWidth, 1, QColor::fromRgb(materials::mix(season.high, season.low, fall)));
@@ -336,6 +341,7 @@ void paintSeason(QPainter& painter, int number) {
     paintParts(painter, season.parts);
     paintBlades(painter, season.blades);
     painter.fillRect(plaque, QColor::fromRgb(paletteColour('w')));
+    painter.restore();
     paintIndex(painter, 0, 0, digit(number), paletteColour('k'));
 }
 

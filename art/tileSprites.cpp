@@ -11,14 +11,14 @@ struct Ink {
 };
 
 constexpr std::array inks = {
-    Ink{'k', 0xFF1B1A1E}, Ink{'K', 0xFF4A4650},                        // black ink and its soft edge
-    Ink{'r', 0xFFCC2A1C}, Ink{'R', 0xFF8A1210}, Ink{'e', 0xFFF0755C},  // red: plain, deep, light
-    Ink{'g', 0xFF12804E}, Ink{'G', 0xFF064A2E}, Ink{'l', 0xFF6CC08A},  // green
-    Ink{'b', 0xFF2458B0}, Ink{'B', 0xFF12285E}, Ink{'c', 0xFF86B4EA},  // blue
+    Ink{'k', 0xFF1B1A1E},                                              // black
+    Ink{'r', 0xFFC42016}, Ink{'R', 0xFF86100C}, Ink{'e', 0xFFF0755C},  // red: plain, deep, light
+    Ink{'g', 0xFF0E8C62}, Ink{'G', 0xFF044834}, Ink{'l', 0xFF6CCBA0},  // green
+    Ink{'b', 0xFF1C40A4}, Ink{'B', 0xFF10205C}, Ink{'c', 0xFF84A8EC},  // blue
     Ink{'y', 0xFFF2BE32}, Ink{'Y', 0xFFA87410}, Ink{'o', 0xFFE8801C},  // gold, dark gold, orange
     Ink{'p', 0xFFF4A6BC}, Ink{'P', 0xFFD4547C}, Ink{'v', 0xFF7A3C9C},  // pink, deep pink, violet
     Ink{'t', 0xFF7C5028}, Ink{'T', 0xFF4A2C14}, Ink{'w', 0xFFFFFDF6},  // brown, dark brown, white
-    Ink{'s', 0xFFB8C4D0}, Ink{'S', 0xFF6C7C90}, Ink{'i', 0xFFF4EAD0},  // snow shade, slate, ivory
+    Ink{'n', 0xFFE2ECF6}, Ink{'s', 0xFFB8C4D0}, Ink{'i', 0xFFF4EAD0},  // snow, its shade, ivory
 };
 
 struct IndexGlyph {
