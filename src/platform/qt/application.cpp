@@ -23,15 +23,15 @@ QIcon programIcon() {
 
 }  // namespace
 
-Application::Application(int& argc, char** argv) : application_(std::make_unique<QApplication>(argc, argv)) {
+Application::Application(int& argc, char** argv) {
+    // Never deleted: forms that are let go at the very end still need it.
+    QApplication* const application = new QApplication(argc, argv);
     QApplication::setApplicationName(programName);
     QApplication::setDesktopFileName(desktopFile);
     QApplication::setQuitOnLastWindowClosed(false);  // A message box may come and go before the main window is seen.
     QApplication::setWindowIcon(programIcon());
-    application_->installEventFilter(&qt::desk());
+    application->installEventFilter(&qt::desk());
 }
-
-Application::~Application() = default;
 
 int Application::run() {
     qt::desk().onMainWindowGone = [] { QApplication::exit(0); };

@@ -17,7 +17,7 @@ FormWindow* windowOf(Form& form) { return form.impl().window; }
 
 }  // namespace qt
 
-Form::Form() : impl_(std::make_unique<Impl>(new FormWindow(*this))) {}
+Form::Form() : impl_(new Impl{new FormWindow(*this)}) {}
 
 Form::~Form() { impl_->window->retire(); }
 
