@@ -50,15 +50,16 @@ void ToolButton::mousePressEvent(QMouseEvent* event) {
 
 void ToolButton::mouseMoveEvent(QMouseEvent* event) {
     const bool inside = rect().contains(event->pos());
-    setState(inside, held_ && inside);
+    setState(inside && !desk().blocks(this), held_ && inside);
 }
 
 void ToolButton::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !held_) return;
     const bool inside = rect().contains(event->pos());
+    const bool pressed = inside && !desk().blocks(this);
     held_ = false;
-    setState(inside, false);
-    if (inside && !desk().blocks(this)) callSlot(onClick, number);
+    setState(pressed, false);
+    if (pressed) callSlot(onClick, number);
 }
 
 void ToolButton::paintEvent(QPaintEvent* /*event*/) {
