@@ -63,12 +63,13 @@ TEST(SelfPlay, ASeedIsTheSameHandEventForEvent) {
 }
 
 TEST(SelfPlay, TheRefereeAgreesAtEveryLevel) {
+    constexpr int handsALevel = 200;
     const Unseen unseen;
     for (int level = 1; level <= levelCount; ++level) {
         SCOPED_TRACE(levels[level - 1].caption);
         selfplay::Session session(static_cast<uint32_t>(level), true);
         session.setLevel(level);
-        while (session.hands() < 60) ASSERT_NO_THROW(session.playMatch(60 - session.hands()));
+        while (session.hands() < handsALevel) ASSERT_NO_THROW(session.playMatch(handsALevel - session.hands()));
         EXPECT_GE(session.won() * 3, session.hands()) << "the player is too weak to reach what follows a won hand";
     }
 }

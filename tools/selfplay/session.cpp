@@ -12,6 +12,11 @@
 #include "toolkit/modScreen.h"
 
 namespace selfplay {
+namespace {
+
+constexpr int patience = 1000;  // events without a new tile; a tile has a dozen
+
+}  // namespace
 
 Session::Session(uint32_t seed, bool refereed) : player_(seed) {
     sim::switchOn(seed);
@@ -38,8 +43,12 @@ bool Session::playMatch(int mostHands) {
     gamesSeen_ = 0;
     watch();
     while (game_->mblnGameRunning && hands_ < enough && !objection_) {
-        if (!sim::step()) throw std::logic_error("the game stands still");
+        const int tile = hand_.tiles;
+        stillFor_ = sim::step() ? stillFor_ + 1 : patience;
         watch();
+        if (hand_.tiles != tile) stillFor_ = 0;
+        if (stillFor_ >= patience) throw std::logic_error("the game stands still");
+        if (!sim::messages().empty()) throw std::logic_error("the game reports " + sim::messages().front());
     }
     if (objection_) std::rethrow_exception(objection_);
     return !game_->mblnGameRunning;

@@ -27,6 +27,7 @@ struct HandReport {
 /// The game on a fresh simulated desktop, with the built-in player at the keys. One at a time.
 class Session {
   public:
+    /// Switches the desktop on with that seed and opens the game; without a referee nothing is checked.
     Session(uint32_t seed, bool refereed);
     ~Session();
     Session(const Session&) = delete;
@@ -39,7 +40,8 @@ class Session {
     void setRounds(int rounds) { player_.setRounds(rounds); }
 
     /// Plays from Start Anew until the match has ended and its summary is closed, or until no more hands than that have
-    /// ended; true if the match is over. Throws std::logic_error if the referee objects or the game stands still.
+    /// ended; true if the match is over. Throws std::logic_error if the referee objects, the game reports a failure or
+    /// it stands still.
     bool playMatch(int mostHands);
 
     int hands() const { return hands_; }        ///< Ended so far.
@@ -56,6 +58,7 @@ class Session {
     std::exception_ptr objection_;  ///< Raised inside an event, where the game would take it for its own failure.
     HandReport hand_;               ///< The one in play.
     int gamesSeen_ = 0;
+    int stillFor_ = 0;  ///< Events since the last tile came in.
     int hands_ = 0;
     int won_ = 0;
     int64_t points_ = 0;
