@@ -36,13 +36,13 @@ class UnseenGame : public GameFixture {
     Unseen unseen;
 };
 
-/// Everything that a player would notice in one hand.
-std::string logOfHand(uint32_t seed) {
+/// Everything that a player would notice in so many hands.
+std::string logOfHands(uint32_t seed, int hands) {
     const Unseen unseen;
     std::string log;
     selfplay::Session session(seed, true);
     sim::setLog([&](const std::string& line) { log += line + '\n'; });
-    session.playMatch(1);
+    while (session.hands() < hands) session.playMatch(hands - session.hands());
     sim::setLog({});
     return log;
 }
@@ -53,13 +53,15 @@ uint64_t fingerprint(const std::string& text) {
     return hash;
 }
 
-TEST(SelfPlay, ASeedIsTheSameHandEventForEvent) {
+TEST(SelfPlay, ASeedIsTheSamePlayEventForEvent) {
     // A rule or a time that changes, or a key that the player presses otherwise, makes another number.
-    constexpr uint64_t handOfSeed1 = 10475365693005761559u;
-    const std::string first = logOfHand(1);
-    EXPECT_EQ(first, logOfHand(1));
-    EXPECT_NE(first, logOfHand(2));
-    EXPECT_EQ(fingerprint(first), handOfSeed1);
+    constexpr uint64_t firstHandOfSeed1 = 10475365693005761559u;
+    constexpr uint64_t tenHandsOfSeed2 = 8961944760067596346u;
+    const std::string first = logOfHands(1, 1);
+    EXPECT_EQ(first, logOfHands(1, 1));
+    EXPECT_NE(first, logOfHands(3, 1));
+    EXPECT_EQ(fingerprint(first), firstHandOfSeed1);
+    EXPECT_EQ(fingerprint(logOfHands(2, 10)), tenHandsOfSeed2) << "a rarer turn of play has changed";
 }
 
 TEST(SelfPlay, TheRefereeAgreesAtEveryLevel) {
@@ -332,10 +334,11 @@ class WildHands {
         constexpr int anHour = 2000;
         if (++turns_ / anHour % 2 == 0 && below(30) != 0) return player_.act();
         const bool dialog = sim::modalDepth() > 0;
-        if (!dialog && below(10) == 0) return clickSomething();
+        const int seldom = gfrmMain->Timer1.enabled() ? 100 : 5;  // so that hands grow old, but seldom stand still
+        if (!dialog && below(seldom) == 0) return clickSomething();
         if (!dialog && below(3) == 0) return;  // lets the tile fall
-        if (below(4) == 0) later(below(20), &WildHands::pressSomething);
-        if (below(300) == 0) later(below(400), &WildHands::clickSomething);
+        if (below(4) == 0) later(soon(), &WildHands::pressSomething);
+        if (below(100) == 0) later(soon(), &WildHands::clickSomething);
         pressSomething();
     }
 
@@ -344,6 +347,9 @@ class WildHands {
 
   private:
     int below(int count) { return static_cast<int>(random_() % static_cast<uint32_t>(count)); }
+
+    /// In milliseconds; often just when the next tick comes, so that it is served inside that tick.
+    int soon() { return below(3) == 0 ? below(400) : gfrmMain->Timer1.interval(); }
 
     void later(int milliseconds, void (WildHands::*something)()) {
         sim::postAfter(milliseconds, [this, something] {
@@ -375,13 +381,9 @@ class WildHands {
         if (below(20) == 0) sim::clickButton(below(2) == 0 ? "OK" : "Cancel");
     }
 
-    /// Any button but Exit; a new match now and then, so that hands grow old as well.
     void clickSomething() {
-        constexpr int startAnew = 1, lastCommand = 13;
-        const int button = below(lastCommand) + 1;
-        const bool running = gfrmMain->Timer1.enabled();
-        if (button == startAnew && running && below(40) != 0) return;
-        sim::clickToolButton(button);
+        constexpr int lastButExit = 13;
+        sim::clickToolButton(below(lastButExit) + 1);
     }
 
     std::function<void()> look_;
