@@ -12,6 +12,7 @@ constexpr int firstDragon = 32;
 constexpr int firstSeason = 35;
 constexpr int firstFlower = 39;
 constexpr int perRing = 4;  // seats, winds, seasons, flowers
+constexpr size_t bonusTiles = 8;
 constexpr int basePoints = 50;
 constexpr int leastDoubles[] = {0, 1, 2, 3, 4};  // by Level
 constexpr std::string_view dragonTrios[] = {"Red Dragon Trio", "Green Dragon Trio", "Blue Dragon Trio"};
@@ -45,14 +46,14 @@ struct Count {
 };
 
 void countBonusTiles(Count& count) {
-    std::bitset<2 * perRing> held;
+    std::bitset<bonusTiles> held;
     for (const int kind : count.hand.bonusKinds) {
         held.set(kind - firstSeason);
         if (kind == firstFlower + count.place()) count.add("Own Flower Tile", 1);
         if (kind == firstSeason + count.place()) count.add("Own Season Tile", 1);
     }
-    const std::bitset<2 * perRing> allSeasons(0x0F);
-    const std::bitset<2 * perRing> allFlowers(0xF0);
+    const std::bitset<bonusTiles> allSeasons(0x0F);
+    const std::bitset<bonusTiles> allFlowers(0xF0);
     if ((held & allSeasons) == allSeasons) count.add("Four Seasons Set", 2);
     if ((held & allFlowers) == allFlowers) count.add("Four Flowers Set", 2);
     if (held.count() >= 7) count.add("Seven Flower/Season Combo", 3);

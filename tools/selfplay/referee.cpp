@@ -223,7 +223,8 @@ void Referee::settle(const Taken& taken) {
         pairAt_ = sets_;
     } else {
         require(alike || isSequence(taken.kinds), "a set was taken that is none");
-        score_ += (alike ? 2 : 1) * (game_.Timer1.interval() == dropInterval ? 2 : 1);
+        const int points = (alike ? 2 : 1) * (game_.Timer1.interval() == dropInterval ? 2 : 1);
+        score_ += points;
     }
     taken_[sets_++] = taken;
     handTiles_ += taken.tiles;

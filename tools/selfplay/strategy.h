@@ -10,7 +10,7 @@ namespace selfplay {
 
 /// The board as nine stacks of kinds: level 0 is the bottom row, column 0 the left one; kind 0 above a stack.
 struct Stacks {
-    std::array<int8_t, columnCount> height{};
+    std::array<uint8_t, columnCount> height{};
     std::array<std::array<uint8_t, columnCount>, bottomRow> kind{};
 
     /// Puts a tile on top of a column that isn't full.
