@@ -17,7 +17,7 @@
 #include "scoring/frmBreakDown.h"
 #include "scoring/scoringItems.h"
 #include "tests/gameFixture.h"
-#include "tools/selfplay/session.h"
+#include "tools/selfplay/sitting.h"
 
 namespace {
 
@@ -40,9 +40,9 @@ class UnseenGame : public GameFixture {
 std::string logOfHands(uint32_t seed, int hands) {
     const Unseen unseen;
     std::string log;
-    selfplay::Session session(seed, true);
+    selfplay::Sitting sitting(seed, true);
     sim::setLog([&](const std::string& line) { log += line + '\n'; });
-    while (session.hands() < hands) session.playMatch(hands - session.hands());
+    while (sitting.hands() < hands) sitting.playMatch(hands - sitting.hands());
     sim::setLog({});
     return log;
 }
@@ -69,10 +69,10 @@ TEST(SelfPlay, TheRefereeAgreesAtEveryLevel) {
     const Unseen unseen;
     for (int level = 1; level <= levelCount; ++level) {
         SCOPED_TRACE(levels[level - 1].caption);
-        selfplay::Session session(static_cast<uint32_t>(level), true);
-        session.setLevel(level);
-        while (session.hands() < handsALevel) ASSERT_NO_THROW(session.playMatch(handsALevel - session.hands()));
-        EXPECT_GE(session.won() * 3, session.hands()) << "the player is too weak to reach what follows a won hand";
+        selfplay::Sitting sitting(static_cast<uint32_t>(level), true);
+        sitting.setLevel(level);
+        while (sitting.hands() < handsALevel) ASSERT_NO_THROW(sitting.playMatch(handsALevel - sitting.hands()));
+        EXPECT_GE(sitting.won() * 3, sitting.hands()) << "the player is too weak to reach what follows a won hand";
     }
 }
 
@@ -80,10 +80,10 @@ TEST(SelfPlay, WholeMatchesEndWithTheirRounds) {
     const Unseen unseen;
     for (const int rounds : {1, 2}) {
         SCOPED_TRACE(rounds);
-        selfplay::Session session(7, true);
-        session.setRounds(rounds);
+        selfplay::Sitting sitting(7, true);
+        sitting.setRounds(rounds);
         for (int match = 1; match <= 2; ++match) {
-            ASSERT_NO_THROW(EXPECT_TRUE(session.playMatch(1000)));
+            ASSERT_NO_THROW(EXPECT_TRUE(sitting.playMatch(1000)));
             EXPECT_EQ(gfrmMain->mintRoundsPlayed, rounds);
             EXPECT_GE(gfrmMain->mintGamesPlayed, 4 * rounds);
             EXPECT_EQ(sim::modalDepth(), 0) << "the summary stayed open";
@@ -162,15 +162,15 @@ TEST(Referee, ObjectsToWhatIsWrong) {
     const Unseen unseen;
     for (const Tampering& row : tamperings) {
         SCOPED_TRACE(row.objection);
-        selfplay::Session session(5, true);
+        selfplay::Sitting sitting(5, true);
         try {
             bool done = false;
-            session.onLook = [&] {
+            sitting.onLook = [&] {
                 if (done || gfrmMain->mintTilesDropped != 15 || gfrmMain->mintCurRow != 3) return;
                 row.tamper(*gfrmMain.hold());
                 done = true;
             };
-            session.playMatch(1);
+            sitting.playMatch(1);
             ADD_FAILURE() << "the referee says nothing";
         } catch (const std::logic_error& objection) {
             EXPECT_NE(std::string(objection.what()).find(row.objection), std::string::npos) << objection.what();

@@ -12,7 +12,7 @@
 #include "platform/sim/desktop.h"
 #include "scoring/scoringItems.h"
 #include "tools/selfplay/album.h"
-#include "tools/selfplay/session.h"
+#include "tools/selfplay/sitting.h"
 
 namespace {
 
@@ -117,17 +117,17 @@ void tell(int number, const selfplay::HandReport& hand) {
     std::cout << "; score " << hand.score << "\n";
 }
 
-void summarize(const selfplay::Session& session, int matches, double seconds) {
+void summarize(const selfplay::Sitting& sitting, int matches, double seconds) {
     std::printf("Hands played: %d, won: %d (%.1f%%), points of won hands: %lld, matches: %d, hands a second: %.0f\n",
-                session.hands(), session.won(), 100.0 * session.won() / session.hands(),
-                static_cast<long long>(session.points()), matches, session.hands() / seconds);
+                sitting.hands(), sitting.won(), 100.0 * sitting.won() / sitting.hands(),
+                static_cast<long long>(sitting.points()), matches, sitting.hands() / seconds);
 }
 
 /// Plays until there are enough matches or hands; the number of matches played to their end.
-int playAll(selfplay::Session& session, const Options& options) {
+int playAll(selfplay::Sitting& sitting, const Options& options) {
     int matches = 0;
-    const auto wanted = [&] { return options.hands > 0 ? session.hands() < options.hands : matches < options.matches; };
-    while (wanted()) matches += session.playMatch(options.hands > 0 ? options.hands - session.hands() : many) ? 1 : 0;
+    const auto wanted = [&] { return options.hands > 0 ? sitting.hands() < options.hands : matches < options.matches; };
+    while (wanted()) matches += sitting.playMatch(options.hands > 0 ? options.hands - sitting.hands() : many) ? 1 : 0;
     return matches;
 }
 
@@ -144,16 +144,16 @@ void run(const Options& options) {
     std::cout << "Seed " << options.seed << ", Level " << options.level << ", rounds of a match: " << options.rounds
               << std::endl;
     const auto start = std::chrono::steady_clock::now();
-    selfplay::Session session(options.seed, options.referee);
+    selfplay::Sitting sitting(options.seed, options.referee);
     if (log.is_open()) sim::setLog([&](const std::string& line) { log << line << '\n'; });
-    if (album) session.onLook = [&] { album->look(); };
+    if (album) sitting.onLook = [&] { album->look(); };
     if (options.hands > 0 ? options.hands <= tellAllHands : options.matches <= tellAllMatches)
-        session.onHand = [&](const selfplay::HandReport& hand) { tell(session.hands(), hand); };
-    session.setLevel(options.level);
-    session.setRounds(options.rounds);
-    const int matches = playAll(session, options);
+        sitting.onHand = [&](const selfplay::HandReport& hand) { tell(sitting.hands(), hand); };
+    sitting.setLevel(options.level);
+    sitting.setRounds(options.rounds);
+    const int matches = playAll(sitting, options);
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
-    summarize(session, matches, passed.count());
+    summarize(sitting, matches, passed.count());
     if (album)
         for (const std::string& path : album->saved()) std::cout << "Saved " << path << "\n";
 }

@@ -25,13 +25,13 @@ struct HandReport {
 };
 
 /// The game on a fresh simulated desktop, with the built-in player at the keys. One at a time.
-class Session {
+class Sitting {
   public:
     /// Switches the desktop on with that seed and opens the game; without a referee nothing is checked.
-    Session(uint32_t seed, bool refereed);
-    ~Session();
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    Sitting(uint32_t seed, bool refereed);
+    ~Sitting();
+    Sitting(const Sitting&) = delete;
+    Sitting& operator=(const Sitting&) = delete;
 
     std::function<void()> onLook;                        ///< Whenever the player is about to look at the table.
     std::function<void(const HandReport& hand)> onHand;  ///< Whenever a hand has ended.

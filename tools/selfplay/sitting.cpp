@@ -1,4 +1,4 @@
-#include "tools/selfplay/session.h"
+#include "tools/selfplay/sitting.h"
 
 #include <stdexcept>
 
@@ -18,7 +18,7 @@ constexpr int patience = 1000;  // events without a new tile; a tile has a dozen
 
 }  // namespace
 
-Session::Session(uint32_t seed, bool refereed) : player_(seed) {
+Sitting::Sitting(uint32_t seed, bool refereed) : player_(seed) {
     sim::switchOn(seed);
     game_ = gfrmMain.hold();
     game_->form.show();
@@ -30,14 +30,14 @@ Session::Session(uint32_t seed, bool refereed) : player_(seed) {
     });
 }
 
-Session::~Session() {
+Sitting::~Sitting() {
     sim::setHands({});
     game_.reset();
     gsClearObjects(gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary, gfrmRoundsSetting, gfrmBitmaps,
                    gfrmMain);
 }
 
-bool Session::playMatch(int mostHands) {
+bool Sitting::playMatch(int mostHands) {
     const int enough = hands_ + mostHands;
     player_.startMatch();
     gamesSeen_ = 0;
@@ -55,7 +55,7 @@ bool Session::playMatch(int mostHands) {
 }
 
 /// Keeps the report on the hand in play up to date, and lets the referee look.
-void Session::watch() {
+void Sitting::watch() {
     if (game_->mintGamesPlayed == gamesSeen_ + 1) endHand();
     hand_.tiles = game_->mintTilesDropped;
     hand_.handTiles = game_->mintHandCount;
@@ -71,7 +71,7 @@ void Session::watch() {
 }
 
 /// The hand is over, and as a rule the next one has begun: the report is that of the last look.
-void Session::endHand() {
+void Sitting::endHand() {
     gamesSeen_ = game_->mintGamesPlayed;
     hand_.won = hand_.handTiles == handTiles;
     hand_.score = game_->mlngScore;
