@@ -48,9 +48,10 @@ namespace {
 std::string nameOf(const CellInfo& place) {
     if (!place.Filled) return ".";
     const TileKind& tile = place.Tile;
-    if (tile.Suit > 0) return std::string(1, "cbw"[tile.Suit - 1]) + std::to_string(tile.Number);
-    if (tile.Number > 0) return std::string(1, "ESWNRGB"[tile.Number - 10]);
-    return (tile.Bonus <= 4 ? "s" : "f") + std::to_string((tile.Bonus - 1) % 4 + 1);
+    const auto digit = [](int number) { return static_cast<char>('0' + number); };
+    if (tile.Suit > 0) return {"cbw"[tile.Suit - 1], digit(tile.Number)};
+    if (tile.Number > 0) return {"ESWNRGB"[tile.Number - 10]};
+    return {tile.Bonus <= 4 ? 's' : 'f', digit((tile.Bonus - 1) % 4 + 1)};
 }
 
 int16_t firstTileOf(const frmMain& game, int16_t kind) {
@@ -97,7 +98,8 @@ std::vector<std::string> GameFixture::board() const {
         std::string text;
         bool any = false;
         for (const CellInfo& place : game->CellTable[row]) {
-            text += (text.empty() ? "" : " ") + nameOf(place);
+            if (!text.empty()) text += ' ';
+            text += nameOf(place);
             any = any || place.Filled;
         }
         if (!any) break;
