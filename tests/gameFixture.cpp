@@ -110,7 +110,7 @@ std::vector<std::string> GameFixture::board() const {
 
 void GameFixture::land(const std::string& name, int column) {
     sim::setHands([this] {
-        if (gfrmChooseTiles.empty() || !gfrmChooseTiles->form.loaded()) return;
+        if (!gfrmChooseTiles.isOpen()) return;
         std::vector<Offer> offer;
         for (int i = 1; i < gfrmChooseTiles->mintNumEntries; ++i) {
             int tiles = 0;
@@ -136,8 +136,7 @@ void GameFixture::land(const std::string& name, int column) {
 
 void GameFixture::startMatch() {
     sim::setHands([] {
-        if (!gfrmChooseSeat.empty() && gfrmChooseSeat->form.loaded() && !gfrmChooseSeat->mblnDrawn)
-            sim::pressKey(platform::key::Enter);
+        if (gfrmChooseSeat.isOpen() && !gfrmChooseSeat->mblnDrawn) sim::pressKey(platform::key::Enter);
     });
     sim::clickToolButton(1);
     sim::setHands({});

@@ -359,12 +359,11 @@ class WildHands {
     }
 
     void note() {
-        const auto open = [](auto& form) { return !form.empty() && form->form.loaded(); };
-        sawChooser |= open(gfrmChooseTiles);
-        sawSummary |= open(gfrmGameSummary);
-        sawBreakDown |= open(gfrmBreakDown);
-        sawRounds |= open(gfrmRoundsSetting);
-        sawSeatDraw |= open(gfrmChooseSeat);
+        sawChooser |= gfrmChooseTiles.isOpen();
+        sawSummary |= gfrmGameSummary.isOpen();
+        sawBreakDown |= gfrmBreakDown.isOpen();
+        sawRounds |= gfrmRoundsSetting.isOpen();
+        sawSeatDraw |= gfrmChooseSeat.isOpen();
         sawFullBoard |= gfrmMain->CellTable[1][entryColumn].Filled;
     }
 

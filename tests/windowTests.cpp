@@ -73,7 +73,7 @@ class Window : public ::testing::Test {
     bool waitFor(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, longEnough); }
 
     void startMatch() {
-        once([] { return !gfrmChooseSeat.empty() && gfrmChooseSeat->form.loaded(); }, [this] { press(Qt::Key_Enter); });
+        once([] { return gfrmChooseSeat.isOpen(); }, [this] { press(Qt::Key_Enter); });
         click("Start Anew");
         EXPECT_EQ(game->mintCurRow, noRow);
     }
@@ -104,7 +104,7 @@ TEST_F(Window, AHandIsPlayedToItsEndAndTheNextBegins) {
     EXPECT_EQ(game->mintCurCol, 3);
 
     bool offered = false;
-    once([] { return !gfrmChooseTiles.empty() && gfrmChooseTiles->form.loaded(); },
+    once([] { return gfrmChooseTiles.isOpen(); },
          [&] {
              offered = true;
              EXPECT_EQ(gfrmChooseTiles->mintNumEntries, 2);
@@ -114,7 +114,7 @@ TEST_F(Window, AHandIsPlayedToItsEndAndTheNextBegins) {
              press(Qt::Key_Enter, Qt::KeypadModifier);
          });
     bool brokenDown = false;
-    once([] { return !gfrmBreakDown.empty() && gfrmBreakDown->form.loaded(); },
+    once([] { return gfrmBreakDown.isOpen(); },
          [&] {
              brokenDown = true;
              EXPECT_FALSE(game->Timer1.enabled());
@@ -178,7 +178,7 @@ TEST_F(Window, TheWindowShowsThePictureAndTheChooserLiesOverItsPanel) {
     press(Qt::Key_Left);
     press(Qt::Key_Left);
     bool looked = false;
-    once([] { return !gfrmChooseTiles.empty() && gfrmChooseTiles->form.loaded(); },
+    once([] { return gfrmChooseTiles.isOpen(); },
          [&] {
              looked = true;
              EXPECT_EQ(differences(gfrmChooseTiles->picWork, 353, 436, 400, 2), 0);
@@ -196,7 +196,7 @@ TEST_F(Window, NothingButTheDialogOnTopTakesAClick) {
     startMatch();
     const uint32_t hand = game->mlngHand;
     bool seen = false;
-    once([] { return !gfrmRoundsSetting.empty() && gfrmRoundsSetting->form.loaded(); },
+    once([] { return gfrmRoundsSetting.isOpen(); },
          [&] {
              seen = true;
              click("Start Anew");
@@ -245,8 +245,7 @@ TEST_F(WindowDeathTest, TheWindowClosesAtOnceIdleFallingAndOverADialog) {
         ended, "");
     EXPECT_EXIT(
         {
-            once([] { return !gfrmRoundsSetting.empty() && gfrmRoundsSetting->form.loaded(); },
-                 [this] { window->close(); });
+            once([] { return gfrmRoundsSetting.isOpen(); }, [this] { window->close(); });
             click("Rounds Setting");
         },
         ended, "");
@@ -255,8 +254,7 @@ TEST_F(WindowDeathTest, TheWindowClosesAtOnceIdleFallingAndOverADialog) {
             startMatch();
             nextTile(1);
             game->CellTable[12][4].fill(game->TileKinds[1]);
-            once([] { return !gfrmChooseTiles.empty() && gfrmChooseTiles->form.loaded(); },
-                 [this] { window->close(); });
+            once([] { return gfrmChooseTiles.isOpen(); }, [this] { window->close(); });
             press(Qt::Key_Down);
             waitFor([] { return false; });
         },

@@ -20,6 +20,7 @@ class FormRef {
     }
 
     bool empty() const { return !object_; }
+    bool isOpen() const { return object_ && object_->form.loaded(); }  ///< The form is on the screen.
 
     /// Empties the reference; the object dies here unless it is held elsewhere.
     void clear() {

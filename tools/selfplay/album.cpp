@@ -13,11 +13,6 @@
 namespace selfplay {
 namespace {
 
-template <class FormObject>
-bool isOpen(FormRef<FormObject>& form) {
-    return !form.empty() && form->form.loaded();
-}
-
 struct Moment {
     const char* name;
     bool (*hasCome)(const frmMain& game);
@@ -28,16 +23,16 @@ constexpr int wellIntoAHand = 8;  // hand tiles
 constexpr int oneOffer = 2;       // entries of a chooser: the offer and Pass
 
 constexpr Moment moments[] = {
-    {"01-seat-draw.png", [](const frmMain&) { return isOpen(gfrmChooseSeat); }},
+    {"01-seat-draw.png", [](const frmMain&) { return gfrmChooseSeat.isOpen(); }},
     {"02-first-tile.png", [](const frmMain& game) { return game.mintTilesDropped == 1 && game.mintCurRow == 1; }},
     {"03-tile-chooser.png",
-     [](const frmMain&) { return isOpen(gfrmChooseTiles) && gfrmChooseTiles->mintNumEntries > oneOffer; }},
+     [](const frmMain&) { return gfrmChooseTiles.isOpen() && gfrmChooseTiles->mintNumEntries > oneOffer; }},
     {"04-in-play.png",
      [](const frmMain& game) {
          return game.mintHandCount >= wellIntoAHand && game.mintCurRow == wellOnItsWay && sim::modalDepth() == 0;
      }},
-    {"05-break-down.png", [](const frmMain&) { return isOpen(gfrmBreakDown); }},
-    {"06-match-end.png", [](const frmMain&) { return isOpen(gfrmGameSummary); }},
+    {"05-break-down.png", [](const frmMain&) { return gfrmBreakDown.isOpen(); }},
+    {"06-match-end.png", [](const frmMain&) { return gfrmGameSummary.isOpen(); }},
 };
 
 }  // namespace

@@ -3,8 +3,6 @@
 #include <cstdint>
 #include <random>
 
-#include "tools/selfplay/strategy.h"
-
 namespace selfplay {
 
 /// Hands for the simulated desktop that play by the keys alone, and look at no more than a player can see: they steer

@@ -66,7 +66,7 @@ void Referee::object(const std::string& complaint) const {
 }
 
 /// Whether the landed tile is on the board already while its landing goes on.
-bool Referee::isLanding() const { return !gfrmChooseTiles.empty() && gfrmChooseTiles->form.loaded(); }
+bool Referee::isLanding() const { return gfrmChooseTiles.isOpen(); }
 
 bool Referee::isFalling() const { return game_.mintCurRow != noRow && !isLanding(); }
 
