@@ -35,7 +35,10 @@ void Panel::Impl::Face::paintEvent(QPaintEvent* /*event*/) {
     painter.setFont(qt::letteringOf(font).font);
     painter.setPen(qt::colorOf(look.fore));
     const Qt::Alignment across = look.align == Align::Left ? Qt::AlignLeft : Qt::AlignHCenter;
-    painter.drawText(inside, static_cast<int>(across | Qt::AlignVCenter | Qt::TextDontClip), caption);
+    // A line that is higher than its panel loses the room above its letters rather than what hangs below them.
+    const bool tooHigh = painter.fontMetrics().height() > inside.height();
+    const Qt::Alignment down = tooHigh ? Qt::AlignBottom : Qt::AlignVCenter;
+    painter.drawText(inside, static_cast<int>(across | down | Qt::TextDontClip), caption);
 }
 
 Panel::Impl::Impl(QWidget* parent, const Place& place) : face(new Face(parent, place)) {}
