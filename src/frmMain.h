@@ -16,6 +16,8 @@ enum class ScoringItem;
 /// The images of the toolbar's buttons; an empty strip if the program doesn't carry them.
 platform::ImageList ImageList1();
 
+constexpr int toolbarButtons = 15;  ///< Commands and one gap, numbered from 1.
+
 /// A point on `picWork`, in pixels.
 struct PixelPoint {
     int16_t X, Y;
@@ -43,7 +45,7 @@ struct frmMain {
     Table<PixelPoint, 1, seatCount> maudtSeatPsn;
     Table<std::string, 1, seatCount> mastrSeatName;
     Table<PixelPoint, 1, seatCount> maudtHousePsn;
-    Table<std::string, 1, 15> mastrToolTip;  // by button, without its state
+    Table<std::string, 1, toolbarButtons> mastrToolTip;  // by button, without its state
 
     // The options, for the run: Form_Load
     int32_t mlngLevel = 0;            // 1 Easy to 5 Super Hard
@@ -75,7 +77,7 @@ struct frmMain {
     int16_t mintDoubles = 0;                 // doubles found by the tally
     bool mblnInTimerTick = false;            // guard of Timer1_Timer; stays set after a match has ended
     bool mblnGameRunning = false;            // a match is running
-    uint32_t mlngHand = 0;                   // number of this hand in the run, so that a tick can tell it from the next
+    uint32_t mlngHandNumber = 0;             // number of this hand in the run, so that a tick can tell it from the next
 
     // The falling tile: mblnfTileEnters
     int16_t mintCurRow = 0;        // 1 to 12; noRow while no tile is on its way
@@ -88,118 +90,206 @@ struct frmMain {
     DynamicTable<TileKind> maudtCheckTiles;  // the faces in the window that is looked at
 
     // play/newGame.cpp: the start of the program and of a hand
+    /// Sets up window, pictures, tables and options; the window then stands idle.
     void Form_Load();
+    /// Fills all places, kinds and tile numbers.
     void msInitVar();
+    /// Gives the places of the board, of candidates and of earned tiles their pixels.
     void msPlaceCells();
+    /// Gives each of the 144 tiles its kind.
     void msAssignTileBmpIdx();
+    /// Empties the candidates and their count.
     void msInitTileSet(Candidates& sets);
+    /// Puts the tile numbers 1 to 144 into a new random order.
     void msShuffleTiles();
+    /// Begins a hand and starts the drop timer.
     void msInitNewGame();
 
     // play/dropLoop.cpp: the tick, the keys and the ends of a hand and of a match
+    /// One tick: brings a tile in, moves it down a row or lands it, or ends the hand or the match.
     void Timer1_Timer();
+    /// Brings in the next tile; false if the hand is over instead.
     bool mblnfTileEnters();
+    /// Moves the tile down by a row, or lands it; true if it is to be painted at a new place.
     bool mblnfTileFalls();
+    /// Counts the hand, moves the House, shows the break-down and begins the next hand.
     void msEndHand(bool blnWon);
+    /// Stops the fall and shows the summary.
     void msEndMatch();
+    /// Steers the falling tile by the code of a key.
     void Form_KeyDown(int intKeyCode);
+    /// Moves the tile a column to the left, -1, or right, 1, if the place beside it is free.
     void msMoveSideways(int16_t intStep);
+    /// True if the falling tile can go a row down.
     bool mblnfDropOK();
+    /// Milliseconds a row for the next tile, by Level and hand.
     int16_t mintfSetTimeInterval();
+    /// Takes the falling tile off the picture.
     void msEraseTile();
 
     // play/search.cpp: what a landed tile completes
     struct Landing;
+    /// Makes the landed tile part of the board, and offers what it completes until that is done.
     void msMarkCellTable();
+    /// Looks for candidates around the landed tile or the set just taken.
     void msSearch(Landing& udtLanding);
+    /// Tries all windows of 1, 2 or 3 tiles, from the starting row up the board.
     void msSearchPass(Landing& udtLanding, int16_t intNumCheck);
+    /// Lets the player choose among the candidates, and takes what was chosen.
     void msOffer(Landing& udtLanding);
+    /// Gives the first and last left column of the windows of a pass.
     void msGetColumns(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat, int16_t intNumCheck,
                       int16_t intTakenNum);
+    /// The same for windows of one tile.
     void msGetCheckSingleCols(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat,
                               int16_t intTakenNum);
+    /// The same for windows of two tiles.
     void msGetCheckPairCols(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat,
                             int16_t intTakenNum);
+    /// The same for windows of three tiles.
     void msGetCheckTrioCols(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat,
                             int16_t intTakenNum);
+    /// True if the window at that place is a set; it is then stored as a candidate.
     bool mblnfTileConnection(int16_t intRow, int16_t intCol, int16_t intNumTiles);
+    /// Adds the tiles from first to last as a new candidate.
     void msStorePossibleTiles(int16_t intFirst, int16_t intLast, const DynamicTable<TileKind>& audtTiles);
 
     // play/taking.cpp: a set leaves the board
+    /// Moves a set of 1 to 3 tiles from the board to the earned tiles and shows the picture.
     void msTakeSet(int16_t intRow, int16_t intCol, int16_t intNumTiles);
+    /// Copies the tiles of a set to the earned slots and tells its `SetKind`.
     void msStoreEarnedTiles(int16_t intRow, int16_t intColFrom, int16_t intColTo, int32_t& lngSetKind);
+    /// Takes a set off the board; what stands above it drops by a row.
     void msRemoveTiles(int16_t intRow, int16_t intColFrom, int16_t intColTo);
+    /// Moves the pair to slots 13 and 14.
     void msReArrangeTiles();
 
     // scoring/tally.cpp: points of sets and of a won hand
+    /// Adds the points of a taken set, values the hand if asked to, and prints the score.
     void msUpdateScore(int32_t lngSetKind, bool blnTally);
+    /// Adds to the score; an overflow fails and leaves it as it was.
     void msAddPoints(int32_t lngPoints);
+    /// Prints the score on the picture.
     void msPrintScore();
+    /// Values a hand of 14 tiles: its items, doubles and points.
     void msTallyScore();
+    /// Appends an item and a comma to the list of items.
     void msListItem(ScoringItem item);
+    /// Adds the doubles of an item.
     void msAddDoubles(ScoringItem item);
+    /// Lists an item and adds its doubles.
     void msScoreItem(ScoringItem item);
+    /// The points for the doubles of the hand; 0 below the least that the Level asks for.
     int32_t mlngfHandPoints();
+    /// Empties the list of items and the points of the last hand.
     void msClearScoreDesc();
 
     // scoring/patterns.cpp: the hand as a whole
+    /// True, and its doubles added, if all is of one suit.
     bool mblnfPureSuit();
+    /// True, and its doubles added, if all is of one suit and honours.
     bool mblnfSemiPureSuit();
+    /// True, and its items scored, if no set is a sequence.
     bool mblnfThreeOfAKindOnly();
+    /// True, and its item scored, if no set is a trio.
     bool mblnfSequenceOnly();
 
     // scoring/honours.cpp: flowers and seasons, dragons, winds
+    /// Scores the single flowers and seasons.
     void msCheckForFlowers();
+    /// Scores the tile of a slot if it is the player's own, which depends on who holds the House.
     void msLookAtBonusTile(int16_t intSlot);
+    /// Scores a tile that is the player's own while seat 1 holds the House.
     void msHouseIsEast(int16_t intSlot);
+    /// The same for seat 2.
     void msHouseIsSouth(int16_t intSlot);
+    /// The same for seat 3.
     void msHouseIsWest(int16_t intSlot);
+    /// The same for seat 4.
     void msHouseIsNorth(int16_t intSlot);
+    /// Scores a tile that is the player's own while that seat holds the House.
     void msOwnTiles(int16_t intSlot, int32_t lngHouse);
+    /// Scores a tile that is one of these two, given as Bonus.
     void msFlowerAndSeason(int16_t intSlot, int32_t lngOwnFlower, int32_t lngOwnSeason);
+    /// Scores trios of dragons.
     void msCheckForDragons();
+    /// Puts the item, with its comma, in the place of the listed dragon trios.
     void msReplace_Dragon_Tiles_Desc(const std::string& strNewItem);
+    /// Scores trios of winds.
     void msCheckForWinds();
+    /// Scores a trio of the wind of the round, 1 to 4.
     void msCheckPrevailingWind(int32_t lngWind);
+    /// Scores a trio of the wind of a seat that is the player's own.
     void msCheckOwnWind(int32_t lngSeat);
 
     // match/seats.cpp: the House and the rounds
+    /// Fills the names and places of the seats.
     void msAssignSeatPsns();
+    /// Moves the House after a hand, unless the player has won while holding it.
     void msUpdateHouse(bool blnWon);
+    /// Moves the House to the next seat.
     void msMoveHouse();
+    /// Ends the round at the fourth move of the House and turns its wind.
     void msUpdateRound();
 
     // presentation/boardView.cpp: the board and the tiles on the screen
+    /// Paints the falling tile, keeping what lay under it, and shows the picture.
     void msDrawTile();
+    /// Copies the whole picture to the window.
     void msShowPicture();
+    /// Paints a face through the mask of its view, a row offset.
     void msPaintTile(const PixelPoint& udtPlace, int16_t intKind, int16_t intView);
+    /// Clears the picture and paints the landed tiles.
     void msDrawPlayArea();
+    /// Paints the next tile, or the bare table without Peek.
     void msDrawNexTile();
+    /// Paints what the player has taken.
     void msDrawEarnedTiles();
 
     // presentation/indicators.cpp: seats and winds on the table
+    /// Paints the large marker with the wind of the round.
     void msDrawRound();
+    /// Paints the small marker at the seat of the House.
     void msDrawHouseIndicator();
+    /// Paints the small table, the names of the seats and the small marker.
     void msDrawSeats();
 
     // presentation/commands.cpp: the toolbar
+    /// Gives the toolbar its images and widths and the menu its Levels.
     void msSetUpToolbar();
+    /// Sets all tool-tips.
     void msSetToolTipText();
+    /// Sets a button's tool-tip from its text and the present state.
     void msShowToolTip(int intButton);
+    /// Carries out the command of a button, 1 to 15.
     void tbrZQT_ButtonClick(int intButton);
+    /// Draws the seat and begins a match.
     void msStartAnew();
+    /// Opens the Level menu.
     void msChooseLevel();
+    /// Turns the break-down after a won hand on or off.
     void msToggleBreakDown();
+    /// Turns the wish for music on or off.
     void msToggleMusicOn();
+    /// Holds a running game for the time of a dialog; one that was paused runs on after it.
     void msHoldForDialog();
+    /// Opens the setting of the rounds.
     void msSetRounds();
+    /// Changes the language of the wind markers.
     void msToggleRoundLanguage();
+    /// Shows or hides the next tile.
     void msTogglePeek();
+    /// Stops or restarts the fall.
     void msPause();
+    /// Stops the fall.
     void msStop();
+    /// Unloads the window.
     void msExit();
+    /// Sets the Level, 1 to 5, and its check mark.
     void mnuLevelItem_Click(int intItem);
+    /// Ends the program with the window.
     void Form_Unload();
+    /// Lets go of every form and ends the process.
     [[noreturn]] void msExitProgram();
 };
 

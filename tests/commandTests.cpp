@@ -96,9 +96,9 @@ TEST_F(Commands, StartAnewDropsTheGameAtHand) {
     startMatch();
     sim::runFor(3000);
     game->mlngScore = 12;
-    const uint32_t hand = game->mlngHand;
+    const uint32_t hand = game->mlngHandNumber;
     startMatch();
-    EXPECT_EQ(game->mlngHand, hand + 1);
+    EXPECT_EQ(game->mlngHandNumber, hand + 1);
     EXPECT_EQ(game->mlngScore, 0);
     EXPECT_EQ(game->mintCurRow, noRow);
     EXPECT_TRUE(board().empty());

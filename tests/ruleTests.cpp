@@ -4,6 +4,7 @@
 #include <set>
 
 #include "platform/desktop.h"
+#include "platform/pictures.h"
 #include "platform/sim/desktop.h"
 #include "tests/gameFixture.h"
 #include "toolkit/modScreen.h"
@@ -286,8 +287,10 @@ TEST_F(Toolkit, AFailureIsReportedByNameAndTheCallerGoesOn) {
     beginHand();
     game->mintCurCol = 10;
     EXPECT_FALSE(game->mblnfDropOK());
+    guarded("msLoad", [] { platform::pictureByName("picNothing"); });
     const std::vector<std::string> expected = {"Error In msSomething: Error 6 - Overflow",
-                                               "Error In mblnfDropOK: Error 9 - Subscript out of range"};
+                                               "Error In mblnfDropOK: Error 9 - Subscript out of range",
+                                               "Error In msLoad: Error 53 - File not found: picture picNothing"};
     EXPECT_EQ(sim::messages(), expected);
 }
 

@@ -194,7 +194,7 @@ TEST_F(Window, TheWindowShowsThePictureAndTheChooserLiesOverItsPanel) {
 
 TEST_F(Window, NothingButTheDialogOnTopTakesAClick) {
     startMatch();
-    const uint32_t hand = game->mlngHand;
+    const uint32_t hand = game->mlngHandNumber;
     bool seen = false;
     once([] { return gfrmRoundsSetting.isOpen(); },
          [&] {
@@ -208,7 +208,7 @@ TEST_F(Window, NothingButTheDialogOnTopTakesAClick) {
     click("Rounds Setting");
     EXPECT_TRUE(seen);
     EXPECT_EQ(gintNumRounds, 5);
-    EXPECT_EQ(game->mlngHand, hand);
+    EXPECT_EQ(game->mlngHandNumber, hand);
     EXPECT_FALSE(game->mblnPeek);
 }
 

@@ -19,7 +19,6 @@ void frmMain::Timer1_Timer() {
     mblnInTimerTick = false;
 }
 
-/// Brings in the next tile; false if the hand is over instead.
 bool frmMain::mblnfTileEnters() {
     Timer1.setInterval(mintfSetTimeInterval());
     ++mintTilesDropped;
@@ -35,18 +34,17 @@ bool frmMain::mblnfTileEnters() {
     return false;
 }
 
-/// Moves the tile down by a row, or lands it; true if it is to be painted at a new place.
 bool frmMain::mblnfTileFalls() {
     if (!mblnfDropOK()) {
         msMarkCellTable();
         mintCurRow = noRow;
         return false;
     }
-    const uint32_t lngThisHand = mlngHand;
+    const uint32_t lngThisHand = mlngHandNumber;
     platform::doEvents();
     // A command served just now can have begun another hand or held the game, and a key can have put the tile over a
     // taken place, where it lands at the next tick.
-    if (lngThisHand != mlngHand || mintCurRow == noRow || !Timer1.enabled() || !mblnfDropOK()) return false;
+    if (lngThisHand != mlngHandNumber || mintCurRow == noRow || !Timer1.enabled() || !mblnfDropOK()) return false;
     msEraseTile();
     ++mintCurRow;
     return true;

@@ -9,10 +9,9 @@
 namespace {
 
 constexpr int tableResource = 101;
-constexpr int clientRight = 794;   // pixels
-constexpr int clientBottom = 560;  // pixels; the sizing adds a menu bar's 20
-constexpr int toolbarHeight = 28;  // pixels
-constexpr int toolbarButtons = 15;
+constexpr int clientRight = 794;    // pixels
+constexpr int clientBottom = 560;   // pixels; the sizing adds a menu bar's 20
+constexpr int toolbarHeight = 28;   // pixels
 constexpr int firstInterval = 500;  // milliseconds
 constexpr int16_t startRounds = 4;
 
@@ -142,7 +141,7 @@ void frmMain::msInitNewGame() {
         msDrawSeats();
         msUpdateScore(pairOfTiles, false);
         msShuffleTiles();
-        ++mlngHand;
+        ++mlngHandNumber;
         Timer1.setEnabled(true);
         mblnInTimerTick = false;
         mblnGameRunning = true;

@@ -3,7 +3,6 @@
 #include "frmMain.h"
 #include "play/frmChooseTiles.h"
 
-/// What one landing keeps through all repeats of its search.
 struct frmMain::Landing {
     bool blnDone = false;
     bool blnRepeat = false;          // false: around the landed tile; true: around the set just taken
@@ -38,7 +37,6 @@ void frmMain::msSearch(Landing& udtLanding) {
     for (int16_t intNumCheck = 1; intNumCheck <= setTiles; ++intNumCheck) msSearchPass(udtLanding, intNumCheck);
 }
 
-/// Tries all windows of so many tiles, from the starting row up the board.
 void frmMain::msSearchPass(Landing& udtLanding, int16_t intNumCheck) {
     const int16_t intLowest = udtLanding.blnRepeat ? int16_t{1} : mintCurRow;
     int16_t intColFrom = 0;
@@ -57,7 +55,6 @@ void frmMain::msSearchPass(Landing& udtLanding, int16_t intNumCheck) {
         }
 }
 
-/// Lets the player choose among the candidates, and takes what was chosen.
 void frmMain::msOffer(Landing& udtLanding) {
     gfrmChooseTiles->msLoadFormVariables(udtLanding.aintRows, udtLanding.aintCols);
     gfrmChooseTiles.showModal();

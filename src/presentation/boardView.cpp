@@ -11,13 +11,11 @@ void frmMain::msDrawTile() {
     });
 }
 
-/// Shows all of `picWork`.
 void frmMain::msShowPicture() {
     platform::BitBlt(form.surface(), 0, 0, picWork.width(), picWork.height(), picWork, 0, 0, platform::SRCCOPY);
     form.refresh();
 }
 
-/// Paints a face through the mask of its view.
 void frmMain::msPaintTile(const PixelPoint& udtPlace, int16_t intKind, int16_t intView) {
     platform::BitBlt(picWork, udtPlace.X, udtPlace.Y, tileWidth, tileHeight, gfrmBitmaps->picTileBackMask, 0, intView,
                      platform::SRCAND);

@@ -53,7 +53,7 @@ constexpr ButtonRow buttons[] = {
     {"", 0, noState, nullptr},
     {"Exit", 14, noState, &frmMain::msExit},
 };
-static_assert(std::size(buttons) == 15);
+static_assert(std::size(buttons) == toolbarButtons);
 
 enum Button { levelButton = 2, breakDownButton = 3, musicButton = 4, roundButton = 7, peekButton = 8 };
 
@@ -84,7 +84,6 @@ void frmMain::msSetToolTipText() {
     });
 }
 
-/// Sets a button's tool-tip from its text and the present state.
 void frmMain::msShowToolTip(int intButton) {
     const State state = buttons[intButton - 1].state;
     tbrZQT.setToolTip(intButton, mastrToolTip[intButton] + (state != noState ? state(*this) : ""));
@@ -127,7 +126,6 @@ void frmMain::msToggleMusicOn() {
     msShowToolTip(musicButton);
 }
 
-/// Holds a running game for the time of a dialog; a game that was paused runs on after it.
 void frmMain::msHoldForDialog() {
     if (mblnGameRunning) Timer1.setEnabled(false);
     if (mblnGameRunning) Timer1.setEnabled(true);

@@ -57,7 +57,6 @@ void frmMain::msCheckForFlowers() {
     });
 }
 
-/// Counts a held flower or season that is the player's own, which depends on who holds the House.
 void frmMain::msLookAtBonusTile(int16_t intSlot) {
     if (mlngHouse == mlngSeat) return msFlowerAndSeason(intSlot, seasonCount + 1, 1);
     switch (mlngHouse) {

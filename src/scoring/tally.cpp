@@ -28,7 +28,6 @@ void frmMain::msUpdateScore(int32_t lngSetKind, bool blnTally) {
     });
 }
 
-/// Adds to the score; an overflow fails and leaves it as it was.
 void frmMain::msAddPoints(int32_t lngPoints) { mlngScore = narrow32(int64_t{mlngScore} + lngPoints); }
 
 void frmMain::msPrintScore() {

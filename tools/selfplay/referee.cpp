@@ -43,7 +43,7 @@ bool isClear(const CellInfo& place) { return !place.Filled && place.Tile.KindIdx
 }  // namespace
 
 void Referee::check() {
-    if (game_.mlngHand == 0) return;  // Nothing has been played yet.
+    if (game_.mlngHandNumber == 0) return;  // Nothing has been played yet.
     followMatch();
     followBonusTiles();
     followSets();
@@ -61,7 +61,7 @@ void Referee::require(bool holds, const char* otherwise) const {
 }
 
 void Referee::object(const std::string& complaint) const {
-    throw std::logic_error(complaint + " (hand " + std::to_string(game_.mlngHand) + ", tile " +
+    throw std::logic_error(complaint + " (hand " + std::to_string(game_.mlngHandNumber) + ", tile " +
                            std::to_string(game_.mintTilesDropped) + ")");
 }
 
@@ -143,7 +143,7 @@ void Referee::checkMatch() const {
 }
 
 void Referee::followMatch() {
-    const bool otherHand = game_.mlngHand != hand_;
+    const bool otherHand = game_.mlngHandNumber != hand_;
     if (otherHand && game_.mintGamesPlayed == 0) {
         openMatch();
         return openHand();
@@ -163,8 +163,8 @@ void Referee::openMatch() {
 
 void Referee::openHand() {
     require(closed_, "a hand begins while another is open");
-    require(game_.mlngHand != hand_, "a hand is counted twice");
-    hand_ = game_.mlngHand;
+    require(game_.mlngHandNumber != hand_, "a hand is counted twice");
+    hand_ = game_.mlngHandNumber;
     closed_ = false;
     taken_ = {};
     sets_ = 0;
