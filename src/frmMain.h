@@ -18,11 +18,6 @@ platform::ImageList ImageList1();
 
 constexpr int toolbarButtons = 15;  ///< Commands and one gap, numbered from 1.
 
-/// A point on `picWork`, in pixels.
-struct PixelPoint {
-    int16_t X, Y;
-};
-
 /// The main window, which owns the game: the map of its state, by lifetime, and of its procedures, by the file they
 /// live in. Names with m are the game's own; nothing outside it but the built-in player, its referee and the tests
 /// looks at them.

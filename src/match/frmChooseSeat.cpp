@@ -74,7 +74,7 @@ void frmChooseSeat::msShuffleTiles() {
 }
 
 void frmChooseSeat::msPlaceFrame() {
-    const Place& place = maudtTilePsn[mintSelTile];
+    const PixelPoint& place = maudtTilePsn[mintSelTile];
     const int border = shpSeat.borderWidth();
     shpSeat.setPlace({place.X - border, place.Y - border, frameWidth, frameHeight});
 }

@@ -4,6 +4,7 @@
 
 #include "platform/controls.h"
 #include "platform/form.h"
+#include "play/model.h"
 #include "runtime.h"
 #include "toolkit/formRef.h"
 
@@ -13,25 +14,29 @@ struct frmChooseSeat {
 
     int16_t mprpSeat() const { return mintSeat; }  ///< The drawn seat, 1 to 4; 0 before the draw.
 
-    struct Place {
-        int16_t X = 0, Y = 0;  // pixels
-    };
-
     platform::Form form;
-    platform::Shape shpSeat{form};        // the frame around the selected tile
-    int16_t mintSelTile = 0;              // the position that the frame stands on, 1 to 4
-    int16_t mintSeat = 0;                 // the answer
-    bool mblnDrawn = false;               // the tiles have been turned over: keys do nothing any more
-    Table<Place, 1, 4> maudtTilePsn;      // the four positions
-    Table<int32_t, 1, 4> malngSeatTiles;  // the wind, as a kind, at each position
+    platform::Shape shpSeat{form};         // the frame around the selected tile
+    int16_t mintSelTile = 0;               // the position that the frame stands on, 1 to 4
+    int16_t mintSeat = 0;                  // the answer
+    bool mblnDrawn = false;                // the tiles have been turned over: keys do nothing any more
+    Table<PixelPoint, 1, 4> maudtTilePsn;  // the four positions
+    Table<int32_t, 1, 4> malngSeatTiles;   // the wind, as a kind, at each position
 
+    /// Lays four tiles face down, shuffled, and frames the first.
     void Form_Load();
+    /// Moves the frame by the code of a key.
     void Form_KeyDown(int intKeyCode);
+    /// Draws the framed tile on Enter, shows all four for two seconds and unloads the form.
     void Form_KeyPress(int intKeyAscii);
+    /// Places the tiles and paints their backs.
     void msLoadTiles();
+    /// Deals the four winds to the positions.
     void msShuffleTiles();
+    /// Paints the faces.
     void msTurnTiles();
+    /// Lays the frame round the selected tile.
     void msPlaceFrame();
+    /// The seat, 1 to 4, that the selected tile stands for.
     int16_t mintfGetSeat();
 };
 

@@ -86,7 +86,6 @@ void frmGameSummary::msDisplayGameSummary() {
     });
 }
 
-/// The share of hands won, rounded to two decimal places with ties to the even digit, in its shortest form.
 std::string frmGameSummary::mstrfPercentage() const {
     const double percentage = static_cast<double>(mintSumWon) / mintSumGames * 100;
     char digits[32];

@@ -30,11 +30,17 @@ struct frmGameSummary {
     int16_t mintSumGames = 0;
     int16_t mintSumWon = 0;
 
+    /// Sizes and places the form and shows the counts.
     void Form_Load();
+    /// Closes the form on Enter or Escape.
     void Form_KeyPress(int intKeyAscii);
+    /// Lets go of the form.
     void Form_Unload();
+    /// Empties the counts on the panels.
     void msClearSummary();
+    /// Shows the counts and the percentage.
     void msDisplayGameSummary();
+    /// The share of hands won, rounded to two decimal places with ties to the even digit, in its shortest form.
     std::string mstrfPercentage() const;
 };
 

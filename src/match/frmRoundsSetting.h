@@ -19,12 +19,19 @@ struct frmRoundsSetting {
     platform::CommandButton cmdCancel;
     int16_t mintNewRounds = 0;  // the value under edit, 1 to 100
 
+    /// Sizes and places the form and shows the present number.
     void Form_Load();
+    /// Lets go of the form.
     void Form_Unload();
+    /// Raises the number up to 100.
     void SpinButton1_SpinUp();
+    /// Lowers the number down to 1.
     void SpinButton1_SpinDown();
+    /// Sets the rounds of a match and closes.
     void cmdOK_Click();
+    /// Closes and changes nothing.
     void cmdCancel_Click();
+    /// Shows the number under edit.
     void msShowRounds();
 };
 

@@ -72,7 +72,6 @@ void frmChooseTiles::msLoadTiles() {
     });
 }
 
-/// Paints one tile of a candidate in the view that it has on the board.
 void frmChooseTiles::msPaintTile(int intEntry, int intTile) {
     const CellInfo& place = PossibleTiles[intEntry][intTile];
     const int16_t view = gintfTileDir(maintCols[intEntry] + intTile - 1);
@@ -110,14 +109,12 @@ void frmChooseTiles::Form_KeyDown(int intKeyCode) {
     msHiLiteTiles(mintCurEntry);
 }
 
-/// The entry a line further down in the same column, or else the one in the first line.
 int frmChooseTiles::mintfBelow(int intEntry) const {
     if (intEntry > 2 * perLine) return intEntry - 2 * perLine;
     if (intEntry + perLine <= mintNumEntries) return intEntry + perLine;
     return intEntry > perLine ? intEntry - perLine : intEntry;
 }
 
-/// The entry a line further up in the same column, or else the one in the last line that has one there.
 int frmChooseTiles::mintfAbove(int intEntry) const {
     if (intEntry > perLine) return intEntry - perLine;
     int entry = intEntry;

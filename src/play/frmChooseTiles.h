@@ -31,14 +31,23 @@ struct frmChooseTiles {
     int16_t mintCellTableRow = 0, mintCellTableCol = 0;  // the answer
     int16_t mintNumTiles = 0;                            // tiles of the highlighted entry, 0 for Pass
 
+    /// Builds the picture over a copy of the table, and highlights the first entry.
     void Form_Load();
+    /// Moves the highlight by the code of a key.
     void Form_KeyDown(int intKeyCode);
+    /// Answers with the highlighted entry on Enter.
     void Form_KeyPress(int intKeyAscii);
+    /// Empties the rows and columns of the candidates.
     void Form_Unload();
+    /// Paints the candidates and Pass, and counts the entries.
     void msLoadTiles();
+    /// Paints one tile of a candidate in the view that it has on the board.
     void msPaintTile(int intEntry, int intTile);
+    /// Lays the highlight round an entry and counts its tiles.
     void msHiLiteTiles(int16_t intEntry);
+    /// The entry a line further down in the same column, or else the one in the first line.
     int mintfBelow(int intEntry) const;
+    /// The entry a line further up in the same column, or else the one in the last line that has one there.
     int mintfAbove(int intEntry) const;
 };
 

@@ -22,6 +22,12 @@ constexpr int tileHeight = 39;                       ///< Pixels; also the pitch
 constexpr int16_t noRow = -1;                        ///< `mintCurRow` while no tile is on its way.
 constexpr int16_t dropInterval = 5;                  ///< Milliseconds a tick after the drop key.
 
+/// A point on a picture, in pixels.
+struct PixelPoint {
+    int16_t X = 0;
+    int16_t Y = 0;
+};
+
 /// What a face is.
 struct TileKind {
     int32_t Number = 0;   ///< 1 to 9 suited; 10 to 13 East, South, West, North; 14 to 16 Red, Green, Blue; 0 else.

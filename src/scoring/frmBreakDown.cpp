@@ -71,8 +71,7 @@ void frmBreakDown::msBreakDown() {
     });
 }
 
-/// Prints two texts side by side, the shadows of both first.
-void frmBreakDown::msPrintPair(const Place& udtLeft, const std::string& strLeft, const Place& udtRight,
+void frmBreakDown::msPrintPair(const PixelPoint& udtLeft, const std::string& strLeft, const PixelPoint& udtRight,
                                const std::string& strRight) {
     const auto print = [&](int x, int y, const std::string& text, platform::Color color) {
         gsPrintText(form.surface(), narrow16(x), narrow16(y), text, color, "Wonton ICG", textSize, true);
@@ -83,7 +82,6 @@ void frmBreakDown::msPrintPair(const Place& udtLeft, const std::string& strLeft,
     print(udtRight.X, udtRight.Y, strRight, yellow);
 }
 
-/// The doubles of an item as text, with the number first; empty for a text that is no item.
 std::string frmBreakDown::mstrfDouble(const std::string& strItem) {
     return guarded("mstrfDouble", [&]() -> std::string {
         for (const ScoringItemRow& row : scoringItems)

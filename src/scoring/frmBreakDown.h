@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/form.h"
+#include "play/model.h"
 #include "runtime.h"
 #include "toolkit/formRef.h"
 
@@ -11,25 +12,28 @@
 struct frmBreakDown {
     static constexpr int entries = 12;
 
-    struct Place {
-        int16_t X = 0, Y = 0;  // pixels
-    };
-
     frmBreakDown();
 
     platform::Form form;
-    Table<Place, 1, entries> maudtItemPsn;    // where each item's name is printed
-    Table<Place, 1, entries> maudtDoublePsn;  // where its doubles are printed
-    Place mudtTotalDoublesPsn;
-    Place mudtTotalPointsPsn;
+    Table<PixelPoint, 1, entries> maudtItemPsn;    // where each item's name is printed
+    Table<PixelPoint, 1, entries> maudtDoublePsn;  // where its doubles are printed
+    PixelPoint mudtTotalDoublesPsn;
+    PixelPoint mudtTotalPointsPsn;
 
+    /// Sizes and places the form and prints everything.
     void Form_Load();
+    /// Closes the form on Enter or Escape.
     void Form_KeyPress(int intKeyAscii);
+    /// Lets go of the form.
     void Form_Unload();
+    /// Fills the places of the texts.
     void msInitPrtPsns();
+    /// Prints each item with its doubles, and the totals.
     void msBreakDown();
-    void msPrintPair(const Place& udtLeft, const std::string& strLeft, const Place& udtRight,
+    /// Prints two texts side by side, the shadows of both first.
+    void msPrintPair(const PixelPoint& udtLeft, const std::string& strLeft, const PixelPoint& udtRight,
                      const std::string& strRight);
+    /// The doubles of an item as text, with the number first; empty for a text that is no item.
     std::string mstrfDouble(const std::string& strItem);
 };
 
