@@ -2,13 +2,17 @@
 
 #include <QFont>
 #include <QFontInfo>
+#include <algorithm>
+#include <cmath>
 
 namespace script {
 
 namespace {
 
 QPainterPath outline(const QString& text, const QString& family, QFont::Weight weight, double size) {
-    constexpr int drawnSize = 200;
+    // Below this size the points of an outline are too coarse for its curves.
+    constexpr int leastDrawn = 200;
+    const int drawnSize = std::max(leastDrawn, int(std::ceil(size)));
     QFont font(family);
     font.setPixelSize(drawnSize);
     font.setWeight(weight);

@@ -4,6 +4,7 @@
 #include <QPainterPath>
 
 /// The lettering of the pictures, drawn as outlines so that it is the same at every making.
+/// A font that isn't installed ends the program with a message.
 namespace script {
 
 /// How a text is inked: from its upper colour down to its lower one, with a dark edge.

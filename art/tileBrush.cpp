@@ -1,30 +1,24 @@
 #include "tileBrush.h"
 
-#include <QFont>
-#include <QFontInfo>
-#include <QPainterPath>
+#include <QImage>
 #include <algorithm>
 #include <cmath>
 
+#include "script.h"
+
 namespace {
 
-constexpr const char* brushFace = "AR PL UKai TW";
-constexpr int drawnSize = 400;
+constexpr double drawnSize = 400;
+
+/// The size of a character on a face in pixels, which its weight goes by.
+constexpr double usualSize = 24;
+
 constexpr int fineness = 8;
 constexpr double sharpness = 2.4;
 
 QPainterPath outlineOf(char32_t character, double weight) {
-    QFont font(brushFace);
-    font.setPixelSize(drawnSize);
-    if (!QFontInfo(font).family().startsWith("AR PL UKai")) qFatal("the face %s is not installed", brushFace);
-    QPainterPath path;
-    path.addText(0, 0, font, QString::fromUcs4(&character, 1));
-    path.setFillRule(Qt::WindingFill);
-    if (weight <= 0) return path;
-    QPainterPathStroker stroker;
-    stroker.setWidth(weight * drawnSize / 24);
-    stroker.setJoinStyle(Qt::RoundJoin);
-    return path.united(stroker.createStroke(path));
+    const QPainterPath path = script::brushed(QString::fromUcs4(&character, 1), drawnSize);
+    return weight > 0 ? script::grown(path, weight / 2 * drawnSize / usualSize) : path;
 }
 
 /// Draws the character at `fineness` times its size and takes each pixel's share of ink.

@@ -3,5 +3,4 @@
 #include <QPainter>
 
 /// Paints a brush-written character so that its ink fills the box exactly, its strokes thickened by `weight` pixels.
-/// Ends the program with a message if the brush face isn't installed.
 void paintBrush(QPainter& painter, const QRect& box, char32_t character, QRgb ink, double weight);

@@ -19,5 +19,8 @@ QRgb paletteColour(char letter);
 void paintSprite(QPainter& painter, int x, int y, Sprite sprite, std::string_view from = {}, std::string_view to = {},
                  Turn turn = {});
 
+/// The symbol of a number from 1 to 9.
+constexpr char digit(int number) { return static_cast<char>('0' + number); }
+
 /// Paints a digit or a capital letter of the corner index, 6 pixels high, in one colour.
 void paintIndex(QPainter& painter, int x, int y, char symbol, QRgb colour);

@@ -230,8 +230,6 @@ constexpr Sprite tenThousand =
     ".rr...........rrrr.\n"
     ".r.............rr..";
 
-char digit(int number) { return static_cast<char>('0' + number); }
-
 }  // namespace
 
 void paintCircles(QPainter& painter, int number) {
