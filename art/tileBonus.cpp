@@ -1,4 +1,3 @@
-#include <QPainterPath>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -235,23 +234,7 @@ constexpr Sprite cane =
     "lgG\n"
     "lgG\n"
     "lgG\n"
-    "GGG\n"
-    "lgG\n"
-    "lgG\n"
-    "lgG\n"
-    "lgG\n"
-    "lgG\n"
-    "GGG\n"
-    "lgG\n"
-    "lgG\n"
-    "lgG\n"
-    "lgG\n"
-    "lgG\n"
-    "GGG\n"
-    "lgG\n"
-    "lgG\n"
-    "lgG\n"
-    "lgG";
+    "GGG";
 
 constexpr std::array plumParts = {Part{0, 10, plumBranch},   Part{12, 1, blossom}, Part{2, 12, blossom},
                                   Part{16, 16, blossom},     Part{7, 24, blossom}, Part{20, 8, smallBlossom},
@@ -273,7 +256,9 @@ constexpr std::array chrysanthemumBlades = {
     Blade{{12, 33}, {6, 32}, {2, 25}, 4, 'g', 'G'},
     Blade{{13, 34}, {19, 33}, {23, 26}, 4, 'g', 'G'},
 };
-constexpr std::array bambooParts = {Part{8, 13, cane}, Part{15, 7, cane}, Part{15, 29, cane}};
+constexpr std::array bambooParts = {Part{8, 13, cane},  Part{8, 19, cane},  Part{8, 25, cane},
+                                    Part{8, 31, cane},  Part{15, 7, cane},  Part{15, 13, cane},
+                                    Part{15, 19, cane}, Part{15, 25, cane}, Part{15, 29, cane}};
 constexpr std::array bambooBlades = {
     Blade{{9, 14}, {5, 13}, {0, 19}, 3, 'l', 'g'}, Blade{{9, 14}, {6, 9}, {1, 11}, 3, 'g', 'G'},
     Blade{{16, 8}, {20, 5}, {24, 9}, 3, 'g', 'G'}, Blade{{16, 8}, {20, 9}, {23, 15}, 3, 'l', 'g'},
@@ -324,8 +309,6 @@ constexpr int horizon = 28;
 /// What a season covers: ivory is left round it and round its index.
 constexpr QRect scene(1, 1, faceWidth - 2, faceHeight - 2);
 constexpr QRect plaque(0, 0, 6, 8);
-
-char digit(int number) { return static_cast<char>('0' + number); }
 
 }  // namespace
 
