@@ -1,4 +1,5 @@
 #include <cmath>
+#include <cstdlib>
 
 #include "materials.h"
 #include "script.h"

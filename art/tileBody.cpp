@@ -1,7 +1,6 @@
 #include "tileBody.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "materials.h"
 #include "tileRosette.h"

@@ -62,7 +62,6 @@ void paintPass(QPainter& painter) {
     materials::everyPixel(QRect(0, 0, passWidth, passHeight), [&](int x, int y) {
         if (covers(x, y)) painter.fillRect(x, y, 1, 1, QColor::fromRgb(passColour(x, y)));
     });
-    painter.setRenderHint(QPainter::Antialiasing);
     script::paintInBand(painter, script::flowing("Pass", 26), wordBand, wordInk);
 }
 
