@@ -141,14 +141,7 @@ TEST_F(Commands, TheWindowClosesOverAnyDialog) {
     SetUp();
     beginHand();
     setBoard({"c1 c2 . . . . . . ."});
-    sim::setHands([] {
-        if (sim::modalDepth() > 0) sim::closeMainWindow();
-    });
-    game->mintCurTile = 3;
-    game->mintCurCol = 3;
-    game->mintCurRow = 12;
-    game->mblnInTimerTick = true;
-    EXPECT_THROW(game->msMarkCellTable(), sim::ProcessEnded);
+    EXPECT_THROW(land("c3", 3, [] { sim::closeMainWindow(); }), sim::ProcessEnded);
 }
 
 }  // namespace

@@ -203,19 +203,13 @@ TEST_F(Dialogs, EveryDialogLiesInsideTheMainWindow) {
     });
     sim::clickToolButton(6);
     beginHand();
-    sim::setHands([&] {
-        if (sim::modalDepth() == 0) return;
+    setBoard({"c1 c2 . . . . . . ."});
+    land("c3", 3, [&] {
         look(gfrmChooseTiles->form);
         EXPECT_DOUBLE_EQ(gfrmChooseTiles->form.left() - game->form.left(), 353 * 15);
         EXPECT_DOUBLE_EQ(gfrmChooseTiles->form.top() - game->form.top(), 436 * 15);
         sim::pressKey(Enter);
     });
-    setBoard({"c1 c2 . . . . . . ."});
-    game->mintCurTile = 3;
-    game->mintCurCol = 3;
-    game->mintCurRow = 12;
-    game->mblnInTimerTick = true;
-    game->msMarkCellTable();
     EXPECT_EQ(dialogs, 2);
 }
 

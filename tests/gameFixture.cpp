@@ -4,13 +4,8 @@
 #include <sstream>
 
 #include "match/frmChooseSeat.h"
-#include "match/frmGameSummary.h"
-#include "match/frmRoundsSetting.h"
 #include "platform/sim/desktop.h"
 #include "play/frmChooseTiles.h"
-#include "presentation/frmBitmaps.h"
-#include "scoring/frmBreakDown.h"
-#include "toolkit/modScreen.h"
 
 int16_t kindOf(const std::string& name) {
     static const std::string honours = "ESWNRGB";
@@ -70,8 +65,7 @@ void GameFixture::SetUp() {
 
 void GameFixture::TearDown() {
     game.reset();
-    gsClearObjects(gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary, gfrmRoundsSetting, gfrmBitmaps,
-                   gfrmMain);
+    gsClearAllForms();
 }
 
 void GameFixture::beginHand(int seat, int house, int wind) {
@@ -108,20 +102,10 @@ std::vector<std::string> GameFixture::board() const {
     return rows;
 }
 
-void GameFixture::land(const std::string& name, int column) {
-    sim::setHands([this] {
+void GameFixture::land(const std::string& name, int column, const std::function<void()>& whileAsked) {
+    sim::setHands([&] {
         if (!gfrmChooseTiles.isOpen()) return;
-        std::vector<Offer> offer;
-        for (int i = 1; i < gfrmChooseTiles->mintNumEntries; ++i) {
-            int tiles = 0;
-            for (const CellInfo& place : PossibleTiles[i]) tiles += place.Filled ? 1 : 0;
-            offer.push_back({gfrmChooseTiles->maintRows[i], gfrmChooseTiles->maintCols[i], tiles});
-        }
-        const size_t answer = offers.size();
-        offers.push_back(offer);
-        const int entry = answer < answers.size() ? answers[answer] : gfrmChooseTiles->mintNumEntries;
-        while (gfrmChooseTiles->mintCurEntry != entry) sim::pressKey(platform::key::Right);
-        sim::pressKey(platform::key::Enter);
+        whileAsked ? whileAsked() : answer();
     });
     game->mintCurTile = firstTileOf(*game, kindOf(name));
     game->mintCurCol = narrow16(column);
@@ -132,6 +116,21 @@ void GameFixture::land(const std::string& name, int column) {
     game->mblnInTimerTick = false;
     game->mintCurRow = noRow;
     sim::setHands({});
+}
+
+/// Notes the offer and takes the entry that the test wants.
+void GameFixture::answer() {
+    std::vector<Offer> offer;
+    for (int i = 1; i < gfrmChooseTiles->mintNumEntries; ++i) {
+        int tiles = 0;
+        for (const CellInfo& place : PossibleTiles[i]) tiles += place.Filled ? 1 : 0;
+        offer.push_back({gfrmChooseTiles->maintRows[i], gfrmChooseTiles->maintCols[i], tiles});
+    }
+    const size_t number = offers.size();
+    offers.push_back(offer);
+    const int entry = number < answers.size() ? answers[number] : gfrmChooseTiles->mintNumEntries;
+    while (gfrmChooseTiles->mintCurEntry != entry) sim::pressKey(platform::key::Right);
+    sim::pressKey(platform::key::Enter);
 }
 
 void GameFixture::startMatch() {

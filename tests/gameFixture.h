@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -34,8 +35,8 @@ class GameFixture : public ::testing::Test {
     void setBoard(const std::vector<std::string>& rowsFromBottom);
     /// The board as texts of the same form, without the empty rows on top.
     std::vector<std::string> board() const;
-    /// Lets a tile land on a column; each offer is answered by the answer, which presses keys.
-    void land(const std::string& name, int column);
+    /// Lets a tile land on a column; each offer is answered by `answers`, or by what is to be done while it is open.
+    void land(const std::string& name, int column, const std::function<void()>& whileAsked = {});
     /// Begins a match by the Start Anew button; the seat is drawn by the first Enter.
     void startMatch();
     /// Fills the earned slots with a finished hand, bonus tiles behind a bar; the pair stands where the text has it.
@@ -44,4 +45,7 @@ class GameFixture : public ::testing::Test {
     std::vector<std::vector<Offer>> offers;  ///< What each tile chooser offered, in order.
     std::vector<int> answers;                ///< The entry taken of each offer, from 1; Pass behind the last.
     std::shared_ptr<frmMain> game;
+
+  private:
+    void answer();
 };

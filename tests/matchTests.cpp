@@ -24,7 +24,7 @@ class Match : public GameFixture {
             if (sim::modalDepth() == 0) return;
             if (!gfrmGameSummary.empty()) {
                 ++summaries;
-                percentage = gfrmGameSummary->pnlGameSummary[3]->caption();
+                percentage = gfrmGameSummary->pnlGameSummary[3].caption();
             }
             if (!gfrmBreakDown.empty()) ++breakDowns;
             sim::pressKey(platform::key::Enter);

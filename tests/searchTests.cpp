@@ -152,23 +152,6 @@ TEST_F(Search, TheFourteenthTileEndsTheLanding) {
     EXPECT_EQ(game->mintHandCount, handTiles);
 }
 
-TEST_F(Search, TheCountersFollowWhatIsTaken) {
-    beginHand();
-    setBoard({"N . s4 c5 c5 . . . ."});
-    answers = {1, 1};
-    land("N", 2);
-    EXPECT_TRUE(game->mblnPairTaken);
-    EXPECT_EQ(game->mintPairSlot, 1);
-    EXPECT_EQ(game->mintHandCount, 2);
-    game->mblnDropKeyUsed = true;
-    land("c5", 6);
-    EXPECT_EQ(game->mintHandCount, 5);
-    EXPECT_EQ(game->mintEarnedCount, 5);
-    EXPECT_EQ(game->mintPairSlot, 1);
-    EXPECT_EQ(game->mlngScore, 4);
-    EXPECT_FALSE(game->mblnDropKeyUsed);
-}
-
 TEST_F(Search, AWideSearchKeepsAPlaceForPass) {
     beginHand();
     std::vector<std::string> rows(bottomRow, ". N N N . . . . .");
