@@ -289,3 +289,6 @@ struct frmMain {
 };
 
 inline FormRef<frmMain> gfrmMain;
+
+/// Lets go of every form, the main window last.
+void gsClearAllForms();

@@ -50,6 +50,13 @@ class Table {
     std::array<Entry, Last - First + 1> entries_{};
 };
 
+/// The row of a table of fixed facts, counted from 1; an index outside it fails with number 9.
+template <class Row, size_t Rows>
+constexpr const Row& rowOf(const Row (&rows)[Rows], int index) {
+    if (index < 1 || index > static_cast<int>(Rows)) failure::subscript();
+    return rows[index - 1];
+}
+
 /// A table that grows, indexed from 1; an index outside it fails with number 9.
 template <class Entry>
 class DynamicTable {

@@ -22,18 +22,12 @@ install_packages() {
         >/dev/null || fail "apt-get install failed"
 }
 
-# build PRESET [CMAKE-OPTION...] -- TARGET... : configures if that preset hasn't been with these options, and builds.
+# build PRESET TARGET... : configures, anew if the folder was moved, and builds.
 build() {
-    local preset=$1 options=() stamp
+    local preset=$1
     shift
-    while [ "$1" != -- ]; do options+=("$1"); shift; done
-    shift
-    stamp=build/$preset/configured
-    if [ ! -f "build/$preset/build.ninja" ] || [ "$(cat "$stamp" 2>/dev/null)" != "${options[*]}" ]; then
-        say "Configuring $preset"
-        cmake --preset "$preset" "${options[@]}" >/dev/null || fail "configuring $preset failed"
-        printf '%s\n' "${options[*]}" >"$stamp"
-    fi
     say "Building $preset"
+    cmake --preset "$preset" >/dev/null 2>&1 || cmake --fresh --preset "$preset" >/dev/null ||
+        fail "configuring $preset failed"
     cmake --build --preset "$preset" --target "$@" || fail "building $preset failed"
 }

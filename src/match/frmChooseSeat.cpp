@@ -16,16 +16,8 @@ constexpr int backgroundResource = 103;
 constexpr int tilesWidth = 156;                                    // pixels: four tiles and three gaps
 constexpr int tilePitch = 42;                                      // pixels
 constexpr int frameWidth = 36, frameHeight = 45, frameBorder = 3;  // pixels
-constexpr platform::Color magenta = 0xFF00FF;
 constexpr int32_t firstWindKind = 28;
 constexpr double secondsShown = 2;
-
-/// Paints a picture of one tile on the form through the mask of the straight view.
-void msPaint(platform::Surface& surface, int x, int y, const platform::Surface& picture, int pictureX) {
-    const int16_t view = gintfTileDir(entryColumn);
-    platform::BitBlt(surface, x, y, tileWidth, tileHeight, gfrmBitmaps->picTileBackMask, 0, view, platform::SRCAND);
-    platform::BitBlt(surface, x, y, tileWidth, tileHeight, picture, pictureX, view, platform::SRCPAINT);
-}
 
 }  // namespace
 
@@ -54,7 +46,7 @@ void frmChooseSeat::msLoadTiles() {
         const double top = (form.scaleHeight() - tileHeight) / 2.0;
         for (int i = 1; i <= seatCount; ++i) {
             maudtTilePsn[i] = {narrow16(left + tilePitch * (i - 1)), narrow16(std::nearbyint(top))};
-            msPaint(form.surface(), maudtTilePsn[i].X, maudtTilePsn[i].Y, gfrmBitmaps->picTileBack, 0);
+            gsPaintTile(form.surface(), maudtTilePsn[i], gfrmBitmaps->picTileBack, 0, gintfTileDir(entryColumn));
         }
         form.refresh();
     });
@@ -111,8 +103,8 @@ void frmChooseSeat::Form_KeyPress(int intKeyAscii) {
 
 void frmChooseSeat::msTurnTiles() {
     for (int i = 1; i <= seatCount; ++i)
-        msPaint(form.surface(), maudtTilePsn[i].X, maudtTilePsn[i].Y, gfrmBitmaps->picAllTiles,
-                (malngSeatTiles[i] - 1) * tileWidth);
+        gsPaintTile(form.surface(), maudtTilePsn[i], gfrmBitmaps->picAllTiles, (malngSeatTiles[i] - 1) * tileWidth,
+                    gintfTileDir(entryColumn));
     form.refresh();
 }
 

@@ -9,11 +9,9 @@
 namespace {
 
 constexpr platform::Place outerPlace{0, 0, 353, 279};
-constexpr platform::Color buttonText = 0;
-constexpr platform::Color blue = 0xFF0000;
 constexpr platform::Color brightOrange = 0x0080FF;  // red 255, green 128
-const platform::Font titleFont{"Times New Roman", 14.25, true};
-const platform::Font lineFont{"Times New Roman", 12, true};
+const platform::Font titleFont{romanFont, 14.25, true};
+const platform::Font lineFont{romanFont, 12, true};
 
 struct LineRow {
     const char* label;
@@ -27,7 +25,6 @@ constexpr LineRow lineRows[] = {
     {"# Of Games Won", {24, 80, 137, 25}, {176, 80, 57, 25}},
     {"Winning Percentage", {24, 112, 145, 25}, {176, 112, 57, 25}},
 };
-static_assert(std::size(lineRows) == frmGameSummary::lines);
 
 void msDress(platform::Panel& panel, const platform::PanelLook& look, const platform::Font& font, const char* caption) {
     panel.setLook(look);
@@ -47,15 +44,15 @@ frmGameSummary::frmGameSummary()
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
     form.onUnload = [this] { Form_Unload(); };
     msDress(pnlOuter, outerLook, titleFont, "");
-    msDress(pnlTitle, flatLook(buttonText), titleFont, "Game Over...");
-    msDress(pnlFrame, raisedLook(buttonText), titleFont, "");
+    msDress(pnlTitle, flatLook(black), titleFont, "Game Over...");
+    msDress(pnlFrame, raisedLook(black), titleFont, "");
     msDress(pnlHeading, flatLook(blue), titleFont, "+++ Game Summary +++");
-    msDress(pnlList, insetLook(buttonText), lineFont, "");
-    for (int i = 0; i < lines; ++i) {
-        pnlLabel.emplace_back(pnlList, lineRows[i].labelPlace);
-        msDress(pnlLabel.back(), flatLook(panelOrange, platform::Align::Left), lineFont, lineRows[i].label);
-        pnlGameSummary[i] = std::make_unique<platform::Panel>(pnlList, lineRows[i].valuePlace);
-        msDress(*pnlGameSummary[i], insetLook(brightOrange), lineFont, "");
+    msDress(pnlList, insetLook(black), lineFont, "");
+    for (const LineRow& row : lineRows) {
+        pnlLabel.emplace_back(pnlList, row.labelPlace);
+        msDress(pnlLabel.back(), flatLook(panelOrange, platform::Align::Left), lineFont, row.label);
+        pnlGameSummary.emplace_back(pnlList, row.valuePlace);
+        msDress(pnlGameSummary.back(), insetLook(brightOrange), lineFont, "");
     }
 }
 
@@ -74,15 +71,15 @@ void frmGameSummary::Form_Load() {
 }
 
 void frmGameSummary::msClearSummary() {
-    for (const auto& panel : pnlGameSummary) panel->setCaption("");
+    for (platform::Panel& panel : pnlGameSummary) panel.setCaption("");
 }
 
 void frmGameSummary::msDisplayGameSummary() {
     guarded("msDisplayGameSummary", [&] {
-        pnlGameSummary[0]->setCaption(std::to_string(mintSumRounds));
-        pnlGameSummary[1]->setCaption(std::to_string(mintSumGames));
-        pnlGameSummary[2]->setCaption(std::to_string(mintSumWon));
-        pnlGameSummary[3]->setCaption(mstrfPercentage());
+        pnlGameSummary[0].setCaption(std::to_string(mintSumRounds));
+        pnlGameSummary[1].setCaption(std::to_string(mintSumGames));
+        pnlGameSummary[2].setCaption(std::to_string(mintSumWon));
+        pnlGameSummary[3].setCaption(mstrfPercentage());
     });
 }
 

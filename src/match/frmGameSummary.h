@@ -6,13 +6,10 @@
 
 #include "platform/controls.h"
 #include "platform/form.h"
-#include "runtime.h"
 #include "toolkit/formRef.h"
 
 /// The counts of a match that has ended, with the winning percentage.
 struct frmGameSummary {
-    static constexpr int lines = 4;
-
     frmGameSummary();
 
     /// Takes the counts to show. Before the form is shown.
@@ -24,8 +21,8 @@ struct frmGameSummary {
     platform::Panel pnlFrame;
     platform::Panel pnlHeading;
     platform::Panel pnlList;
-    std::vector<platform::Panel> pnlLabel;                                 // what each line counts
-    Table<std::unique_ptr<platform::Panel>, 0, lines - 1> pnlGameSummary;  // the counts
+    std::vector<platform::Panel> pnlLabel;        // what each line counts
+    std::vector<platform::Panel> pnlGameSummary;  // the counts, from 0
     int16_t mintSumRounds = 0;
     int16_t mintSumGames = 0;
     int16_t mintSumWon = 0;

@@ -9,8 +9,8 @@ namespace {
 constexpr platform::Place outerPlace{0, 0, 257, 137};
 constexpr platform::Color darkBlue = 0xC00000;
 constexpr int16_t leastRounds = 1, mostRounds = 100;
-const platform::Font panelFont{"Wonton ICG", 14.25, false};
-const platform::Font buttonFont{"Wonton ICG", 12, false};
+const platform::Font panelFont{scriptFont, 14.25, false};
+const platform::Font buttonFont{scriptFont, 12, false};
 
 }  // namespace
 

@@ -27,7 +27,7 @@ int32_t mlngfNext(int32_t lngSeat) { return lngSeat >= 1 && lngSeat <= seatCount
 void frmMain::msAssignSeatPsns() {
     guarded("msAssignSeatPsns", [&] {
         for (int seat = 1; seat <= seatCount; ++seat) {
-            const SeatRow& row = seats[seat - 1];
+            const SeatRow& row = rowOf(seats, seat);
             mastrSeatName[seat] = row.name;
             maudtSeatPsn[seat] = row.namePlace;
             maudtHousePsn[seat] = row.markerPlace;

@@ -107,7 +107,7 @@ bool frmMain::mblnfDropOK() {
 
 int16_t frmMain::mintfSetTimeInterval() {
     return guarded("mintfSetTimeInterval", [&] {
-        const LevelRow& level = levels[mlngLevel - 1];
+        const LevelRow& level = rowOf(levels, mlngLevel);
         return mintHandCount < level.threshold ? level.interval : level.intervalFromThen;
     });
 }

@@ -11,9 +11,7 @@ namespace {
 constexpr int panelWidth = 400;   // pixels
 constexpr int panelHeight = 140;  // pixels
 constexpr int entryWidth = 90;    // pixels: three tiles, or Pass
-constexpr int perLine = 4;        // entries side by side
 constexpr int borderWidth = 3;    // pixels
-constexpr platform::Color red = 255;
 
 }  // namespace
 
@@ -66,9 +64,8 @@ void frmChooseTiles::msLoadTiles() {
 
         const CellInfo& place = PossibleTiles[mintNumEntries][1];
         const platform::Surface& pass = gfrmBitmaps->picPass;
-        platform::BitBlt(picWork, place.X, place.Y, pass.width(), pass.height(), gfrmBitmaps->picPassMask, 0, 0,
-                         platform::SRCAND);
-        platform::BitBlt(picWork, place.X, place.Y, pass.width(), pass.height(), pass, 0, 0, platform::SRCPAINT);
+        gsPaintMasked(picWork, {place.X, place.Y, pass.width(), pass.height()}, {gfrmBitmaps->picPassMask, 0, 0},
+                      {pass, 0, 0});
     });
 }
 
@@ -78,9 +75,8 @@ void frmChooseTiles::msPaintTile(int intEntry, int intTile) {
     picTile.resize(tileWidth, tileHeight);
     platform::BitBlt(picTile, 0, 0, tileWidth, tileHeight, gfrmBitmaps->picAllTiles,
                      (place.Tile.KindIdx - 1) * tileWidth, view, platform::SRCCOPY);
-    platform::BitBlt(picWork, place.X, place.Y, tileWidth, tileHeight, gfrmBitmaps->picTileBackMask, 0, view,
-                     platform::SRCAND);
-    platform::BitBlt(picWork, place.X, place.Y, tileWidth, tileHeight, picTile, 0, 0, platform::SRCPAINT);
+    gsPaintMasked(picWork, {place.X, place.Y, tileWidth, tileHeight}, {gfrmBitmaps->picTileBackMask, 0, view},
+                  {picTile, 0, 0});
 }
 
 void frmChooseTiles::Form_KeyDown(int intKeyCode) {
@@ -110,15 +106,15 @@ void frmChooseTiles::Form_KeyDown(int intKeyCode) {
 }
 
 int frmChooseTiles::mintfBelow(int intEntry) const {
-    if (intEntry > 2 * perLine) return intEntry - 2 * perLine;
-    if (intEntry + perLine <= mintNumEntries) return intEntry + perLine;
-    return intEntry > perLine ? intEntry - perLine : intEntry;
+    if (intEntry > 2 * candidatesPerLine) return intEntry - 2 * candidatesPerLine;
+    if (intEntry + candidatesPerLine <= mintNumEntries) return intEntry + candidatesPerLine;
+    return intEntry > candidatesPerLine ? intEntry - candidatesPerLine : intEntry;
 }
 
 int frmChooseTiles::mintfAbove(int intEntry) const {
-    if (intEntry > perLine) return intEntry - perLine;
+    if (intEntry > candidatesPerLine) return intEntry - candidatesPerLine;
     int entry = intEntry;
-    while (entry + perLine <= mintNumEntries && entry <= 2 * perLine) entry += perLine;
+    while (entry + candidatesPerLine <= mintNumEntries && entry <= 2 * candidatesPerLine) entry += candidatesPerLine;
     return entry;
 }
 

@@ -16,6 +16,7 @@ constexpr int slotCount = 22;        ///< Earned slots: 1 to 14 the hand, 15 to 
 constexpr int firstPairSlot = 13;    ///< Where the pair stands at the tally.
 constexpr int candidatePlaces = 12;  ///< Entries that the tile chooser has room for.
 constexpr int candidateLimit = candidatePlaces - 1;  ///< Candidates of one search: the last entry is Pass.
+constexpr int candidatesPerLine = 4;                 ///< Entries of the tile chooser side by side.
 constexpr int setTiles = 3;                          ///< Tiles of the longest set.
 constexpr int tileWidth = 30;                        ///< Pixels; also the pitch of the board.
 constexpr int tileHeight = 39;                       ///< Pixels; also the pitch of the board.

@@ -18,7 +18,7 @@ constexpr int16_t startRounds = 4;
 constexpr int16_t boardLeft = 40, boardTop = 24;  // row 0 of column 1
 constexpr int16_t earnedLeft = 352, earnedTop = 177, bonusTop = 129;
 constexpr int16_t candidateLeft = 6, candidateTop = 6;
-constexpr int16_t candidatePitch = 98, candidateLinePitch = 45, candidatesPerLine = 4;
+constexpr int16_t candidatePitch = 98, candidateLinePitch = 45;
 
 void msPlace(CellInfo& udtCell, int intX, int intY) {
     udtCell.X = narrow16(intX);

@@ -17,10 +17,7 @@ void frmMain::msShowPicture() {
 }
 
 void frmMain::msPaintTile(const PixelPoint& udtPlace, int16_t intKind, int16_t intView) {
-    platform::BitBlt(picWork, udtPlace.X, udtPlace.Y, tileWidth, tileHeight, gfrmBitmaps->picTileBackMask, 0, intView,
-                     platform::SRCAND);
-    platform::BitBlt(picWork, udtPlace.X, udtPlace.Y, tileWidth, tileHeight, gfrmBitmaps->picAllTiles,
-                     (intKind - 1) * tileWidth, intView, platform::SRCPAINT);
+    gsPaintTile(picWork, udtPlace, gfrmBitmaps->picAllTiles, (intKind - 1) * tileWidth, intView);
 }
 
 void frmMain::msDrawPlayArea() {

@@ -59,6 +59,11 @@ enum Button { levelButton = 2, breakDownButton = 3, musicButton = 4, roundButton
 
 }  // namespace
 
+void gsClearAllForms() {
+    gsClearObjects(gfrmBitmaps, gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary, gfrmRoundsSetting,
+                   gfrmMain);
+}
+
 platform::ImageList ImageList1() {
     static constexpr platform::Picture none;
     const platform::Picture* strip = guarded("ImageList1", [] { return &platform::pictureByName("ImageList1"); });
@@ -69,7 +74,7 @@ void frmMain::msSetUpToolbar() {
     for (const LevelRow& level : levels) mnuLevel.addItem(level.caption);
     mnuLevel.setChecked(1, true);
     for (int button = 1; button <= tbrZQT.buttonCount(); ++button)
-        tbrZQT.setButtonImage(button, buttons[button - 1].image);
+        tbrZQT.setButtonImage(button, rowOf(buttons, button).image);
     tbrZQT.setWidth(form.scaleWidth());
     const int count = tbrZQT.buttonCount();
     tbrZQT.setButtonWidth(gapButton, tbrZQT.width() - (count - 1) * tbrZQT.buttonWidth(count));
@@ -78,20 +83,20 @@ void frmMain::msSetUpToolbar() {
 void frmMain::msSetToolTipText() {
     guarded("msSetToolTipText", [&] {
         for (int button = 1; button <= tbrZQT.buttonCount(); ++button) {
-            mastrToolTip[button] = buttons[button - 1].toolTip;
+            mastrToolTip[button] = rowOf(buttons, button).toolTip;
             msShowToolTip(button);
         }
     });
 }
 
 void frmMain::msShowToolTip(int intButton) {
-    const State state = buttons[intButton - 1].state;
+    const State state = rowOf(buttons, intButton).state;
     tbrZQT.setToolTip(intButton, mastrToolTip[intButton] + (state != noState ? state(*this) : ""));
 }
 
 void frmMain::tbrZQT_ButtonClick(int intButton) {
     guarded("tbrZQT_ButtonClick", [&] {
-        const Command command = buttons[intButton - 1].command;
+        const Command command = rowOf(buttons, intButton).command;
         if (command != nullptr) (this->*command)();
     });
 }
@@ -163,7 +168,6 @@ void frmMain::mnuLevelItem_Click(int intItem) {
 void frmMain::Form_Unload() { msExitProgram(); }
 
 void frmMain::msExitProgram() {
-    gsClearObjects(gfrmBitmaps, gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary, gfrmRoundsSetting,
-                   gfrmMain);
+    gsClearAllForms();
     platform::endProcess();
 }

@@ -25,6 +25,20 @@ constexpr StoreRow store[] = {
 
 }  // namespace
 
+void gsPaintMasked(platform::Surface& surface, const platform::Place& place, const SheetPart& mask,
+                   const SheetPart& picture) {
+    platform::BitBlt(surface, place.left, place.top, place.width, place.height, mask.sheet, mask.left, mask.top,
+                     platform::SRCAND);
+    platform::BitBlt(surface, place.left, place.top, place.width, place.height, picture.sheet, picture.left,
+                     picture.top, platform::SRCPAINT);
+}
+
+void gsPaintTile(platform::Surface& surface, const PixelPoint& place, const platform::Surface& sheet, int sheetLeft,
+                 int16_t view) {
+    gsPaintMasked(surface, {place.X, place.Y, tileWidth, tileHeight}, {gfrmBitmaps->picTileBackMask, 0, view},
+                  {sheet, sheetLeft, view});
+}
+
 frmBitmaps::frmBitmaps() {
     for (const StoreRow& row : store)
         guarded("frmBitmaps", [&] { (this->*row.picture).setPicture(platform::pictureByName(row.name)); });

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "platform/controls.h"
 #include "platform/surface.h"
+#include "play/model.h"
 #include "toolkit/formRef.h"
 
 /// The store of the pictures; made at first use and never shown. A picture that is missing is reported and empty.
@@ -20,3 +22,18 @@ struct frmBitmaps {
 };
 
 inline FormRef<frmBitmaps> gfrmBitmaps;
+
+/// Part of a sheet, from a point on it in pixels.
+struct SheetPart {
+    const platform::Surface& sheet;
+    int left;
+    int top;
+};
+
+/// Paints a picture through its mask on a rectangle of the surface, in pixels.
+void gsPaintMasked(platform::Surface& surface, const platform::Place& place, const SheetPart& mask,
+                   const SheetPart& picture);
+
+/// Paints a tile, from the left edge of its column in a sheet of faces or backs, in the view with that row offset.
+void gsPaintTile(platform::Surface& surface, const PixelPoint& place, const platform::Surface& sheet, int sheetLeft,
+                 int16_t view);

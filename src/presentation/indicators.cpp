@@ -5,9 +5,6 @@
 
 namespace {
 
-constexpr platform::Color black = 0;
-constexpr platform::Color white = 0xFFFFFF;
-constexpr platform::Color blue = 0xFF0000;
 constexpr int16_t nameSize = 18;  // points
 
 /// Paints a wind's marker; the cell's size is that of the mask.
@@ -15,9 +12,8 @@ void msPaintMarker(platform::Surface& picWork, const PixelPoint& udtPlace, const
                    const platform::Surface& picSheet, int32_t lngWind, bool blnChinese) {
     const int width = picMask.width();
     const int height = picMask.height();
-    platform::BitBlt(picWork, udtPlace.X, udtPlace.Y, width, height, picMask, 0, 0, platform::SRCAND);
-    platform::BitBlt(picWork, udtPlace.X, udtPlace.Y, width, height, picSheet, (lngWind - 1) * width,
-                     blnChinese ? 0 : height, platform::SRCPAINT);
+    gsPaintMasked(picWork, {udtPlace.X, udtPlace.Y, width, height}, {picMask, 0, 0},
+                  {picSheet, (lngWind - 1) * width, blnChinese ? 0 : height});
 }
 
 }  // namespace
@@ -46,8 +42,7 @@ void frmMain::msDrawSeats() {
         const bool blnPlayer = seat == mlngSeat;
         const std::string text = blnPlayer ? "Player" : mastrSeatName[seat];
         const PixelPoint place = maudtSeatPsn[seat];
-        gsPrintText(picWork, narrow16(place.X - 1), narrow16(place.Y - 1), text, black, "Wonton ICG", nameSize, false);
-        gsPrintText(picWork, place.X, place.Y, text, blnPlayer ? white : blue, "Wonton ICG", nameSize, false);
+        gsPrintShadowed(picWork, place.X, place.Y, text, blnPlayer ? white : blue, scriptFont, nameSize, false);
     }
     msDrawHouseIndicator();
 }

@@ -1,5 +1,7 @@
 #include "scoring/frmBreakDown.h"
 
+#include <algorithm>
+
 #include "frmMain.h"
 #include "modZQT.h"
 #include "platform/pictures.h"
@@ -17,8 +19,6 @@ constexpr int16_t nameX[] = {38, 354};
 constexpr int16_t doublesX[] = {249, 566};
 constexpr int16_t firstY = 55, pitchY = 38;
 
-constexpr platform::Color darkGrey = 0x404040;
-constexpr platform::Color yellow = 0x00FFFF;
 constexpr int16_t textSize = 11;  // points
 
 }  // namespace
@@ -74,7 +74,7 @@ void frmBreakDown::msBreakDown() {
 void frmBreakDown::msPrintPair(const PixelPoint& udtLeft, const std::string& strLeft, const PixelPoint& udtRight,
                                const std::string& strRight) {
     const auto print = [&](int x, int y, const std::string& text, platform::Color color) {
-        gsPrintText(form.surface(), narrow16(x), narrow16(y), text, color, "Wonton ICG", textSize, true);
+        gsPrintText(form.surface(), narrow16(x), narrow16(y), text, color, scriptFont, textSize, true);
     };
     print(udtLeft.X - 1, udtLeft.Y - 1, strLeft, darkGrey);
     print(udtRight.X, udtRight.Y - 1, strRight, darkGrey);
@@ -84,9 +84,9 @@ void frmBreakDown::msPrintPair(const PixelPoint& udtLeft, const std::string& str
 
 std::string frmBreakDown::mstrfDouble(const std::string& strItem) {
     return guarded("mstrfDouble", [&]() -> std::string {
-        for (const ScoringItemRow& row : scoringItems)
-            if (strItem == row.text) return std::to_string(row.doubles) + (row.doubles > 1 ? " Doubles" : " Double");
-        return {};
+        const ScoringItemRow* row = scoringItemNamed(strItem);
+        if (row == nullptr) return {};
+        return std::to_string(row->doubles) + (row->doubles > 1 ? " Doubles" : " Double");
     });
 }
 

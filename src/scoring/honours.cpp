@@ -12,21 +12,10 @@ constexpr int sevenTiles = 7;
 
 constexpr ScoringItem dragonTrios[] = {ScoringItem::RedTrio, ScoringItem::GreenTrio, ScoringItem::BlueTrio};
 
-/// The player's own season, by the seat of the House and the player's seat; the own flower lies 4 above it.
-constexpr int32_t ownSeason[seatCount][seatCount] = {
-    {1, 2, 3, 4},
-    {4, 1, 2, 3},
-    {3, 4, 1, 2},
-    {2, 3, 4, 1},
-};
-
-/// The seat that holds each wind, East to North, by the seat of the House.
-constexpr int32_t seatOfWind[seatCount][seatCount] = {
-    {1, 2, 3, 4},
-    {2, 3, 4, 1},
-    {3, 4, 1, 2},
-    {4, 1, 2, 3},
-};
+/// How many seats further round the table the second seat is, 0 to 3.
+int32_t mlngfDistance(int32_t lngFromSeat, int32_t lngToSeat) {
+    return (lngToSeat - lngFromSeat + seatCount) % seatCount;
+}
 
 std::string mstrfListed(ScoringItem item) { return scoringItem(item).text + std::string(","); }
 
@@ -90,7 +79,7 @@ void frmMain::msHouseIsNorth(int16_t intSlot) {
 }
 
 void frmMain::msOwnTiles(int16_t intSlot, int32_t lngHouse) {
-    const int32_t lngSeason = ownSeason[lngHouse - 1][mlngSeat - 1];
+    const int32_t lngSeason = mlngfDistance(lngHouse, mlngSeat) + 1;
     msFlowerAndSeason(intSlot, seasonCount + lngSeason, lngSeason);
 }
 
@@ -136,7 +125,7 @@ void frmMain::msCheckForWinds() {
             if (!isTrio(EarnedTiles, slot) || number < east || number > north) continue;
             ++trios;
             msCheckPrevailingWind(number - east + 1);
-            msCheckOwnWind(seatOfWind[mlngHouse - 1][number - east]);
+            msCheckOwnWind((mlngHouse - 1 + number - east) % seatCount + 1);  // The House plays East, and so on round.
         }
         if (trios == 4) msScoreItem(ScoringItem::FourWinds);
         if (trios == 3 && pairNumberWithin(EarnedTiles, east, north) != 0) msScoreItem(ScoringItem::ThreeWinds);

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <iterator>
+#include <string_view>
 
 /// Everything that a won hand can score, in the order of the tally.
 enum class ScoringItem {
@@ -28,6 +29,7 @@ enum class ScoringItem {
     Mixed,
 };
 
+/// One item: what it is called and how many doubles it is worth.
 struct ScoringItemRow {
     ScoringItem item;
     const char* text;  ///< No comma in it: the list of a hand's items is joined by commas.
@@ -58,8 +60,17 @@ constexpr ScoringItemRow scoringItems[] = {
     {ScoringItem::Mixed, "Mixed Hand", 0},
 };
 
+/// The row of an item.
 constexpr const ScoringItemRow& scoringItem(ScoringItem item) { return scoringItems[static_cast<size_t>(item)]; }
 
+/// The row of the item with that text; null if there is none.
+constexpr const ScoringItemRow* scoringItemNamed(std::string_view text) {
+    for (const ScoringItemRow& row : scoringItems)
+        if (text == row.text) return &row;
+    return nullptr;
+}
+
+/// True if the rows stand in the order of `ScoringItem`.
 constexpr bool scoringItemsInOrder() {
     for (size_t i = 0; i < std::size(scoringItems); ++i)
         if (scoringItems[i].item != static_cast<ScoringItem>(i)) return false;

@@ -11,8 +11,6 @@ constexpr int32_t sequencePoints = 1;
 constexpr int32_t trioPoints = 2;
 constexpr int32_t handBase = 50;   // points of a hand without doubles
 constexpr int16_t scoreSize = 18;  // points of type
-constexpr platform::Color black = 0;
-constexpr platform::Color red = 255;
 
 }  // namespace
 
@@ -31,9 +29,7 @@ void frmMain::msUpdateScore(int32_t lngSetKind, bool blnTally) {
 void frmMain::msAddPoints(int32_t lngPoints) { mlngScore = narrow32(int64_t{mlngScore} + lngPoints); }
 
 void frmMain::msPrintScore() {
-    const std::string score = std::to_string(mlngScore);
-    gsPrintText(picWork, scorePlace.X - 1, scorePlace.Y - 1, score, black, "Wonton ICG", scoreSize, true);
-    gsPrintText(picWork, scorePlace.X, scorePlace.Y, score, red, "Wonton ICG", scoreSize, true);
+    gsPrintShadowed(picWork, scorePlace.X, scorePlace.Y, std::to_string(mlngScore), red, scriptFont, scoreSize, true);
 }
 
 void frmMain::msTallyScore() {
@@ -70,7 +66,7 @@ void frmMain::msScoreItem(ScoringItem item) {
 }
 
 int32_t frmMain::mlngfHandPoints() {
-    if (mintDoubles < levels[mlngLevel - 1].leastDoubles) return 0;
+    if (mintDoubles < rowOf(levels, mlngLevel).leastDoubles) return 0;
     return narrow32(std::round(handBase * std::pow(2.0, mintDoubles)));
 }
 

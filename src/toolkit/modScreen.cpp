@@ -39,6 +39,12 @@ void gsPrintText(platform::Surface& surface, int16_t x, int16_t y, const std::st
     });
 }
 
+void gsPrintShadowed(platform::Surface& surface, int16_t x, int16_t y, const std::string& text, platform::Color color,
+                     const std::string& fontName, int16_t fontSize, bool bold) {
+    gsPrintText(surface, narrow16(x - 1), narrow16(y - 1), text, black, fontName, fontSize, bold);
+    gsPrintText(surface, x, y, text, color, fontName, fontSize, bold);
+}
+
 void gsStripComma(std::string& text) {
     guarded("gsStripComma", [&] {
         if (text.empty()) return;

@@ -8,6 +8,17 @@
 #include "runtime.h"
 #include "toolkit/formRef.h"
 
+constexpr const char* scriptFont = "Wonton ICG";
+constexpr const char* romanFont = "Times New Roman";
+
+constexpr platform::Color black = 0;
+constexpr platform::Color white = 0xFFFFFF;
+constexpr platform::Color red = 0x0000FF;
+constexpr platform::Color blue = 0xFF0000;
+constexpr platform::Color yellow = 0x00FFFF;
+constexpr platform::Color magenta = 0xFF00FF;
+constexpr platform::Color darkGrey = 0x404040;
+
 /// Sizes a form from a rectangle in pixels, grown by a menu bar of 20 pixels at the top.
 void gsSetClientSize(int32_t left, int32_t top, int32_t right, int32_t bottom, platform::Form& form);
 
@@ -20,6 +31,10 @@ void gsCenterOver(platform::Form& form, const platform::Form& over, double down 
 /// Prints a text at a place in pixels; the font stays set on the surface.
 void gsPrintText(platform::Surface& surface, int16_t x, int16_t y, const std::string& text, platform::Color color,
                  const std::string& fontName, int16_t fontSize, bool bold);
+
+/// Prints a text over a black shadow of its own, a pixel up and to the left.
+void gsPrintShadowed(platform::Surface& surface, int16_t x, int16_t y, const std::string& text, platform::Color color,
+                     const std::string& fontName, int16_t fontSize, bool bold);
 
 /// Removes one comma from one end of a text: the first character, else the last.
 void gsStripComma(std::string& text);

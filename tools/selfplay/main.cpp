@@ -27,7 +27,8 @@ constexpr const char* usage =
     "  --pictures FOLDER  save pictures of the table there\n"
     "  --no-pictures      draw nothing, which is fast and the default\n"
     "  --no-referee       don't check the game after every event\n"
-    "  --log FILE         write down everything that a player would notice\n";
+    "  --log FILE         write down everything that a player would notice\n"
+    "  --help             show this and do nothing\n";
 
 constexpr int tellAllHands = 20;   // each hand has a line of its own up to here
 constexpr int tellAllMatches = 3;  // and up to here
@@ -100,19 +101,13 @@ Options optionsFrom(int count, char** arguments) {
     return options;
 }
 
-int doublesOf(const std::string& item) {
-    for (const ScoringItemRow& row : scoringItems)
-        if (item == row.text) return row.doubles;
-    return 0;
-}
-
 void tell(int number, const selfplay::HandReport& hand) {
     std::cout << "Hand " << number << ": " << (hand.won ? "won" : "lost") << " after " << hand.tiles << " tiles, "
               << (hand.handTiles + setTiles - 1) / setTiles << " sets";
     std::istringstream items(hand.items);
     const char* before = ": ";
     for (std::string item; std::getline(items, item, ','); before = ", ")
-        std::cout << before << item << " (" << doublesOf(item) << ")";
+        std::cout << before << item << " (" << scoringItemNamed(item)->doubles << ")";
     if (hand.won) std::cout << "; doubles " << hand.doubles << ", points " << hand.points;
     std::cout << "; score " << hand.score << "\n";
 }
@@ -161,6 +156,10 @@ void run(const Options& options) {
 }  // namespace
 
 int main(int count, char** arguments) {
+    if (count == 2 && arguments[1] == std::string("--help")) {
+        std::cout << usage;
+        return 0;
+    }
     try {
         run(optionsFrom(count, arguments));
         return 0;

@@ -2,14 +2,7 @@
 
 #include <stdexcept>
 
-#include "match/frmChooseSeat.h"
-#include "match/frmGameSummary.h"
-#include "match/frmRoundsSetting.h"
 #include "platform/sim/desktop.h"
-#include "play/frmChooseTiles.h"
-#include "presentation/frmBitmaps.h"
-#include "scoring/frmBreakDown.h"
-#include "toolkit/modScreen.h"
 
 namespace selfplay {
 namespace {
@@ -33,8 +26,7 @@ Sitting::Sitting(uint32_t seed, bool refereed) : player_(seed) {
 Sitting::~Sitting() {
     sim::setHands({});
     game_.reset();
-    gsClearObjects(gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary, gfrmRoundsSetting, gfrmBitmaps,
-                   gfrmMain);
+    gsClearAllForms();
 }
 
 bool Sitting::playMatch(int mostHands) {

@@ -41,7 +41,6 @@ struct Moment {
 };
 
 Moment moments[] = {
-    {"seat", [](const frmMain&) { return gfrmChooseSeat.isOpen() && gfrmChooseSeat->mblnDrawn; }, false},
     {"table", [](const frmMain& game) { return promising(game) && game.mintCurRow == wellOnItsWay; }, false},
     {"chooser",
      [](const frmMain& game) {
@@ -53,10 +52,9 @@ Moment moments[] = {
          return gfrmBreakDown.isOpen() && std::count(gstrScoreDesc.begin(), gstrScoreDesc.end(), ',') >= goodHand - 1;
      },
      false},
-    {"summary", [](const frmMain&) { return gfrmGameSummary.isOpen(); }, false},
 };
 
-constexpr int tableMoment = 1;
+constexpr int tableMoment = 0;
 
 class Showcase {
   public:
@@ -97,17 +95,11 @@ class Showcase {
         } else if (gfrmChooseSeat.isOpen() || gfrmBreakDown.isOpen() || gfrmGameSummary.isOpen()) {
             press(Qt::Key_Return);
         } else if (game.mintCurRow == 1 && game.Timer1.interval() != dropInterval) {
-            const int steps = onlyTheEndIsMissing() ? 0 : selfplay::bestColumnOf(game) - game.mintCurCol;
+            const int steps = selfplay::bestColumnOf(game) - game.mintCurCol;
             press(steps < 0 ? Qt::Key_Left : Qt::Key_Right, std::abs(steps));
             const bool fallsSlowly = !moments[tableMoment].taken && promising(game);
             if (!fallsSlowly) press(Qt::Key_Down);
         }
-    }
-
-    /// Then tiles pile up in the middle until the round is lost.
-    static bool onlyTheEndIsMissing() {
-        return std::all_of(std::begin(moments), std::end(moments) - 1,
-                           [](const Moment& moment) { return moment.taken; });
     }
 
     QWidget* window_;
@@ -124,7 +116,6 @@ int main(int argc, char** argv) {
     }
     const auto game = gfrmMain.hold();
     game->form.show();
-    gintNumRounds = 1;
     QTimer::singleShot(0, [&] { game->tbrZQT_ButtonClick(1); });
     const QWidgetList windows = QApplication::topLevelWidgets();
     const auto isMain = [](const QWidget* widget) { return widget->windowTitle() == "Velmora"; };
