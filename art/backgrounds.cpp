@@ -69,7 +69,6 @@ void paintFramedCloth(QPainter& painter, const QSize& size, int breadth) {
     paintFrame(painter, all, inner);
 }
 
-constexpr QSize breakDownSize{667, 329};
 constexpr int breakDownFrame = 14;
 constexpr int gridTop = 46;
 constexpr int gridPitch = 38;
@@ -100,7 +99,6 @@ void paintGridColumn(QPainter& painter, int left) {
     painter.drawRect(grid.adjusted(-1, -1, 0, 0));
 }
 
-constexpr QSize seatSize{256, 256};
 constexpr int seatFrame = 16;
 constexpr QRect seatTray{41, 99, 175, 57};
 
@@ -109,7 +107,6 @@ constexpr Line seatLines[] = {
     {"Left, Right, Enter", From::middle, 128, 196, 15, script::plain, &ivoryInk, 1.0},
 };
 
-constexpr QSize hiScoreSize{500, 350};
 constexpr int hiScoreFrame = 18;
 constexpr int hiScoreFirstRow = 138;
 constexpr int hiScorePitch = 32;
@@ -162,7 +159,7 @@ void paintBreakDown(QPainter& painter) {
 }
 
 void paintChooseSeat(QPainter& painter) {
-    paintFramedCloth(painter, seatSize, seatFrame);
+    paintFramedCloth(painter, chooseSeatSize, seatFrame);
     paintTray(painter, seatTray, 0.15);
     paintRule(painter, {128, 215}, 70);
     for (const Line& line : seatLines) paintLine(painter, line);

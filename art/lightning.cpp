@@ -12,7 +12,7 @@ namespace {
 
 using namespace materials;
 
-constexpr QRect flash{580, 0, 200, 233};
+constexpr QRect flash{QPoint{580, 0}, lightningSize};
 
 /// A straight piece of the bolt; breadth is 1 for the trunk.
 struct Piece {

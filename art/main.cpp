@@ -1,6 +1,5 @@
 #include <QGuiApplication>
 #include <QImage>
-
 #include <cstdio>
 
 #include "pictures.h"
@@ -8,7 +7,7 @@
 namespace {
 
 bool make(const Picture& picture, const QString& folder) {
-    QImage image(picture.width, picture.height, QImage::Format_RGB888);
+    QImage image(picture.size, QImage::Format_RGB888);
     image.fill(Qt::black);
     {
         QPainter painter(&image);

@@ -11,16 +11,13 @@ namespace {
 
 using namespace materials;
 
-constexpr int winds = 4;
-constexpr QSize large{64, 66};
-constexpr int small = 16;
 constexpr char32_t windCharacters[] = U"東南西北";
 constexpr char windLetters[] = "ESWN";
 
 /// How far inside the large diamond a pixel lies, in pixels along a row or column; negative outside.
 double largeInside(int x, int y) {
-    const double dx = std::abs(x + 0.5 - large.width() / 2.0), dy = std::abs(y + 0.5 - large.height() / 2.0);
-    return (1 - dx / (large.width() / 2.0) - dy / (large.height() / 2.0)) * large.width() / 2.0;
+    const double dx = std::abs(x + 0.5 - houseSize.width() / 2.0), dy = std::abs(y + 0.5 - houseSize.height() / 2.0);
+    return (1 - dx / (houseSize.width() / 2.0) - dy / (houseSize.height() / 2.0)) * houseSize.width() / 2.0;
 }
 
 /// The light that the slope of a diamond's rim takes: the upper left one faces the lamp.
@@ -31,7 +28,7 @@ double rimLight(double dx, double dy) {
 
 QRgb largePixel(int x, int y) {
     const double inside = largeInside(x, y);
-    const double dx = x + 0.5 - large.width() / 2.0, dy = y + 0.5 - large.height() / 2.0;
+    const double dx = x + 0.5 - houseSize.width() / 2.0, dy = y + 0.5 - houseSize.height() / 2.0;
     if (inside < 1.2) return lit(lacquerDeep, 1.1);
     if (inside < 4) return lit(lacquerRed, rimLight(dx, dy));
     if (inside < 5.2) return dy + dx < 0 ? giltBright : gilt;
@@ -41,7 +38,7 @@ QRgb largePixel(int x, int y) {
 }
 
 QImage largeDiamond() {
-    QImage image(large, QImage::Format_ARGB32_Premultiplied);
+    QImage image(houseSize, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     everyPixel(image.rect(), [&](int x, int y) {
         if (largeInside(x, y) >= 0) image.setPixel(x, y, largePixel(x, y));
@@ -65,7 +62,7 @@ QPainterPath largeSign(int wind, bool chinese, const QRectF& cell) {
 constexpr int signSize = 9;
 
 /// The signs of the small markers, drawn pixel by pixel: Chinese, then English.
-constexpr const char* smallSigns[2][winds][signSize] = {
+constexpr const char* smallSigns[scripts][winds][signSize] = {
     {{"....#....", "#########", "....#....", ".#######.", ".#..#..#.", ".#######.", "...###...", ".##.#.##.",
       "#...#...#"},
      {"....#....", "#########", "....#....", "#########", "#.#...#.#", "#.#####.#", "#...#...#", "#.#####.#",
@@ -86,13 +83,14 @@ constexpr const char* smallSigns[2][winds][signSize] = {
 
 /// A diamond with its points cut off, so that a sign of nine pixels finds room in sixteen.
 double smallInside(int x, int y) {
-    const double middle = (small - 1) / 2.0;
+    const double middle = (smallHouseSize.width() - 1) / 2.0;
     return 9 - std::abs(x - middle) - std::abs(y - middle);
 }
 
 QRgb smallPixel(int x, int y) {
-    const bool facesLamp = x + y < small - 1;
-    const bool rim = smallInside(x, y) == 0 || x == 0 || y == 0 || x == small - 1 || y == small - 1;
+    constexpr int last = smallHouseSize.width() - 1;
+    const bool facesLamp = x + y < last;
+    const bool rim = smallInside(x, y) == 0 || x == 0 || y == 0 || x == last || y == last;
     if (rim) return facesLamp ? gilt : giltDeep;
     return lit(lacquerRed, facesLamp ? 1.0 : 0.86);
 }
@@ -107,7 +105,8 @@ void paintSmallSign(QPainter& painter, const char* const (&sign)[signSize]) {
 }  // namespace
 
 void paintTableTop(QPainter& painter) {
-    constexpr QRect all{0, 0, 64, 64}, felt{6, 6, 52, 52};
+    constexpr int breadth = 6;
+    constexpr QRect all{QPoint{0, 0}, tableTopSize}, felt = all.adjusted(breadth, breadth, -breadth, -breadth);
     painter.drawImage(felt.topLeft(), cloth(felt.size(), clothGreen));
     paintHollowShadow(painter, felt, 4, 0.4);
     paintFrame(painter, all, felt);
@@ -115,8 +114,8 @@ void paintTableTop(QPainter& painter) {
 
 void paintHouse(QPainter& painter) {
     const QImage diamond = largeDiamond();
-    for (int cell = 0; cell < 2 * winds; ++cell) {
-        const QRect place(QPoint(cell % winds * large.width(), cell / winds * large.height()), large);
+    for (int cell = 0; cell < scripts * winds; ++cell) {
+        const QRect place(QPoint(cell % winds * houseSize.width(), cell / winds * houseSize.height()), houseSize);
         painter.drawImage(place.topLeft(), diamond);
         const QPainterPath sign = largeSign(cell % winds, cell < winds, place);
         script::paint(painter, sign, {ivory, giltBright, lacquerDeep}, 1.2);
@@ -124,15 +123,15 @@ void paintHouse(QPainter& painter) {
 }
 
 void paintHouseMask(QPainter& painter) {
-    everyPixel({QPoint(0, 0), large},
+    everyPixel({QPoint(0, 0), houseSize},
                [&](int x, int y) { painter.fillRect(x, y, 1, 1, largeInside(x, y) >= 0 ? Qt::black : Qt::white); });
 }
 
 void paintSmallHouse(QPainter& painter) {
-    for (int cell = 0; cell < 2 * winds; ++cell) {
+    for (int cell = 0; cell < scripts * winds; ++cell) {
         painter.save();
-        painter.translate(cell % winds * small, cell / winds * small);
-        everyPixel({0, 0, small, small}, [&](int x, int y) {
+        painter.translate(cell % winds * smallHouseSize.width(), cell / winds * smallHouseSize.height());
+        everyPixel({QPoint(0, 0), smallHouseSize}, [&](int x, int y) {
             if (smallInside(x, y) >= 0) painter.fillRect(x, y, 1, 1, QColor::fromRgb(smallPixel(x, y)));
         });
         paintSmallSign(painter, smallSigns[cell / winds][cell % winds]);
@@ -141,7 +140,7 @@ void paintSmallHouse(QPainter& painter) {
 }
 
 void paintSmallHouseMask(QPainter& painter) {
-    everyPixel({0, 0, small, small},
+    everyPixel({QPoint(0, 0), smallHouseSize},
                [&](int x, int y) { painter.fillRect(x, y, 1, 1, smallInside(x, y) >= 0 ? Qt::black : Qt::white); });
 }
 

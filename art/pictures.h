@@ -1,15 +1,14 @@
 #pragma once
 
 #include <QPainter>
-
+#include <QSize>
 #include <span>
 
-/// One picture that the game loads: its file name under assets/pictures, its size and what paints it.
+/// One picture that the game loads: its file name under assets/pictures, its size in pixels and what paints it.
 /// The painter stands on a picture of that size, filled with black, with antialiasing off.
 struct Picture {
     const char* name;
-    int width;
-    int height;
+    QSize size;
     void (*paint)(QPainter& painter);
 };
 

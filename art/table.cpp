@@ -28,7 +28,7 @@ constexpr QRect scorePlace{448, 237, 104, 30};
 constexpr double trayDepth = 0.10;
 constexpr double scoreDepth = 0.40;
 
-constexpr QRect tableTop{592, 304, 64, 64};
+constexpr QRect tableTop{QPoint{592, 304}, tableTopSize};
 constexpr QSizeF matRadii{120, 78};
 
 struct Label {
@@ -136,7 +136,7 @@ void paintLabels(QPainter& painter) {
 }  // namespace
 
 void paintTable(QPainter& painter) {
-    painter.drawImage(0, 0, cloth({800, 600}, clothGreen));
+    painter.drawImage(0, 0, cloth(tableSize, clothGreen));
     paintShadow(painter, frameOuter, 16, 0.55);
     paintGround(painter);
     paintFrame(painter, frameOuter, ground);
@@ -151,18 +151,18 @@ void paintTable(QPainter& painter) {
 std::span<const Picture> tablePictures() {
     using namespace tableArt;
     static constexpr Picture pictures[] = {
-        {"101", 800, 600, paintTable},
-        {"102", 667, 329, paintBreakDown},
-        {"103", 256, 256, paintChooseSeat},
-        {"104", 500, 350, paintHiScore},
-        {"picTableTop", 64, 64, paintTableTop},
-        {"picHouse", 256, 132, paintHouse},
-        {"picHouseMask", 64, 66, paintHouseMask},
-        {"picSmallHouse", 64, 32, paintSmallHouse},
-        {"picSmallHouseMask", 16, 16, paintSmallHouseMask},
-        {"picLightning", 200, 233, paintLightning},
-        {"picLightningMask", 200, 233, paintLightningMask},
-        {"ImageList1", 224, 16, paintToolbarIcons},
+        {"101", tableSize, paintTable},
+        {"102", breakDownSize, paintBreakDown},
+        {"103", chooseSeatSize, paintChooseSeat},
+        {"104", hiScoreSize, paintHiScore},
+        {"picTableTop", tableTopSize, paintTableTop},
+        {"picHouse", {winds * houseSize.width(), scripts * houseSize.height()}, paintHouse},
+        {"picHouseMask", houseSize, paintHouseMask},
+        {"picSmallHouse", {winds * smallHouseSize.width(), scripts * smallHouseSize.height()}, paintSmallHouse},
+        {"picSmallHouseMask", smallHouseSize, paintSmallHouseMask},
+        {"picLightning", lightningSize, paintLightning},
+        {"picLightningMask", lightningSize, paintLightningMask},
+        {"ImageList1", {icons * iconSize, iconSize}, paintToolbarIcons},
     };
     return pictures;
 }

@@ -1,44 +1,64 @@
 #pragma once
 
 #include <QPainter>
+#include <QSize>
 
 /// The painters of the pictures beside the tiles; each one fills its whole picture.
 namespace tableArt {
 
-/// The table: cloth, the board in its frame, the labels and the mat for the seats; 800 by 600.
+/// The sizes of the pictures in pixels.
+constexpr QSize tableSize{800, 600};
+constexpr QSize breakDownSize{667, 329};
+constexpr QSize chooseSeatSize{256, 256};
+constexpr QSize hiScoreSize{500, 350};
+constexpr QSize tableTopSize{64, 64};
+constexpr QSize lightningSize{200, 233};
+
+/// A sheet of markers has a column for each wind and a row for each script; the sizes in pixels are those of one
+/// marker.
+constexpr int winds = 4;
+constexpr int scripts = 2;
+constexpr QSize houseSize{64, 66};
+constexpr QSize smallHouseSize{16, 16};
+
+/// The icons of the toolbar stand in a row; each is a square of so many pixels.
+constexpr int icons = 14;
+constexpr int iconSize = 16;
+
+/// The table: cloth, the board in its frame, the labels and the mat for the seats.
 void paintTable(QPainter& painter);
 
-/// The ground of the break-down: a grid of two columns of six rows and the labels of the totals; 667 by 329.
+/// The ground of the break-down: a grid of two columns of six rows and the labels of the totals.
 void paintBreakDown(QPainter& painter);
 
-/// The ground of the seat draw; 256 by 256.
+/// The ground of the seat draw.
 void paintChooseSeat(QPainter& painter);
 
-/// The ground of the high scores: paper with heads, row numbers and the line that explains the Levels; 500 by 350.
+/// The ground of the high scores: paper with heads, row numbers and the line that explains the Levels.
 void paintHiScore(QPainter& painter);
 
-/// The small table that the seats stand round; 64 by 64.
+/// The small table that the seats stand round.
 void paintTableTop(QPainter& painter);
 
-/// The large markers of the winds, Chinese above English; 256 by 132.
+/// The large markers of the winds, Chinese above English.
 void paintHouse(QPainter& painter);
 
-/// The mask of one large marker; 64 by 66.
+/// The mask of one large marker.
 void paintHouseMask(QPainter& painter);
 
-/// The small markers of the winds, Chinese above English; 64 by 32.
+/// The small markers of the winds, Chinese above English.
 void paintSmallHouse(QPainter& painter);
 
-/// The mask of one small marker; 16 by 16.
+/// The mask of one small marker.
 void paintSmallHouseMask(QPainter& painter);
 
-/// The bolt of lightning on black, made to be added to the table by its bits; 200 by 233.
+/// The bolt of lightning on black, made to be added to the table by its bits.
 void paintLightning(QPainter& painter);
 
-/// The complement of the lightning; 200 by 233.
+/// The complement of the lightning.
 void paintLightningMask(QPainter& painter);
 
-/// The 14 icons of the toolbar on their transparent grey; 224 by 16.
+/// The icons of the toolbar on their transparent grey.
 void paintToolbarIcons(QPainter& painter);
 
 }  // namespace tableArt

@@ -49,13 +49,14 @@ void paintMasks(QPainter& painter) {
     paintColumn(painter, 0, [&](const TileView& view) { paintTileMask(painter, view); });
 }
 
-constexpr int viewCount = static_cast<int>(tileViews.size());
+constexpr QSize columnSize{tileWidth, static_cast<int>(tileViews.size()) * tileHeight};
+constexpr QSize sheetSize{kindCount * tileWidth, columnSize.height()};
 constexpr std::array pictures = {
-    Picture{"picAllTiles", kindCount* tileWidth, viewCount* tileHeight, paintAllTiles},
-    Picture{"picTileBackMask", tileWidth, viewCount* tileHeight, paintMasks},
-    Picture{"picTileBack", tileWidth, viewCount* tileHeight, paintBacks},
-    Picture{"picPass", passWidth, passHeight, paintPass},
-    Picture{"picPassMask", passWidth, passHeight, paintPassMask},
+    Picture{"picAllTiles", sheetSize, paintAllTiles},
+    Picture{"picTileBackMask", columnSize, paintMasks},
+    Picture{"picTileBack", columnSize, paintBacks},
+    Picture{"picPass", QSize(passWidth, passHeight), paintPass},
+    Picture{"picPassMask", QSize(passWidth, passHeight), paintPassMask},
 };
 
 }  // namespace

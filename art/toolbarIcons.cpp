@@ -7,8 +7,6 @@ namespace tableArt {
 
 namespace {
 
-constexpr int icons = 14;
-constexpr int iconSize = 16;
 constexpr QRgb seenThrough = qRgb(0xC0, 0xC0, 0xC0);
 
 /// What a letter of the icons below stands for.
