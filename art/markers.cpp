@@ -1,5 +1,4 @@
 #include <cmath>
-#include <cstdlib>
 
 #include "materials.h"
 #include "script.h"
@@ -99,7 +98,7 @@ void paintSmallSign(QPainter& painter, const char* const (&sign)[signSize]) {
     constexpr QPoint origin{3, 3};
     for (int y = 0; y < signSize; ++y)
         for (int x = 0; x < signSize; ++x)
-            if (sign[y][x] == '#') painter.fillRect(QRect(origin + QPoint(x, y), QSize(1, 1)), QColor::fromRgb(ivory));
+            if (sign[y][x] == '#') dot(painter, origin.x() + x, origin.y() + y, ivory);
 }
 
 }  // namespace
@@ -123,8 +122,7 @@ void paintHouse(QPainter& painter) {
 }
 
 void paintHouseMask(QPainter& painter) {
-    everyPixel({QPoint(0, 0), houseSize},
-               [&](int x, int y) { painter.fillRect(x, y, 1, 1, largeInside(x, y) >= 0 ? Qt::black : Qt::white); });
+    paintMask(painter, houseSize, [](int x, int y) { return largeInside(x, y) >= 0; });
 }
 
 void paintSmallHouse(QPainter& painter) {
@@ -132,7 +130,7 @@ void paintSmallHouse(QPainter& painter) {
         painter.save();
         painter.translate(cell % winds * smallHouseSize.width(), cell / winds * smallHouseSize.height());
         everyPixel({QPoint(0, 0), smallHouseSize}, [&](int x, int y) {
-            if (smallInside(x, y) >= 0) painter.fillRect(x, y, 1, 1, QColor::fromRgb(smallPixel(x, y)));
+            if (smallInside(x, y) >= 0) dot(painter, x, y, smallPixel(x, y));
         });
         paintSmallSign(painter, smallSigns[cell / winds][cell % winds]);
         painter.restore();
@@ -140,8 +138,7 @@ void paintSmallHouse(QPainter& painter) {
 }
 
 void paintSmallHouseMask(QPainter& painter) {
-    everyPixel({QPoint(0, 0), smallHouseSize},
-               [&](int x, int y) { painter.fillRect(x, y, 1, 1, smallInside(x, y) >= 0 ? Qt::black : Qt::white); });
+    paintMask(painter, smallHouseSize, [](int x, int y) { return smallInside(x, y) >= 0; });
 }
 
 }  // namespace tableArt

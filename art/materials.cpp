@@ -76,7 +76,7 @@ void paintInlay(QPainter& painter, const QPoint& middle) {
         const int dx = x - middle.x(), dy = y - middle.y(), away = std::abs(dx) + std::abs(dy);
         if (away > radius) return;
         const QRgb rim = dx + dy < 0 ? giltBright : dx + dy > 0 ? giltDeep : gilt;
-        painter.fillRect(x, y, 1, 1, QColor::fromRgb(away == radius ? lacquerDeep : away == 0 ? giltDeep : rim));
+        dot(painter, x, y, away == radius ? lacquerDeep : away == 0 ? giltDeep : rim);
     });
 }
 
@@ -123,6 +123,8 @@ double soft(double edge0, double edge1, double x) {
     const double t = std::clamp((x - edge0) / (edge1 - edge0), 0.0, 1.0);
     return t * t * (3 - 2 * t);
 }
+
+void dot(QPainter& painter, int x, int y, QRgb color) { painter.fillRect(x, y, 1, 1, QColor::fromRgb(color)); }
 
 QImage cloth(QSize size, QRgb color) {
     QImage image(size, QImage::Format_RGB32);

@@ -55,4 +55,14 @@ void everyPixel(const QRect& rect, Paint paint) {
         for (int x = rect.left(); x <= rect.right(); ++x) paint(x, y);
 }
 
+/// Paints one pixel.
+void dot(QPainter& painter, int x, int y, QRgb color);
+
+/// Paints the mask of what covers a picture of the given size: black where covers(x, y) holds, white elsewhere.
+template <typename Covers>
+void paintMask(QPainter& painter, QSize size, Covers covers) {
+    everyPixel({QPoint(0, 0), size},
+               [&](int x, int y) { dot(painter, x, y, covers(x, y) ? qRgb(0, 0, 0) : qRgb(255, 255, 255)); });
+}
+
 }  // namespace materials

@@ -61,13 +61,11 @@ QRgb sideColour(const QRect& front, int x, int y) {
 
 /// Fine diagonal threads of paler lacquer with a speck of gilt wherever two of them cross.
 void paintTrellis(QPainter& painter) {
-    for (int y = 0; y < faceHeight; ++y)
-        for (int x = 0; x < faceWidth; ++x) {
-            const bool falling = (x - rim.center().x() - y + rim.center().y()) % mesh == 0;
-            const bool rising = (x - rim.center().x() + y - rim.center().y()) % mesh == 0;
-            if (falling || rising)
-                painter.fillRect(x, y, 1, 1, QColor::fromRgb(falling && rising ? materials::gilt : trellis));
-        }
+    materials::everyPixel(rim, [&](int x, int y) {
+        const bool falling = (x - rim.center().x() - y + rim.center().y()) % mesh == 0;
+        const bool rising = (x - rim.center().x() + y - rim.center().y()) % mesh == 0;
+        if (falling || rising) materials::dot(painter, x, y, falling && rising ? materials::gilt : trellis);
+    });
 }
 
 void paintRim(QPainter& painter) {
@@ -87,13 +85,11 @@ void paintCorners(QPainter& painter) {
 }
 
 void paintBody(QPainter& painter, const TileView& view, const Material& material) {
-    for (int y = 0; y < tileHeight; ++y)
-        for (int x = 0; x < tileWidth; ++x)
-            if (view.covers(x, y)) {
-                const QRgb colour =
-                    view.front.contains(x, y) ? frontColour(material, view.front, x, y) : sideColour(view.front, x, y);
-                painter.fillRect(x, y, 1, 1, QColor::fromRgb(colour));
-            }
+    materials::everyPixel(QRect(0, 0, tileWidth, tileHeight), [&](int x, int y) {
+        if (!view.covers(x, y)) return;
+        const bool front = view.front.contains(x, y);
+        materials::dot(painter, x, y, front ? frontColour(material, view.front, x, y) : sideColour(view.front, x, y));
+    });
 }
 
 }  // namespace
@@ -119,7 +115,5 @@ void paintBack(QPainter& painter, const TileView& view) {
 }
 
 void paintTileMask(QPainter& painter, const TileView& view) {
-    for (int y = 0; y < tileHeight; ++y)
-        for (int x = 0; x < tileWidth; ++x)
-            if (!view.covers(x, y)) painter.fillRect(x, y, 1, 1, Qt::white);
+    materials::paintMask(painter, {tileWidth, tileHeight}, [&](int x, int y) { return view.covers(x, y); });
 }

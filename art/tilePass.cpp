@@ -60,13 +60,9 @@ QRgb passColour(int x, int y) {
 
 void paintPass(QPainter& painter) {
     materials::everyPixel(QRect(0, 0, passWidth, passHeight), [&](int x, int y) {
-        if (covers(x, y)) painter.fillRect(x, y, 1, 1, QColor::fromRgb(passColour(x, y)));
+        if (covers(x, y)) materials::dot(painter, x, y, passColour(x, y));
     });
     script::paintInBand(painter, script::flowing("Pass", 26), wordBand, wordInk);
 }
 
-void paintPassMask(QPainter& painter) {
-    materials::everyPixel(QRect(0, 0, passWidth, passHeight), [&](int x, int y) {
-        if (!covers(x, y)) painter.fillRect(x, y, 1, 1, Qt::white);
-    });
-}
+void paintPassMask(QPainter& painter) { materials::paintMask(painter, {passWidth, passHeight}, covers); }

@@ -5,6 +5,7 @@
 #include <map>
 #include <numbers>
 
+#include "materials.h"
 #include "tileSprites.h"
 
 namespace {
@@ -39,5 +40,5 @@ void paintRosette(QPainter& painter, QPoint centre, std::span<const Ring> rings)
     for (int y = -reach; y <= reach; ++y)
         for (int x = -reach; x <= reach; ++x)
             if (const QRgb colour = paletteColour(mostOf(rings, x, y)))
-                painter.fillRect(centre.x() + x, centre.y() + y, 1, 1, QColor::fromRgb(colour));
+                materials::dot(painter, centre.x() + x, centre.y() + y, colour);
 }

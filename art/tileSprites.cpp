@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "materials.h"
+
 namespace {
 
 struct Ink {
@@ -53,8 +55,6 @@ void walk(Sprite sprite, Put put) {
     }
 }
 
-void dot(QPainter& painter, int x, int y, QRgb colour) { painter.fillRect(x, y, 1, 1, QColor::fromRgb(colour)); }
-
 }  // namespace
 
 QRgb paletteColour(char letter) {
@@ -71,11 +71,11 @@ void paintSprite(QPainter& painter, int x, int y, Sprite sprite, std::string_vie
         const char painted = swap == std::string_view::npos ? letter : to[swap];
         if (turn.leftRight) column = width - 1 - column;
         if (turn.upsideDown) row = height - 1 - row;
-        if (const QRgb colour = paletteColour(painted)) dot(painter, x + column, y + row, colour);
+        if (const QRgb colour = paletteColour(painted)) materials::dot(painter, x + column, y + row, colour);
     });
 }
 
 void paintIndex(QPainter& painter, int x, int y, char symbol, QRgb colour) {
     const auto* glyph = std::ranges::find(indexGlyphs, symbol, &IndexGlyph::symbol);
-    walk(glyph->rows, [&](int column, int row, char) { dot(painter, x + column, y + row, colour); });
+    walk(glyph->rows, [&](int column, int row, char) { materials::dot(painter, x + column, y + row, colour); });
 }

@@ -286,8 +286,7 @@ void paintToolbarIcons(QPainter& painter) {
     painter.fillRect(0, 0, icons * iconSize, iconSize, QColor::fromRgb(seenThrough));
     materials::everyPixel({0, 0, icons * iconSize, iconSize}, [&](int x, int y) {
         for (const Tint& tint : tints)
-            if (tint.letter == drawings[x / iconSize][y][x % iconSize])
-                painter.fillRect(x, y, 1, 1, QColor::fromRgb(tint.color));
+            if (tint.letter == drawings[x / iconSize][y][x % iconSize]) materials::dot(painter, x, y, tint.color);
     });
 }
 
