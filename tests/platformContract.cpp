@@ -40,8 +40,7 @@ class Contract : public testing::Test {
 
     struct Window {
         Form form;
-        Picture strip{};
-        ToolBar bar{form, 28, 3, {strip, 16, 0xC0C0C0}};
+        ToolBar bar{form, 28, 3, {{}, 16, 0xC0C0C0}};
     };
 
     void showMain() {

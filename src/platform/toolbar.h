@@ -10,9 +10,9 @@ namespace platform {
 
 /// A strip of equal images side by side, with the colour that lets the button show through.
 struct ImageList {
-    const Picture& strip;
-    int imageWidth;  ///< Pixels.
-    Color maskColor;
+    Picture strip;
+    int imageWidth = 0;  ///< Pixels.
+    Color maskColor = 0;
 };
 
 /// A toolbar across the top of a form, above its surface. Buttons count from 1; none stays pressed or takes the focus.

@@ -65,9 +65,8 @@ void gsClearAllForms() {
 }
 
 platform::ImageList ImageList1() {
-    static constexpr platform::Picture none;
-    const platform::Picture* strip = guarded("ImageList1", [] { return &platform::pictureByName("ImageList1"); });
-    return {strip != nullptr ? *strip : none, imageWidth, imageMask};
+    const auto strip = guarded("ImageList1", [] { return platform::pictureByName("ImageList1"); });
+    return {strip, imageWidth, imageMask};
 }
 
 void frmMain::msSetUpToolbar() {

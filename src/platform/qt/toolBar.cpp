@@ -34,10 +34,11 @@ class StripFace : public QWidget {
 };
 
 /// The image with that number, the mask colour left out; null if the strip doesn't reach so far.
-QImage cutImage(const Picture& strip, int width, Color maskColor, int number) {
-    if (number < 1 || number * width > strip.width) return {};
-    QImage image = qt::imageOf(strip).copy((number - 1) * width, 0, width, strip.height);
-    const QRgb mask = qt::colorOf(maskColor).rgb();
+QImage cutImage(const ImageList& images, int number) {
+    const int width = images.imageWidth;
+    if (number < 1 || number * width > images.strip.width) return {};
+    QImage image = qt::imageOf(images.strip).copy((number - 1) * width, 0, width, images.strip.height);
+    const QRgb mask = qt::colorOf(images.maskColor).rgb();
     for (int y = 0; y < image.height(); ++y) {
         auto* const line = reinterpret_cast<QRgb*>(image.scanLine(y));
         std::replace(line, line + image.width(), mask, QRgb{0});
@@ -48,14 +49,11 @@ QImage cutImage(const Picture& strip, int width, Color maskColor, int number) {
 }  // namespace
 
 struct ToolBar::Impl {
-    Impl(QWidget* parent, const ImageList& list)
-        : strip(new StripFace(parent)), images(list.strip), imageWidth(list.imageWidth), maskColor(list.maskColor) {}
+    Impl(QWidget* parent, const ImageList& list) : strip(new StripFace(parent)), images(list) {}
 
     qt::FaceHolder<StripFace> strip;
     std::vector<qt::ToolButton*> buttons;
-    Picture images;
-    int imageWidth;
-    Color maskColor;
+    ImageList images;
 
     qt::ToolButton& button(int number) const {
         if (number < 1 || number > static_cast<int>(buttons.size())) failure::subscript();
@@ -104,7 +102,7 @@ void ToolBar::setButtonWidth(int button, int pixels) {
 
 void ToolBar::setButtonImage(int button, int image) {
     impl_->button(button).setGap(image == 0);
-    impl_->button(button).setImage(cutImage(impl_->images, impl_->imageWidth, impl_->maskColor, image));
+    impl_->button(button).setImage(cutImage(impl_->images, image));
 }
 
 void ToolBar::setToolTip(int button, const std::string& text) {
