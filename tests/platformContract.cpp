@@ -343,6 +343,56 @@ TEST_F(Contract, ToolbarRefusesClicksUnderADialog) {
     EXPECT_EQ(trace_, "tool 1, tool 3");
 }
 
+/// All that calls handlers, in one object.
+struct Caller {
+    Form form;
+    ToolBar bar{form, 28, 1, {{}, 16, 0xC0C0C0}};
+    Panel panel{form, {0, 0, 100, 50}};
+    CommandButton button{panel, {5, 5, 40, 20}};
+    Timer timer;
+};
+
+TEST_F(Contract, AHandlerMayLetGoOfWhatCallsIt) {
+    using Handler = std::function<void()>;
+    struct {
+        const char* what;
+        void (*arm)(Caller&, Handler);
+        void (*provoke)();
+    } const rows[] = {
+        {"timer",
+         [](Caller& caller, Handler handler) {
+             caller.timer.onTick = std::move(handler);
+             caller.timer.setInterval(10);
+             caller.timer.setEnabled(true);
+         },
+         [] { driver::run(50); }},
+        {"button", [](Caller& caller, Handler handler) { caller.button.onClick = std::move(handler); },
+         [] { driver::clickButton("Go"); }},
+        {"tool button",
+         [](Caller& caller, Handler handler) {
+             caller.bar.onButtonClick = [handler = std::move(handler)](int) { handler(); };
+         },
+         [] { driver::clickToolButton(1); }},
+    };
+    for (const auto& row : rows) {
+        auto caller = std::make_unique<Caller>();
+        caller->form.resize(100 * twips, 50 * twips);
+        caller->bar.setButtonImage(1, 1);
+        caller->button.setCaption("Go");
+        caller->form.show();
+        bool captureLives = false;
+        row.arm(*caller, [&caller, &captureLives, capture = std::make_shared<int>()] {
+            const std::weak_ptr<int> watched = capture;
+            bool& answer = captureLives;
+            caller.reset();
+            answer = !watched.expired();
+        });
+        row.provoke();
+        EXPECT_EQ(caller, nullptr) << row.what;
+        EXPECT_TRUE(captureLives) << row.what << ": what a handler has captured stays until it returns";
+    }
+}
+
 /// A dialog with two buttons and a spin button, in this order.
 struct Setting {
     explicit Setting(std::function<void(const std::string&)> note) {

@@ -118,8 +118,9 @@ void reportUncaught(const std::exception& error);
 template <class... Values>
 void deliver(const std::function<void(Values...)>& handler, std::type_identity_t<Values>... values) {
     if (!handler) return;
+    const auto held = handler;  // The handler may let go of the object that it is part of.
     try {
-        handler(values...);
+        held(values...);
     } catch (const NothingLeft&) {
         throw;
     } catch (const std::exception& error) {

@@ -150,8 +150,7 @@ void Form::unload() {
     if (!loaded() || impl_->unloading) return;
     impl_->unloading = true;
     const sim::Serial self = impl_->serial;
-    const auto handler = onUnload;  // The form, and its own handler with it, may be gone when this returns.
-    sim::deliver(handler);
+    sim::deliver(onUnload);
     if (Impl* still = sim::openForm(self)) still->close();
 }
 
