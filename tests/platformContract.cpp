@@ -483,6 +483,41 @@ TEST_F(Contract, MenuIsAnsweredOrLeft) {
     EXPECT_EQ(menu.caption(3), "Hard");
 }
 
+/// The number of the failure that the action meets; 0 if it meets none.
+int32_t failureOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const RuntimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+TEST_F(Contract, NumberOfNoButtonOrItemFails) {
+    constexpr int outOfRange = 9;
+    showMain();
+    ToolBar& bar = main_->bar;
+    PopupMenu menu(main_->form);
+    for (const char* caption : {"Easy", "Average", "Hard"}) menu.addItem(caption);
+    struct {
+        const char* what;
+        std::function<void(int)> use;
+    } const rows[] = {
+        {"a button's width", [&](int button) { bar.buttonWidth(button); }},
+        {"a button's new width", [&](int button) { bar.setButtonWidth(button, 30); }},
+        {"a button's image", [&](int button) { bar.setButtonImage(button, 1); }},
+        {"a button's tool-tip", [&](int button) { bar.toolTip(button); }},
+        {"a button's new tool-tip", [&](int button) { bar.setToolTip(button, "Stop"); }},
+        {"an item's caption", [&](int item) { menu.caption(item); }},
+        {"an item's mark", [&](int item) { menu.checked(item); }},
+        {"an item's new mark", [&](int item) { menu.setChecked(item, true); }},
+    };
+    for (const auto& row : rows)
+        for (const int number : {-1, 0, 1, 3, 4})
+            EXPECT_EQ(failureOf([&] { row.use(number); }), number >= 1 && number <= 3 ? 0 : outOfRange)
+                << row.what << ", number " << number;
+}
+
 TEST_F(Contract, UncaughtErrorIsReportedAndTheLoopGoesOn) {
     using Fault = std::function<void()>;
     struct {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/form.h"
+#include "runtime.h"
 
 namespace platform {
 
@@ -56,6 +57,12 @@ class PopupMenu {
     struct Impl;
 
   private:
+    struct Item {
+        std::string caption;
+        bool checked = false;
+    };
+
+    DynamicTable<Item> items_;
     std::unique_ptr<Impl> impl_;
 };
 

@@ -2,14 +2,12 @@
 
 #include <QPainter>
 #include <algorithm>
-#include <vector>
 
 #include "platform/qt/bevel.h"
 #include "platform/qt/control.h"
 #include "platform/qt/images.h"
 #include "platform/qt/slots.h"
 #include "platform/qt/toolButton.h"
-#include "runtime.h"
 
 namespace platform {
 namespace {
@@ -52,65 +50,62 @@ struct ToolBar::Impl {
     Impl(QWidget* parent, const ImageList& list) : strip(new StripFace(parent)), images(list) {}
 
     qt::FaceHolder<StripFace> strip;
-    std::vector<qt::ToolButton*> buttons;
+    DynamicTable<qt::ToolButton*> buttons;
     ImageList images;
 
-    qt::ToolButton& button(int number) const {
-        if (number < 1 || number > static_cast<int>(buttons.size())) failure::subscript();
-        return *buttons[static_cast<size_t>(number - 1)];
-    }
     void layOut();
 };
 
 void ToolBar::Impl::layOut() {
     int left = 0;
-    for (qt::ToolButton* each : buttons) {
-        each->move(left, 0);
-        left += each->width();
+    for (int number = 1; number <= buttons.count(); ++number) {
+        buttons[number]->move(left, 0);
+        left += buttons[number]->width();
     }
 }
 
 ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& images)
     : impl_(std::make_unique<Impl>(qt::windowOf(form), images)) {
     impl_->strip->resize(form.scaleWidth(), height);
+    impl_->buttons.resize(buttonCount);
     for (int number = 1; number <= buttonCount; ++number) {
         auto* const button = new qt::ToolButton(impl_->strip.get(), number);
         button->resize(firstButtonWidth, height);
         button->onClick = [this](int pressed) { qt::callSlot(onButtonClick, pressed); };
-        impl_->buttons.push_back(button);
+        impl_->buttons[number] = button;
     }
     impl_->layOut();
 }
 
 ToolBar::~ToolBar() {
-    if (impl_->strip.get())
-        for (qt::ToolButton* button : impl_->buttons) button->onClick = nullptr;
+    if (impl_->strip.get() == nullptr) return;
+    for (int number = 1; number <= buttonCount(); ++number) impl_->buttons[number]->onClick = nullptr;
 }
 
 void ToolBar::setWidth(int pixels) { impl_->strip->resize(pixels, impl_->strip->height()); }
 
 int ToolBar::width() const { return impl_->strip->width(); }
 
-int ToolBar::buttonCount() const { return static_cast<int>(impl_->buttons.size()); }
+int ToolBar::buttonCount() const { return impl_->buttons.count(); }
 
-int ToolBar::buttonWidth(int button) const { return impl_->button(button).width(); }
+int ToolBar::buttonWidth(int button) const { return impl_->buttons[button]->width(); }
 
 void ToolBar::setButtonWidth(int button, int pixels) {
-    impl_->button(button).resize(pixels, impl_->strip->height());
+    impl_->buttons[button]->resize(pixels, impl_->strip->height());
     impl_->layOut();
 }
 
 void ToolBar::setButtonImage(int button, int image) {
-    impl_->button(button).setGap(image == 0);
-    impl_->button(button).setImage(cutImage(impl_->images, image));
+    impl_->buttons[button]->setGap(image == 0);
+    impl_->buttons[button]->setImage(cutImage(impl_->images, image));
 }
 
 void ToolBar::setToolTip(int button, const std::string& text) {
     const QString tip = QString::fromStdString(text);
-    impl_->button(button).setToolTip(tip);
-    impl_->button(button).setAccessibleName(tip);
+    impl_->buttons[button]->setToolTip(tip);
+    impl_->buttons[button]->setAccessibleName(tip);
 }
 
-std::string ToolBar::toolTip(int button) const { return impl_->button(button).toolTip().toStdString(); }
+std::string ToolBar::toolTip(int button) const { return impl_->buttons[button]->toolTip().toStdString(); }
 
 }  // namespace platform

@@ -169,12 +169,6 @@ struct platform::Form::Impl {
 struct platform::PopupMenu::Impl {
     explicit Impl(PopupMenu& menu) : owner(menu) {}
 
-    struct Item {
-        std::string caption;
-        bool checked = false;
-    };
-
     PopupMenu& owner;
     const sim::Serial serial = sim::nextSerial();
-    std::vector<Item> items;
 };

@@ -10,8 +10,7 @@ constexpr int firstWidth = 28;  // pixels
 }  // namespace
 
 struct ToolBar::Impl {
-    Impl(ToolBar& bar, sim::Serial onForm, int buttonCount)
-        : owner(bar), form(onForm), buttons(static_cast<size_t>(buttonCount)) {}
+    Impl(ToolBar& bar, sim::Serial onForm, int buttonCount) : owner(bar), form(onForm) { buttons.resize(buttonCount); }
 
     struct Button {
         int width = firstWidth;
@@ -19,12 +18,10 @@ struct ToolBar::Impl {
         std::string toolTip;
     };
 
-    Button& button(int number) { return buttons.at(static_cast<size_t>(number) - 1); }
-
     ToolBar& owner;
     sim::Serial form;
     int width = 0;
-    std::vector<Button> buttons;
+    DynamicTable<Button> buttons;
 };
 
 ToolBar::ToolBar(Form& form, int /*height*/, int buttonCount, const ImageList& /*images*/)
@@ -38,30 +35,23 @@ ToolBar::~ToolBar() {
 
 void ToolBar::setWidth(int pixels) { impl_->width = pixels; }
 int ToolBar::width() const { return impl_->width; }
-int ToolBar::buttonCount() const { return static_cast<int>(impl_->buttons.size()); }
-int ToolBar::buttonWidth(int button) const { return impl_->button(button).width; }
-void ToolBar::setButtonWidth(int button, int pixels) { impl_->button(button).width = pixels; }
-void ToolBar::setButtonImage(int button, int image) { impl_->button(button).image = image; }
+int ToolBar::buttonCount() const { return impl_->buttons.count(); }
+int ToolBar::buttonWidth(int button) const { return impl_->buttons[button].width; }
+void ToolBar::setButtonWidth(int button, int pixels) { impl_->buttons[button].width = pixels; }
+void ToolBar::setButtonImage(int button, int image) { impl_->buttons[button].image = image; }
 
 void ToolBar::setToolTip(int button, const std::string& text) {
-    impl_->button(button).toolTip = text;
+    impl_->buttons[button].toolTip = text;
     sim::note("tool-tip", button, text);
 }
 
-std::string ToolBar::toolTip(int button) const { return impl_->button(button).toolTip; }
+std::string ToolBar::toolTip(int button) const { return impl_->buttons[button].toolTip; }
 
 PopupMenu::PopupMenu(Form& /*form*/) : impl_(std::make_unique<Impl>(*this)) {}
 
 PopupMenu::~PopupMenu() {
     if (sim::desk().menu == impl_.get()) sim::desk().menu = nullptr;
 }
-
-void PopupMenu::addItem(const std::string& caption) { impl_->items.push_back({caption}); }
-int PopupMenu::itemCount() const { return static_cast<int>(impl_->items.size()); }
-std::string PopupMenu::caption(int item) const { return impl_->items.at(static_cast<size_t>(item) - 1).caption; }
-bool PopupMenu::checked(int item) const { return impl_->items.at(static_cast<size_t>(item) - 1).checked; }
-
-void PopupMenu::setChecked(int item, bool checked) { impl_->items.at(static_cast<size_t>(item) - 1).checked = checked; }
 
 void PopupMenu::popUp() {
     sim::desk().menu = impl_.get();
@@ -78,7 +68,7 @@ void clickToolButton(int button) {
     arrive();
     platform::ToolBar::Impl* const bar = desk().toolBar;
     if (bar == nullptr || taker() != bar->form || button < 1 || button > bar->owner.buttonCount()) return;
-    if (bar->button(button).image == 0) return;
+    if (bar->buttons[button].image == 0) return;
     note("tool", button);
     deliver(bar->owner.onButtonClick, button);
 }

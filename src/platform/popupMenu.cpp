@@ -1,0 +1,15 @@
+#include "platform/toolbar.h"
+
+namespace platform {
+
+void PopupMenu::addItem(const std::string& caption) {
+    items_.resize(items_.count() + 1);
+    items_[items_.count()].caption = caption;
+}
+
+int PopupMenu::itemCount() const { return items_.count(); }
+std::string PopupMenu::caption(int item) const { return items_[item].caption; }
+void PopupMenu::setChecked(int item, bool checked) { items_[item].checked = checked; }
+bool PopupMenu::checked(int item) const { return items_[item].checked; }
+
+}  // namespace platform
