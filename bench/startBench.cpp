@@ -42,7 +42,7 @@ void startBare(int argc, char** argv) {
 }
 
 void startGame(int argc, char** argv) {
-    platform::Application application(argc, argv);
+    platform::Application application(argc, argv, "Velmora", "velmora");
     const auto game = gfrmMain.hold();
     game->form.show();
     endAfterFirstPicture();

@@ -541,8 +541,9 @@ TEST_F(Contract, UncaughtErrorIsReportedAndTheLoopGoesOn) {
         {"load", [](Window& main, Timer&, Fault fault) { main.form.onLoad = std::move(fault); }, [] {}},
     };
     const std::pair<Fault, const char*> faults[] = {
-        {[] { failure::overflow(); }, "Error In Velmora: Error 6 - Overflow"},
-        {[] { throw std::logic_error("odd"); }, "Error In Velmora: Error 51 - Internal error: odd"},
+        {[] { failure::overflow(); }, "Error In Program: Error 6 - Overflow"},
+        {[] { throw std::logic_error("odd"); }, "Error In Program: Error 51 - Internal error: odd"},
+        {[] { throw 7; }, "Error In Program: Error 51 - Internal error"},
     };
     for (const auto& row : rows) {
         for (const auto& [fault, message] : faults) {

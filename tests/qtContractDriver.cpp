@@ -68,7 +68,7 @@ Person& person() {
     static char name[] = "velmora_qt_contract";
     static char* argv[] = {name, nullptr};
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const platform::Application application(argc, argv);
+    static const platform::Application application(argc, argv, "Program", "program");
     static Person thePerson;
     return thePerson;
 }

@@ -23,7 +23,7 @@ void setUpApplication() {
     static char name[] = "velmora_window_tests";
     static char* argv[] = {name, nullptr};
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const platform::Application application(argc, argv);
+    static const platform::Application application(argc, argv, "Velmora", "velmora");
 }
 
 class Window : public ::testing::Test {

@@ -109,7 +109,7 @@ class Showcase {
 }  // namespace
 
 int main(int argc, char** argv) {
-    platform::Application application(argc, argv);
+    platform::Application application(argc, argv, "Velmora", "velmora");
     if (argc != 2) {
         std::fprintf(stderr, "usage: velmora_showcase FOLDER\n");
         return 2;

@@ -6,15 +6,13 @@
 #include "platform/qt/desk.h"
 #include "platform/qt/images.h"
 #include "platform/storedPictures.h"
+#include "platform/uncaught.h"
 
 namespace platform {
 namespace {
 
-constexpr char programName[] = "Velmora";
-constexpr char desktopFile[] = "velmora";
-constexpr std::string_view iconPrefix = "velmora-";  // followed by the size in pixels
-
-QIcon programIcon() {
+QIcon iconOf(const std::string& id) {
+    const std::string iconPrefix = id + "-";
     QIcon icon;
     for (const StoredPicture& stored : storedPictures())
         if (stored.name.starts_with(iconPrefix)) icon.addPixmap(QPixmap::fromImage(qt::imageOf(stored.picture)));
@@ -23,13 +21,14 @@ QIcon programIcon() {
 
 }  // namespace
 
-Application::Application(int& argc, char** argv) {
+Application::Application(int& argc, char** argv, const std::string& name, const std::string& id) {
+    setProgramName(name);
     // Never deleted: forms that are let go at the very end still need it.
     QApplication* const application = new QApplication(argc, argv);
-    QApplication::setApplicationName(programName);
-    QApplication::setDesktopFileName(desktopFile);
+    QApplication::setApplicationName(QString::fromStdString(name));
+    QApplication::setDesktopFileName(QString::fromStdString(id));
     QApplication::setQuitOnLastWindowClosed(false);  // A message box may come and go before the main window is seen.
-    QApplication::setWindowIcon(programIcon());
+    QApplication::setWindowIcon(iconOf(id));
     application->installEventFilter(&qt::desk());
 }
 

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <string>
+
 namespace platform {
 
 /// The program on the desktop: its name, its icon and its event loop. Made once, before any form.
 class Application {
   public:
-    Application(int& argc, char** argv);  ///< argc and argv must outlive the program's forms.
+    /// The name is what people read; the id is that of the desktop file and, with "-" and the size in pixels behind it,
+    /// of the pictures that are the program's icon. argc and argv must outlive the program's forms.
+    Application(int& argc, char** argv, const std::string& name, const std::string& id);
 
     int run();  ///< Serves events until the main window has been unloaded; returns the exit code.
 };

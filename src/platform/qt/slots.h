@@ -3,10 +3,9 @@
 #include <functional>
 #include <utility>
 
-namespace platform::qt {
+#include "platform/uncaught.h"
 
-/// Tells the player of the exception that is being handled, in a message box, and waits for the answer.
-void reportUncaught();
+namespace platform::qt {
 
 /// Runs a handler if there is one. A failure that it didn't catch is reported and goes no further.
 template <class... Parameters, class... Arguments>

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <exception>
+#include <limits>
 
 #include "platform/desktop.h"
-#include "runtime.h"
 
 namespace sim {
 namespace {
@@ -13,7 +12,6 @@ namespace {
 constexpr double never = std::numeric_limits<double>::infinity();
 constexpr uint64_t anyOrder = std::numeric_limits<uint64_t>::max();
 constexpr double shortestWait = 1;  // milliseconds
-constexpr int internalError = 51;
 
 Ticker* nextTicker() {
     Ticker* next = nullptr;
@@ -96,13 +94,6 @@ Serial nextSerial() {
 void arrive() {
     ++desk().arrivals;
     desk().idleServices = 0;
-}
-
-void reportUncaught(const std::exception& error) {
-    const auto* known = dynamic_cast<const RuntimeError*>(&error);
-    const int number = known != nullptr ? known->number() : internalError;
-    const std::string description = (known != nullptr ? "" : "Internal error: ") + std::string(error.what());
-    platform::messageBox("Error In Velmora", "Error " + std::to_string(number) + " - " + description);
 }
 
 void switchOn(uint32_t seed, double secondOfDay) {

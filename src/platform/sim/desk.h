@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 #include <functional>
-#include <limits>
 #include <map>
 #include <memory>
 #include <optional>
@@ -16,8 +15,8 @@
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/sim/desktop.h"
-#include "platform/timer.h"
 #include "platform/toolbar.h"
+#include "platform/uncaught.h"
 
 /// What the files of the simulated desktop share.
 namespace sim {
@@ -111,9 +110,6 @@ void note(const Parts&... parts) {
     desk().log(line.str());
 }
 
-/// Shows the player an error that no procedure has caught.
-void reportUncaught(const std::exception& error);
-
 /// Runs an event's handler, if there is one; an error that leaves it is reported and goes no further.
 template <class... Values>
 void deliver(const std::function<void(Values...)>& handler, std::type_identity_t<Values>... values) {
@@ -123,8 +119,10 @@ void deliver(const std::function<void(Values...)>& handler, std::type_identity_t
         held(values...);
     } catch (const NothingLeft&) {
         throw;
-    } catch (const std::exception& error) {
-        reportUncaught(error);
+    } catch (const ProcessEnded&) {
+        throw;
+    } catch (...) {
+        platform::reportUncaught();
     }
 }
 
