@@ -78,7 +78,9 @@ void FormWindow::runAsDialog() {
     raise();
     QEventLoop loop;
     loop_ = &loop;
+    const QPointer<FormWindow> self(this);
     loop.exec();
+    if (self) self->loop_ = nullptr;  // It still stands when the program's end has ended the loop.
 }
 
 void FormWindow::unload() {
