@@ -8,9 +8,8 @@
 namespace platform {
 namespace {
 
-constexpr uint32_t opaque = 0xFF000000;
-
-uint32_t swapRedAndBlue(uint32_t value) { return (value & 0xFF00) | ((value & 0xFF) << 16) | ((value >> 16) & 0xFF); }
+/// Red and blue change places on the way back as they did on the way there.
+Color colorOf(uint32_t pixel) { return pixelOf(pixel) & 0xFFFFFF; }
 
 /// The part of [start, start + length) that lies on both axes, as an offset and a length; the length may be negative.
 struct Span {
@@ -51,7 +50,7 @@ void Surface::clear() {
     if (!hasPixels()) return;
     const int columns = std::min(width_, background_.width);
     const int rows = std::min(height_, background_.height);
-    const uint32_t back = opaque | swapRedAndBlue(backColor_);
+    const uint32_t back = pixelOf(backColor_);
     for (int y = 0; y < height_; ++y) {
         const int covered = y < rows ? columns : 0;
         if (covered > 0)
@@ -69,7 +68,7 @@ int Surface::textWidth(const std::string& text) const { return measureText(text,
 
 Color Surface::point(int x, int y) const {
     if (x < 0 || y < 0 || x >= width_ || y >= height_ || !hasPixels()) return 0;
-    return swapRedAndBlue(row(y)[x] & ~opaque);
+    return colorOf(row(y)[x]);
 }
 
 void BitBlt(Surface& destination, int x, int y, int width, int height, const Surface& source, int sourceX, int sourceY,

@@ -9,6 +9,11 @@ namespace platform {
 /// A colour with red in the low byte, then green, then blue: 0xFF is red, 0xFF0000 is blue.
 using Color = uint32_t;
 
+/// The opaque pixel of that colour: 0xFFRRGGBB.
+constexpr uint32_t pixelOf(Color color) {
+    return 0xFF000000 | (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF);
+}
+
 /// A picture that the program carries; rows from the top, a pixel as 0xAARRGGBB. Never changes, lives for the run.
 struct Picture {
     int width = 0;

@@ -26,10 +26,6 @@ QImage imageOf(const Picture& picture) {
     return {bytes(picture.pixels), picture.width, picture.height, picture.width * bytesPerPixel, QImage::Format_ARGB32};
 }
 
-QColor colorOf(Color color) {
-    constexpr Color channel = 0xFF;
-    return QColor(static_cast<int>(color & channel), static_cast<int>(color >> 8 & channel),
-                  static_cast<int>(color >> 16 & channel));
-}
+QColor colorOf(Color color) { return QColor(QRgb{pixelOf(color)}); }
 
 }  // namespace platform::qt

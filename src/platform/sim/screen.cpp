@@ -16,10 +16,6 @@ constexpr double twipsPerPixel = 15;
 constexpr double lighter = 1.3, darker = 0.6;  // of a bevel's two sides, against the back colour
 constexpr int captionMargin = 3;               // pixels
 
-uint32_t pixelOf(Color color) {
-    return 0xFF000000 | ((color & 0xFF) << 16) | (color & 0xFF00) | ((color >> 16) & 0xFF);
-}
-
 Color shaded(Color color, double factor) {
     Color result = 0;
     for (int shift = 0; shift < 24; shift += 8)
@@ -32,7 +28,7 @@ void fill(Surface& surface, const Place& place, Color color) {
     const int right = std::clamp(place.left + place.width, left, surface.width());
     const int bottom = std::min(place.top + place.height, surface.height());
     for (int y = std::max(0, place.top); y < bottom; ++y)
-        std::fill(surface.row(y) + left, surface.row(y) + right, pixelOf(color));
+        std::fill(surface.row(y) + left, surface.row(y) + right, platform::pixelOf(color));
 }
 
 Place inside(const Place& place, int border) {

@@ -190,7 +190,7 @@ void drawGlyph(Surface& surface, int left, int top, const Glyph& glyph, uint32_t
 
 void drawText(Surface& surface, int x, int y, const std::string& text, const Font& font, Color color) {
     if (!surface.hasPixels()) return;
-    const uint32_t pixel = ((color & 0xFF) << 16) | (color & 0xFF00) | ((color >> 16) & 0xFF);
+    const uint32_t pixel = pixelOf(color);
     const int baseLine = y + sizedFont(font).ascent;
     forEachGlyph(text, font, [&](const Glyph& glyph) {
         drawGlyph(surface, x + glyph.left, baseLine - glyph.above, glyph, pixel);
