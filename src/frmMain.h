@@ -266,7 +266,7 @@ struct frmMain {
     void msToggleBreakDown();
     /// Turns the wish for music on or off.
     void msToggleMusicOn();
-    /// Holds a running game for the time of a dialog; one that was paused runs on after it.
+    /// What High Scores, Order and About do to the fall: it stops and goes on, also in a game that was held.
     void msHoldForDialog();
     /// Opens the setting of the rounds.
     void msSetRounds();
