@@ -14,7 +14,7 @@
 
 #include "platform/qt/desk.h"
 #include "platform/qt/formWindow.h"
-#include "platform/qt/twips.h"
+#include "platform/twips.h"
 
 namespace platform {
 namespace {
@@ -65,7 +65,7 @@ void endProcess() {
     std::_Exit(EXIT_SUCCESS);
 }
 
-double screenWidth() { return screenSize().width() * qt::twipsPerPixel; }
-double screenHeight() { return screenSize().height() * qt::twipsPerPixel; }
+double screenWidth() { return screenSize().width() * twipsPerPixel; }
+double screenHeight() { return screenSize().height() * twipsPerPixel; }
 
 }  // namespace platform

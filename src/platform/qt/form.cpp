@@ -1,7 +1,7 @@
 #include "platform/form.h"
 
 #include "platform/qt/formWindow.h"
-#include "platform/qt/twips.h"
+#include "platform/twips.h"
 
 namespace platform {
 
@@ -23,8 +23,8 @@ Form::~Form() { impl_->window->retire(); }
 
 double Form::left() const { return impl_->window->left; }
 double Form::top() const { return impl_->window->top; }
-double Form::width() const { return scaleWidth() * qt::twipsPerPixel; }
-double Form::height() const { return scaleHeight() * qt::twipsPerPixel; }
+double Form::width() const { return scaleWidth() * twipsPerPixel; }
+double Form::height() const { return scaleHeight() * twipsPerPixel; }
 
 void Form::move(double left, double top) {
     impl_->window->left = left;
@@ -33,7 +33,7 @@ void Form::move(double left, double top) {
 }
 
 void Form::resize(double width, double height) {
-    impl_->window->surface.resize(qt::toPixels(width), qt::toPixels(height));
+    impl_->window->surface.resize(toPixels(width), toPixels(height));
     impl_->window->fitToSurface();
 }
 

@@ -12,7 +12,7 @@
 #include "platform/qt/desk.h"
 #include "platform/qt/images.h"
 #include "platform/qt/slots.h"
-#include "platform/qt/twips.h"
+#include "platform/twips.h"
 
 namespace platform::qt {
 namespace {

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "platform/desktop.h"
+#include "platform/twips.h"
 
 namespace sim {
 namespace {
@@ -134,8 +135,8 @@ namespace platform {
 namespace {
 
 constexpr double secondsPerDay = 86400;
-constexpr double screenWidthTwips = 1920 * 15;
-constexpr double screenHeightTwips = 1080 * 15;
+constexpr int screenPixelsAcross = 1920;
+constexpr int screenPixelsDown = 1080;
 constexpr double randomRange = 4294967296.0;  // one more than the generator's greatest value
 
 }  // namespace
@@ -175,7 +176,7 @@ void endProcess() {
     throw sim::ProcessEnded{};
 }
 
-double screenWidth() { return screenWidthTwips; }
-double screenHeight() { return screenHeightTwips; }
+double screenWidth() { return screenPixelsAcross * twipsPerPixel; }
+double screenHeight() { return screenPixelsDown * twipsPerPixel; }
 
 }  // namespace platform

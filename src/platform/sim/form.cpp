@@ -1,9 +1,9 @@
 #include "platform/form.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "platform/sim/desk.h"
+#include "platform/twips.h"
 
 namespace sim {
 namespace {
@@ -86,13 +86,6 @@ int modalDepth() {
 }  // namespace sim
 
 namespace platform {
-namespace {
-
-constexpr double twipsPerPixel = 15;
-
-int pixels(double twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
-
-}  // namespace
 
 Form::Impl::~Impl() {
     close();
@@ -130,7 +123,7 @@ void Form::move(double left, double top) {
     impl_->top = top;
 }
 
-void Form::resize(double width, double height) { impl_->surface.resize(pixels(width), pixels(height)); }
+void Form::resize(double width, double height) { impl_->surface.resize(toPixels(width), toPixels(height)); }
 void Form::setPicture(const Picture& picture) { impl_->surface.setPicture(picture); }
 void Form::setCaption(const std::string& text) { sim::note("title", text); }
 void Form::refresh() { sim::note("show"); }

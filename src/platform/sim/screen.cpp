@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <cmath>
 
 #include "platform/sim/desk.h"
 #include "platform/text.h"
+#include "platform/twips.h"
 
 namespace sim {
 namespace {
@@ -12,7 +12,6 @@ using platform::Color;
 using platform::Place;
 using platform::Surface;
 
-constexpr double twipsPerPixel = 15;
 constexpr double lighter = 1.3, darker = 0.6;  // of a bevel's two sides, against the back colour
 constexpr int captionMargin = 3;               // pixels
 
@@ -92,8 +91,6 @@ Surface picture(const platform::Form::Impl& form) {
     return result;
 }
 
-int pixels(double twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
-
 }  // namespace
 
 platform::Surface screen() {
@@ -104,8 +101,9 @@ platform::Surface screen() {
     for (const auto* form : forms) {
         if (!form->modal) continue;
         const Surface dialog = picture(*form);
-        platform::BitBlt(result, pixels(form->left - (*main)->left), pixels(form->top - (*main)->top), dialog.width(),
-                         dialog.height(), dialog, 0, 0, platform::SRCCOPY);
+        platform::BitBlt(result, platform::toPixels(form->left - (*main)->left),
+                         platform::toPixels(form->top - (*main)->top), dialog.width(), dialog.height(), dialog, 0, 0,
+                         platform::SRCCOPY);
     }
     return result;
 }

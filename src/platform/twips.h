@@ -2,11 +2,11 @@
 
 #include <cmath>
 
-namespace platform::qt {
+namespace platform {
 
 constexpr double twipsPerPixel = 15;
 
 /// The nearest whole number of pixels.
 inline int toPixels(double twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
 
-}  // namespace platform::qt
+}  // namespace platform
