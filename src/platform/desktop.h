@@ -37,7 +37,9 @@ struct Rect {
     int32_t bottom = 0;
 };
 
-/// Grows a client rectangle to that of its window: style 0 adds no frame, a menu bar adds 20 pixels at the top.
+constexpr int menuBarHeight = 20;  ///< Pixels.
+
+/// Grows a client rectangle to that of its window: no style adds a frame, a menu bar adds its height at the top.
 void AdjustWindowRect(Rect& rect, uint32_t style, bool menu);
 
 constexpr int LOGPIXELSX = 88;

@@ -3,7 +3,6 @@
 namespace platform {
 namespace {
 
-constexpr int menuBarHeight = 20;
 constexpr int pixelsPerInch = 96;
 
 }  // namespace

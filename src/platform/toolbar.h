@@ -16,6 +16,8 @@ struct ImageList {
     Color maskColor = 0;
 };
 
+constexpr int firstButtonWidth = 28;  ///< Pixels, of each tool button until it gets another width.
+
 /// A toolbar across the top of a form, above its surface. Buttons count from 1; none stays pressed or takes the focus.
 class ToolBar {
   public:

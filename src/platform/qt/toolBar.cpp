@@ -12,8 +12,6 @@
 namespace platform {
 namespace {
 
-constexpr int firstButtonWidth = 28;  // pixels
-
 class StripFace : public QWidget {
   public:
     explicit StripFace(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }

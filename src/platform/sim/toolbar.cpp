@@ -3,17 +3,12 @@
 #include "platform/sim/desk.h"
 
 namespace platform {
-namespace {
-
-constexpr int firstWidth = 28;  // pixels
-
-}  // namespace
 
 struct ToolBar::Impl {
     Impl(ToolBar& bar, sim::Serial onForm, int buttonCount) : owner(bar), form(onForm) { buttons.resize(buttonCount); }
 
     struct Button {
-        int width = firstWidth;
+        int width = firstButtonWidth;
         int image = 0;
         std::string toolTip;
     };
