@@ -397,10 +397,10 @@ TEST_F(Contract, AHandlerMayLetGoOfWhatCallsIt) {
 struct Setting {
     explicit Setting(std::function<void(const std::string&)> note) {
         ok.setCaption("OK");
-        ok.setDefault(true);
+        ok.makeDefault();
         ok.onClick = [note] { note("OK"); };
         cancel.setCaption("Cancel");
-        cancel.setCancel(true);
+        cancel.makeCancel();
         cancel.onClick = [note] { note("Cancel"); };
         spin.onSpinUp = [note] { note("up"); };
         spin.onSpinDown = [note] { note("down"); };

@@ -33,11 +33,11 @@ frmRoundsSetting::frmRoundsSetting()
     SpinButton1.onSpinDown = [this] { SpinButton1_SpinDown(); };
     cmdOK.setFont(buttonFont);
     cmdOK.setCaption("OK");
-    cmdOK.setDefault(true);
+    cmdOK.makeDefault();
     cmdOK.onClick = [this] { cmdOK_Click(); };
     cmdCancel.setFont(buttonFont);
     cmdCancel.setCaption("Cancel");
-    cmdCancel.setCancel(true);
+    cmdCancel.makeCancel();
     cmdCancel.onClick = [this] { cmdCancel_Click(); };
 }
 

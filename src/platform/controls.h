@@ -78,8 +78,8 @@ class CommandButton {
 
     void setFont(const Font& font);
     void setCaption(const std::string& text);
-    void setDefault(bool isDefault);  ///< Enter presses it from anywhere on the form but another button.
-    void setCancel(bool isCancel);    ///< Escape presses it from anywhere on the form.
+    void makeDefault();  ///< Enter presses it from anywhere on the form but another button.
+    void makeCancel();   ///< Escape presses it from anywhere on the form.
 
     struct Impl;
 

@@ -128,19 +128,11 @@ void CommandButton::setCaption(const std::string& text) {
     impl_->face->update();
 }
 
-void CommandButton::setDefault(bool isDefault) {
-    if (isDefault)
-        impl_->window().setDefaultControl(impl_->face.get());
-    else if (impl_->window().defaultControl() == impl_->face.get())
-        impl_->window().setDefaultControl(nullptr);
+void CommandButton::makeDefault() {
+    impl_->window().setDefaultControl(impl_->face.get());
     impl_->face->update();
 }
 
-void CommandButton::setCancel(bool isCancel) {
-    if (isCancel)
-        impl_->window().setCancelControl(impl_->face.get());
-    else if (impl_->window().cancelControl() == impl_->face.get())
-        impl_->window().setCancelControl(nullptr);
-}
+void CommandButton::makeCancel() { impl_->window().setCancelControl(impl_->face.get()); }
 
 }  // namespace platform

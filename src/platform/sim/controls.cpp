@@ -183,8 +183,8 @@ CommandButton::~CommandButton() = default;
 
 void CommandButton::setFont(const Font& font) { impl_->font = font; }
 void CommandButton::setCaption(const std::string& text) { impl_->caption = text; }
-void CommandButton::setDefault(bool isDefault) { impl_->isDefault = isDefault; }
-void CommandButton::setCancel(bool isCancel) { impl_->isCancel = isCancel; }
+void CommandButton::makeDefault() { impl_->isDefault = true; }
+void CommandButton::makeCancel() { impl_->isCancel = true; }
 
 SpinButton::SpinButton(Panel& panel, const Place& place)
     : impl_(std::make_unique<Impl>(panel.impl(), place, onSpinUp, onSpinDown)) {}
