@@ -6,7 +6,6 @@
 #include "platform/qt/desk.h"
 #include "platform/qt/fonts.h"
 #include "platform/qt/images.h"
-#include "platform/qt/slots.h"
 
 namespace platform {
 namespace {
@@ -16,19 +15,14 @@ constexpr int focusInset = 2;  // from the bevel inward
 constexpr double outlinePart = 0.55;
 constexpr double defaultOutlinePart = 0.9;
 
-class ButtonFace : public qt::Control {
+class ButtonFace : public qt::OwnedControl<CommandButton> {
   public:
-    ButtonFace(QWidget* parent, const Place& place, CommandButton& button) : Control(parent, place), owner(&button) {}
+    using OwnedControl::OwnedControl;
 
-    CommandButton* owner;
     Font font;
 
     bool stroke(const qt::Stroke& stroke) override;
     void answer(const qt::Stroke& stroke) override;
-    void retire() {
-        owner = nullptr;
-        Control::retire();
-    }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -55,9 +49,7 @@ void ButtonFace::answer(const qt::Stroke& stroke) {
     if (!stroke.repeat) press();
 }
 
-void ButtonFace::press() {
-    if (owner) qt::callSlot(owner->onClick);
-}
+void ButtonFace::press() { call(&CommandButton::onClick); }
 
 void ButtonFace::setDown(bool down) {
     down_ = down;

@@ -2,10 +2,12 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 
 #include "platform/controls.h"
 #include "platform/qt/formWindow.h"
 #include "platform/qt/keys.h"
+#include "platform/qt/slots.h"
 
 namespace platform::qt {
 
@@ -19,11 +21,31 @@ class Control : public QWidget {
 
     virtual bool stroke(const Stroke& stroke) = 0;    ///< A key for the focused control; false if it has no use.
     virtual void answer(const Stroke& /*stroke*/) {}  ///< The key that it answers for the whole form.
-    void retire() { formWindowOf(this)->removeControl(this); }  ///< Its owner is gone.
+    virtual void retire() { formWindowOf(this)->removeControl(this); }  ///< Its owner is gone.
 
   protected:
     bool focused() const;
     void takeFocus();
+};
+
+/// The same with its owner, whose handlers it calls.
+template <class Owner>
+class OwnedControl : public Control {
+  public:
+    OwnedControl(QWidget* parent, const Place& place, Owner& owner) : Control(parent, place), owner_(&owner) {}
+
+    void retire() override {
+        owner_ = nullptr;
+        Control::retire();
+    }
+
+  protected:
+    void call(std::function<void()> Owner::*handler) {
+        if (owner_ != nullptr) callSlot(owner_->*handler);
+    }
+
+  private:
+    Owner* owner_;
 };
 
 /// Owns a control's face, which goes a little later: one of its own handlers may still be running.

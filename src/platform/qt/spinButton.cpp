@@ -7,7 +7,6 @@
 #include "platform/qt/control.h"
 #include "platform/qt/desk.h"
 #include "platform/qt/images.h"
-#include "platform/qt/slots.h"
 
 namespace platform {
 namespace {
@@ -20,17 +19,11 @@ constexpr double outlinePart = 0.55;
 
 enum class Half { None, Upper, Lower };
 
-class SpinFace : public qt::Control {
+class SpinFace : public qt::OwnedControl<SpinButton> {
   public:
     SpinFace(QWidget* parent, const Place& place, SpinButton& button);
 
-    SpinButton* owner;
-
     bool stroke(const qt::Stroke& stroke) override;
-    void retire() {
-        owner = nullptr;
-        Control::retire();
-    }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -50,7 +43,7 @@ class SpinFace : public qt::Control {
     QBasicTimer repeat_;
 };
 
-SpinFace::SpinFace(QWidget* parent, const Place& place, SpinButton& button) : Control(parent, place), owner(&button) {
+SpinFace::SpinFace(QWidget* parent, const Place& place, SpinButton& button) : OwnedControl(parent, place, button) {
     setAccessibleName(QStringLiteral("Up or down"));
 }
 
@@ -64,9 +57,7 @@ Half SpinFace::halfAt(const QPoint& point) const {
     return placeOf(Half::Upper).contains(point) ? Half::Upper : Half::Lower;
 }
 
-void SpinFace::spin(Half half) {
-    if (owner) qt::callSlot(half == Half::Upper ? owner->onSpinUp : owner->onSpinDown);
-}
+void SpinFace::spin(Half half) { call(half == Half::Upper ? &SpinButton::onSpinUp : &SpinButton::onSpinDown); }
 
 bool SpinFace::stroke(const qt::Stroke& stroke) {
     const bool up = stroke.code == key::Up || stroke.code == key::Pad8;
