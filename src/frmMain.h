@@ -107,6 +107,8 @@ struct frmMain {
     bool mblnfTileEnters();
     /// Moves the tile down by a row, or lands it; true if it is to be painted at a new place.
     bool mblnfTileFalls();
+    /// Lets the timer count a whole interval from now, so that the next tile doesn't come out of a dialog at once.
+    void msRestartTimer();
     /// Counts the hand, moves the House, shows the break-down and begins the next hand.
     void msEndHand(bool blnWon);
     /// Stops the fall and shows the summary.

@@ -100,10 +100,13 @@ TEST_F(Dialogs, TheChooserStaysUntilEnterAndTheFallStands) {
             sim::pressKey(Enter);
         });
     });
-    sim::runFor(400 * 12 + 5000);
+    while (game->mintTilesDropped == 1) sim::step();
     EXPECT_TRUE(asked);
     EXPECT_EQ(sim::modalDepth(), 0);
     EXPECT_EQ(game->mintHandCount, 0);
+    const double entered = sim::now();
+    while (game->mintCurRow == 1) sim::step();
+    EXPECT_DOUBLE_EQ(sim::now() - entered, 400) << "the next tile stands in its first row as long as in any";
 }
 
 TEST_F(Dialogs, AKeyHeldSinceBeforeADialogDoesNothingInIt) {

@@ -81,6 +81,7 @@ TEST_F(Match, AMatchOfFourLostHandsEndsAtTheNextTick) {
     EXPECT_FALSE(game->Timer1.enabled());
     EXPECT_EQ(game->mintTilesDropped, 0);
     sim::clickToolButton(9);  // Pause has nothing to set going any more.
+    EXPECT_FALSE(game->Timer1.enabled());
     sim::runFor(1000);
     EXPECT_EQ(game->mintTilesDropped, 0);
     EXPECT_EQ(summaries, 1);

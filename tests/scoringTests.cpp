@@ -195,6 +195,7 @@ TEST_F(Tally, TheBreakDownPrintsEveryItemAndAddsUp) {
     constexpr platform::Color grey = 0x404040, brightYellow = 0x00FFFF;
     platform::Surface expected(platform::pictureByNumber(102));
     expected.resize(667, 330);
+    platform::BitBlt(expected, 0, 329, 667, 1, expected, 0, 328, platform::SRCCOPY);
     struct {
         int shadowX, x, y;
         const char* text;

@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int backgroundResource = 103;
+constexpr int formSide = 256;                                      // pixels, also if the picture is missing
 constexpr int tilesWidth = 156;                                    // pixels: four tiles and three gaps
 constexpr int tilePitch = 42;                                      // pixels
 constexpr int frameWidth = 36, frameHeight = 45, frameBorder = 3;  // pixels
@@ -30,7 +31,8 @@ frmChooseSeat::frmChooseSeat() {
 
 void frmChooseSeat::Form_Load() {
     guarded("Form_Load", [&] {
-        form.setPicture(platform::pictureByNumber(backgroundResource));
+        gsSetClientSize(0, 0, formSide - 1, formSide - 1 - platform::menuBarHeight, form);
+        guarded("Form_Load", [&] { form.setPicture(platform::pictureByNumber(backgroundResource)); });
         gsCenterOver(form, gfrmMain->form);
         mintSelTile = 1;
         msLoadTiles();

@@ -49,10 +49,10 @@ void frmMain::msMoveHouse() {
 
 void frmMain::msUpdateRound() {
     guarded("msUpdateRound", [&] {
-        if (mintHouseMoves != movesPerRound) return;
+        if (mintHouseMoves != movesPerRound || mlngfNext(mlngRoundWind) == mlngRoundWind) return;
         mlngRoundWind = mlngfNext(mlngRoundWind);
         msDrawRound();
         mintHouseMoves = 0;
-        ++mintRoundsPlayed;
+        mintRoundsPlayed = narrow16(mintRoundsPlayed + 1);
     });
 }

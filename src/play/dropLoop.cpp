@@ -50,9 +50,17 @@ bool frmMain::mblnfTileFalls() {
     return true;
 }
 
+void frmMain::msRestartTimer() {
+    if (!Timer1.enabled()) return;
+    Timer1.setEnabled(false);
+    Timer1.setEnabled(true);
+}
+
 void frmMain::msEndHand(bool blnWon) {
-    ++mintGamesPlayed;
-    if (blnWon) ++mintGamesWon;
+    guarded("msEndHand", [&] {
+        mintGamesPlayed = narrow16(mintGamesPlayed + 1);
+        if (blnWon) mintGamesWon = narrow16(mintGamesWon + 1);
+    });
     msUpdateHouse(blnWon);
     msUpdateRound();
     if (blnWon && mblnBreakDown) {

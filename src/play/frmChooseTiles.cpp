@@ -2,6 +2,7 @@
 
 #include "frmMain.h"
 #include "modZQT.h"
+#include "platform/desktop.h"
 #include "presentation/frmBitmaps.h"
 #include "presentation/layout.h"
 #include "toolkit/modScreen.h"
@@ -37,7 +38,7 @@ void frmChooseTiles::Form_Load() {
         platform::BitBlt(picWork, 0, 0, panelWidth, panelHeight, main.surface(), chooserPlace.X, chooserPlace.Y,
                          platform::SRCCOPY);
         msLoadTiles();
-        gsSetClientSize(0, 0, panelWidth - 1, panelHeight - 20, form);
+        gsSetClientSize(0, 0, panelWidth - 1, panelHeight - platform::menuBarHeight, form);
         form.move(main.left() + chooserPlace.X * (main.width() / main.scaleWidth()),
                   main.top() + chooserPlace.Y * (main.height() / main.scaleHeight()));
         // The sizing makes the form a line higher than its picture: that line shows the table too.

@@ -62,6 +62,7 @@ void frmMain::msOffer(Landing& udtLanding) {
     udtLanding.intRow = gfrmChooseTiles->mprpCellTableRow();
     udtLanding.intTakenNum = gfrmChooseTiles->mprpNumTiles();
     gfrmChooseTiles.clear();
+    msRestartTimer();
 
     udtLanding.blnRepeat = udtLanding.intTakenCol != 0;
     if (udtLanding.blnRepeat) msTakeSet(udtLanding.intRow, udtLanding.intTakenCol, udtLanding.intTakenNum);

@@ -151,7 +151,7 @@ void frmMain::msTogglePeek() {
 }
 
 void frmMain::msPause() {
-    if (mlngRoundWind == 0) return;  // No hand to hold before the first match.
+    if (!mblnGameRunning) return;  // No hand to hold before the first match and after the last.
     Timer1.setEnabled(!Timer1.enabled());
 }
 

@@ -32,7 +32,11 @@ frmBreakDown::frmBreakDown() {
 void frmBreakDown::Form_Load() {
     guarded("Form_Load", [&] {
         form.setPicture(platform::pictureByNumber(backgroundResource));
+        const int pictureHeight = form.scaleHeight();
         gsSetClientSize(0, 0, clientRight, clientBottom, form);
+        // The sizing makes the form a line higher than its picture: the frame's last line fills it.
+        platform::BitBlt(form.surface(), 0, pictureHeight, form.scaleWidth(), form.scaleHeight() - pictureHeight,
+                         form.surface(), 0, pictureHeight - 1, platform::SRCCOPY);
         form.setCaption("Velmora");
         gsCenterOver(form, gfrmMain->form, below);
         msInitPrtPsns();
