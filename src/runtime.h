@@ -30,9 +30,6 @@ namespace failure {
 template <class Entry, int First, int Last>
 class Table {
   public:
-    static constexpr int first = First;
-    static constexpr int last = Last;
-
     constexpr Entry& operator[](int index) { return entries_[position(index)]; }
     constexpr const Entry& operator[](int index) const { return entries_[position(index)]; }
 

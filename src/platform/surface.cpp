@@ -8,6 +8,8 @@
 namespace platform {
 namespace {
 
+constexpr Color black = 0;
+
 /// Red and blue change places on the way back as they did on the way there.
 Color colorOf(uint32_t pixel) { return pixelOf(pixel) & 0xFFFFFF; }
 
@@ -50,13 +52,12 @@ void Surface::clear() {
     if (!hasPixels()) return;
     const int columns = std::min(width_, background_.width);
     const int rows = std::min(height_, background_.height);
-    const uint32_t back = pixelOf(backColor_);
     for (int y = 0; y < height_; ++y) {
         const int covered = y < rows ? columns : 0;
         if (covered > 0)
             std::memcpy(row(y), background_.pixels + static_cast<size_t>(y) * background_.width,
                         sizeof(uint32_t) * static_cast<size_t>(covered));
-        std::fill(row(y) + covered, row(y) + width_, back);
+        std::fill(row(y) + covered, row(y) + width_, pixelOf(black));
     }
 }
 

@@ -40,10 +40,10 @@ class Surface {
 
     /// Makes the picture the background and takes its size; all drawing is lost.
     void setPicture(const Picture& picture);
-    /// Gives it another size; all drawing is lost, the background stays at the top left, the rest is the back colour.
+    /// Gives it another size in pixels, below 0 as 0; all drawing is lost, the background stays at the top left, the
+    /// rest is black.
     void resize(int width, int height);
-    void setBackColor(Color color) { backColor_ = color; }  ///< Acts at the next clear or resize.
-    void clear();                                           ///< Removes all drawing and leaves the background.
+    void clear();  ///< Removes all drawing and leaves the background.
 
     Font font;                                     ///< Stays set from one text to the next.
     Color foreColor = 0;                           ///< Colour of text.
@@ -65,7 +65,6 @@ class Surface {
     int width_ = 0;
     int height_ = 0;
     Picture background_;
-    Color backColor_ = 0;
     std::vector<uint32_t> pixels_;  ///< 0xFFRRGGBB in rows from the top.
 };
 
