@@ -10,11 +10,14 @@ namespace platform {
 
 struct PopupMenu::Impl {
     QPointer<qt::FormWindow> window;
+    QPointer<QMenu> open;
 };
 
 PopupMenu::PopupMenu(Form& form) : impl_(std::make_unique<Impl>()) { impl_->window = qt::windowOf(form); }
 
-PopupMenu::~PopupMenu() = default;
+PopupMenu::~PopupMenu() {
+    if (impl_->open) impl_->open->close();
+}
 
 void PopupMenu::popUp() {
     const QPointer<QMenu> menu = new QMenu(impl_->window);  // Null when the form took it along.
@@ -22,7 +25,9 @@ void PopupMenu::popUp() {
         QAction* const action = menu->addAction(QString::fromStdString(caption(item)));
         action->setCheckable(true);
         action->setChecked(checked(item));
+        if (checked(item)) menu->setActiveAction(action);  // The arrow keys move on from it.
     }
+    impl_->open = menu;
     const QList<QAction*> actions = menu->actions();
     const auto chosenSlot = onClick;
     const auto chosen = actions.indexOf(menu->exec(QCursor::pos()));
