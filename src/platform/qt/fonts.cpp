@@ -1,5 +1,6 @@
 #include "platform/qt/fonts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <tuple>
