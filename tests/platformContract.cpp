@@ -565,43 +565,4 @@ TEST_F(Contract, UncaughtErrorIsReportedAndTheLoopGoesOn) {
     }
 }
 
-TEST_F(Contract, PropertiesKeepTheirValues) {
-    showMain();
-    Shape shape(main_->form);
-    EXPECT_FALSE(shape.visible());
-    shape.setBorder(3, 0xFF);
-    shape.setPlace({10, 20, 36, 45});
-    shape.setVisible(true);
-    EXPECT_TRUE(shape.visible());
-    EXPECT_EQ(shape.borderWidth(), 3);
-    EXPECT_EQ(shape.place().left, 10);
-    EXPECT_EQ(shape.place().height, 45);
-
-    Panel outer(main_->form, {0, 0, 80, 40});
-    Panel inner(outer, {5, 5, 40, 20});
-    inner.setCaption("4");
-    const Panel moved(std::move(inner));
-    EXPECT_EQ(moved.caption(), "4");
-    EXPECT_EQ(outer.caption(), "");
-
-    main_->bar.setWidth(300);
-    main_->bar.setButtonWidth(2, 300 - 2 * main_->bar.buttonWidth(3));
-    main_->bar.setToolTip(2, "Level:Easy");
-    EXPECT_EQ(main_->bar.buttonCount(), 3);
-    EXPECT_EQ(main_->bar.buttonWidth(1) + main_->bar.buttonWidth(2) + main_->bar.buttonWidth(3), main_->bar.width());
-    EXPECT_EQ(main_->bar.toolTip(2), "Level:Easy");
-    EXPECT_EQ(GetDeviceCaps(main_->form, LOGPIXELSX), 96);
-}
-
-TEST_F(Contract, RandomValuesFillTheirRange) {
-    seedRandom();
-    int low = 0;
-    for (int i = 0; i < 1000; ++i) {
-        const double value = platform::random();
-        ASSERT_TRUE(value >= 0 && value < 1) << value;
-        if (value < 0.25) ++low;
-    }
-    EXPECT_NEAR(low, 250, 75);
-}
-
 }  // namespace
