@@ -32,11 +32,11 @@ struct Font {
 class Surface {
   public:
     Surface() = default;
-    Surface(int width, int height);            ///< Black all over.
+    Surface(int width, int height);            ///< In pixels, black all over; below 0 counts as 0.
     explicit Surface(const Picture& picture);  ///< A copy of the picture, which is its background too.
 
-    int width() const { return width_; }
-    int height() const { return height_; }
+    int width() const { return width_; }    ///< Pixels.
+    int height() const { return height_; }  ///< Pixels.
 
     /// Makes the picture the background and takes its size; all drawing is lost.
     void setPicture(const Picture& picture);
@@ -53,9 +53,10 @@ class Surface {
     int textWidth(const std::string& text) const;  ///< Width in pixels in the current font.
 
     Color point(int x, int y) const;  ///< Colour of a pixel; 0 outside and where pixels are left out.
+    /// The pixels of a row, as many as the width, from the left; y from 0 to below the height, and only with pixels.
     uint32_t* row(int y) { return pixels_.data() + static_cast<size_t>(y) * width_; }
     const uint32_t* row(int y) const { return pixels_.data() + static_cast<size_t>(y) * width_; }
-    bool hasPixels() const { return !pixels_.empty(); }
+    bool hasPixels() const { return !pixels_.empty(); }  ///< Not when it is empty or keeps none.
 
     /// While false, surfaces that are made or sized have no pixels and all drawing on them is nothing: for play that
     /// nobody watches.

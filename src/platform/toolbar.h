@@ -18,22 +18,23 @@ struct ImageList {
 
 constexpr int firstButtonWidth = 28;  ///< Pixels, of each tool button until it gets another width.
 
-/// A toolbar across the top of a form, above its surface. Buttons count from 1; none stays pressed or takes the focus.
+/// A toolbar across the top of a form, above its surface. Buttons count from 1, and a number of none fails
+/// with number 9; none stays pressed or takes the focus.
 class ToolBar {
   public:
-    ToolBar(Form& form, int height, int buttonCount, const ImageList& images);
-    ~ToolBar();
+    ToolBar(Form& form, int height, int buttonCount, const ImageList& images);  ///< Height in pixels; all gaps.
+    ~ToolBar();  ///< Takes it off its form, also in its own handler.
 
-    std::function<void(int button)> onButtonClick;
+    std::function<void(int button)> onButtonClick;  ///< A button was pressed and let go again; a gap never is.
 
-    void setWidth(int pixels);
-    int width() const;
-    int buttonCount() const;
-    int buttonWidth(int button) const;
-    void setButtonWidth(int button, int pixels);
-    void setButtonImage(int button, int image);  ///< Images count from 1; a button with image 0 is a gap.
-    void setToolTip(int button, const std::string& text);
-    std::string toolTip(int button) const;
+    void setWidth(int pixels);                    ///< Of the strip, which leaves the buttons as wide as they are.
+    int width() const;                            ///< Of the strip, in pixels.
+    int buttonCount() const;                      ///< Gaps among them.
+    int buttonWidth(int button) const;            ///< Pixels.
+    void setButtonWidth(int button, int pixels);  ///< The buttons to its right move along.
+    void setButtonImage(int button, int image);   ///< Images count from 1; a button with image 0 is a gap.
+    void setToolTip(int button, const std::string& text);  ///< UTF-8, shown while the pointer rests on the button.
+    std::string toolTip(int button) const;                 ///< As it was set last; empty at first.
 
     struct Impl;
 
@@ -41,19 +42,19 @@ class ToolBar {
     std::unique_ptr<Impl> impl_;
 };
 
-/// A menu that opens at the mouse pointer. Items count from 1.
+/// A menu that opens at the mouse pointer. Items count from 1; a number of none fails with number 9.
 class PopupMenu {
   public:
-    explicit PopupMenu(Form& form);
-    ~PopupMenu();
+    explicit PopupMenu(Form& form);  ///< Without items.
+    ~PopupMenu();                    ///< Nothing is chosen any more, even if it is open.
 
-    std::function<void(int item)> onClick;
+    std::function<void(int item)> onClick;  ///< An item was chosen.
 
-    void addItem(const std::string& caption);
-    int itemCount() const;
-    std::string caption(int item) const;
-    void setChecked(int item, bool checked);
-    bool checked(int item) const;
+    void addItem(const std::string& caption);  ///< The next one down, in UTF-8, without a mark.
+    int itemCount() const;                     ///< From 0.
+    std::string caption(int item) const;       ///< As it was added.
+    void setChecked(int item, bool checked);   ///< Sets or removes the mark at it; the others keep theirs.
+    bool checked(int item) const;              ///< Whether it has the mark.
     void popUp();  ///< Opens, and returns when an item was chosen or the menu was left; timers go on.
 
     struct Impl;

@@ -17,20 +17,21 @@ class FormWindow;
 /// Knows which forms are open and sees to it that keys and clicks reach the one on top and no other.
 class Desk : public QObject {
   public:
-    std::function<void()> onMainWindowGone;
+    std::function<void()> onMainWindowGone;  ///< After the main window has been unloaded.
 
-    FormWindow* mainWindow() const { return main_; }
-    FormWindow* top() const;                 ///< The form that is open on top; null if none is open.
-    bool blocks(const QWidget* face) const;  ///< Whether something open on top keeps clicks from it.
+    FormWindow* mainWindow() const { return main_; }  ///< Null if it isn't open.
+    FormWindow* top() const;                          ///< The form that is open on top; null if none is open.
+    bool blocks(const QWidget* face) const;           ///< Whether something open on top keeps clicks from it.
 
-    void openMain(FormWindow* window);
-    void openDialog(FormWindow* window);
+    void openMain(FormWindow* window);           ///< The window is the main one from now on.
+    void openDialog(FormWindow* window);         ///< The window lies on top from now on.
     void unloadAbove(const FormWindow* window);  ///< Unloads the dialogs that lie over it, the top-most first.
     void leave(FormWindow* window);              ///< The window is open no longer. Nothing if it wasn't.
 
-    void openBox() { ++boxes_; }  ///< A message box stands before the forms.
-    void closeBox(const QWidget* box);
+    void openBox() { ++boxes_; }        ///< A message box stands before the forms.
+    void closeBox(const QWidget* box);  ///< It is gone again.
 
+    /// Keeps back clicks that something on top blocks, and takes the keys meant for forms to the one on top.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -44,7 +45,7 @@ class Desk : public QObject {
     Presses presses_;
 };
 
-/// The one desk of the program.
+/// The one desk of the program; never destroyed.
 Desk& desk();
 
 }  // namespace platform::qt

@@ -10,7 +10,7 @@ namespace platform::qt {
 
 /// What a window may do with a key event that says that a key went down.
 enum class Press {
-    New,
+    New,     ///< It begins here.
     Repeat,  ///< Of a press that was the window's own.
     Foreign  ///< A repeat of a press that began before another window.
 };
@@ -18,8 +18,8 @@ enum class Press {
 /// The keys that are held, each with the window that was on top when it went down.
 class Presses {
   public:
-    Press take(const QKeyEvent& down, const QWidget* window);
-    void letGo(const QKeyEvent& up);
+    Press take(const QKeyEvent& down, const QWidget* window);  ///< A key went down; null if no window may have it.
+    void letGo(const QKeyEvent& up);                           ///< A key came up; nothing for one that repeats.
     void disown(const QWidget* window);  ///< The window is gone: what it was pressed for goes on for nobody.
 
   private:

@@ -69,6 +69,7 @@ ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& image
     for (int number = 1; number <= buttonCount; ++number) {
         auto* const button = new qt::ToolButton(impl_->strip.get(), number);
         button->resize(firstButtonWidth, height);
+        button->setGap(true);
         button->onClick = [this](int pressed) { qt::callSlot(onButtonClick, pressed); };
         impl_->buttons[number] = button;
     }

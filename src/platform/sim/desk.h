@@ -24,12 +24,12 @@ namespace sim {
 /// Names one form, timer or menu for good; 0 names nothing. A handler may destroy its own object, and the next one may
 /// be made at the same address, so what has to outlast a handler is a serial and never a pointer.
 using Serial = uint64_t;
-Serial nextSerial();
+Serial nextSerial();  ///< A new one, from 1 upward.
 
 /// What ticks behind a timer.
 struct Ticker {
-    explicit Ticker(const std::function<void()>& handler);
-    ~Ticker();
+    explicit Ticker(const std::function<void()>& handler);  ///< On the desk, disabled; the handler lives as long.
+    ~Ticker();                                              ///< Off the desk.
     void restart();  ///< Counts a whole interval from now; a kept tick is dropped.
     bool runs() const { return enabled && interval > 0 && !inHandler; }
 
@@ -45,8 +45,8 @@ struct Ticker {
 struct Control {
     enum class Kind { Shape, Panel, Button, Spin };
 
-    Control(Kind kindOfControl, platform::Form::Impl& holder, const platform::Place& onForm);
-    ~Control();
+    Control(Kind kindOfControl, platform::Form::Impl& holder, const platform::Place& onForm);  ///< The form's last.
+    ~Control();  ///< Off its form, if that is still there.
     bool takesFocus() const { return kind == Kind::Button || kind == Kind::Spin; }
 
     const Kind kind;
@@ -62,17 +62,18 @@ struct Control {
     const std::function<void()>* onPressDown = nullptr;  ///< The spin button's lower arrow.
 };
 
+/// An event to come.
 struct Posted {
-    uint64_t order;
+    uint64_t order;  ///< How many were posted before it.
     std::function<void()> action;
 };
 
-constexpr int keyCodes = 256;
+constexpr int keyCodes = 256;  ///< A key's code lies below, from 1.
 
 /// All that is on the desktop and all that will happen on it.
 struct Desk {
-    double now = 0;  ///< Milliseconds.
-    double startSecond = 0;
+    double now = 0;          ///< Milliseconds.
+    double startSecond = 0;  ///< Of the day, when the desktop was switched on.
     uint32_t seed = 0;
     uint32_t seedings = 0;
     std::mt19937 generator;
@@ -147,11 +148,12 @@ int lineHeight(const platform::Font& font);
 
 }  // namespace sim
 
+/// A form on the desk.
 struct platform::Form::Impl {
     explicit Impl(Form& form) : owner(form) {}
-    ~Impl();
-    void open(bool asModal);
-    void close();
+    ~Impl();                  ///< Closes it and leaves its controls without a form.
+    void open(bool asModal);  ///< Puts it on top and runs onLoad.
+    void close();             ///< Takes it from the desk. Nothing if it isn't there.
 
     Form& owner;
     const sim::Serial serial = sim::nextSerial();
@@ -164,6 +166,7 @@ struct platform::Form::Impl {
     sim::Control* focus = nullptr;
 };
 
+/// A menu on the desk.
 struct platform::PopupMenu::Impl {
     explicit Impl(PopupMenu& menu) : owner(menu) {}
 
