@@ -26,13 +26,12 @@ void PopupMenu::popUp() {
         action->setCheckable(true);
         action->setChecked(checked(item));
         if (checked(item)) menu->setActiveAction(action);  // The arrow keys move on from it.
+        // Told at once: a dialog that opened over the menu would hold back the end of exec().
+        QObject::connect(action, &QAction::triggered, menu, [slot = onClick, item] { qt::callSlot(slot, item); });
     }
     impl_->open = menu;
-    const QList<QAction*> actions = menu->actions();
-    const auto chosenSlot = onClick;
-    const auto chosen = actions.indexOf(menu->exec(QCursor::pos()));
+    menu->exec(QCursor::pos());
     delete menu.data();
-    if (chosen >= 0) qt::callSlot(chosenSlot, static_cast<int>(chosen) + 1);
 }
 
 }  // namespace platform
