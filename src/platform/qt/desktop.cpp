@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPointer>
@@ -21,10 +22,19 @@ namespace platform {
 namespace {
 
 constexpr double millisecondsPerSecond = 1000;
+constexpr int titleBarButtons = 140;  // pixels beside the title of a window, on the wide side
 
 std::mt19937_64& randomSource() {
     static std::mt19937_64 source;
     return source;
+}
+
+/// Makes a message box as wide as its title, which a short text would cut.
+void makeRoomForTitle(QMessageBox& box) {
+    auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid == nullptr) return;
+    const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + titleBarButtons;
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 QSize screenSize() { return QGuiApplication::primaryScreen()->size(); }
@@ -50,6 +60,7 @@ void messageBox(const std::string& title, const std::string& text) {
                         QMessageBox::Ok, qt::desk().mainWindow());
     const QWidget* const window = box;
     box->setTextFormat(Qt::PlainText);
+    makeRoomForTitle(*box);
     box->setModal(false);  // Else the close button of the main window wouldn't work.
     QEventLoop loop;
     QObject::connect(box, &QDialog::finished, &loop, &QEventLoop::quit);

@@ -5,6 +5,7 @@
 #include <QEventLoop>
 #include <QPainter>
 #include <QScreen>
+#include <QStyle>
 #include <algorithm>
 #include <cmath>
 
@@ -23,11 +24,12 @@ void paintShape(QPainter& painter, const Shape::Impl& shape) {
     for (const QRect& side : QRegion(outer) - QRegion(inner)) painter.fillRect(side, colorOf(shape.color));
 }
 
-/// Where a window of that size may stand so that its top left corner is on the screen.
+/// Where a window may stand so that its top left corner is on the screen, with its title bar above it.
 QPoint onScreen(const QPoint& wanted) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     const QPoint place = wanted + QGuiApplication::primaryScreen()->geometry().topLeft();
-    return {std::max(place.x(), screen.left()), std::max(place.y(), screen.top())};
+    const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    return {std::max(place.x(), screen.left()), std::max(place.y(), screen.top() + titleBar)};
 }
 
 }  // namespace
