@@ -103,14 +103,6 @@ void paintSmallSign(QPainter& painter, const char* const (&sign)[signSize]) {
 
 }  // namespace
 
-void paintTableTop(QPainter& painter) {
-    constexpr int breadth = 6;
-    constexpr QRect all{QPoint{0, 0}, tableTopSize}, felt = all.adjusted(breadth, breadth, -breadth, -breadth);
-    painter.drawImage(felt.topLeft(), cloth(felt.size(), clothGreen));
-    paintHollowShadow(painter, felt, 4, 0.4);
-    paintFrame(painter, all, felt);
-}
-
 void paintHouse(QPainter& painter) {
     const QImage diamond = largeDiamond();
     for (int cell = 0; cell < scripts * winds; ++cell) {

@@ -23,13 +23,20 @@ constexpr QRect trays[] = {
     {353, 436, 400, 140},  // the tiles to choose from
 };
 
-/// The red score stands out from a deeper tray.
-constexpr QRect scorePlace{448, 237, 104, 30};
+/// The red score, of ten digits at most, stands out from a deeper tray.
+constexpr QRect scorePlace{448, 236, 145, 30};
 constexpr double trayDepth = 0.10;
 constexpr double scoreDepth = 0.40;
 
 constexpr QRect tableTop{QPoint{592, 304}, tableTopSize};
-constexpr QSizeF matRadii{120, 78};
+
+/// The mat's middle lies a little below the small table's, to keep clear of the score.
+constexpr QPointF matCentre{624, 339};
+constexpr QSizeF matRadii{120, 71};
+
+/// Straw shows round the small table, so that the names stand clear of its frame.
+constexpr int strawRound = 4;
+constexpr QRect smallTable = tableTop.adjusted(strawRound, strawRound, -strawRound, -strawRound);
 
 struct Label {
     const char* words;
@@ -77,7 +84,7 @@ QImage plaitedMat(const QRect& area) {
 }
 
 void paintOval(QPainter& painter, const QPointF& moved, double inside) {
-    painter.drawEllipse(QRectF(tableTop).center() + moved, matRadii.width() - inside, matRadii.height() - inside);
+    painter.drawEllipse(matCentre + moved, matRadii.width() - inside, matRadii.height() - inside);
 }
 
 void paintMatShadow(QPainter& painter) {
@@ -88,13 +95,18 @@ void paintMatShadow(QPainter& painter) {
     for (int inside = -reach; inside <= reach; ++inside) paintOval(painter, thrown, inside);
 }
 
-/// A rim of lacquer with a gilt line inside it.
-void paintMatRim(QPainter& painter, const QRect& area) {
+/// Lacquer that gleams towards the lamp, in a line of so many pixels round an area.
+QPen lacquerPen(const QRect& area, int breadth) {
     QLinearGradient lacquer(area.topLeft(), area.bottomRight());
     lacquer.setColorAt(0.2, QColor::fromRgb(mix(lacquerRed, lacquerGloss, 0.35)));
     lacquer.setColorAt(0.8, QColor::fromRgb(lit(lacquerRed, 0.6)));
+    return QPen(lacquer, breadth);
+}
+
+/// A rim of lacquer with a gilt line inside it.
+void paintMatRim(QPainter& painter, const QRect& area) {
     const std::pair<double, QPen> lines[] = {
-        {2, QPen(lacquer, 4)}, {0.5, QColor::fromRgb(lacquerDeep)}, {4.5, QColor::fromRgb(gilt)}};
+        {2, lacquerPen(area, 4)}, {0.5, QColor::fromRgb(lacquerDeep)}, {4.5, QColor::fromRgb(gilt)}};
     painter.setBrush(Qt::NoBrush);
     for (const auto& [inside, pen] : lines) {
         painter.setPen(pen);
@@ -103,8 +115,7 @@ void paintMatRim(QPainter& painter, const QRect& area) {
 }
 
 void paintMat(QPainter& painter) {
-    QRect area(QPoint(0, 0), (matRadii * 2).toSize());
-    area.moveCenter(tableTop.center());
+    const QRect area((matCentre - QPointF(matRadii.width(), matRadii.height())).toPoint(), (matRadii * 2).toSize());
     QBrush straws(plaitedMat(area));
     straws.setTransform(QTransform::fromTranslate(area.left(), area.top()));
     painter.save();
@@ -116,13 +127,24 @@ void paintMat(QPainter& painter) {
     painter.restore();
 }
 
+/// A narrow frame: a dark edge, lacquer and a gilt line round the felt.
+void paintSmallTable(QPainter& painter) {
+    constexpr int breadth = 3;
+    constexpr QRect felt = smallTable.adjusted(breadth, breadth, -breadth, -breadth);
+    painter.drawImage(felt.topLeft(), cloth(felt.size(), clothGreen));
+    paintHollowShadow(painter, felt, 4, 0.4);
+    const QPen rings[breadth] = {QColor::fromRgb(lacquerDeep), lacquerPen(smallTable, 1), QColor::fromRgb(gilt)};
+    painter.setBrush(Qt::NoBrush);
+    for (int inside = 0; inside < breadth; ++inside) {
+        painter.setPen(rings[inside]);
+        painter.drawRect(smallTable.adjusted(inside, inside, -inside - 1, -inside - 1));
+    }
+}
+
 void paintSeats(QPainter& painter) {
     paintMat(painter);
-    paintShadow(painter, tableTop, 9, 0.5);
-    painter.save();
-    painter.translate(tableTop.topLeft());
-    paintTableTop(painter);
-    painter.restore();
+    paintShadow(painter, smallTable, 4, 0.4);
+    paintSmallTable(painter);
 }
 
 void paintLabels(QPainter& painter) {
@@ -144,6 +166,11 @@ void paintTable(QPainter& painter) {
     paintTray(painter, scorePlace, scoreDepth);
     paintSeats(painter);
     paintLabels(painter);
+}
+
+void paintTableTop(QPainter& painter) {
+    painter.translate(-tableTop.topLeft());
+    paintSeats(painter);
 }
 
 }  // namespace tableArt

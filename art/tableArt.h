@@ -37,7 +37,7 @@ void paintChooseSeat(QPainter& painter);
 /// The ground of the high scores: paper with heads, row numbers and the line that explains the Levels.
 void paintHiScore(QPainter& painter);
 
-/// The small table that the seats stand round.
+/// The small table that the seats stand round, on its piece of the mat: the table's picture at the same place.
 void paintTableTop(QPainter& painter);
 
 /// The large markers of the winds, Chinese above English.
