@@ -395,7 +395,7 @@ TEST_F(Contract, AHandlerMayLetGoOfWhatCallsIt) {
 
 /// A dialog with two buttons and a spin button, in this order.
 struct Setting {
-    explicit Setting(std::function<void(const std::string&)> note) {
+    explicit Setting(const std::function<void(const std::string&)>& note) {
         ok.setCaption("OK");
         ok.makeDefault();
         ok.onClick = [note] { note("OK"); };
@@ -522,23 +522,24 @@ TEST_F(Contract, UncaughtErrorIsReportedAndTheLoopGoesOn) {
     using Fault = std::function<void()>;
     struct {
         const char* what;
-        std::function<void(Contract::Window&, Timer&, Fault)> arm;
+        std::function<void(Contract::Window&, Timer&, const Fault&)> arm;
         std::function<void()> provoke;
     } const rows[] = {
         {"timer",
-         [](Window&, Timer& timer, Fault fault) {
-             timer.onTick = std::move(fault);
+         [](Window&, Timer& timer, const Fault& fault) {
+             timer.onTick = fault;
              timer.setInterval(50);
              timer.setEnabled(true);
          },
          [] { driver::run(70); }},
-        {"key down", [](Window& main, Timer&, Fault fault) { main.form.onKeyDown = [=](int&) { fault(); }; },
+        {"key down", [](Window& main, Timer&, const Fault& fault) { main.form.onKeyDown = [=](int&) { fault(); }; },
          [] { driver::pressKey(key::Left); }},
-        {"key press", [](Window& main, Timer&, Fault fault) { main.form.onKeyPress = [=](int&) { fault(); }; },
+        {"key press", [](Window& main, Timer&, const Fault& fault) { main.form.onKeyPress = [=](int&) { fault(); }; },
          [] { driver::pressKey(key::Enter); }},
-        {"tool button", [](Window& main, Timer&, Fault fault) { main.bar.onButtonClick = [=](int) { fault(); }; },
+        {"tool button",
+         [](Window& main, Timer&, const Fault& fault) { main.bar.onButtonClick = [=](int) { fault(); }; },
          [] { driver::clickToolButton(1); }},
-        {"load", [](Window& main, Timer&, Fault fault) { main.form.onLoad = std::move(fault); }, [] {}},
+        {"load", [](Window& main, Timer&, const Fault& fault) { main.form.onLoad = fault; }, [] {}},
     };
     const std::pair<Fault, const char*> faults[] = {
         {[] { failure::overflow(); }, "Error In Program: Error 6 - Overflow"},
