@@ -131,8 +131,9 @@ void frmMain::msToggleMusicOn() {
 }
 
 void frmMain::msHoldForDialog() {
-    if (mblnGameRunning) Timer1.setEnabled(false);
-    if (mblnGameRunning) Timer1.setEnabled(true);
+    if (!mblnGameRunning) return;
+    Timer1.setEnabled(false);
+    Timer1.setEnabled(true);
 }
 
 void frmMain::msSetRounds() { gfrmRoundsSetting.showModal(); }
