@@ -9,10 +9,10 @@
 
 namespace {
 
-constexpr int panelWidth = 400;   // pixels
-constexpr int panelHeight = 140;  // pixels
-constexpr int entryWidth = 90;    // pixels: three tiles, or Pass
-constexpr int borderWidth = 3;    // pixels
+constexpr int panelWidth = 400;                   // pixels
+constexpr int panelHeight = 140;                  // pixels
+constexpr int entryWidth = setTiles * tileWidth;  // pixels; Pass is as wide
+constexpr int borderWidth = 3;                    // pixels
 
 }  // namespace
 

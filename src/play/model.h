@@ -61,6 +61,12 @@ using Board = Table<Table<CellInfo, 1, columnCount>, 0, bottomRow>;
 using EarnedSlots = Table<CellInfo, 1, slotCount>;
 using Candidates = Table<Table<CellInfo, 1, setTiles>, 1, candidatePlaces>;
 
+/// True if the three Numbers run up or down by one in their order.
+constexpr bool runsInOrder(int32_t first, int32_t second, int32_t third) {
+    const int32_t step = second - first;
+    return (step == 1 || step == -1) && third - second == step;
+}
+
 /// What a set is, as it was taken.
 enum SetKind : int32_t { singleTile = 0, pairOfTiles = 1, sequenceOfTiles = 2, trioOfTiles = 3 };
 

@@ -120,8 +120,7 @@ bool mblnfTrioOrSequence(const TileKind& udtFirst, const TileKind& udtSecond, co
     if (udtFirst.Number == udtSecond.Number && udtSecond.Number == udtThird.Number)
         return mblnfSamePair(udtFirst, udtSecond) && mblnfSamePair(udtSecond, udtThird);
     if (udtFirst.Suit == 0 || udtFirst.Suit != udtSecond.Suit || udtSecond.Suit != udtThird.Suit) return false;
-    const int32_t lngStep = udtSecond.Number - udtFirst.Number;
-    return (lngStep == 1 || lngStep == -1) && udtThird.Number - udtSecond.Number == lngStep;
+    return runsInOrder(udtFirst.Number, udtSecond.Number, udtThird.Number);
 }
 
 }  // namespace

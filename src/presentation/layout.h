@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frmMain.h"
+#include "play/model.h"
 
 // Where things stand on the table picture, in pixels.
 

@@ -15,8 +15,7 @@ inline bool isTrio(const EarnedSlots& slots, int slot) {
 
 /// True if the Numbers of the three tiles from that slot on run up or down by one.
 inline bool isSequence(const EarnedSlots& slots, int slot) {
-    const int32_t step = slots[slot + 1].Tile.Number - slots[slot].Tile.Number;
-    return (step == 1 || step == -1) && slots[slot + 2].Tile.Number - slots[slot + 1].Tile.Number == step;
+    return runsInOrder(slots[slot].Tile.Number, slots[slot + 1].Tile.Number, slots[slot + 2].Tile.Number);
 }
 
 /// The Number of the pair if it lies in the range, else 0.

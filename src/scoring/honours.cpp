@@ -4,9 +4,11 @@
 
 namespace {
 
-constexpr int32_t east = 10, north = 13;  // Numbers of the winds
-constexpr int32_t red = 14, blue = 16;    // Numbers of the dragons
-constexpr int32_t seasonCount = 4;        // seasons are Bonus 1 to 4, flowers 5 to 8
+// Numbers, as the tiles have them.
+constexpr int32_t eastWind = 10, northWind = 13;
+constexpr int32_t redDragon = 14, blueDragon = 16;
+
+constexpr int32_t seasonCount = 4;  // seasons are Bonus 1 to 4, flowers 5 to 8
 constexpr int32_t bonusKinds = 8;
 constexpr int sevenTiles = 7;
 
@@ -96,11 +98,11 @@ void frmMain::msCheckForDragons() {
         int16_t trios = 0;
         for (const int slot : setSlots) {
             const int32_t number = EarnedTiles[slot].Tile.Number;
-            if (!isTrio(EarnedTiles, slot) || number < red || number > blue) continue;
-            msScoreItem(dragonTrios[number - red]);
+            if (!isTrio(EarnedTiles, slot) || number < redDragon || number > blueDragon) continue;
+            msScoreItem(dragonTrios[number - redDragon]);
             ++trios;
         }
-        const bool pair = pairNumberWithin(EarnedTiles, red, blue) != 0;
+        const bool pair = pairNumberWithin(EarnedTiles, redDragon, blueDragon) != 0;
         if (trios != 3 && !(trios == 2 && pair)) return;
         const ScoringItem set = trios == 3 ? ScoringItem::ThreeDragons : ScoringItem::TwoDragons;
         msReplace_Dragon_Tiles_Desc(mstrfListed(set));
@@ -122,13 +124,14 @@ void frmMain::msCheckForWinds() {
         int16_t trios = 0;
         for (const int slot : setSlots) {
             const int32_t number = EarnedTiles[slot].Tile.Number;
-            if (!isTrio(EarnedTiles, slot) || number < east || number > north) continue;
+            if (!isTrio(EarnedTiles, slot) || number < eastWind || number > northWind) continue;
             ++trios;
-            msCheckPrevailingWind(number - east + 1);
-            msCheckOwnWind((mlngHouse - 1 + number - east) % seatCount + 1);  // The House plays East, and so on round.
+            msCheckPrevailingWind(number - eastWind + 1);
+            msCheckOwnWind((mlngHouse - 1 + number - eastWind) % seatCount +
+                           1);  // The House plays East, and so on round.
         }
         if (trios == 4) msScoreItem(ScoringItem::FourWinds);
-        if (trios == 3 && pairNumberWithin(EarnedTiles, east, north) != 0) msScoreItem(ScoringItem::ThreeWinds);
+        if (trios == 3 && pairNumberWithin(EarnedTiles, eastWind, northWind) != 0) msScoreItem(ScoringItem::ThreeWinds);
     });
 }
 
