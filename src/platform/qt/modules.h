@@ -1,0 +1,10 @@
+#pragma once
+
+namespace platform::qt {
+
+/// The entry point of a module, a shared library that lies in the program's folder under the file name given; it is
+/// loaded at the first call and stays. Null if the file or the entry point isn't there or can't be loaded. Any thread
+/// may call it; the first call may take a tenth of a second.
+void* moduleEntry(const char* module, const char* entry);
+
+}  // namespace platform::qt
