@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "frmMain.h"
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 
 namespace {
 

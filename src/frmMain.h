@@ -5,10 +5,10 @@
 
 #include "modZQT.h"
 #include "platform/form.h"
+#include "platform/runtime.h"
 #include "platform/surface.h"
 #include "platform/timer.h"
 #include "platform/toolbar.h"
-#include "runtime.h"
 #include "toolkit/formRef.h"
 
 enum class ScoringItem;

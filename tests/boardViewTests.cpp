@@ -1,7 +1,7 @@
 // What stands on the picture and when the window shows it.
 
 #include "platform/pictures.h"
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "presentation/frmBitmaps.h"
 #include "tests/gameFixture.h"
 

@@ -1,6 +1,6 @@
 // The toolbar's commands, the Level menu and the ways out.
 
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "tests/gameFixture.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include "match/frmChooseSeat.h"
 #include "match/frmRoundsSetting.h"
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "play/frmChooseTiles.h"
 #include "tests/gameFixture.h"
 

@@ -4,7 +4,7 @@
 #include <sstream>
 
 #include "match/frmChooseSeat.h"
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "play/frmChooseTiles.h"
 
 int16_t kindOf(const std::string& name) {

@@ -2,7 +2,7 @@
 
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "scoring/frmBreakDown.h"
 #include "tests/gameFixture.h"
 

@@ -8,9 +8,9 @@
 #include "platform/controls.h"
 #include "platform/desktop.h"
 #include "platform/form.h"
+#include "platform/runtime.h"
 #include "platform/timer.h"
 #include "platform/toolbar.h"
-#include "runtime.h"
 #include "tests/contractDriver.h"
 
 // What every back end of the platform layer promises. The waits are wide enough for a real clock on a busy machine.

@@ -12,7 +12,7 @@
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "play/frmChooseTiles.h"
 #include "scoring/frmBreakDown.h"
 #include "scoring/scoringItems.h"

@@ -10,7 +10,7 @@
 
 #include "platform/form.h"
 #include "platform/qt/application.h"
-#include "platform/qt/desk.h"
+#include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
 #include "platform/qt/toolButton.h"
 #include "tests/contractDriver.h"
@@ -73,7 +73,7 @@ Person& person() {
     return thePerson;
 }
 
-QWidget* mainWindow() { return platform::qt::desk().top()->window(); }
+QWidget* mainWindow() { return platform::qt::formStack().top()->window(); }
 
 QKeyEvent keyEvent(QEvent::Type type, int code, bool repeat) {
     for (const KeyRow& row : namedKeys)

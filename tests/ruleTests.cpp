@@ -5,8 +5,9 @@
 
 #include "platform/desktop.h"
 #include "platform/pictures.h"
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "tests/gameFixture.h"
+#include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // What a finished hand is worth.
 
 #include "platform/pictures.h"
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "scoring/frmBreakDown.h"
 #include "tests/gameFixture.h"
 #include "toolkit/modScreen.h"

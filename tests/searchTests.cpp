@@ -1,6 +1,6 @@
 // What a landing offers, and what taking a set leaves.
 
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "tests/gameFixture.h"
 
 namespace {

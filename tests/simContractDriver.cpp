@@ -1,4 +1,4 @@
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "tests/contractDriver.h"
 
 namespace driver {

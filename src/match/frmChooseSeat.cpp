@@ -8,6 +8,7 @@
 #include "platform/desktop.h"
 #include "platform/pictures.h"
 #include "presentation/frmBitmaps.h"
+#include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 namespace {

@@ -4,8 +4,8 @@
 
 #include "platform/controls.h"
 #include "platform/form.h"
+#include "platform/runtime.h"
 #include "play/model.h"
-#include "runtime.h"
 #include "toolkit/formRef.h"
 
 /// The draw of the player's seat from four wind tiles that lie face down.

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "match/panels.h"
+#include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 namespace {

@@ -2,6 +2,7 @@
 
 #include "match/panels.h"
 #include "modZQT.h"
+#include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 namespace {

@@ -1,4 +1,5 @@
 #include "frmMain.h"
+#include "toolkit/failures.h"
 
 namespace {
 

@@ -8,14 +8,6 @@
 
 namespace platform {
 
-/// Place and size in pixels, relative to what holds the control.
-struct Place {
-    int left = 0;
-    int top = 0;
-    int width = 0;
-    int height = 0;
-};
-
 /// A frame on a form, drawn over its surface inside its own rectangle; hidden at first.
 class Shape {
   public:

@@ -19,6 +19,9 @@ void seedRandom();
 /// A random value from 0 to below 1.
 double random();
 
+/// The path of the file with that name in the folder in which the program lies.
+std::string programFile(const std::string& name);
+
 /// Shows a message with one OK button and an exclamation mark, and waits for the answer.
 void messageBox(const std::string& title, const std::string& text);
 

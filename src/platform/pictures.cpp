@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/runtime.h"
 #include "platform/storedPictures.h"
-#include "runtime.h"
 
 namespace platform {
 

@@ -14,6 +14,20 @@ constexpr uint32_t pixelOf(Color color) {
     return 0xFF000000 | (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF);
 }
 
+/// A point on a picture, in pixels.
+struct PixelPoint {
+    int16_t X = 0;
+    int16_t Y = 0;
+};
+
+/// A rectangle by its top left corner and its size, in pixels.
+struct Place {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+};
+
 /// A picture that the program carries; rows from the top, a pixel as 0xAARRGGBB. Never changes, lives for the run.
 struct Picture {
     int width = 0;

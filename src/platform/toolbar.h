@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/form.h"
-#include "runtime.h"
+#include "platform/runtime.h"
 
 namespace platform {
 

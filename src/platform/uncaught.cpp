@@ -1,10 +1,9 @@
 #include "platform/uncaught.h"
 
-#include <cstdint>
 #include <exception>
 
 #include "platform/desktop.h"
-#include "runtime.h"
+#include "platform/runtime.h"
 
 namespace platform {
 namespace {
@@ -16,23 +15,23 @@ std::string& programName() {
     return name;
 }
 
-void report(int32_t number, const std::string& description) {
-    messageBox("Error In " + programName(), "Error " + std::to_string(number) + " - " + description);
-}
-
 }  // namespace
 
 void setProgramName(const std::string& name) { programName() = name; }
+
+void reportFailure(int32_t number, const std::string& description, const std::string& where) {
+    messageBox("Error In " + where, "Error " + std::to_string(number) + " - " + description);
+}
 
 void reportUncaught() {
     try {
         throw;
     } catch (const RuntimeError& error) {
-        report(error.number(), error.what());
+        reportFailure(error.number(), error.what(), programName());
     } catch (const std::exception& error) {
-        report(internalError, std::string("Internal error: ") + error.what());
+        reportFailure(internalError, std::string("Internal error: ") + error.what(), programName());
     } catch (...) {
-        report(internalError, "Internal error");
+        reportFailure(internalError, "Internal error", programName());
     }
 }
 

@@ -3,6 +3,7 @@
 #include "platform/desktop.h"
 #include "platform/form.h"
 #include "scoring/frmBreakDown.h"
+#include "toolkit/failures.h"
 
 void frmMain::Timer1_Timer() {
     if (mblnInTimerTick) return;

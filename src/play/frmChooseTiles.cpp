@@ -5,6 +5,7 @@
 #include "platform/desktop.h"
 #include "presentation/frmBitmaps.h"
 #include "presentation/layout.h"
+#include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 namespace {

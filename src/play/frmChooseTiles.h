@@ -4,8 +4,8 @@
 
 #include "platform/controls.h"
 #include "platform/form.h"
+#include "platform/runtime.h"
 #include "platform/surface.h"
-#include "runtime.h"
 #include "toolkit/formRef.h"
 
 /// The dialog in which the player answers an offer: candidates of `PossibleTiles` side by side, Pass behind them.

@@ -2,7 +2,8 @@
 
 #include <cstdint>
 
-#include "runtime.h"
+#include "platform/runtime.h"
+#include "platform/surface.h"
 
 // The tiles, the board and the fixed facts of play.
 
@@ -23,11 +24,7 @@ constexpr int tileHeight = 39;                       ///< Pixels; also the pitch
 constexpr int16_t noRow = -1;                        ///< `mintCurRow` while no tile is on its way.
 constexpr int16_t dropInterval = 5;                  ///< Milliseconds a tick after the drop key.
 
-/// A point on a picture, in pixels.
-struct PixelPoint {
-    int16_t X = 0;
-    int16_t Y = 0;
-};
+using platform::PixelPoint;
 
 /// What a face is.
 struct TileKind {

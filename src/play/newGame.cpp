@@ -4,6 +4,7 @@
 #include "platform/desktop.h"
 #include "platform/pictures.h"
 #include "presentation/layout.h"
+#include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 namespace {

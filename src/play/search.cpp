@@ -2,6 +2,7 @@
 
 #include "frmMain.h"
 #include "play/frmChooseTiles.h"
+#include "toolkit/failures.h"
 
 struct frmMain::Landing {
     bool blnDone = false;

@@ -1,4 +1,5 @@
 #include "frmMain.h"
+#include "toolkit/failures.h"
 
 void frmMain::msTakeSet(int16_t intRow, int16_t intCol, int16_t intNumTiles) {
     const int16_t intColFrom = intCol;

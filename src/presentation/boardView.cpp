@@ -1,6 +1,7 @@
 #include "frmMain.h"
 #include "presentation/frmBitmaps.h"
 #include "presentation/layout.h"
+#include "toolkit/failures.h"
 
 void frmMain::msDrawTile() {
     guarded("msDrawTile", [&] {

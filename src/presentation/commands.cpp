@@ -7,6 +7,7 @@
 #include "play/frmChooseTiles.h"
 #include "presentation/frmBitmaps.h"
 #include "scoring/frmBreakDown.h"
+#include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 namespace {

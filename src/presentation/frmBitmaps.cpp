@@ -1,7 +1,8 @@
 #include "presentation/frmBitmaps.h"
 
 #include "platform/pictures.h"
-#include "runtime.h"
+#include "platform/runtime.h"
+#include "toolkit/failures.h"
 
 namespace {
 

@@ -6,6 +6,7 @@
 #include "modZQT.h"
 #include "platform/pictures.h"
 #include "scoring/scoringItems.h"
+#include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "platform/form.h"
+#include "platform/runtime.h"
 #include "play/model.h"
-#include "runtime.h"
 #include "toolkit/formRef.h"
 
 /// What a won hand was worth: each scoring item with its doubles, their total and the points.

@@ -1,6 +1,7 @@
 #include "frmMain.h"
 #include "scoring/handShape.h"
 #include "scoring/scoringItems.h"
+#include "toolkit/failures.h"
 
 namespace {
 

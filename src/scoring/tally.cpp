@@ -3,6 +3,7 @@
 #include "frmMain.h"
 #include "presentation/layout.h"
 #include "scoring/scoringItems.h"
+#include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 namespace {

@@ -1,6 +1,8 @@
 #include "toolkit/modScreen.h"
 
 #include "platform/desktop.h"
+#include "platform/uncaught.h"
+#include "toolkit/failures.h"
 
 namespace {
 
@@ -66,5 +68,5 @@ void gsDelay(double seconds) {
 }
 
 void gsReportError(int32_t number, const std::string& description, const std::string& procedure) {
-    platform::messageBox("Error In " + procedure, "Error " + std::to_string(number) + " - " + description);
+    platform::reportFailure(number, description, procedure);
 }

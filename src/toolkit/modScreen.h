@@ -4,8 +4,8 @@
 #include <string>
 
 #include "platform/form.h"
+#include "platform/runtime.h"
 #include "platform/surface.h"
-#include "runtime.h"
 #include "toolkit/formRef.h"
 
 constexpr const char* scriptFont = "Wonton ICG";

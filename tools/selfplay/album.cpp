@@ -5,7 +5,7 @@
 #include "frmMain.h"
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "play/frmChooseTiles.h"
 #include "scoring/frmBreakDown.h"
 #include "tools/png.h"

@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "scoring/scoringItems.h"
 #include "tools/selfplay/album.h"
 #include "tools/selfplay/sitting.h"

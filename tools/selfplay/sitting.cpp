@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 
 namespace selfplay {
 namespace {

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QIcon>
 
-#include "platform/qt/desk.h"
+#include "platform/qt/formStack.h"
 #include "platform/qt/images.h"
 #include "platform/storedPictures.h"
 #include "platform/uncaught.h"
@@ -29,11 +29,11 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
     QApplication::setDesktopFileName(QString::fromStdString(id));
     QApplication::setQuitOnLastWindowClosed(false);  // A message box may come and go before the main window is seen.
     QApplication::setWindowIcon(iconOf(id));
-    application->installEventFilter(&qt::desk());
+    application->installEventFilter(&qt::formStack());
 }
 
 int Application::run() {
-    qt::desk().onMainWindowGone = [] { QApplication::exit(0); };
+    qt::formStack().onMainWindowGone = [] { QApplication::exit(0); };
     return QApplication::exec();
 }
 

@@ -3,8 +3,8 @@
 
 #include "platform/qt/bevel.h"
 #include "platform/qt/control.h"
-#include "platform/qt/desk.h"
 #include "platform/qt/fonts.h"
+#include "platform/qt/formStack.h"
 #include "platform/qt/images.h"
 
 namespace platform {
@@ -72,7 +72,7 @@ void ButtonFace::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !held_) return;
     held_ = false;
     setDown(false);
-    if (rect().contains(event->pos()) && !qt::desk().blocks(this)) press();
+    if (rect().contains(event->pos()) && !qt::formStack().blocks(this)) press();
 }
 
 QRect ButtonFace::paintBody(QPainter& painter) const {

@@ -14,7 +14,7 @@
 #include <limits>
 #include <random>
 
-#include "platform/qt/desk.h"
+#include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
 #include "platform/twips.h"
 
@@ -54,10 +54,14 @@ double random() {
     return static_cast<double>(randomSource()() >> spareBits) * std::numeric_limits<double>::epsilon() / 2;
 }
 
+std::string programFile(const std::string& name) {
+    return (QCoreApplication::applicationDirPath() + QLatin1Char('/')).toStdString() + name;
+}
+
 void messageBox(const std::string& title, const std::string& text) {
     const QPointer<QMessageBox> box =
         new QMessageBox(QMessageBox::Warning, QString::fromStdString(title), QString::fromStdString(text),
-                        QMessageBox::Ok, qt::desk().mainWindow());
+                        QMessageBox::Ok, qt::formStack().mainWindow());
     const QWidget* const window = box;
     box->setTextFormat(Qt::PlainText);
     makeRoomForTitle(*box);
@@ -65,10 +69,10 @@ void messageBox(const std::string& title, const std::string& text) {
     QEventLoop loop;
     QObject::connect(box, &QDialog::finished, &loop, &QEventLoop::quit);
     QObject::connect(box, &QObject::destroyed, &loop, &QEventLoop::quit);
-    qt::desk().openBox();
+    qt::formStack().openBox();
     box->show();
     loop.exec();
-    qt::desk().closeBox(window);
+    qt::formStack().closeBox(window);
     delete box.data();
 }
 

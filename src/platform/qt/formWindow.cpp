@@ -10,7 +10,7 @@
 #include <cmath>
 
 #include "platform/qt/control.h"
-#include "platform/qt/desk.h"
+#include "platform/qt/formStack.h"
 #include "platform/qt/images.h"
 #include "platform/qt/slots.h"
 #include "platform/twips.h"
@@ -48,7 +48,7 @@ void FormWindow::fitToSurface() {
 }
 
 void FormWindow::place() {
-    const FormWindow* const main = desk().mainWindow();
+    const FormWindow* const main = formStack().mainWindow();
     if (isWindow())
         setGeometry({onScreen({toPixels(left), toPixels(top)}), size()});
     else if (main)
@@ -65,15 +65,15 @@ bool FormWindow::load() {
 
 void FormWindow::showAsMain() {
     if (!load()) return;
-    desk().openMain(this);
+    formStack().openMain(this);
     place();
     show();
 }
 
 void FormWindow::runAsDialog() {
     if (!load()) return;
-    if (FormWindow* const main = desk().mainWindow()) setParent(main);
-    desk().openDialog(this);
+    if (FormWindow* const main = formStack().mainWindow()) setParent(main);
+    formStack().openDialog(this);
     if (!controls_.empty()) focusOn(controls_.front());
     place();
     show();
@@ -89,7 +89,7 @@ void FormWindow::unload() {
     if (!loaded || unloading_) return;
     unloading_ = true;
     const QPointer<FormWindow> self(this);
-    desk().unloadAbove(this);
+    formStack().unloadAbove(this);
     if (self && form) callSlot(form->onUnload);
     if (self) leave();
 }
@@ -102,12 +102,12 @@ void FormWindow::leave() {
     setParent(nullptr);  // A dialog outlives the main window if its owner does.
     if (loop_) loop_->quit();
     loop_ = nullptr;
-    desk().leave(this);
+    formStack().leave(this);
 }
 
 void FormWindow::retire() {
     form = nullptr;
-    desk().unloadAbove(this);
+    formStack().unloadAbove(this);
     leave();
     deleteLater();
 }

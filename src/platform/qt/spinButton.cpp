@@ -5,7 +5,7 @@
 
 #include "platform/qt/bevel.h"
 #include "platform/qt/control.h"
-#include "platform/qt/desk.h"
+#include "platform/qt/formStack.h"
 #include "platform/qt/images.h"
 
 namespace platform {
@@ -88,7 +88,7 @@ void SpinFace::letGo() {
 }
 
 void SpinFace::timerEvent(QTimerEvent* /*event*/) {
-    if (qt::desk().blocks(this)) return letGo();
+    if (qt::formStack().blocks(this)) return letGo();
     repeat_.start(nextRepeats, this);
     if (halfAt(mapFromGlobal(QCursor::pos())) == held_) spin(held_);
 }

@@ -5,7 +5,7 @@
 #include <QPainter>
 
 #include "platform/qt/bevel.h"
-#include "platform/qt/desk.h"
+#include "platform/qt/formStack.h"
 #include "platform/qt/slots.h"
 
 namespace platform::qt {
@@ -50,13 +50,13 @@ void ToolButton::mousePressEvent(QMouseEvent* event) {
 
 void ToolButton::mouseMoveEvent(QMouseEvent* event) {
     const bool inside = rect().contains(event->pos());
-    setState(inside && !desk().blocks(this), held_ && inside);
+    setState(inside && !formStack().blocks(this), held_ && inside);
 }
 
 void ToolButton::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !held_) return;
     const bool inside = rect().contains(event->pos());
-    const bool pressed = inside && !desk().blocks(this);
+    const bool pressed = inside && !formStack().blocks(this);
     held_ = false;
     setState(pressed, false);
     if (pressed) callSlot(onClick, number);

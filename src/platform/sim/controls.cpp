@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/sim/desk.h"
+#include "platform/sim/state.h"
 
 namespace sim {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/sim/desk.h"
+#include "platform/sim/state.h"
 #include "platform/twips.h"
 
 namespace sim {
@@ -33,14 +33,14 @@ bool passes(Serial serial, std::function<void(int&)> platform::Form::*handler, i
 }  // namespace
 
 platform::Form::Impl* openForm(Serial serial) {
-    const auto& forms = desk().forms;
+    const auto& forms = state().forms;
     const auto found =
         std::find_if(forms.begin(), forms.end(), [&](const auto* form) { return form->serial == serial; });
     return found == forms.end() ? nullptr : *found;
 }
 
 Serial taker() {
-    const Desk& d = desk();
+    const State& d = state();
     if (d.menu != nullptr) return d.menu->serial;
     return d.forms.empty() ? 0 : d.forms.back()->serial;
 }
@@ -50,7 +50,7 @@ void keyDown(int keyCode) {
     if (keyCode <= 0 || keyCode >= keyCodes) return;
     note("key", keyCode);
     const Serial owner = taker();
-    auto& holder = desk().held[static_cast<size_t>(keyCode)];
+    auto& holder = state().held[static_cast<size_t>(keyCode)];
     if (!holder) holder = owner;
     if (*holder != owner) return;
     int code = keyCode;
@@ -62,7 +62,7 @@ void keyDown(int keyCode) {
 
 void keyUp(int keyCode) {
     arrive();
-    if (keyCode > 0 && keyCode < keyCodes) desk().held[static_cast<size_t>(keyCode)].reset();
+    if (keyCode > 0 && keyCode < keyCodes) state().held[static_cast<size_t>(keyCode)].reset();
 }
 
 void pressKey(int keyCode) {
@@ -73,13 +73,13 @@ void pressKey(int keyCode) {
 
 void closeMainWindow() {
     arrive();
-    const auto& forms = desk().forms;
+    const auto& forms = state().forms;
     const auto main = std::find_if(forms.begin(), forms.end(), [](const auto* form) { return !form->modal; });
     if (main != forms.end()) (*main)->owner.unload();
 }
 
 int modalDepth() {
-    const auto& forms = desk().forms;
+    const auto& forms = state().forms;
     return static_cast<int>(std::count_if(forms.begin(), forms.end(), [](const auto* form) { return form->modal; }));
 }
 
@@ -95,14 +95,14 @@ Form::Impl::~Impl() {
 void Form::Impl::open(bool asModal) {
     modal = asModal;
     focus = nullptr;
-    sim::desk().forms.push_back(this);
+    sim::state().forms.push_back(this);
     const sim::Serial self = serial;
     sim::deliver(owner.onLoad);
     if (sim::openForm(self) != nullptr) sim::note("form opens");
 }
 
 void Form::Impl::close() {
-    if (std::erase(sim::desk().forms, this) > 0) sim::note("form closes");
+    if (std::erase(sim::state().forms, this) > 0) sim::note("form closes");
     unloading = false;
 }
 

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "platform/sim/desk.h"
+#include "platform/sim/state.h"
 #include "platform/text.h"
 #include "platform/twips.h"
 
@@ -94,7 +94,7 @@ Surface picture(const platform::Form::Impl& form) {
 }  // namespace
 
 platform::Surface screen() {
-    const auto& forms = desk().forms;
+    const auto& forms = state().forms;
     const auto main = std::find_if(forms.begin(), forms.end(), [](const auto* form) { return !form->modal; });
     if (main == forms.end()) return {};
     Surface result = picture(**main);

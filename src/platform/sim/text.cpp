@@ -11,7 +11,7 @@
 #include <memory>
 #include <tuple>
 
-#include "platform/sim/desk.h"
+#include "platform/sim/state.h"
 
 namespace platform {
 namespace {

@@ -1,14 +1,14 @@
 #include "platform/timer.h"
 
-#include "platform/sim/desk.h"
+#include "platform/sim/state.h"
 
 namespace sim {
 
-Ticker::Ticker(const std::function<void()>& handler) : onTick(handler) { desk().tickers.push_back(this); }
+Ticker::Ticker(const std::function<void()>& handler) : onTick(handler) { state().tickers.push_back(this); }
 
-Ticker::~Ticker() { std::erase(desk().tickers, this); }
+Ticker::~Ticker() { std::erase(state().tickers, this); }
 
-void Ticker::restart() { due = desk().now + interval; }
+void Ticker::restart() { due = state().now + interval; }
 
 }  // namespace sim
 

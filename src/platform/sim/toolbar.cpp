@@ -1,6 +1,6 @@
 #include "platform/toolbar.h"
 
-#include "platform/sim/desk.h"
+#include "platform/sim/state.h"
 
 namespace platform {
 
@@ -21,11 +21,11 @@ struct ToolBar::Impl {
 
 ToolBar::ToolBar(Form& form, int /*height*/, int buttonCount, const ImageList& /*images*/)
     : impl_(std::make_unique<Impl>(*this, form.impl().serial, buttonCount)) {
-    sim::desk().toolBar = impl_.get();
+    sim::state().toolBar = impl_.get();
 }
 
 ToolBar::~ToolBar() {
-    if (sim::desk().toolBar == impl_.get()) sim::desk().toolBar = nullptr;
+    if (sim::state().toolBar == impl_.get()) sim::state().toolBar = nullptr;
 }
 
 void ToolBar::setWidth(int pixels) { impl_->width = pixels; }
@@ -45,11 +45,11 @@ std::string ToolBar::toolTip(int button) const { return impl_->buttons[button].t
 PopupMenu::PopupMenu(Form& /*form*/) : impl_(std::make_unique<Impl>(*this)) {}
 
 PopupMenu::~PopupMenu() {
-    if (sim::desk().menu == impl_.get()) sim::desk().menu = nullptr;
+    if (sim::state().menu == impl_.get()) sim::state().menu = nullptr;
 }
 
 void PopupMenu::popUp() {
-    sim::desk().menu = impl_.get();
+    sim::state().menu = impl_.get();
     sim::note("menu opens");
     const sim::Serial self = impl_->serial;
     sim::serveWhile([&] { return sim::taker() == self; });
@@ -61,7 +61,7 @@ namespace sim {
 
 void clickToolButton(int button) {
     arrive();
-    platform::ToolBar::Impl* const bar = desk().toolBar;
+    platform::ToolBar::Impl* const bar = state().toolBar;
     if (bar == nullptr || taker() != bar->form || button < 1 || button > bar->owner.buttonCount()) return;
     if (bar->buttons[button].image == 0) return;
     note("tool", button);
@@ -70,9 +70,9 @@ void clickToolButton(int button) {
 
 void chooseMenuItem(int item) {
     arrive();
-    platform::PopupMenu::Impl* const menu = desk().menu;
+    platform::PopupMenu::Impl* const menu = state().menu;
     if (menu == nullptr) return;
-    desk().menu = nullptr;
+    state().menu = nullptr;
     note("menu", item);
     if (item >= 1 && item <= menu->owner.itemCount()) deliver(menu->owner.onClick, item);
 }

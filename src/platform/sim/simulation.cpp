@@ -1,10 +1,9 @@
-#include "platform/sim/desk.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
 #include "platform/desktop.h"
+#include "platform/sim/state.h"
 #include "platform/twips.h"
 
 namespace sim {
@@ -16,7 +15,7 @@ constexpr double shortestWait = 1;  // milliseconds
 
 Ticker* nextTicker() {
     Ticker* next = nullptr;
-    for (Ticker* ticker : desk().tickers)
+    for (Ticker* ticker : state().tickers)
         if (ticker->runs() && (next == nullptr || ticker->due < next->due)) next = ticker;
     return next;
 }
@@ -26,7 +25,7 @@ class InHandler {
   public:
     explicit InHandler(Ticker& ticker) : serial_(ticker.serial) { ticker.inHandler = true; }
     ~InHandler() {
-        for (Ticker* ticker : desk().tickers)
+        for (Ticker* ticker : state().tickers)
             if (ticker->serial == serial_) ticker->inHandler = false;
     }
     InHandler(const InHandler&) = delete;
@@ -37,7 +36,7 @@ class InHandler {
 };
 
 void tick(Ticker& ticker) {
-    Desk& d = desk();
+    State& d = state();
     d.now = std::max(d.now, ticker.due);
     ticker.due += ticker.interval * (std::floor((d.now - ticker.due) / ticker.interval) + 1);
     arrive();
@@ -46,7 +45,7 @@ void tick(Ticker& ticker) {
 }
 
 void servePosted() {
-    Desk& d = desk();
+    State& d = state();
     const auto event = d.posted.extract(d.posted.begin());
     d.now = std::max(d.now, event.key());
     arrive();
@@ -55,7 +54,7 @@ void servePosted() {
 
 /// Serves the earliest event that is due until then; of the posted ones only those posted before that order.
 bool serveNext(double until, uint64_t before) {
-    Desk& d = desk();
+    State& d = state();
     Ticker* const ticker = nextTicker();
     const double tickDue = ticker != nullptr ? ticker->due : never;
     const auto first = d.posted.begin();
@@ -65,11 +64,11 @@ bool serveNext(double until, uint64_t before) {
     return true;
 }
 
-bool somethingIsToCome() { return !desk().posted.empty() || nextTicker() != nullptr; }
+bool somethingIsToCome() { return !state().posted.empty() || nextTicker() != nullptr; }
 
 /// Gives the hands their turn: once a moment, so that time goes on, unless they alone can make something happen.
 bool handsAct() {
-    Desk& d = desk();
+    State& d = state();
     if (!d.hands || (d.handsAt == d.now && somethingIsToCome())) return false;
     const uint64_t before = d.arrivals;
     d.handsAt = d.now;
@@ -78,13 +77,13 @@ bool handsAct() {
     return d.arrivals != before;
 }
 
-bool stepUntil(double until) { return serveNext(desk().now, anyOrder) || handsAct() || serveNext(until, anyOrder); }
+bool stepUntil(double until) { return serveNext(state().now, anyOrder) || handsAct() || serveNext(until, anyOrder); }
 
 }  // namespace
 
-Desk& desk() {
-    static Desk* const theDesk = new Desk;
-    return *theDesk;
+State& state() {
+    static State* const theState = new State;
+    return *theState;
 }
 
 Serial nextSerial() {
@@ -93,38 +92,40 @@ Serial nextSerial() {
 }
 
 void arrive() {
-    ++desk().arrivals;
-    desk().idleServices = 0;
+    ++state().arrivals;
+    state().idleServices = 0;
 }
 
 void switchOn(uint32_t seed, double secondOfDay) {
-    desk() = Desk{};
-    desk().seed = seed;
-    desk().startSecond = secondOfDay;
-    desk().generator.seed(seed);
+    state() = State{};
+    state().seed = seed;
+    state().startSecond = secondOfDay;
+    state().generator.seed(seed);
 }
 
-double now() { return desk().now; }
-void setLog(std::function<void(const std::string& line)> log) { desk().log = std::move(log); }
+void setProgramFolder(const std::string& path) { state().programFolder = path; }
+
+double now() { return state().now; }
+void setLog(std::function<void(const std::string& line)> log) { state().log = std::move(log); }
 
 void setHands(std::function<void()> hands) {
-    desk().hands = hands ? std::make_shared<const std::function<void()>>(std::move(hands)) : nullptr;
+    state().hands = hands ? std::make_shared<const std::function<void()>>(std::move(hands)) : nullptr;
 }
 
-const std::vector<std::string>& messages() { return desk().messages; }
+const std::vector<std::string>& messages() { return state().messages; }
 
 void post(std::function<void()> action) { postAfter(0, std::move(action)); }
 
 void postAfter(double milliseconds, std::function<void()> action) {
-    Desk& d = desk();
+    State& d = state();
     d.posted.emplace(d.now + std::max(0.0, milliseconds), Posted{d.postings++, std::move(action)});
 }
 
 void runFor(double milliseconds) {
-    const double end = desk().now + milliseconds;
+    const double end = state().now + milliseconds;
     while (stepUntil(end)) {
     }
-    desk().now = std::max(desk().now, end);
+    state().now = std::max(state().now, end);
 }
 
 bool step() { return stepUntil(never); }
@@ -144,7 +145,7 @@ constexpr double randomRange = 4294967296.0;  // one more than the generator's g
 // A handler that serves events again and again waits for the clock: from the second service in a row that finds
 // nothing, each lets a moment pass.
 void doEvents() {
-    sim::Desk& d = sim::desk();
+    sim::State& d = sim::state();
     const double start = d.now;
     const uint64_t posted = d.postings;
     bool served = false;
@@ -152,10 +153,10 @@ void doEvents() {
     if (!served && d.idleServices++ > 0) d.now += sim::shortestWait;
 }
 
-double secondsOfDay() { return std::fmod(sim::desk().startSecond + sim::desk().now / 1000, secondsPerDay); }
+double secondsOfDay() { return std::fmod(sim::state().startSecond + sim::state().now / 1000, secondsPerDay); }
 
 void seedRandom() {
-    sim::Desk& d = sim::desk();
+    sim::State& d = sim::state();
     if (d.seedings++ == 0) {
         d.generator.seed(d.seed);
         return;
@@ -164,11 +165,13 @@ void seedRandom() {
     d.generator.seed(mixed);
 }
 
-double random() { return static_cast<double>(sim::desk().generator()) / randomRange; }
+double random() { return static_cast<double>(sim::state().generator()) / randomRange; }
+
+std::string programFile(const std::string& name) { return sim::state().programFolder + "/" + name; }
 
 void messageBox(const std::string& title, const std::string& text) {
     sim::note("message", title + ": " + text);
-    sim::desk().messages.push_back(title + ": " + text);
+    sim::state().messages.push_back(title + ": " + text);
 }
 
 void endProcess() {

@@ -23,6 +23,9 @@ struct NothingLeft : std::logic_error {
 /// the seed. Forms, timers and controls that were made before must be gone.
 void switchOn(uint32_t seed, double secondOfDay = 36000);
 
+/// The folder in which the program seems to lie; the present one until it is set.
+void setProgramFolder(const std::string& path);
+
 double now();  ///< Milliseconds of virtual time since switchOn.
 
 /// Called with each thing that a player would notice, as a line of text; none by default.

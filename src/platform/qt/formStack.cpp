@@ -1,4 +1,4 @@
-#include "platform/qt/desk.h"
+#include "platform/qt/formStack.h"
 
 #include <QKeyEvent>
 #include <QWidget>
@@ -32,30 +32,30 @@ bool belongsToForms(const QWidget* face) { return dynamic_cast<const FormWindow*
 
 }  // namespace
 
-Desk& desk() {
-    static Desk& theDesk = *new Desk;  // Forms that are let go at the very end still ask for it.
-    return theDesk;
+FormStack& formStack() {
+    static FormStack& theStack = *new FormStack;  // Forms that are let go at the very end still ask for it.
+    return theStack;
 }
 
-FormWindow* Desk::top() const { return dialogs_.empty() ? main_ : dialogs_.back(); }
+FormWindow* FormStack::top() const { return dialogs_.empty() ? main_ : dialogs_.back(); }
 
-bool Desk::blocks(const QWidget* face) const {
+bool FormStack::blocks(const QWidget* face) const {
     if (!belongsToForms(face)) return false;
     if (boxes_ > 0) return true;
     return !dialogs_.empty() && dialogs_.back() != face && !dialogs_.back()->isAncestorOf(face);
 }
 
-void Desk::openMain(FormWindow* window) {
+void FormStack::openMain(FormWindow* window) {
     main_ = window;
     ++changes_;
 }
 
-void Desk::openDialog(FormWindow* window) {
+void FormStack::openDialog(FormWindow* window) {
     dialogs_.push_back(window);
     ++changes_;
 }
 
-void Desk::unloadAbove(const FormWindow* window) {
+void FormStack::unloadAbove(const FormWindow* window) {
     const bool open = window == main_ || std::ranges::find(dialogs_, window) != dialogs_.end();
     while (open && !dialogs_.empty() && dialogs_.back() != window) {
         FormWindow* const dialog = dialogs_.back();
@@ -64,7 +64,7 @@ void Desk::unloadAbove(const FormWindow* window) {
     }
 }
 
-void Desk::leave(FormWindow* window) {
+void FormStack::leave(FormWindow* window) {
     const bool wasMain = window == main_;
     if (wasMain) main_ = nullptr;
     if (std::erase(dialogs_, window) == 0 && !wasMain) return;
@@ -73,12 +73,12 @@ void Desk::leave(FormWindow* window) {
     if (wasMain && onMainWindowGone) onMainWindowGone();
 }
 
-void Desk::closeBox(const QWidget* box) {
+void FormStack::closeBox(const QWidget* box) {
     --boxes_;
     presses_.disown(box);
 }
 
-bool Desk::eventFilter(QObject* watched, QEvent* event) {
+bool FormStack::eventFilter(QObject* watched, QEvent* event) {
     if (!watched->isWidgetType()) return false;
     QWidget* const face = static_cast<QWidget*>(watched);
     switch (event->type()) {
@@ -90,7 +90,7 @@ bool Desk::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-bool Desk::filterKey(QWidget* face, const QKeyEvent& event) {
+bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {
     const bool toForms = belongsToForms(face);
     if (event.type() == QEvent::KeyRelease) {
         presses_.letGo(event);
@@ -103,7 +103,7 @@ bool Desk::filterKey(QWidget* face, const QKeyEvent& event) {
     return toForms;
 }
 
-void Desk::deliver(FormWindow* window, Stroke stroke) {
+void FormStack::deliver(FormWindow* window, Stroke stroke) {
     const int changesBefore = changes_;
     callSlot(window->form->onKeyDown, stroke.code);
     if (stroke.code == 0 || changes_ != changesBefore) return;

@@ -15,7 +15,7 @@ namespace platform::qt {
 class FormWindow;
 
 /// Knows which forms are open and sees to it that keys and clicks reach the one on top and no other.
-class Desk : public QObject {
+class FormStack : public QObject {
   public:
     std::function<void()> onMainWindowGone;  ///< After the main window has been unloaded.
 
@@ -45,7 +45,7 @@ class Desk : public QObject {
     Presses presses_;
 };
 
-/// The one desk of the program; never destroyed.
-Desk& desk();
+/// The one stack of forms of the program; never destroyed.
+FormStack& formStack();
 
 }  // namespace platform::qt

@@ -14,7 +14,7 @@
 
 #include "platform/controls.h"
 #include "platform/form.h"
-#include "platform/sim/desktop.h"
+#include "platform/sim/simulation.h"
 #include "platform/toolbar.h"
 #include "platform/uncaught.h"
 
@@ -28,8 +28,8 @@ Serial nextSerial();  ///< A new one, from 1 upward.
 
 /// What ticks behind a timer.
 struct Ticker {
-    explicit Ticker(const std::function<void()>& handler);  ///< On the desk, disabled; the handler lives as long.
-    ~Ticker();                                              ///< Off the desk.
+    explicit Ticker(const std::function<void()>& handler);  ///< Disabled; the handler lives as long.
+    ~Ticker();                                              ///< It never ticks again.
     void restart();  ///< Counts a whole interval from now; a kept tick is dropped.
     bool runs() const { return enabled && interval > 0 && !inHandler; }
 
@@ -71,7 +71,7 @@ struct Posted {
 constexpr int keyCodes = 256;  ///< A key's code lies below, from 1.
 
 /// All that is on the desktop and all that will happen on it.
-struct Desk {
+struct State {
     double now = 0;          ///< Milliseconds.
     double startSecond = 0;  ///< Of the day, when the desktop was switched on.
     uint32_t seed = 0;
@@ -93,10 +93,11 @@ struct Desk {
     platform::PopupMenu::Impl* menu = nullptr;         ///< The open one.
     std::array<std::optional<Serial>, keyCodes> held;  ///< Who was on top when the key went down.
     std::vector<std::string> messages;
+    std::string programFolder = ".";
 };
 
 /// The one desktop. It is never destroyed, since forms in static storage may go after everything else.
-Desk& desk();
+State& state();
 
 /// Notes that an event has arrived.
 void arrive();
@@ -104,11 +105,11 @@ void arrive();
 /// Writes a line to the log, parts after the time in milliseconds; costs nothing while there is no log.
 template <class... Parts>
 void note(const Parts&... parts) {
-    if (!desk().log) return;
+    if (!state().log) return;
     std::ostringstream line;
-    line << static_cast<int64_t>(desk().now);
+    line << static_cast<int64_t>(state().now);
     ((line << ' ' << parts), ...);
-    desk().log(line.str());
+    state().log(line.str());
 }
 
 /// Runs an event's handler, if there is one; an error that leaves it is reported and goes no further.
@@ -148,12 +149,12 @@ int lineHeight(const platform::Font& font);
 
 }  // namespace sim
 
-/// A form on the desk.
+/// A form on the simulated desktop.
 struct platform::Form::Impl {
     explicit Impl(Form& form) : owner(form) {}
     ~Impl();                  ///< Closes it and leaves its controls without a form.
     void open(bool asModal);  ///< Puts it on top and runs onLoad.
-    void close();             ///< Takes it from the desk. Nothing if it isn't there.
+    void close();             ///< Takes it off the screen. Nothing if it isn't open.
 
     Form& owner;
     const sim::Serial serial = sim::nextSerial();
@@ -166,7 +167,7 @@ struct platform::Form::Impl {
     sim::Control* focus = nullptr;
 };
 
-/// A menu on the desk.
+/// A menu on the simulated desktop.
 struct platform::PopupMenu::Impl {
     explicit Impl(PopupMenu& menu) : owner(menu) {}
 

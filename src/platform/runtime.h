@@ -96,18 +96,3 @@ template <class Wide>
 constexpr int32_t narrow32(Wide value) {
     return narrowed<int32_t>(value);
 }
-
-/// Tells the player of a failure in the procedure of that name and waits for the answer.
-void gsReportError(int32_t number, const std::string& description, const std::string& procedure);
-
-/// The common error path: runs the body; a failure in it is reported under the procedure's name, and the result is
-/// then false, 0 or empty.
-template <class Body>
-auto guarded(const char* procedure, Body&& body) -> decltype(body()) {
-    try {
-        return body();
-    } catch (const RuntimeError& error) {
-        gsReportError(error.number(), error.what(), procedure);
-        return decltype(body())();
-    }
-}
