@@ -4,7 +4,9 @@
 #include <QIcon>
 
 #include "platform/qt/formStack.h"
+#include "platform/qt/formWindow.h"
 #include "platform/qt/images.h"
+#include "platform/qt/signals.h"
 #include "platform/storedPictures.h"
 #include "platform/uncaught.h"
 
@@ -33,6 +35,9 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
 }
 
 int Application::run() {
+    qt::onEndSignal([] {
+        if (qt::FormWindow* const main = qt::formStack().mainWindow()) main->unload();
+    });
     qt::formStack().onMainWindowGone = [] { QApplication::exit(0); };
     return QApplication::exec();
 }

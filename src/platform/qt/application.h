@@ -11,7 +11,9 @@ class Application {
     /// of the pictures that are the program's icon. argc and argv must outlive the program's forms.
     Application(int& argc, char** argv, const std::string& name, const std::string& id);
 
-    int run();  ///< Serves events until the main window has been unloaded; returns the exit code.
+    /// Serves events until the main window has been unloaded, as an interrupt or a termination signal does too; returns
+    /// the exit code.
+    int run();
 };
 
 }  // namespace platform

@@ -1,0 +1,37 @@
+#include "commandLine.h"
+
+#include <string_view>
+
+namespace {
+
+constexpr const char* usage = "Usage: velmora [--help | --version]\n";
+
+constexpr const char* help = R"(
+A mahjong game of falling tiles. Press Start Anew, the first button of the
+toolbar, to begin; Help, the button with the question mark, tells the rules.
+
+Keys in play
+  Left, Right    steer the falling tile
+  Down           drop it; the sets that it completes count double
+
+Keys in the tile chooser and in the draw of seats
+  arrow keys     move the highlight
+  Enter          take what is highlighted
+
+4, 6, 2 and 8 of the number pad are arrow keys too. Enter or Esc closes the
+break-down, the summary, the high scores and the about box.
+
+Options
+  --help         show this text and end
+  --version      show the version and end
+)";
+
+}  // namespace
+
+std::optional<Answer> answerTo(int argc, const char* const* argv) {
+    if (argc <= 1) return std::nullopt;
+    const std::string_view word = argv[1];
+    if (argc == 2 && word == "--help") return Answer{std::string(usage) + help, 0};
+    if (argc == 2 && word == "--version") return Answer{"Velmora " VELMORA_VERSION "\n", 0};
+    return Answer{usage, 2};
+}
