@@ -9,14 +9,10 @@
 #include "platform/surface.h"
 #include "platform/timer.h"
 #include "platform/toolbar.h"
+#include "presentation/buttons.h"
 #include "toolkit/formRef.h"
 
 enum class ScoringItem;
-
-/// The images of the toolbar's buttons; an empty strip if the program doesn't carry them.
-platform::ImageList ImageList1();
-
-constexpr int toolbarButtons = 15;  ///< Commands and one gap, numbered from 1.
 
 /// The main window, which owns the game: the map of its state, by lifetime, and of its procedures, by the file they
 /// live in. Names with m are the game's own; nothing outside it but the built-in player, its referee and the tests
@@ -27,7 +23,7 @@ struct frmMain {
     platform::Form form;
     platform::Timer Timer1;              // the drop timer, disabled at first
     platform::ToolBar tbrZQT;            // all commands
-    platform::PopupMenu mnuLevel{form};  // behind button 2
+    platform::PopupMenu mnuLevel{form};  // behind the Level button
 
     // The surfaces: filled by Form_Load, drawn on for the run
     platform::Surface picWork;  // everything that the window shows, with the table as background
@@ -251,7 +247,7 @@ struct frmMain {
     /// Paints the small table, the names of the seats and the small marker.
     void msDrawSeats();
 
-    // presentation/commands.cpp: the toolbar
+    // presentation/buttons.cpp: the toolbar
     /// Gives the toolbar its images and widths and the menu its Levels.
     void msSetUpToolbar();
     /// Sets all tool-tips.
@@ -260,6 +256,8 @@ struct frmMain {
     void msShowToolTip(int intButton);
     /// Carries out the command of a button, 1 to 15.
     void tbrZQT_ButtonClick(int intButton);
+
+    // presentation/commands.cpp: what the buttons and the menu do
     /// Draws the seat and begins a match.
     void msStartAnew();
     /// Opens the Level menu.
@@ -268,8 +266,8 @@ struct frmMain {
     void msToggleBreakDown();
     /// Turns the wish for music on or off.
     void msToggleMusicOn();
-    /// What High Scores, Order and About do to the fall: it stops and goes on, also in a game that was held.
-    void msHoldForDialog();
+    /// Holds the fall for the high scores.
+    void msShowHighScores();
     /// Opens the setting of the rounds.
     void msSetRounds();
     /// Changes the language of the wind markers.
@@ -280,6 +278,14 @@ struct frmMain {
     void msPause();
     /// Stops the fall.
     void msStop();
+    /// Holds the fall for the order form.
+    void msShowOrder();
+    /// Holds the fall for the about box.
+    void msShowAbout();
+    /// Stops the fall of a running match while a dialog is open.
+    void msHoldFall();
+    /// Lets the fall of a running match go on, also if the player had stopped it before the dialog.
+    void msResumeFall();
     /// Unloads the window.
     void msExit();
     /// Sets the Level, 1 to 5, and its check mark.

@@ -78,7 +78,7 @@ TEST_F(BoardView, TheNextTileShowsOnlyWithPeek) {
     game->TileOrder[1] = 109;  // East
     game->TileOrder[2] = 110;  // South
     EXPECT_TRUE(isBare(474, 44));
-    sim::clickToolButton(8);
+    sim::clickToolButton(Button::Peek);
     EXPECT_TRUE(shows("E", 474, 44, 0));
     game->mintTilesDropped = 1;
     game->msDrawNexTile();
@@ -86,7 +86,7 @@ TEST_F(BoardView, TheNextTileShowsOnlyWithPeek) {
     game->mintTilesDropped = tileCount;
     game->msDrawNexTile();
     EXPECT_TRUE(shows("S", 474, 44, 0)) << "no next tile: what stands there stays";
-    sim::clickToolButton(8);
+    sim::clickToolButton(Button::Peek);
     EXPECT_TRUE(isBare(474, 44));
 }
 
@@ -103,7 +103,7 @@ TEST_F(BoardView, EarnedTilesStandStraightHoweverOftenTheyArePainted) {
 
 TEST_F(BoardView, NothingReachesTheWindowBeforeAShow) {
     const Surface before = game->form.surface();
-    sim::clickToolButton(8);
+    sim::clickToolButton(Button::Peek);
     setBoard({"c1 c2 . . . . . . ."});
     game->msDrawPlayArea();
     EXPECT_TRUE(same(game->form.surface(), 0, 0, before, 0, 0, 795, 581));
@@ -134,9 +134,9 @@ TEST_F(BoardView, TheMarkersFollowWindHouseAndLanguage) {
             EXPECT_TRUE(marker(gfrmBitmaps->picHouse, gfrmBitmaps->picHouseMask, 428, 306, row.wind - 1, language));
             EXPECT_TRUE(marker(gfrmBitmaps->picSmallHouse, gfrmBitmaps->picSmallHouseMask, row.x, row.y, row.wind - 1,
                                language));
-            sim::clickToolButton(7);
+            sim::clickToolButton(Button::Round);
         }
-        sim::clickToolButton(7);
+        sim::clickToolButton(Button::Round);
     }
 }
 

@@ -27,10 +27,10 @@ TEST_F(Commands, TogglesRewriteTheirToolTipAndComeBack) {
         bool& option;
         const char *changed, *back;
     } const cases[] = {
-        {3, game->mblnBreakDown, "Break Down:Off", "Break Down:On"},
-        {4, game->mblnMusicOn, "Music:Off", "Music:On"},
-        {7, game->mblnRoundInChinese, "Round:(In English)", "Round:(In Chinese)"},
-        {8, game->mblnPeek, "Peek:On", "Peek:Off"},
+        {Button::BreakDown, game->mblnBreakDown, "Break Down:Off", "Break Down:On"},
+        {Button::Music, game->mblnMusicOn, "Music:Off", "Music:On"},
+        {Button::Round, game->mblnRoundInChinese, "Round:(In English)", "Round:(In Chinese)"},
+        {Button::Peek, game->mblnPeek, "Peek:On", "Peek:Off"},
     };
     for (const auto& row : cases) {
         const bool before = row.option;
@@ -46,9 +46,9 @@ TEST_F(Commands, TheLevelMenuHasOneCheckMark) {
     for (const int item : {3, 3, 0, 5, 1}) {
         const int expected = item > 0 ? item : game->mlngLevel;
         sim::post([item] { sim::chooseMenuItem(item); });
-        sim::clickToolButton(2);
+        sim::clickToolButton(Button::Level);
         EXPECT_EQ(game->mlngLevel, expected);
-        EXPECT_EQ(game->tbrZQT.toolTip(2), std::string("Level:") + levels[expected - 1].caption);
+        EXPECT_EQ(game->tbrZQT.toolTip(Button::Level), std::string("Level:") + levels[expected - 1].caption);
         for (int i = 1; i <= levelCount; ++i) EXPECT_EQ(game->mnuLevel.checked(i), i == expected) << i;
     }
 }
@@ -59,15 +59,15 @@ TEST_F(Commands, WhatHoldsAndWhatSetsGoing) {
         std::vector<int> buttons;
         bool running;
     } const cases[] = {
-        {"pause", {9}, false},
-        {"pause twice", {9, 9}, true},
-        {"stop", {10}, false},
-        {"stop and pause", {10, 9}, true},
-        {"stop and high scores", {10, 5}, true},
-        {"pause and about", {9, 12}, true},
-        {"order", {11}, true},
-        {"help", {13}, true},
-        {"the gap", {14}, true},
+        {"pause", {Button::Pause}, false},
+        {"pause twice", {Button::Pause, Button::Pause}, true},
+        {"stop", {Button::Stop}, false},
+        {"stop and pause", {Button::Stop, Button::Pause}, true},
+        {"stop and high scores", {Button::Stop, Button::HighScores}, true},
+        {"pause and about", {Button::Pause, Button::About}, true},
+        {"order", {Button::Order}, true},
+        {"help", {Button::Help}, true},
+        {"the gap", {Button::Gap}, true},
     };
     for (const auto& row : cases) {
         beginHand();
@@ -78,10 +78,10 @@ TEST_F(Commands, WhatHoldsAndWhatSetsGoing) {
 }
 
 TEST_F(Commands, NothingBeginsBeforeStartAnew) {
-    for (int button = 2; button <= 14; ++button) {
+    for (int button = Button::Level; button <= Button::Gap; ++button) {
         sim::post([button] {
-            if (button == 2) sim::chooseMenuItem(2);
-            if (button == 6) sim::pressKey(platform::key::Escape);
+            if (button == Button::Level) sim::chooseMenuItem(2);
+            if (button == Button::RoundsSetting) sim::pressKey(platform::key::Escape);
         });
         sim::clickToolButton(button);
         for (const int key : {37, 39, 40, 13}) sim::pressKey(key);
@@ -109,7 +109,7 @@ TEST_F(Commands, TheWaysOutEndTheProcessFromAnywhere) {
         const char* what;
         std::function<void()> leave;
     } const ways[] = {
-        {"the Exit button", [] { sim::clickToolButton(15); }},
+        {"the Exit button", [] { sim::clickToolButton(Button::Exit); }},
         {"the window's close button", [] { sim::closeMainWindow(); }},
     };
     for (const auto& way : ways) {
@@ -132,11 +132,11 @@ TEST_F(Commands, TheWaysOutEndTheProcessFromAnywhere) {
 
 TEST_F(Commands, TheWindowClosesOverAnyDialog) {
     sim::post([] { sim::closeMainWindow(); });
-    EXPECT_THROW(sim::clickToolButton(1), sim::ProcessEnded);
+    EXPECT_THROW(sim::clickToolButton(Button::StartAnew), sim::ProcessEnded);
     TearDown();
     SetUp();
     sim::post([] { sim::closeMainWindow(); });
-    EXPECT_THROW(sim::clickToolButton(6), sim::ProcessEnded);
+    EXPECT_THROW(sim::clickToolButton(Button::RoundsSetting), sim::ProcessEnded);
     TearDown();
     SetUp();
     beginHand();

@@ -94,7 +94,7 @@ TEST_F(Dialogs, TheChooserStaysUntilEnterAndTheFallStands) {
         EXPECT_EQ(sim::modalDepth(), 1);
         sim::postAfter(5000, [&] {
             EXPECT_EQ(game->mintTilesDropped, 1);
-            sim::clickToolButton(1);  // refused while the dialog is open
+            sim::clickToolButton(Button::StartAnew);  // refused while the dialog is open
             EXPECT_EQ(sim::modalDepth(), 1);
             sim::pressKey(Left);
             sim::pressKey(Enter);
@@ -158,7 +158,7 @@ TEST_F(Dialogs, TheSeatIsTheWindUnderTheFrame) {
             sim::pressKey(Enter);
             EXPECT_NEAR(sim::now() - before, 2000, 50);
         });
-        sim::clickToolButton(1);
+        sim::clickToolButton(Button::StartAnew);
         sim::setHands({});
         EXPECT_EQ(game->mlngSeat, expected);
         EXPECT_GE(game->mlngSeat, 1);
@@ -185,7 +185,7 @@ TEST_F(Dialogs, RoundsSettingAnswersTheKeyboard) {
         sim::post([&] {
             for (const int key : row.keys) sim::pressKey(key);
         });
-        sim::clickToolButton(6);
+        sim::clickToolButton(Button::RoundsSetting);
         EXPECT_EQ(gintNumRounds, row.rounds) << row.what;
     }
 }
@@ -204,7 +204,7 @@ TEST_F(Dialogs, EveryDialogLiesInsideTheMainWindow) {
         EXPECT_EQ(gfrmRoundsSetting->form.scaleWidth(), 257);
         sim::pressKey(Escape);
     });
-    sim::clickToolButton(6);
+    sim::clickToolButton(Button::RoundsSetting);
     beginHand();
     setBoard({"c1 c2 . . . . . . ."});
     land("c3", 3, [&] {

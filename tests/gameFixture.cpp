@@ -137,7 +137,7 @@ void GameFixture::startMatch() {
     sim::setHands([] {
         if (gfrmChooseSeat.isOpen() && !gfrmChooseSeat->mblnDrawn) sim::pressKey(platform::key::Enter);
     });
-    sim::clickToolButton(1);
+    sim::clickToolButton(Button::StartAnew);
     sim::setHands({});
 }
 

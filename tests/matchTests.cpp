@@ -80,7 +80,7 @@ TEST_F(Match, AMatchOfFourLostHandsEndsAtTheNextTick) {
     EXPECT_FALSE(game->mblnGameRunning);
     EXPECT_FALSE(game->Timer1.enabled());
     EXPECT_EQ(game->mintTilesDropped, 0);
-    sim::clickToolButton(9);  // Pause has nothing to set going any more.
+    sim::clickToolButton(Button::Pause);  // Pause has nothing to set going any more.
     EXPECT_FALSE(game->Timer1.enabled());
     sim::runFor(1000);
     EXPECT_EQ(game->mintTilesDropped, 0);
@@ -155,7 +155,7 @@ TEST_F(Match, TheNumberOfRoundsCountsAtOnce) {
             answerDialogs();
             sim::clickButton(row.button);
         });
-        sim::clickToolButton(6);
+        sim::clickToolButton(Button::RoundsSetting);
         sim::runFor(1000);
         EXPECT_EQ(gintNumRounds, row.rounds) << row.clicks;
         EXPECT_EQ(summaries, row.ends ? 1 : 0) << row.clicks;

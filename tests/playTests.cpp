@@ -380,10 +380,7 @@ class WildHands {
         if (below(20) == 0) sim::clickButton(below(2) == 0 ? "OK" : "Cancel");
     }
 
-    void clickSomething() {
-        constexpr int lastButExit = 13;
-        sim::clickToolButton(below(lastButExit) + 1);
-    }
+    void clickSomething() { sim::clickToolButton(below(Button::Help) + 1); }
 
     std::function<void()> look_;
     std::mt19937 random_;

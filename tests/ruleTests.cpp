@@ -181,9 +181,10 @@ TEST_F(DropLoop, WhatEventsInsideATickLeaveItToDo) {
         int row;  // after the tick that began at row 6 over a free place
     } const cases[] = {
         {"nothing", [] {}, 7},
-        {"pause", [this] { game->tbrZQT_ButtonClick(9); }, 6},
-        {"stop", [this] { game->tbrZQT_ButtonClick(10); }, 6},
-        {"pause and on", [this] { game->tbrZQT_ButtonClick(9), game->tbrZQT_ButtonClick(9); }, 7},
+        {"pause", [this] { game->tbrZQT_ButtonClick(Button::Pause); }, 6},
+        {"stop", [this] { game->tbrZQT_ButtonClick(Button::Stop); }, 6},
+        {"pause and on", [this] { game->tbrZQT_ButtonClick(Button::Pause), game->tbrZQT_ButtonClick(Button::Pause); },
+         7},
         {"a step over a taken place", [] { sim::pressKey(Left); }, 6},
         {"a step over a free place", [] { sim::pressKey(Right); }, 7},
         {"another hand", [this] { game->msInitNewGame(); }, noRow},
@@ -253,12 +254,12 @@ TEST_F(DropLoop, TheSpeedFollowsLevelAndHand) {
 
 TEST_F(DropLoop, PauseHoldsTheTileAndAHardDropGoesOn) {
     sim::pressKey(Down);
-    sim::clickToolButton(9);
+    sim::clickToolButton(Button::Pause);
     sim::pressKey(Left);
     sim::runFor(10000);
     EXPECT_EQ(game->mintCurRow, 1);
     EXPECT_EQ(game->mintCurCol, 5);
-    sim::clickToolButton(9);
+    sim::clickToolButton(Button::Pause);
     sim::runFor(5 * 4);
     EXPECT_EQ(game->mintCurRow, 5);
 }

@@ -15,10 +15,6 @@
 namespace selfplay {
 namespace {
 
-constexpr int startAnewButton = 1;
-constexpr int levelButton = 2;
-constexpr int roundsButton = 6;
-
 void pressTimes(int keyCode, int times) {
     for (int i = 0; i < times; ++i) sim::pressKey(keyCode);
 }
@@ -32,16 +28,16 @@ void Player::act() {
     if (game.mintCurRow > 0 && game.Timer1.enabled() && game.Timer1.interval() != dropInterval) steer();
 }
 
-void Player::startMatch() { sim::clickToolButton(startAnewButton); }
+void Player::startMatch() { sim::clickToolButton(Button::StartAnew); }
 
 void Player::setLevel(int level) {
     level_ = level;
-    sim::clickToolButton(levelButton);
+    sim::clickToolButton(Button::Level);
 }
 
 void Player::setRounds(int rounds) {
     rounds_ = rounds;
-    sim::clickToolButton(roundsButton);
+    sim::clickToolButton(Button::RoundsSetting);
 }
 
 /// True while a dialog is open: then nothing else can be done.

@@ -116,7 +116,7 @@ int main(int argc, char** argv) {
     }
     const auto game = gfrmMain.hold();
     game->form.show();
-    QTimer::singleShot(0, [&] { game->tbrZQT_ButtonClick(1); });
+    QTimer::singleShot(0, [&] { game->tbrZQT_ButtonClick(Button::StartAnew); });
     const QWidgetList windows = QApplication::topLevelWidgets();
     const auto isMain = [](const QWidget* widget) { return widget->windowTitle() == "Velmora"; };
     Showcase showcase(*std::find_if(windows.begin(), windows.end(), isMain), argv[1]);
