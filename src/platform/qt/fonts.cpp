@@ -1,5 +1,6 @@
 #include "platform/qt/fonts.h"
 
+#include <QFontDatabase>
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -7,13 +8,38 @@
 
 #include "platform/text.h"
 
+extern "C" const char storedKaushanScript[], storedLiberationSerifBold[], storedLiberationMono[], storedFontsEnd[];
+
 namespace platform::qt {
 namespace {
+
+struct StoredFont {
+    const char* family;
+    const char* start;
+    const char* end;
+    bool known = false;  ///< Qt has it already.
+};
+
+/// Lets Qt know the font that the program carries under that name, if there is one. Its file is read only now.
+void provide(const std::string& family) {
+    static StoredFont fonts[] = {
+        {"Kaushan Script", storedKaushanScript, storedLiberationSerifBold},
+        {"Liberation Serif", storedLiberationSerifBold, storedLiberationMono},
+        {"Liberation Mono", storedLiberationMono, storedFontsEnd},
+    };
+    for (StoredFont& font : fonts) {
+        if (font.known || family != font.family) continue;
+        QFontDatabase::addApplicationFontFromData(QByteArray::fromRawData(font.start, font.end - font.start));
+        font.known = true;
+    }
+}
 
 constexpr double pixelsPerPoint = 96.0 / 72;
 
 QFont make(const Font& font) {
-    QFont made(QString::fromStdString(standInFor(font.name)));
+    const std::string family = standInFor(font.name);
+    provide(family);
+    QFont made(QString::fromStdString(family));
     made.setPixelSize(std::max(1, static_cast<int>(std::lround(font.points * pixelsPerPoint))));
     made.setBold(font.bold);
     made.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
