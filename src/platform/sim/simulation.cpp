@@ -98,12 +98,11 @@ void arrive() {
 
 void switchOn(uint32_t seed, double secondOfDay) {
     state() = State{};
+    emptyProgramFolder();
     state().seed = seed;
     state().startSecond = secondOfDay;
     state().generator.seed(seed);
 }
-
-void setProgramFolder(const std::string& path) { state().programFolder = path; }
 
 double now() { return state().now; }
 void setLog(std::function<void(const std::string& line)> log) { state().log = std::move(log); }
@@ -166,8 +165,6 @@ void seedRandom() {
 }
 
 double random() { return static_cast<double>(sim::state().generator()) / randomRange; }
-
-std::string programFile(const std::string& name) { return sim::state().programFolder + "/" + name; }
 
 void messageBox(const std::string& title, const std::string& text) {
     sim::note("message", title + ": " + text);

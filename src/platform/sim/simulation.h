@@ -20,10 +20,10 @@ struct NothingLeft : std::logic_error {
 };
 
 /// A desktop as it is switched on: no form, no pending event, time at the start of the day given, random values from
-/// the seed. Forms, timers and controls that were made before must be gone.
+/// the seed, the program in an empty folder of its own. Forms, timers and controls that were made before must be gone.
 void switchOn(uint32_t seed, double secondOfDay = 36000);
 
-/// The folder in which the program seems to lie; the present one until it is set.
+/// Another folder in which the program seems to lie until the desktop is switched on anew.
 void setProgramFolder(const std::string& path);
 
 double now();  ///< Milliseconds of virtual time since switchOn.

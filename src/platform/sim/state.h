@@ -93,7 +93,7 @@ struct State {
     platform::PopupMenu::Impl* menu = nullptr;         ///< The open one.
     std::array<std::optional<Serial>, keyCodes> held;  ///< Who was on top when the key went down.
     std::vector<std::string> messages;
-    std::string programFolder = ".";
+    std::string programFolder;  ///< Empty as long as the program lies in a folder of its own.
 };
 
 /// The one desktop. It is never destroyed, since forms in static storage may go after everything else.
@@ -101,6 +101,9 @@ State& state();
 
 /// Notes that an event has arrived.
 void arrive();
+
+/// Lets go of the program's own folder and of all that it holds.
+void emptyProgramFolder();
 
 /// Writes a line to the log, parts after the time in milliseconds; costs nothing while there is no log.
 template <class... Parts>
