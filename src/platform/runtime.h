@@ -24,6 +24,15 @@ namespace failure {
 [[noreturn]] inline void overflow() { throw RuntimeError(6, "Overflow"); }
 [[noreturn]] inline void subscript() { throw RuntimeError(9, "Subscript out of range"); }
 [[noreturn]] inline void fileNotFound(const std::string& name) { throw RuntimeError(53, "File not found: " + name); }
+[[noreturn]] inline void deviceFault(const std::string& name) { throw RuntimeError(57, "Device I/O error: " + name); }
+[[noreturn]] inline void diskFull(const std::string& name) { throw RuntimeError(61, "Disk full: " + name); }
+[[noreturn]] inline void tooManyFiles(const std::string& name) { throw RuntimeError(67, "Too many files: " + name); }
+[[noreturn]] inline void permissionDenied(const std::string& name) {
+    throw RuntimeError(70, "Permission denied: " + name);
+}
+[[noreturn]] inline void pathFileAccess(const std::string& name) {
+    throw RuntimeError(75, "Path/File access error: " + name);
+}
 }  // namespace failure
 
 /// A fixed table with its own index range, First to Last; an index outside it fails with number 9.

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace platform {
+
+/// True if there is anything of that name, also what no file can be made of or read from: a folder, a pipe, a link to
+/// nothing. True as well where the folder doesn't let itself be looked into.
+bool isThere(const std::string& path);
+
+/// An ordinary file, open for reading and writing as long as this lives.
+class File {
+  public:
+    /// Opens the file, and makes it, empty, if there is nothing of that name. Never waits. Fails with number 53 for a
+    /// link to nothing, 67 if too many files are open, 70 without the right to read and write it, 75 for what is no
+    /// ordinary file or can't be opened for another reason.
+    explicit File(const std::string& path);
+    ~File();
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+
+    /// So many bytes from the beginning, fewer if the file is shorter. Fails with number 57 or 75.
+    std::string read(size_t count) const;
+
+    /// Writes over the beginning in one go; what lies behind it stays. Fails with number 61 if the disk is full, 57 or
+    /// 75 else; a write that was cut off is undone.
+    void write(const std::string& bytes);
+
+  private:
+    bool putBack(const std::string& before, size_t written, size_t wanted);
+
+    std::string path_;
+    int handle_;
+};
+
+}  // namespace platform
