@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "hiscores/scoreFile.h"
 #include "play/model.h"
 
 /// The candidate sets that the next tile chooser shows.

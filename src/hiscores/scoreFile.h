@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/fixedText.h"
+#include "platform/runtime.h"
+
+constexpr int hiScoreRows = 5;
+constexpr int hiScoreNameLength = 10;  ///< Characters.
+
+/// A row of the table of high scores; one whose score is 0 has never been filled.
+struct HiScoreRecord {
+    platform::FixedText<hiScoreNameLength> strName;
+    int16_t intRounds = 0;  // played in the match
+    int16_t intLevel = 0;   // at its end
+    int32_t lngScore = 0;
+};
+
+/// The table, the best score first. It means only what the file holds: whoever looks at it reads the file before.
+inline Table<HiScoreRecord, 1, hiScoreRows> gaudtHiScore;
+
+/// True if there is anything of the score file's name in the program's folder. What can't be read as a file, such as a
+/// folder, is there too: reading it then tells the player, before a name is asked for in vain.
+bool gblnfHiScoreFileIsThere();
+
+/// Fills the table from the file, which is made if it isn't there; rows that a shorter file doesn't hold are blank.
+/// False if that failed, which has been reported, and the table is then as before.
+bool gblnfReadHiScoreFile();
+
+/// Writes the whole table over the file's beginning; a failure is reported, and the file is then as before.
+void gsSaveHiScore();
