@@ -311,6 +311,38 @@ TEST_F(Contract, HeldKeyDoesNothingInADialogUntilItIsLetGo) {
     EXPECT_EQ(trace_, "dialog down 40, dialog down 40");
 }
 
+TEST_F(Contract, AHeldKeySaysThatItRepeatsUntilItIsLetGo) {
+    showMain();
+    Form& form = main_->form;
+    form.onKeyDown = [&](int& code) {
+        if (code == key::Up) driver::pressKey(key::Right);  // another key, while this one is still being served
+        note(std::to_string(code) + (form.keyRepeats() ? " again" : ""));
+    };
+    Form dialog;
+    struct {
+        const char* what;
+        std::function<void()> happens;
+        const char* told;
+    } const rows[] = {
+        {"a press", [] { driver::keyDown(key::Down); }, "40"},
+        {"its repeats", [] { driver::keyDown(key::Down), driver::keyDown(key::Down); }, "40 again, 40 again"},
+        {"another key", [] { driver::keyDown(key::Pad2); }, "98"},
+        {"both held", [] { driver::keyDown(key::Down), driver::keyDown(key::Pad2); }, "40 again, 98 again"},
+        {"let go and pressed", [] { driver::keyUp(key::Down), driver::keyDown(key::Down); }, "40"},
+        {"let go in a dialog", [&] { inDialog(dialog, [] { driver::keyUp(key::Down); }); }, ""},
+        {"pressed after it", [] { driver::keyDown(key::Down); }, "40"},
+        {"held through a dialog", [&] { inDialog(dialog, [] { driver::keyDown(key::Down); }); }, ""},
+        {"still held", [] { driver::keyDown(key::Down); }, "40 again"},
+        {"held with a key inside", [] { driver::keyDown(key::Up), driver::keyDown(key::Up); }, "39, 38, 39, 38 again"},
+    };
+    for (const auto& row : rows) {
+        trace_.clear();
+        row.happens();
+        EXPECT_EQ(trace_, row.told) << row.what;
+    }
+    for (const int code : {key::Down, key::Pad2, key::Up}) driver::keyUp(code);
+}
+
 TEST_F(Contract, OnePressOfEnterAnswersOneDialog) {
     showMain();
     Form first, second;

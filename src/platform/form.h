@@ -29,7 +29,7 @@ class Form {
     Form& operator=(const Form&) = delete;
 
     std::function<void()> onLoad;                 ///< Before the window is seen for the first time.
-    std::function<void(int& keyCode)> onKeyDown;  ///< With repeats while the key is held.
+    std::function<void(int& keyCode)> onKeyDown;  ///< With repeats while the key is held: see keyRepeats().
     std::function<void(int& character)> onKeyPress;
     std::function<void()> onUnload;  ///< Before the window goes; the form's owner may let go of it here.
 
@@ -54,6 +54,10 @@ class Form {
     void showModal();  ///< Loads and shows a dialog and returns when it has been unloaded; timers and events go on.
     void unload();     ///< Runs onUnload and takes the window off the screen. Nothing if it isn't loaded.
     bool loaded() const;
+
+    /// While onKeyDown runs: true for a repeat of a held key, false for its press. Two keys that mean the same, such as
+    /// an arrow and the pad's, have a press each.
+    bool keyRepeats() const;
 
     struct Impl;
     Impl& impl() { return *impl_; }  ///< For the other classes of the same back end.

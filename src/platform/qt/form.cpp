@@ -1,5 +1,6 @@
 #include "platform/form.h"
 
+#include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
 #include "platform/twips.h"
 
@@ -54,5 +55,6 @@ void Form::show() { impl_->window->showAsMain(); }
 void Form::showModal() { impl_->window->runAsDialog(); }
 void Form::unload() { impl_->window->unload(); }
 bool Form::loaded() const { return impl_->window->loaded; }
+bool Form::keyRepeats() const { return qt::formStack().keyRepeats(); }
 
 }  // namespace platform

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QWidget>
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/formWindow.h"
 #include "platform/qt/keys.h"
@@ -105,7 +106,9 @@ bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {
 
 void FormStack::deliver(FormWindow* window, Stroke stroke) {
     const int changesBefore = changes_;
+    const bool outer = std::exchange(keyRepeats_, stroke.repeat);  // A handler may serve events, further keys too.
     callSlot(window->form->onKeyDown, stroke.code);
+    keyRepeats_ = outer;
     if (stroke.code == 0 || changes_ != changesBefore) return;
     if (stroke.character != 0) {
         callSlot(window->form->onKeyPress, stroke.character);

@@ -22,6 +22,7 @@ class FormStack : public QObject {
     FormWindow* mainWindow() const { return main_; }  ///< Null if it isn't open.
     FormWindow* top() const;                          ///< The form that is open on top; null if none is open.
     bool blocks(const QWidget* face) const;           ///< Whether something open on top keeps clicks from it.
+    bool keyRepeats() const { return keyRepeats_; }   ///< Whether the key whose handler runs is a repeat.
 
     void openMain(FormWindow* window);           ///< The window is the main one from now on.
     void openDialog(FormWindow* window);         ///< The window lies on top from now on.
@@ -42,6 +43,7 @@ class FormStack : public QObject {
     std::vector<FormWindow*> dialogs_;  // the top-most last
     int boxes_ = 0;                     // message boxes that are open
     int changes_ = 0;                   // how often a form has opened or gone
+    bool keyRepeats_ = false;
     Presses presses_;
 };
 

@@ -1,6 +1,7 @@
 #include "platform/form.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/sim/state.h"
 #include "platform/twips.h"
@@ -51,11 +52,15 @@ void keyDown(int keyCode) {
     note("key", keyCode);
     const Serial owner = taker();
     auto& holder = state().held[static_cast<size_t>(keyCode)];
+    const bool repeats = holder.has_value();
     if (!holder) holder = owner;
     if (*holder != owner) return;
     int code = keyCode;
     int character = characterOf(keyCode);
-    if (!passes(owner, &platform::Form::onKeyDown, code)) return;
+    const bool outer = std::exchange(state().keyRepeats, repeats);
+    const bool goesOn = passes(owner, &platform::Form::onKeyDown, code);
+    state().keyRepeats = outer;
+    if (!goesOn) return;
     if (character != 0 && !passes(owner, &platform::Form::onKeyPress, character)) return;
     pressOnControls(*openForm(owner), code);
 }
@@ -117,6 +122,7 @@ int Form::scaleWidth() const { return impl_->surface.width(); }
 int Form::scaleHeight() const { return impl_->surface.height(); }
 Surface& Form::surface() { return impl_->surface; }
 bool Form::loaded() const { return sim::openForm(impl_->serial) != nullptr; }
+bool Form::keyRepeats() const { return sim::state().keyRepeats; }
 
 void Form::move(double left, double top) {
     impl_->left = left;

@@ -92,6 +92,7 @@ struct State {
     platform::ToolBar::Impl* toolBar = nullptr;
     platform::PopupMenu::Impl* menu = nullptr;         ///< The open one.
     std::array<std::optional<Serial>, keyCodes> held;  ///< Who was on top when the key went down.
+    bool keyRepeats = false;                           ///< Of the key whose handler runs.
     std::vector<std::string> messages;
     std::string programFolder;  ///< Empty as long as the program lies in a folder of its own.
 };
