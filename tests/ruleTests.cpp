@@ -164,6 +164,39 @@ TEST_F(DropLoop, AHardDropCannotBeSteeredAndEndsWithTheTile) {
     }
 }
 
+TEST_F(DropLoop, AHeldDownDropsOneTile) {
+    const auto dropped = [this] { return game->Timer1.interval() == 5; };
+    const auto awaitNextTile = [this](int held) {
+        const int tiles = game->mintTilesDropped;
+        while (game->mintTilesDropped == tiles || game->mintCurRow != 1) {
+            sim::keyDown(held);
+            sim::runFor(30);
+        }
+    };
+    for (const int held : {Down, 98}) {
+        const int other = held == Down ? 98 : Down;
+        sim::keyDown(held);
+        EXPECT_TRUE(dropped());
+        awaitNextTile(held);
+        for (int repeat = 0; repeat < 3; ++repeat) sim::keyDown(held);
+        EXPECT_FALSE(dropped()) << "repeats of the last tile's press";
+        sim::keyDown(Left);
+        sim::keyDown(Left);
+        EXPECT_EQ(game->mintCurCol, 3) << "sideways keys go on repeating";
+        sim::keyUp(Left);
+        sim::keyDown(other);
+        EXPECT_TRUE(dropped()) << "the other key is a press of its own";
+        awaitNextTile(other);
+        sim::keyUp(held);
+        sim::keyDown(held);
+        EXPECT_TRUE(dropped()) << "let go and pressed anew";
+        sim::keyUp(held);
+        sim::keyUp(other);
+        awaitNextTile(Right);
+        sim::keyUp(Right);
+    }
+}
+
 TEST_F(DropLoop, ATilePushedOverAGapLandsOnWhatLiesThere) {
     fill(4, 7);
     sim::runFor(400 * 5);

@@ -149,6 +149,44 @@ TEST_F(Window, KeysSteerWhateverWasClickedAndOnEitherPad) {
     EXPECT_EQ(game->mintCurCol, 5);
 }
 
+TEST_F(Window, AHeldDownDropsOneTile) {
+    const auto key = [this](QEvent::Type type, bool repeat) {
+        QKeyEvent event(type, Qt::Key_Down, Qt::NoModifier, QString(), repeat);
+        QApplication::sendEvent(window, &event);
+    };
+    startMatch();
+    nextTile(1);
+    QTest::keyPress(window, Qt::Key_Down);
+    EXPECT_EQ(game->Timer1.interval(), dropInterval);
+
+    QTimer keyboard;  // As Qt tells of a held key: it comes up and goes down again, both marked as repeats.
+    QObject::connect(&keyboard, &QTimer::timeout, window, [&] {
+        key(QEvent::KeyRelease, true);
+        key(QEvent::KeyPress, true);
+    });
+    keyboard.start(20);
+    for (int16_t kind : {4, 7}) {
+        nextTile(kind);
+        QTest::qWait(100);
+        EXPECT_NE(game->Timer1.interval(), dropInterval) << "kind " << kind;
+        QTest::keyClick(window, Qt::Key_Down, Qt::KeypadModifier);
+        EXPECT_EQ(game->Timer1.interval(), dropInterval) << "the pad's key is another";
+    }
+
+    once([] { return gfrmChooseTiles.isOpen(); },
+         [&] {
+             keyboard.stop();
+             key(QEvent::KeyRelease, false);
+             press(Qt::Key_Enter);
+         });
+    nextTile(1);
+    for (int column : {4, 6}) game->CellTable[9][column].fill(game->TileKinds[1]);
+    QTest::keyClick(window, Qt::Key_Down, Qt::KeypadModifier);
+    nextTile(10);
+    press(Qt::Key_Down);
+    EXPECT_EQ(game->Timer1.interval(), dropInterval) << "let go while a dialog was open";
+}
+
 TEST_F(Window, TheWindowShowsThePictureAndTheChooserLiesOverItsPanel) {
     startMatch();
     nextTile(1);

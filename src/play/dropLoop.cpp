@@ -92,6 +92,7 @@ void frmMain::Form_KeyDown(int intKeyCode) {
                 break;
             case platform::key::Down:
             case platform::key::Pad2:
+                if (form.keyRepeats()) break;  // A key still held for the tile before doesn't drop this one too.
                 Timer1.setInterval(dropInterval);
                 mblnDropKeyUsed = true;
                 break;
