@@ -140,20 +140,30 @@ TEST_F(BoardView, TheMarkersFollowWindHouseAndLanguage) {
     }
 }
 
-TEST_F(BoardView, ThePlayersSeatIsWhiteAndTheOthersBlue) {
+TEST_F(BoardView, ThePlayersSeatIsWhiteAndTheOthersBlueEachOverItsShadow) {
     constexpr platform::Color white = 0xFFFFFF, blue = 0xFF0000;
-    const auto has = [&](int seat, platform::Color color) {
-        const PixelPoint place = game->maudtSeatPsn[seat];
-        for (int y = 0; y < 30; ++y)
-            for (int x = 0; x < 60; ++x)
-                if (game->picWork.point(place.X + x, place.Y + y) == color) return true;
-        return false;
-    };
-    for (int seat = 1; seat <= seatCount; ++seat) {
-        beginHand(seat);
-        for (int other = 1; other <= seatCount; ++other) {
-            EXPECT_EQ(has(other, white), other == seat) << other << " of " << seat;
-            EXPECT_EQ(has(other, blue), other != seat) << other << " of " << seat;
+    const struct {
+        const char* name;
+        int left, top;
+    } seats[] = {{"East", 600, 272}, {"South", 526, 320}, {"West", 600, 366}, {"North", 663, 320}};
+    for (int player = 1; player <= seatCount; ++player) {
+        beginHand(player);
+        const auto& texts = game->picWork.texts;
+        size_t at = 0;
+        for (int seat = 1; seat <= seatCount; ++seat) {
+            const auto& expected = seats[seat - 1];
+            const bool isPlayer = seat == player;
+            for (const int shadow : {1, 0}) {
+                ASSERT_LT(at, texts.size());
+                const platform::PrintedText& text = texts[at++];
+                EXPECT_EQ(text.text, isPlayer ? "Player" : expected.name);
+                EXPECT_EQ(text.left, expected.left - shadow) << text.text;
+                EXPECT_EQ(text.top, expected.top - shadow) << text.text;
+                EXPECT_EQ(text.color, shadow == 1 ? 0 : isPlayer ? white : blue) << text.text;
+                EXPECT_EQ(text.font.name, "Wonton ICG");
+                EXPECT_EQ(text.font.points, 18);
+                EXPECT_FALSE(text.font.bold);
+            }
         }
     }
 }

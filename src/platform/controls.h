@@ -16,6 +16,7 @@ class Shape {
 
     void setBorder(int width, Color color);  ///< So many pixels, from 0, from the edge inward.
     int borderWidth() const;                 ///< Pixels.
+    Color borderColor() const;               ///< As it was set last.
     void setPlace(const Place& place);       ///< On the form's surface; what lies beyond it isn't seen.
     Place place() const;                     ///< As it was set last.
     void setVisible(bool visible);           ///< Shows or hides it.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -29,6 +30,24 @@ void combine(uint32_t* to, const uint32_t* from, int count, Operation operation)
     for (int i = 0; i < count; ++i) to[i] = operation(to[i], from[i]);
 }
 
+bool beginsInside(const PrintedText& text, const Place& place) {
+    return text.left >= place.left && text.left < place.left + place.width && text.top >= place.top &&
+           text.top < place.top + place.height;
+}
+
+/// Replaces the texts in a rectangle of one surface by those in a rectangle of as many pixels of another.
+void copyTexts(Surface& destination, const Place& to, const Surface& source, const Place& from) {
+    std::vector<PrintedText> copies;
+    for (const PrintedText& text : source.texts)
+        if (beginsInside(text, from)) copies.push_back(text);
+    std::erase_if(destination.texts, [&](const PrintedText& text) { return beginsInside(text, to); });
+    for (PrintedText& copy : copies) {
+        copy.left += to.left - from.left;
+        copy.top += to.top - from.top;
+        destination.texts.push_back(std::move(copy));
+    }
+}
+
 }  // namespace
 
 Surface::Surface(int width, int height) { resize(width, height); }
@@ -49,6 +68,7 @@ void Surface::resize(int width, int height) {
 }
 
 void Surface::clear() {
+    texts.clear();
     if (!hasPixels()) return;
     const int columns = std::min(width_, background_.width);
     const int rows = std::min(height_, background_.height);
@@ -78,6 +98,9 @@ void BitBlt(Surface& destination, int x, int y, int width, int height, const Sur
     const Span across = common(x, sourceX, width, destination.width(), source.width());
     const Span down = common(y, sourceY, height, destination.height(), source.height());
     if (across.length <= 0) return;
+    if (operation == SRCCOPY && !(destination.texts.empty() && source.texts.empty()))
+        copyTexts(destination, {x + across.offset, y + down.offset, across.length, down.length}, source,
+                  {sourceX + across.offset, sourceY + down.offset, across.length, down.length});
     for (int line = down.offset; line < down.offset + down.length; ++line) {
         uint32_t* to = destination.row(y + line) + x + across.offset;
         const uint32_t* from = source.row(sourceY + line) + sourceX + across.offset;

@@ -42,6 +42,15 @@ struct Font {
     bool bold = false;
 };
 
+/// A text as it was printed on a surface: the top left corner of its line in pixels, its font and its colour.
+struct PrintedText {
+    std::string text;
+    int left = 0;
+    int top = 0;
+    Font font;
+    Color color = 0;
+};
+
 /// A block of pixels with a lasting background picture and a pen for text. Nothing on it is seen but through a form.
 class Surface {
   public:
@@ -72,6 +81,10 @@ class Surface {
     const uint32_t* row(int y) const { return pixels_.data() + static_cast<size_t>(y) * width_; }
     bool hasPixels() const { return !pixels_.empty(); }  ///< Not when it is empty or keeps none.
 
+    /// The texts on it, in the order of printing, where the back end writes them down here instead of drawing them;
+    /// always empty where it draws. They go with the drawing, and a copy of the surface has them too.
+    std::vector<PrintedText> texts;
+
     /// While false, surfaces that are made or sized have no pixels and all drawing on them is nothing: for play that
     /// nobody watches.
     static inline bool keepsPixels = true;
@@ -89,7 +102,8 @@ constexpr uint32_t SRCAND = 0x8800C6;    ///< Destination and source, bit by bit
 constexpr uint32_t SRCPAINT = 0xEE0086;  ///< Destination or source, bit by bit.
 
 /// Transfers a rectangle of the source at (sourceX, sourceY) to (x, y), cut to what lies on both surfaces. Any other
-/// operation than the three does nothing.
+/// operation than the three does nothing. With SRCCOPY a text that was written down instead of drawn goes where the
+/// pixel goes at which it begins, and one that begins at a pixel that is overwritten is gone.
 void BitBlt(Surface& destination, int x, int y, int width, int height, const Surface& source, int sourceX, int sourceY,
             uint32_t operation);
 

@@ -37,6 +37,8 @@ void Shape::setBorder(int width, Color color) {
 
 int Shape::borderWidth() const { return impl_->border; }
 
+Color Shape::borderColor() const { return impl_->color; }
+
 void Shape::setPlace(const Place& place) {
     change(*impl_, [&] { impl_->place = place; });
 }

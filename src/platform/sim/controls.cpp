@@ -103,14 +103,13 @@ void clickSpinDown() {
 }  // namespace sim
 
 namespace platform {
-namespace {
 
-constexpr PanelLook buttonLook{Bevel::Raised, Bevel::None, 2, 0xC0C0C0, 0, Align::Center};
+struct Shape::Impl {
+    Place place;
+    int border = 1;  ///< Pixels.
+    Color color = 0;
+    bool visible = false;
 
-}  // namespace
-
-struct Shape::Impl : sim::Control {
-    explicit Impl(Form& onForm) : Control(Kind::Shape, onForm.impl(), {}) { visible = false; }
     void noteFrame() const {
         if (visible) sim::note("frame", place.left, place.top, place.width, place.height);
     }
@@ -123,7 +122,6 @@ struct Panel::Impl : sim::Control {
 struct CommandButton::Impl : sim::Control {
     Impl(const Control& panel, const Place& inside, const std::function<void()>& onClick)
         : Control(Kind::Button, *panel.form, sim::onForm(panel, inside)) {
-        look = buttonLook;
         onPress = &onClick;
     }
 };
@@ -131,21 +129,21 @@ struct CommandButton::Impl : sim::Control {
 struct SpinButton::Impl : sim::Control {
     Impl(const Control& panel, const Place& inside, const std::function<void()>& up, const std::function<void()>& down)
         : Control(Kind::Spin, *panel.form, sim::onForm(panel, inside)) {
-        look = buttonLook;
         onPress = &up;
         onPressDown = &down;
     }
 };
 
-Shape::Shape(Form& form) : impl_(std::make_unique<Impl>(form)) {}
+Shape::Shape(Form& /*form*/) : impl_(std::make_unique<Impl>()) {}
 Shape::~Shape() = default;
 
 void Shape::setBorder(int width, Color color) {
-    impl_->look.bevelWidth = width;
-    impl_->look.fore = color;
+    impl_->border = width;
+    impl_->color = color;
 }
 
-int Shape::borderWidth() const { return impl_->look.bevelWidth; }
+int Shape::borderWidth() const { return impl_->border; }
+Color Shape::borderColor() const { return impl_->color; }
 
 void Shape::setPlace(const Place& place) {
     impl_->place = place;
@@ -167,8 +165,8 @@ Panel::Panel(Panel& panel, const Place& place)
 Panel::~Panel() = default;
 Panel::Panel(Panel&&) noexcept = default;
 
-void Panel::setLook(const PanelLook& look) { impl_->look = look; }
-void Panel::setFont(const Font& font) { impl_->font = font; }
+void Panel::setLook(const PanelLook& /*look*/) {}
+void Panel::setFont(const Font& /*font*/) {}
 
 void Panel::setCaption(const std::string& text) {
     impl_->caption = text;
@@ -181,7 +179,7 @@ CommandButton::CommandButton(Panel& panel, const Place& place)
     : impl_(std::make_unique<Impl>(panel.impl(), place, onClick)) {}
 CommandButton::~CommandButton() = default;
 
-void CommandButton::setFont(const Font& font) { impl_->font = font; }
+void CommandButton::setFont(const Font& /*font*/) {}
 void CommandButton::setCaption(const std::string& text) { impl_->caption = text; }
 void CommandButton::makeDefault() { impl_->isDefault = true; }
 void CommandButton::makeCancel() { impl_->isCancel = true; }

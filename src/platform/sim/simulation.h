@@ -57,7 +57,8 @@ void closeMainWindow();         ///< The window's own close button.
 int modalDepth();                            ///< How many dialogs are open.
 const std::vector<std::string>& messages();  ///< Message boxes so far, as "title: text"; each was answered at once.
 
-/// The main window's surface as last shown, with the dialogs and frames over it.
+/// The main window's surface with those of the dialogs over it, and the texts on it as its list of texts. Frames,
+/// panels and other controls aren't painted: they are asked for what they show.
 platform::Surface screen();
 
 }  // namespace sim

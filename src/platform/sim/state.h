@@ -43,7 +43,7 @@ struct Ticker {
 
 /// What lies on a form, in the order of creation.
 struct Control {
-    enum class Kind { Shape, Panel, Button, Spin };
+    enum class Kind { Panel, Button, Spin };
 
     Control(Kind kindOfControl, platform::Form::Impl& holder, const platform::Place& onForm);  ///< The form's last.
     ~Control();  ///< Off its form, if that is still there.
@@ -52,10 +52,7 @@ struct Control {
     const Kind kind;
     platform::Form::Impl* form;  ///< Null once the form is gone.
     platform::Place place;       ///< On the form.
-    platform::PanelLook look;    ///< A shape's border is as wide as the bevel, in the fore colour.
-    platform::Font font;
     std::string caption;
-    bool visible = true;
     bool isDefault = false;
     bool isCancel = false;
     const std::function<void()>* onPress = nullptr;      ///< A button's click, or the spin button's upper arrow.
@@ -147,9 +144,6 @@ Serial taker();
 
 /// What a key does to the controls of a form, after its handlers have let it through.
 void pressOnControls(platform::Form::Impl& form, int keyCode);
-
-/// The height in pixels of a line of text in that font.
-int lineHeight(const platform::Font& font);
 
 }  // namespace sim
 
