@@ -6,7 +6,7 @@
 
 namespace {
 
-/// libpng's simplified reader and writer, released on every way out.
+/// libpng's simplified reader, released on every way out.
 struct PngHandle {
     png_image image{};
 
@@ -35,18 +35,4 @@ PngImage readPng(const std::string& path) {
     const png_color black{};
     if (png_image_finish_read(&image, &black, result.pixels.data(), 0, nullptr) == 0) handle.fail(path);
     return result;
-}
-
-void writePng(const std::string& path, int width, int height, const uint32_t* pixels) {
-    PngHandle handle;
-    png_image& image = handle.image;
-    image.width = static_cast<png_uint_32>(width);
-    image.height = static_cast<png_uint_32>(height);
-    image.format = PNG_FORMAT_BGR;
-
-    std::vector<uint8_t> bytes;
-    bytes.reserve(static_cast<size_t>(width) * height * 3);
-    for (size_t i = 0; i < static_cast<size_t>(width) * height; ++i)
-        for (int shift = 0; shift < 24; shift += 8) bytes.push_back(static_cast<uint8_t>(pixels[i] >> shift));
-    if (png_image_write_to_file(&image, path.c_str(), 0, bytes.data(), 0, nullptr) == 0) handle.fail(path);
 }

@@ -16,6 +16,3 @@ struct PngImage {
 
 /// Reads a PNG file; throws std::runtime_error with the path and the reason if it can't be read.
 PngImage readPng(const std::string& path);
-
-/// Writes the pixels, 0xFFRRGGBB in rows from the top, as a 24-bit PNG; throws std::runtime_error on failure.
-void writePng(const std::string& path, int width, int height, const uint32_t* pixels);

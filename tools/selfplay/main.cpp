@@ -4,28 +4,24 @@
 #include <fstream>
 #include <iostream>
 #include <limits>
-#include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 
 #include "platform/sim/simulation.h"
 #include "scoring/scoringItems.h"
-#include "tools/selfplay/album.h"
 #include "tools/selfplay/sitting.h"
 
 namespace {
 
 constexpr const char* usage =
     "Usage: velmora_selfplay [--seed N] [--hands N | --matches N] [--rounds N] [--level N]\n"
-    "                        [--pictures FOLDER] [--no-pictures] [--no-referee] [--log FILE]\n"
+    "                        [--no-referee] [--log FILE]\n"
     "  --seed N           play the game that belongs to this number again\n"
     "  --hands N          play that many hands\n"
     "  --matches N        play that many matches (1)\n"
     "  --rounds N         rounds of a match, 1 to 100 (1)\n"
     "  --level N          1 Easy to 5 Super Hard (1)\n"
-    "  --pictures FOLDER  save pictures of the table there\n"
-    "  --no-pictures      draw nothing, which is fast and the default\n"
     "  --no-referee       don't check the game after every event\n"
     "  --log FILE         write down everything that a player would notice\n"
     "  --help             show this and do nothing\n";
@@ -39,7 +35,6 @@ struct Options {
     int matches = 0;  // 0: as many as the hands take
     int rounds = 1;
     int level = 1;
-    std::string pictures;  // the folder; empty for none
     bool referee = true;
     std::string log;  // the file; empty for none
 };
@@ -80,8 +75,6 @@ constexpr OptionRow optionRows[] = {
                     const std::string& value) { o.rounds = numberFrom<int>(name, value, 1, 100); }},
     {"--level", [](Options& o, const std::string& name,
                    const std::string& value) { o.level = numberFrom<int>(name, value, 1, levelCount); }},
-    {"--pictures", [](Options& o, const std::string&, const std::string& value) { o.pictures = value; }},
-    {"--no-pictures", [](Options& o, const std::string&, const std::string&) { o.pictures.clear(); }, false},
     {"--no-referee", [](Options& o, const std::string&, const std::string&) { o.referee = false; }, false},
     {"--log", [](Options& o, const std::string&, const std::string& value) { o.log = value; }},
 };
@@ -127,9 +120,7 @@ int playAll(selfplay::Sitting& sitting, const Options& options) {
 }
 
 void run(const Options& options) {
-    platform::Surface::keepsPixels = !options.pictures.empty();
-    std::optional<selfplay::Album> album;
-    if (!options.pictures.empty()) album.emplace(options.pictures);
+    platform::Surface::keepsPixels = false;
     std::ofstream log;
     if (!options.log.empty()) {
         log.open(options.log);
@@ -141,7 +132,6 @@ void run(const Options& options) {
     const auto start = std::chrono::steady_clock::now();
     selfplay::Sitting sitting(options.seed, options.referee);
     if (log.is_open()) sim::setLog([&](const std::string& line) { log << line << '\n'; });
-    if (album) sitting.onLook = [&] { album->look(); };
     if (options.hands > 0 ? options.hands <= tellAllHands : options.matches <= tellAllMatches)
         sitting.onHand = [&](const selfplay::HandReport& hand) { tell(sitting.hands(), hand); };
     sitting.setLevel(options.level);
@@ -149,8 +139,6 @@ void run(const Options& options) {
     const int matches = playAll(sitting, options);
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
     summarize(sitting, matches, passed.count());
-    if (album)
-        for (const std::string& path : album->saved()) std::cout << "Saved " << path << "\n";
 }
 
 }  // namespace

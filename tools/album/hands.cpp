@@ -1,0 +1,86 @@
+#include "tools/album/hands.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QTest>
+#include <QToolTip>
+#include <stdexcept>
+
+#include "frmMain.h"
+#include "platform/qt/formStack.h"
+
+namespace album {
+namespace {
+
+constexpr QPoint emptyPlace{690, 440};  // on the table, clear of all dialogs of a match
+
+}  // namespace
+
+Hands::Hands(QWidget* window) : window_(window) { pointTo(emptyPlace); }
+
+void Hands::press(Qt::Key key, int times) const {
+    for (int i = 0; i < times; ++i) {
+        QWidget* const focus = QApplication::focusWidget();
+        QTest::keyClick(focus != nullptr ? focus : window_, key);
+    }
+}
+
+void Hands::click(int button) const {
+    QWidget* const face = faceOf(button);
+    pointTo(face->mapTo(window_, face->rect().center()));
+    QTest::mouseClick(face, Qt::LeftButton);
+    pointTo(emptyPlace);
+}
+
+void Hands::restOn(int button) const {
+    QWidget* const face = faceOf(button);
+    const QPoint centre = face->rect().center();
+    pointTo(face->mapTo(window_, centre));
+    QHelpEvent event(QEvent::ToolTip, centre, face->mapToGlobal(centre));
+    QApplication::sendEvent(face, &event);
+}
+
+void Hands::leave() const {
+    QToolTip::hideText();
+    for (QWidget* const each : inFront()) each->close();
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return})
+        if (!seesTableOnly()) press(key);
+    pointTo(emptyPlace);
+}
+
+bool Hands::seesTableOnly() const {
+    return inFront().isEmpty() && platform::qt::formStack().top() == platform::qt::formStack().mainWindow();
+}
+
+QImage Hands::look() const {
+    const QPoint origin = window_->mapToGlobal(QPoint(0, 0));
+    QRect seen = window_->rect();
+    for (const QWidget* const each : inFront()) seen |= each->geometry().translated(-origin);
+    QImage picture(seen.size(), QImage::Format_RGB888);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.drawPixmap(-seen.topLeft(), window_->grab());
+    for (QWidget* const each : inFront()) painter.drawPixmap(each->pos() - origin - seen.topLeft(), each->grab());
+    return picture;
+}
+
+QWidget* Hands::faceOf(int button) const {
+    const QString toolTip = QString::fromStdString(gfrmMain->tbrZQT.toolTip(button));
+    for (QWidget* const each : window_->findChildren<QWidget*>())
+        if (each->toolTip() == toolTip) return each;
+    throw std::logic_error("No button says " + toolTip.toStdString());
+}
+
+void Hands::pointTo(const QPoint& place) const { QCursor::setPos(window_->mapToGlobal(place)); }
+
+/// The windows of their own that stand before the main one: menus, tool-tips, boxes.
+QWidgetList Hands::inFront() const {
+    QWidgetList windows;
+    for (QWidget* const each : QApplication::topLevelWidgets())
+        if (each != window_ && each->isVisible()) windows.append(each);
+    return windows;
+}
+
+}  // namespace album

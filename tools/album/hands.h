@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QWidget>
+
+namespace album {
+
+/// Hands at the real window: its keys, its mouse, and a pair of eyes.
+class Hands {
+  public:
+    /// The game's main window, which must live as long.
+    explicit Hands(QWidget* window);
+
+    void press(Qt::Key key, int times = 1) const;  ///< Also returns when what the key has opened is closed again.
+    void click(int button) const;   ///< On the toolbar; returns when what the button has opened is closed again.
+    void restOn(int button) const;  ///< The pointer rests there until its tool-tip comes.
+    void leave() const;             ///< Closes what lies on top of the table, if anything does.
+
+    bool seesTableOnly() const;  ///< Nothing lies on top of the table.
+    QImage look() const;         ///< The window and all that stands before it.
+
+  private:
+    QWidget* faceOf(int button) const;
+    void pointTo(const QPoint& place) const;
+    QWidgetList inFront() const;
+
+    QWidget* window_;
+};
+
+}  // namespace album

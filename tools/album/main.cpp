@@ -1,0 +1,48 @@
+// Plays on the real window by its keys, in a clock of its own, and takes pictures of all that a match shows.
+
+#include <QApplication>
+#include <QDir>
+#include <algorithm>
+#include <cstdio>
+
+#include "frmMain.h"
+#include "platform/qt/application.h"
+#include "tools/album/album.h"
+#include "tools/album/pictures.h"
+
+namespace {
+
+QWidget* mainWindow() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return *std::find_if(windows.begin(), windows.end(), [](const QWidget* each) { return each->isVisible(); });
+}
+
+bool isPicture(const QString& name) {
+    const auto rows = album::pictures();
+    return std::any_of(rows.begin(), rows.end(), [&](const album::PictureRow& row) { return name == row.name; });
+}
+
+int explain() {
+    std::fputs("Usage: velmora_album FOLDER [PICTURE]...\nPictures:", stderr);
+    for (const album::PictureRow& row : album::pictures()) std::fprintf(stderr, " %s", row.name);
+    std::fputs("\n", stderr);
+    return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // Without a display, unless somebody wants to watch: the pictures are then the same on every desktop.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    platform::Application application(argc, argv, "Velmora", "velmora");
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() < 2 || !std::all_of(arguments.begin() + 2, arguments.end(), isPicture)) return explain();
+    if (!QDir().mkpath(arguments[1])) {
+        std::fprintf(stderr, "velmora_album: can't make %s\n", qPrintable(arguments[1]));
+        return 1;
+    }
+    const auto game = gfrmMain.hold();
+    game->form.show();
+    const album::Album pictures(mainWindow(), arguments[1], arguments.mid(2));
+    return application.run();
+}

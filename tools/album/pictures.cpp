@@ -1,0 +1,98 @@
+#include "tools/album/pictures.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QToolTip>
+#include <algorithm>
+
+#include "match/frmChooseSeat.h"
+#include "match/frmGameSummary.h"
+#include "match/frmRoundsSetting.h"
+#include "play/frmChooseTiles.h"
+#include "presentation/buttons.h"
+#include "scoring/frmBreakDown.h"
+#include "toolkit/failures.h"
+
+namespace album {
+namespace {
+
+constexpr int wellIntoAHand = 8;  // hand tiles
+constexpr int wellOnItsWay = 6;   // the row of a tile in mid-air
+constexpr int wellFilled = 14;    // tiles on the board
+constexpr int goodChoice = 3;     // entries of a chooser
+constexpr int goodHand = 3;       // scoring items
+
+int tilesOnBoard(const frmMain& game) {
+    int tiles = 0;
+    for (const auto& row : game.CellTable)
+        for (const CellInfo& place : row) tiles += place.Filled ? 1 : 0;
+    return tiles;
+}
+
+bool isDrawing(bool drawn, int tile) {
+    return gfrmChooseSeat.isOpen() && gfrmChooseSeat->mblnDrawn == drawn && gfrmChooseSeat->mintSelTile == tile;
+}
+
+bool seesBox() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), [](const QWidget* each) {
+        return each->isVisible() && qobject_cast<const QMessageBox*>(each) != nullptr;
+    });
+}
+
+/// Opens the chooser with all the sets that it has room for, which hardly ever come by themselves.
+void offerAllSets() {
+    frmMain& game = *gfrmMain.hold();
+    DynamicTable<int16_t> setRows;
+    DynamicTable<int16_t> setColumns;
+    setRows.resize(candidateLimit);
+    setColumns.resize(candidateLimit);
+    for (int set = 1; set <= candidateLimit; ++set) {
+        setRows[set] = bottomRow;
+        setColumns[set] = narrow16(1 + (set - 1) % (columnCount - setTiles + 1));
+        for (int tile = 1; tile <= 1 + set % setTiles; ++tile)
+            PossibleTiles[set][tile].fill(game.TileKinds[setTiles * (set - 1) + tile]);
+    }
+    gfrmChooseTiles->msLoadFormVariables(setRows, setColumns);
+    gfrmChooseTiles.showModal();
+    gfrmChooseTiles.clear();
+    game.msInitTileSet(PossibleTiles);
+}
+
+constexpr PictureRow rows[] = {
+    {"bare-table", [](const Hands&) {}, [](const frmMain&) { return true; }},
+    {"tool-tip", [](const Hands& hands) { hands.restOn(Button::Level); },
+     [](const frmMain&) { return QToolTip::isVisible(); }},
+    {"level-menu", [](const Hands& hands) { hands.click(Button::Level); },
+     [](const frmMain&) { return QApplication::activePopupWidget() != nullptr; }},
+    {"rounds-setting", [](const Hands& hands) { hands.click(Button::RoundsSetting); },
+     [](const frmMain&) { return gfrmRoundsSetting.isOpen(); }},
+    {"chooser-lines", [](const Hands&) { offerAllSets(); }, [](const frmMain&) { return gfrmChooseTiles.isOpen(); }},
+    {"message", [](const Hands&) { gsReportError(53, "File not found", "Form_Load"); },
+     [](const frmMain&) { return seesBox(); }},
+    {"seat-draw", nullptr, [](const frmMain&) { return isDrawing(false, 1); }},
+    {"seat-choice", nullptr, [](const frmMain&) { return isDrawing(false, 3); }},
+    {"seat-drawn", nullptr, [](const frmMain&) { return isDrawing(true, 3); }},
+    {"first-tile", nullptr,
+     [](const frmMain& game) { return game.mintTilesDropped == 1 && game.mintCurRow == wellOnItsWay; }},
+    {"table", nullptr,
+     [](const frmMain& game) {
+         return game.mintHandCount >= wellIntoAHand && game.mintBonusCount > 0 && game.mblnPeek &&
+                game.mintCurRow == wellOnItsWay && tilesOnBoard(game) >= wellFilled;
+     }},
+    {"chooser", nullptr,
+     [](const frmMain& game) {
+         return gfrmChooseTiles.isOpen() && gfrmChooseTiles->mintNumEntries >= goodChoice && game.mintHandCount > 0;
+     }},
+    {"breakdown", nullptr,
+     [](const frmMain&) {
+         return gfrmBreakDown.isOpen() && std::count(gstrScoreDesc.begin(), gstrScoreDesc.end(), ',') >= goodHand - 1;
+     }},
+    {"summary", nullptr, [](const frmMain&) { return gfrmGameSummary.isOpen(); }},
+};
+
+}  // namespace
+
+std::span<const PictureRow> pictures() { return rows; }
+
+}  // namespace album
