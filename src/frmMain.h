@@ -29,6 +29,8 @@ struct frmMain {
     platform::Surface picWork;  // everything that the window shows, with the table as background
     platform::Surface picBlank{tileWidth, tileHeight};  // what lay under the falling tile when it was last drawn
     platform::Surface picBlankNextTile{tileWidth, tileHeight};  // the bare table under the next-tile display
+    int16_t mintLightningWidth = 0;                             // pixels, of the rectangle of a strike
+    int16_t mintLightningHeight = 0;
 
     // Fixed for the run: msInitVar, msAssignSeatPsns, msSetToolTipText
     Table<TileKind, 1, kindCount> TileKinds;
@@ -68,6 +70,9 @@ struct frmMain {
     int16_t mintDoubles = 0;                 // doubles found by the tally
     bool mblnInTimerTick = false;            // guard of Timer1_Timer; stays set after a match has ended
     bool mblnGameRunning = false;            // a match is running
+    bool mblnLightningDue = false;           // a strike is to be painted
+    bool mblnLightningShown = false;         // a strike stands on the screen
+    int32_t mlngLastLightning = 0;           // second of the day of the last strike, or else of the hand's start
     uint32_t mlngHandNumber = 0;             // number of this hand in the run, so that a tick can tell it from the next
 
     // The falling tile: mblnfTileEnters
@@ -238,6 +243,20 @@ struct frmMain {
     void msDrawNexTile();
     /// Paints what the player has taken.
     void msDrawEarnedTiles();
+
+    // presentation/lightning.cpp: a bolt over the table, now and then
+    /// Keeps the bare table under the strikes. While nothing is drawn on the picture yet.
+    void msCaptureLightningGround();
+    /// Lets the quiet seconds of a hand begin.
+    void msResetLightning();
+    /// Decides whether a strike is due.
+    void msGenerateLightning();
+    /// Paints a strike that is due, or takes off the one that stands.
+    void msDrawLightning();
+    /// Puts the earned tiles over the rectangle of the strikes and shows it.
+    void msShowLightning();
+    /// Takes off a strike, also one that is only due.
+    void msEndLightning();
 
     // presentation/indicators.cpp: seats and winds on the table
     /// Paints the large marker with the wind of the round.

@@ -12,7 +12,9 @@ void frmMain::Timer1_Timer() {
         msEndMatch();  // The guard stays set until the next match.
         return;
     }
+    msGenerateLightning();
     if (mintCurRow == noRow ? mblnfTileEnters() : mblnfTileFalls()) {
+        msDrawLightning();
         msDrawNexTile();
         msDrawEarnedTiles();
         msDrawTile();
@@ -80,6 +82,7 @@ void frmMain::msEndMatch() {
 
 void frmMain::Form_KeyDown(int intKeyCode) {
     guarded("Form_KeyDown", [&] {
+        if (Timer1.enabled()) msEndLightning();
         if (mintCurRow == noRow || Timer1.interval() == dropInterval || !Timer1.enabled()) return;
         switch (intKeyCode) {
             case platform::key::Left:

@@ -43,6 +43,7 @@ void frmMain::Form_Load() {
         form.setCaption("Velmora");
         const platform::Picture& table = platform::pictureByNumber(tableResource);
         picWork.setPicture(table);
+        msCaptureLightningGround();
         form.setPicture(table);
 
         gsSetClientSize(0, 0, clientRight, clientBottom, form);
@@ -135,6 +136,7 @@ void frmMain::msInitNewGame() {
         mintHandCount = 0;
         mintDoubles = 0;
         mintBonusCount = 0;
+        msResetLightning();
         mintTilesDropped = 0;
         msInitTileSet(PossibleTiles);
         msClearScoreDesc();

@@ -57,6 +57,7 @@ void frmMain::msSearchPass(Landing& udtLanding, int16_t intNumCheck) {
 }
 
 void frmMain::msOffer(Landing& udtLanding) {
+    msEndLightning();
     gfrmChooseTiles->msLoadFormVariables(udtLanding.aintRows, udtLanding.aintCols);
     gfrmChooseTiles.showModal();
     udtLanding.intTakenCol = gfrmChooseTiles->mprpCellTableCol();

@@ -20,6 +20,8 @@ constexpr StoreRow store[] = {
     {"picHouseMask", &frmBitmaps::picHouseMask},
     {"picSmallHouse", &frmBitmaps::picSmallHouse},
     {"picSmallHouseMask", &frmBitmaps::picSmallHouseMask},
+    {"picLightning", &frmBitmaps::picLightning},
+    {"picLightningMask", &frmBitmaps::picLightningMask},
     {"picPass", &frmBitmaps::picPass},
     {"picPassMask", &frmBitmaps::picPassMask},
 };

@@ -5,6 +5,8 @@
 #include "play/model.h"
 #include "toolkit/formRef.h"
 
+constexpr int lightningWidth = 200, lightningHeight = 233;  ///< Pixels.
+
 /// The store of the pictures; made at first use and never shown. A picture that is missing is reported and empty.
 struct frmBitmaps {
     frmBitmaps();
@@ -17,6 +19,9 @@ struct frmBitmaps {
     platform::Surface picHouseMask;
     platform::Surface picSmallHouse;  // the same, small
     platform::Surface picSmallHouseMask;
+    platform::Surface picLightning;
+    platform::Surface picLightningMask;                                    // its complement
+    platform::Surface picBlankLightning{lightningWidth, lightningHeight};  // the bare table under it
     platform::Surface picPass;
     platform::Surface picPassMask;
 };

@@ -1,0 +1,258 @@
+// The bolt over the table: when it strikes, what it shows and what it leaves.
+
+#include "platform/pictures.h"
+#include "platform/sim/simulation.h"
+#include "play/frmChooseTiles.h"
+#include "tests/gameFixture.h"
+
+namespace {
+
+using platform::Color;
+using platform::Surface;
+
+// The rectangle of a strike on the table.
+constexpr int left = 580, width = 200, height = 233;
+constexpr double firstSecond = 36000;  // of the day, as the simulated desktop starts
+
+class Lightning : public GameFixture {
+  protected:
+    void SetUp() override {
+        GameFixture::SetUp();
+        const Surface table(platform::pictureByNumber(101));
+        const Surface bolt(platform::pictureByName("picLightning"));
+        // The bolt shines through the table: each colour is that of the bolt, or the table's where the bolt has none.
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) {
+                const Color ground = table.point(left + x, y);
+                bare.push_back(ground);
+                struck.push_back((ground & ~bolt.point(x, y)) | bolt.point(x, y));
+            }
+        ASSERT_NE(bare, struck);
+    }
+
+    static std::vector<Color> rectangle(const Surface& surface) {
+        std::vector<Color> pixels;
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) pixels.push_back(surface.point(left + x, y));
+        return pixels;
+    }
+
+    /// What the window shows in the rectangle: "bare", "struck" or something else.
+    std::string seen() const { return nameOf(rectangle(game->form.surface())); }
+
+    std::string nameOf(const std::vector<Color>& pixels) const {
+        return pixels == bare ? "bare" : pixels == struck ? "struck" : "neither";
+    }
+
+    /// Begins a hand that lasts long: nothing ever lies on the board, and no tile makes a set alone.
+    void beginLongHand() {
+        beginHand();
+        for (int16_t& tile : game->TileOrder) tile = 1;
+        sim::setHands([this] {
+            for (auto& row : game->CellTable)
+                for (CellInfo& place : row) place.empty();
+        });
+    }
+
+    /// Lets the hand go on to the tick that paints a strike.
+    void waitForStrike() {
+        EXPECT_EQ(seen(), "bare");
+        while (!game->mblnLightningShown) ASSERT_TRUE(sim::step());
+        ASSERT_EQ(seen(), "struck");
+    }
+
+    static double second() { return firstSecond + sim::now() / 1000; }
+
+    std::vector<Color> bare, struck;
+};
+
+TEST_F(Lightning, StrikesAMinuteAfterTheLastForOneTickAndLeavesTheTableAsItWas) {
+    beginLongHand();
+    double last = second();
+    for (int strike = 1; strike <= 6; ++strike) {
+        SCOPED_TRACE(strike);
+        waitForStrike();
+        EXPECT_EQ(nameOf(rectangle(game->picWork)), "struck");
+        EXPECT_GE(second() - last, 59.5) << "whole seconds count";
+        EXPECT_LT(second() - last, 60 + 40);
+        last = second();
+        while (game->mblnLightningShown) ASSERT_TRUE(sim::step());
+        EXPECT_EQ(seen(), "bare");
+        EXPECT_EQ(nameOf(rectangle(game->picWork)), "bare");
+        // A tile that lands meanwhile paints nothing.
+        const int duration = static_cast<int>((second() - last) * 1000 + 0.5);
+        EXPECT_TRUE(duration == 400 || duration == 800) << duration;
+    }
+    EXPECT_EQ(game->mintGamesPlayed, 0);
+}
+
+TEST_F(Lightning, OneTickInTenMakesAStrikeDueOnceAMinuteIsOver) {
+    beginHand();
+    game->mlngLastLightning = static_cast<int32_t>(firstSecond) - 59;
+    const auto dueIn = [&](int ticks) {
+        int due = 0;
+        for (int tick = 0; tick < ticks; ++tick) {
+            game->mblnLightningDue = false;
+            game->msGenerateLightning();
+            due += game->mblnLightningDue ? 1 : 0;
+        }
+        return due;
+    };
+    EXPECT_EQ(dueIn(1000), 0);
+    sim::runFor(1000);
+    EXPECT_NEAR(dueIn(10000), 1000, 100);
+}
+
+TEST_F(Lightning, AHandAndAStrikeNoteTheWholeSecond) {
+    sim::runFor(20600);
+    beginHand();
+    EXPECT_EQ(game->mlngLastLightning, 36021);
+    game->Timer1.setEnabled(false);
+    game->mblnLightningDue = true;
+    sim::runFor(800);  // 36021.4
+    game->msDrawLightning();
+    EXPECT_TRUE(game->mblnLightningShown);
+    EXPECT_EQ(game->mlngLastLightning, 36021);
+    sim::runFor(200);
+    game->msDrawLightning();
+    EXPECT_FALSE(game->mblnLightningShown);
+    EXPECT_EQ(game->mlngLastLightning, 36021) << "the painting counts, not the end";
+}
+
+TEST_F(Lightning, AnyKeyEndsItAndStillWorks) {
+    for (const int key : {int{platform::key::Left}, int{platform::key::Up}, int{'Q'}}) {
+        beginLongHand();
+        waitForStrike();
+        const int column = game->mintCurCol;
+        sim::pressKey(key);
+        EXPECT_EQ(seen(), "bare") << key;
+        EXPECT_FALSE(game->mblnLightningShown);
+        EXPECT_EQ(game->mintCurCol, key == platform::key::Left ? column - 1 : column);
+    }
+    game->mblnLightningDue = true;  // A strike that is only due is over before it is seen.
+    sim::pressKey('Q');
+    EXPECT_EQ(seen(), "bare");
+    EXPECT_FALSE(game->mblnLightningDue || game->mblnLightningShown);
+}
+
+TEST_F(Lightning, AnOfferEndsIt) {
+    struct {
+        const char* what;
+        bool due, shown;
+    } const cases[] = {{"due", true, false}, {"shown", false, true}};
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.what);
+        beginHand();
+        setBoard({"c1 c2 . . . . . . ."});
+        game->mblnLightningDue = true;
+        if (row.shown) game->msDrawLightning();
+        bool looked = false;
+        land("c3", 3, [&] {
+            looked = true;
+            EXPECT_FALSE(game->mblnLightningDue || game->mblnLightningShown);
+            EXPECT_EQ(seen(), "bare");
+            sim::pressKey(platform::key::Enter);
+        });
+        EXPECT_TRUE(looked);
+    }
+}
+
+TEST_F(Lightning, StandsWhileTheFallIsHeldAndGoesWithTheNextTick) {
+    beginLongHand();
+    waitForStrike();
+    sim::clickToolButton(9);
+    sim::runFor(200000);
+    sim::pressKey(platform::key::Left);
+    EXPECT_EQ(seen(), "struck");
+    sim::clickToolButton(9);
+    sim::runFor(game->Timer1.interval() - 1);
+    EXPECT_EQ(seen(), "struck");
+    game->mblnLightningDue = true;  // The minute is over: another may fall due before the first is taken off.
+    game->msDrawLightning();
+    EXPECT_EQ(seen(), "struck");
+    EXPECT_TRUE(game->mblnLightningShown);
+    EXPECT_FALSE(game->mblnLightningDue);
+    sim::pressKey(platform::key::Left);
+    EXPECT_EQ(seen(), "bare");
+}
+
+TEST_F(Lightning, NoneAfterMidnightUntilTheNextHand) {
+    game.reset();
+    gsClearAllForms();
+    sim::switchOn(1, 86400 - 100);
+    game = gfrmMain.hold();
+    game->form.show();
+    beginLongHand();
+    int before = 0, after = 0;
+    bool shown = false;
+    while (sim::now() < 500000) {
+        ASSERT_TRUE(sim::step());
+        if (game->mblnLightningShown && !shown) ++(sim::now() < 100000 ? before : after);
+        shown = game->mblnLightningShown;
+    }
+    EXPECT_EQ(before, 1);
+    EXPECT_EQ(after, 0);
+    beginLongHand();
+    EXPECT_EQ(game->mlngLastLightning, 400);
+    waitForStrike();
+}
+
+TEST_F(Lightning, ANewHandWipesIt) {
+    beginHand();
+    game->mblnLightningDue = true;
+    game->msDrawLightning();
+    game->mblnLightningDue = true;
+    game->Timer1.setEnabled(false);
+    sim::runFor(5000);
+    beginHand();
+    EXPECT_FALSE(game->mblnLightningDue || game->mblnLightningShown);
+    EXPECT_EQ(game->mlngLastLightning, 36005);
+    EXPECT_EQ(nameOf(rectangle(game->picWork)), "bare");
+}
+
+TEST_F(Lightning, TheEarnedTilesStandOnTop) {
+    beginHand();
+    setHand("c1 c2 c3 c4 c5 c6 R R R b1 b1 b1 *E E | s1 s2 s3 s4 f1 f2 f3 f4");
+    game->msDrawEarnedTiles();
+    const Surface withTiles = game->picWork;
+    const auto isTile = [](int x, int y) {
+        const int row = y >= 177 ? 177 : 129;
+        const int column = (x - 352) / 30;
+        return y >= 129 && y < row + 39 && column < (row == 177 ? 14 : 8);
+    };
+    const auto under = [&](const std::vector<Color>& ground) {
+        std::vector<Color> pixels = ground;
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                if (isTile(left + x, y) && withTiles.point(left + x, y) != bare[y * width + x])
+                    pixels[y * width + x] = withTiles.point(left + x, y);
+        return pixels;
+    };
+    game->mblnLightningDue = true;
+    game->msDrawLightning();
+    EXPECT_TRUE(rectangle(game->form.surface()) == under(struck));
+    EXPECT_EQ(seen(), "neither");
+    game->msDrawLightning();
+    EXPECT_TRUE(rectangle(game->form.surface()) == rectangle(withTiles));
+}
+
+TEST_F(Lightning, NothingButItsRectangleGoesToTheWindow) {
+    beginHand();
+    game->msShowPicture();
+    const Surface before = game->form.surface();
+    platform::BitBlt(game->picWork, 0, 0, 800, 600, Surface(800, 600), 0, 0, platform::SRCCOPY);
+    for (const bool due : {true, false}) {
+        game->mblnLightningDue = due;
+        game->msDrawLightning();
+        int changed = 0;
+        for (int y = 0; y < before.height(); ++y)
+            for (int x = 0; x < before.width(); ++x) {
+                const bool inside = x >= left && x < left + width && y < height;
+                if (!inside && game->form.surface().point(x, y) != before.point(x, y)) ++changed;
+            }
+        EXPECT_EQ(changed, 0);
+        EXPECT_TRUE(rectangle(game->form.surface()) == rectangle(game->picWork)) << "and all of that";
+    }
+}
+
+}  // namespace
