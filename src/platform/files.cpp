@@ -7,33 +7,11 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "platform/fileFailure.h"
 #include "platform/runtime.h"
 
 namespace platform {
 namespace {
-
-[[noreturn]] void fail(int error, const std::string& path) {
-    switch (error) {
-        case ENOENT:
-            failure::fileNotFound(path);
-        case EIO:
-            failure::deviceFault(path);
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
-            failure::diskFull(path);
-        case EMFILE:
-        case ENFILE:
-            failure::tooManyFiles(path);
-        case EACCES:
-        case EPERM:
-        case EROFS:
-        case EAGAIN:  // Somebody else has locked it.
-            failure::permissionDenied(path);
-        default:
-            failure::pathFileAccess(path);
-    }
-}
 
 /// Opens an ordinary file. What isn't one, a pipe for example, is not even tried, since it could keep the game waiting.
 int openForBoth(const std::string& path) {
@@ -42,11 +20,11 @@ int openForBoth(const std::string& path) {
     constexpr int flags = O_RDWR | O_CLOEXEC | O_NONBLOCK;
     int handle = ::open(path.c_str(), flags);
     if (handle >= 0) return handle;
-    if (errno != ENOENT) fail(errno, path);
+    if (errno != ENOENT) failure::ofFile(errno, path);
     // Made only where nothing is: a link to nothing is left alone.
     constexpr mode_t rights = 0666;
     handle = ::open(path.c_str(), flags | O_CREAT | O_EXCL, rights);
-    if (handle < 0) fail(errno == EEXIST ? ENOENT : errno, path);
+    if (handle < 0) failure::ofFile(errno == EEXIST ? ENOENT : errno, path);
     return handle;
 }
 
@@ -65,7 +43,7 @@ std::string File::read(size_t count) const {
     size_t have = 0;
     while (have < count) {
         const ssize_t got = ::pread(handle_, bytes.data() + have, count - have, static_cast<off_t>(have));
-        if (got < 0) fail(errno, path_);
+        if (got < 0) failure::ofFile(errno, path_);
         if (got == 0) break;
         have += static_cast<size_t>(got);
     }
@@ -79,7 +57,7 @@ void File::write(const std::string& bytes) {
     if (written == static_cast<ssize_t>(bytes.size())) return;
     const int error = written < 0 ? errno : ENOSPC;
     if (written > 0 && !putBack(before, static_cast<size_t>(written), bytes.size())) failure::deviceFault(path_);
-    fail(error, path_);
+    failure::ofFile(error, path_);
 }
 
 /// Puts back what a write that was cut off has overwritten, and takes off what it has added; true if that went well.

@@ -33,6 +33,8 @@ namespace failure {
 [[noreturn]] inline void pathFileAccess(const std::string& name) {
     throw RuntimeError(75, "Path/File access error: " + name);
 }
+[[noreturn]] inline void printerError() { throw RuntimeError(482, "Printer error"); }
+[[noreturn]] inline void printerError(const std::string& why) { throw RuntimeError(482, "Printer error: " + why); }
 }  // namespace failure
 
 /// A fixed table with its own index range, First to Last; an index outside it fails with number 9.

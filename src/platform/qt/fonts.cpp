@@ -37,9 +37,7 @@ void provide(const std::string& family) {
 constexpr double pixelsPerPoint = 96.0 / 72;
 
 QFont make(const Font& font) {
-    const std::string family = standInFor(font.name);
-    provide(family);
-    QFont made(QString::fromStdString(family));
+    QFont made(QString::fromStdString(familyOf(font.name)));
     made.setPixelSize(std::max(1, static_cast<int>(std::lround(font.points * pixelsPerPoint))));
     made.setBold(font.bold);
     made.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
@@ -47,6 +45,12 @@ QFont make(const Font& font) {
 }
 
 }  // namespace
+
+std::string familyOf(const std::string& fontName) {
+    const std::string family = standInFor(fontName);
+    provide(family);
+    return family;
+}
 
 const Lettering& letteringOf(const Font& font) {
     static std::map<std::tuple<std::string, double, bool>, Lettering> letterings;

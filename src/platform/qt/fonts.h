@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QFontMetrics>
+#include <string>
 
 #include "platform/surface.h"
 
@@ -11,6 +12,9 @@ struct Lettering {
     QFont font;
     QFontMetrics metrics;
 };
+
+/// The family that text in a font of that name is set in. If the program carries it, Qt knows it from now on.
+std::string familyOf(const std::string& fontName);
 
 /// The font as it stands on a screen of 96 pixels an inch, whatever the desktop's own is. Stays for the run.
 const Lettering& letteringOf(const Font& font);

@@ -57,6 +57,17 @@ void closeMainWindow();         ///< The window's own close button.
 int modalDepth();                            ///< How many dialogs are open.
 const std::vector<std::string>& messages();  ///< Message boxes so far, as "title: text"; each was answered at once.
 
+/// A line that has come out of the printer: a character for each column from 1 on, and what it was printed in.
+struct SheetLine {
+    std::string text;
+    platform::Font font;
+};
+using Sheet = std::vector<SheetLine>;
+
+const std::vector<Sheet>& sheets();  ///< What the printer was sent so far, a sheet for each ended document.
+/// Has the printer fail with number 482 from now on: at a line of each document, from 1, or 0 for none, and at its end.
+void breakPrinter(int line, bool atEnd = false);
+
 /// The main window's surface with those of the dialogs over it, and the texts on it as its list of texts. Frames,
 /// panels and other controls aren't painted: they are asked for what they show.
 platform::Surface screen();

@@ -14,6 +14,7 @@
 
 #include "platform/controls.h"
 #include "platform/form.h"
+#include "platform/printer.h"
 #include "platform/sim/simulation.h"
 #include "platform/toolbar.h"
 #include "platform/uncaught.h"
@@ -92,6 +93,11 @@ struct State {
     bool keyRepeats = false;                           ///< Of the key whose handler runs.
     std::vector<std::string> messages;
     std::string programFolder;  ///< Empty as long as the program lies in a folder of its own.
+
+    platform::Printer printer;
+    int printerFailsAtLine = 0;  ///< Of a document, from 1; 0 at none.
+    bool printerFailsAtEnd = false;
+    std::vector<Sheet> sheets;
 };
 
 /// The one desktop. It is never destroyed, since forms in static storage may go after everything else.
