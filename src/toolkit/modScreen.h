@@ -42,6 +42,17 @@ void gsStripComma(std::string& text);
 /// Lets events run until so many seconds have passed.
 void gsDelay(double seconds);
 
+/// The printer's font between gsSavePrinterSettings and gsRestorePrinterSettings.
+inline std::string gstrPrtFontName;
+inline int16_t gintPrtFontSize = 0;  // points
+inline bool gblnPrtFontBold = false;
+
+/// Remembers the printer's font; what can't be remembered is passed over without a report.
+void gsSavePrinterSettings();
+
+/// Gives the printer the font that was remembered.
+void gsRestorePrinterSettings();
+
 /// Empties form references, one after the other.
 template <class... FormObjects>
 void gsClearObjects(FormRef<FormObjects>&... references) {
