@@ -1,0 +1,362 @@
+// Sheets as they come out of the real desktop: on a printer, or as a file where there is none.
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <csignal>
+#include <functional>
+#include <memory>
+#include <regex>
+#include <set>
+#include <thread>
+
+#include "forms/orderSheet.h"
+#include "platform/form.h"
+#include "platform/printer.h"
+#include "platform/qt/application.h"
+#include "platform/qt/modules.h"
+#include "platform/qt/printing.h"
+#include "platform/runtime.h"
+#include "tests/printService.h"
+
+namespace {
+
+constexpr size_t marginColumns = 2;                                   // that fit into the left margin
+constexpr double margin = 18, columnWidth = 8.4, lineHeight = 15.86;  // points
+
+constexpr const char* orderText = R"(                       ***** ORDER FORM *****
+
+  Name:       Ann B. Carter
+  Address:    Apt. #12
+              5 High Street
+              Salem, OR 97301
+
+  Email:      ann@example.org
+
+  3 Copies @ US $12 each:        36
+  Shipping Charge:                4
+
+  Total:                        $40
+
+  Make check payable to Tavin Orlec.
+
+  Allow up to two weeks for delivery.
+
+  Mail To:    Tavin Orlec
+              417 Willow Court
+              Millbrook Falls, OH 43999
+              USA
+
+  Questions/Comment to velmora@example.com
+
+                           THANK YOU!!!
+)";
+
+/// Answers message boxes and keeps what they said.
+class Reader : public QObject {
+  public:
+    std::vector<std::string> messages;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* const box = event->type() == QEvent::Show ? dynamic_cast<QMessageBox*>(watched) : nullptr;
+        if (box == nullptr) return false;
+        messages.push_back((box->windowTitle() + ": " + box->text()).toStdString());
+        QTimer::singleShot(0, box, [box] { box->button(QMessageBox::Ok)->click(); });
+        return false;
+    }
+};
+
+void setUpApplication() {
+    static int argc = 1;
+    static char name[] = "velmora_print_tests";
+    static char* argv[] = {name, nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("LC_ALL", qEnvironmentVariable("VELMORA_TEST_LOCALE", "C.UTF-8").toLocal8Bit());
+    static const platform::Application application(argc, argv, "Velmora", "velmora");
+}
+
+/// A user with a home of their own and no printer.
+class Printing : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        setUpApplication();
+        ASSERT_TRUE(home.isValid());
+        qputenv("HOME", home.path().toLocal8Bit());
+        qunsetenv("XDG_CONFIG_HOME");
+        qputenv("CUPS_SERVER", home.filePath("no-service").toLocal8Bit());
+        qApp->installEventFilter(&reader);
+        platform::printer().font = {"Courier New", 14};
+    }
+
+    std::string documents() const { return home.filePath("Documents").toStdString(); }
+    std::string document(const std::string& name) const { return documents() + "/" + name; }
+
+    /// Prints an order.
+    static void printOrder() {
+        OrderSheet order;
+        order.txtOrderInfo = {"Ann B. Carter", "Apt. #12", "5 High Street", "", "Salem", "", "ann@example.org", "3"};
+        order.cboOrderInfo = "Oregon - OR";
+        order.mskOrderInfo = "97301";
+        order.mlngShipCharge = 4;
+        order.pnlAmtDue = "$40";
+        gsPrintOrderSheet(order, platform::printer());
+    }
+
+    static void printLines(const std::vector<std::vector<platform::ColumnText>>& lines) {
+        for (const auto& line : lines) platform::printer().print(line);
+        platform::printer().endDoc();
+    }
+
+    /// The failure that printing an order ends with, as "number description".
+    static std::string failure() {
+        try {
+            printOrder();
+            return "none";
+        } catch (const RuntimeError& error) {
+            return std::to_string(error.number()) + " " + error.what();
+        }
+    }
+
+    /// The text of a PDF in its columns, from the first line that holds any; a form feed stands before each further
+    /// page.
+    static std::string textOf(const std::string& pdf) {
+        const QStringList options = {"-layout", "-fixed", QString::number(columnWidth)};
+        std::istringstream output(outputOf("pdftotext", options + QStringList{QString::fromStdString(pdf), "-"}));
+        std::string text, line;
+        while (std::getline(output, line)) {
+            const bool newPage = line.starts_with('\f');
+            if (newPage) line.erase(0, 1);
+            text += (newPage && !line.empty() ? "\f" : "") +
+                    (line.size() > marginColumns ? line.substr(marginColumns) : "") + "\n";
+        }
+        while (text.ends_with("\n\n")) text.pop_back();
+        return text;
+    }
+
+    QTemporaryDir home;
+    Reader reader;
+};
+
+/// Whether the process has loaded a library.
+bool isLoaded(const char* library) {
+    QFile maps("/proc/self/maps");
+    return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(library);
+}
+
+// The first of the tests, since what is loaded stays.
+TEST_F(Printing, NothingOfItIsLoadedBeforeTheFirstSheet) {
+    for (const char* library : {"velmora_print.so", "PrintSupport", "libcups"})
+        EXPECT_FALSE(isLoaded(library)) << library;
+    printLines({{{1, "x"}}});
+    EXPECT_TRUE(isLoaded("PrintSupport"));
+}
+
+TEST_F(Printing, WithoutAPrinterEachSheetBecomesAFileOfItsOwn) {
+    printOrder();
+    printLines({{{1, "another"}}});
+    printOrder();
+    EXPECT_EQ(textOf(document("Velmora.pdf")), orderText);
+    EXPECT_EQ(textOf(document("Velmora 2.pdf")), "another\n");
+    EXPECT_EQ(textOf(document("Velmora 3.pdf")), orderText);
+    const std::vector<std::string> told = {
+        "Velmora: No printer is set up. The sheet has been saved as\n" + document("Velmora.pdf"),
+        "Velmora: No printer is set up. The sheet has been saved as\n" + document("Velmora 2.pdf"),
+        "Velmora: No printer is set up. The sheet has been saved as\n" + document("Velmora 3.pdf")};
+    EXPECT_EQ(reader.messages, told);
+}
+
+TEST_F(Printing, NothingPrintedIsNoSheet) {
+    platform::printer().endDoc();
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(documents())));
+    EXPECT_TRUE(reader.messages.empty());
+}
+
+TEST_F(Printing, SheetsSavedAtOnceNeverTakeEachOthersName) {
+    const auto entry = reinterpret_cast<platform::qt::PrintEntry*>(
+        platform::qt::moduleEntry(platform::qt::printModule, platform::qt::printEntry));
+    ASSERT_NE(entry, nullptr);
+    constexpr size_t count = 8;
+    std::array<platform::qt::PrintOutcome, count> outcomes;
+    std::vector<std::thread> threads;
+    for (size_t i = 0; i < count; ++i)
+        threads.emplace_back([&, i] { entry({"Sheet", {{{}, {{1, std::to_string(i)}}}}}, outcomes[i]); });
+    for (std::thread& thread : threads) thread.join();
+    for (size_t i = 0; i < count; ++i)
+        EXPECT_EQ(textOf(outcomes[i].file), std::to_string(i) + "\n") << outcomes[i].description;
+}
+
+TEST_F(Printing, ThePrintServiceGetsTheSheet) {
+    const PrintService service(home.path(), PrintService::Queue::Accepts);
+    printOrder();
+    EXPECT_EQ(textOf(service.waitForJob().toStdString()), orderText);
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(documents())));
+    EXPECT_TRUE(reader.messages.empty());
+}
+
+TEST_F(Printing, ARefusedSheetIsToldAndGone) {
+    {
+        const PrintService service(home.path(), PrintService::Queue::Refuses);
+        EXPECT_EQ(failure().substr(0, 19), "482 Printer error: ");
+        platform::printer().endDoc();  // as the order form does after a failure
+    }
+    EXPECT_TRUE(reader.messages.empty());
+    qputenv("CUPS_SERVER", home.filePath("no-service").toLocal8Bit());
+    printLines({{{1, "another"}}});
+    EXPECT_EQ(textOf(document("Velmora.pdf")), "another\n");
+}
+
+TEST_F(Printing, AFileInTheFoldersPlaceIsTold) {
+    QFile file(QString::fromStdString(documents()));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_EQ(failure(), "75 Path/File access error: " + document("Velmora.pdf"));
+    EXPECT_TRUE(reader.messages.empty());
+}
+
+TEST_F(Printing, AFolderThatTheUserCannotWriteIsTold) {
+    constexpr uid_t nobody = 65534;
+    const uid_t self = geteuid();
+    QDir(home.path()).mkdir("Documents");
+    QFile::setPermissions(home.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ExeOther);
+    QFile::setPermissions(QString::fromStdString(documents()), QFile::ReadOwner | QFile::ExeOwner | QFile::ExeOther);
+    ASSERT_EQ(seteuid(self == 0 ? nobody : self), 0);  // Root passes every permission.
+    const std::string told = failure();
+    ASSERT_EQ(seteuid(self), 0);
+    EXPECT_EQ(told, "70 Permission denied: " + document("Velmora.pdf"));
+    QFile::setPermissions(QString::fromStdString(documents()), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+TEST_F(Printing, AFileThatCannotBeFinishedIsToldAndTakenAway) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    rlimit small = before;
+    small.rlim_cur = 100;  // bytes that a file may have
+    setrlimit(RLIMIT_FSIZE, &small);
+    const std::string told = failure();
+    setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(told, "61 Disk full: " + document("Velmora.pdf"));
+    EXPECT_TRUE(QDir(QString::fromStdString(documents())).isEmpty());
+}
+
+struct Word {
+    double left, bottom;
+};
+
+/// Where a word's first letter stands on the page, in points from the top left.
+Word placeOf(const std::string& pdf, const std::string& word) {
+    const std::string text = outputOf("pdftotext", {"-bbox", QString::fromStdString(pdf), "-"});
+    std::smatch found;
+    const std::regex pattern("xMin=\"([0-9.]+)\" yMin=\"[0-9.]+\" xMax=\"[0-9.]+\" yMax=\"([0-9.]+)\">" + word + "<");
+    if (!std::regex_search(text, found, pattern)) ADD_FAILURE() << "no " << word << " in " << text;
+    return found.empty() ? Word{} : Word{std::stod(found[1]), std::stod(found[2])};
+}
+
+TEST_F(Printing, AColumnIsACharacterOfTheFontFromTheEdge) {
+    printLines({{{1, "a"}, {30, "b"}}, {}, {{64, "c"}}, {{12, "Illi"}, {17, "WWMW"}, {22, "e"}}});
+    const std::string pdf = document("Velmora.pdf");
+    const double bottom = placeOf(pdf, "a").bottom;
+    EXPECT_NEAR(bottom, margin + lineHeight, 1);
+    struct {
+        const char* word;
+        int column, line;
+    } const cases[] = {{"a", 1, 1}, {"b", 30, 1}, {"c", 64, 3}, {"Illi", 12, 4}, {"WWMW", 17, 4}, {"e", 22, 4}};
+    for (const auto& row : cases) {
+        const Word place = placeOf(pdf, row.word);
+        EXPECT_NEAR(place.left, margin + (row.column - 1) * columnWidth, 0.2) << row.word;
+        EXPECT_NEAR(place.bottom, bottom + (row.line - 1) * lineHeight, 0.2) << row.word;
+    }
+}
+
+TEST_F(Printing, EveryLetterTakesOneColumn) {
+    struct {
+        const char* what;
+        const char *text, *printed;
+    } const cases[] = {
+        {"of Latin-1", "Stra\u00DFe, \u00C5se", "Stra\u00DFe, \u00C5se"},
+        {"of Europe", "\u0141\u00F3d\u017A", "\u0141\u00F3d\u017A"},
+        {"of Russia", "\u041C\u0438\u0440", "\u041C\u0438\u0440"},
+        {"with a mark of its own", "Rene\u0301e", "Ren\u00E9e"},
+        {"with a mark that no letter has", "q\u0301x", "?x"},
+        {"a mark alone", "\u0301x", "?x"},
+        {"wide", "\u9EBB\u5C06", "??"},
+        {"an emoji", "\U0001F004x", "?x"},
+        {"a family", "\U0001F468\u200D\U0001F469\u200D\U0001F467x", "?x"},
+        {"of no width", "a\u200Bb", "a?b"},
+        {"broken", "a\xFF\xC3", "a??"},
+        {"not for print", "a\tb\nc", "a b c"},
+    };
+    for (const auto& row : cases) platform::printer().print({{1, row.text}, {20, "|"}});
+    platform::printer().endDoc();
+    std::istringstream lines(textOf(document("Velmora.pdf")));
+    for (const auto& row : cases) {
+        const auto length = QString(row.printed).size();
+        std::string line;
+        std::getline(lines, line);
+        EXPECT_EQ(line, row.printed + std::string(static_cast<size_t>(19 - length), ' ') + "|") << row.what;
+    }
+}
+
+TEST_F(Printing, WhatFindsNoRoom) {
+    const std::string ruler = "123456789 123456789 123456789 123456789 123456789 123456789 123456789 123456789 ";
+    std::vector<std::vector<platform::ColumnText>> lines = {{{1, ruler}}, {{1, "too long"}, {5, "for it"}}};
+    for (int line = 4; line <= 52; ++line) lines.push_back({{1, std::to_string(line)}});
+    printLines(lines);
+    const std::string text = textOf(document("Velmora.pdf"));
+    EXPECT_EQ(text.substr(0, text.find('4', 70)), ruler.substr(0, 66) + "\ntoo long\n    for it\n")
+        << "cut, not wrapped";
+    EXPECT_EQ(text.substr(text.find("49\n")), "49\n50\n\f51\n52\n") << "goes on to another page";
+}
+
+TEST_F(Printing, ThePaperIsTheUsualOne) {
+    printLines({{{1, "x"}}});
+    const std::string text = outputOf("pdftotext", {"-bbox", QString::fromStdString(document("Velmora.pdf")), "-"});
+    const char* const width = qgetenv("LC_ALL") == "en_US.UTF-8" ? "<page width=\"612" : "<page width=\"595";
+    EXPECT_NE(text.find(width), std::string::npos) << text;
+}
+
+TEST_F(Printing, ThePaperIsLetterInAmerica) {
+    outputOf("env", {"VELMORA_TEST_LOCALE=en_US.UTF-8", QApplication::applicationFilePath(),
+                     "--gtest_filter=Printing.ThePaperIsTheUsualOne"});
+}
+
+TEST_F(Printing, ASlowServiceKeepsTheFormWaitingAndServed) {
+    QLocalServer service;  // It takes connections and says nothing for a while.
+    const QString socket = home.filePath("slow-service");
+    ASSERT_TRUE(service.listen(socket));
+    qputenv("CUPS_SERVER", socket.toLocal8Bit());
+    platform::Form form;
+    int keys = 0, ticks = 0;
+    form.onKeyDown = [&](int&) { ++keys; };
+    form.resize(1500, 1500);
+    form.show();
+    QWidget* const window = QApplication::topLevelWidgets().front();
+    QTest::keyClick(window, Qt::Key_A);
+    EXPECT_EQ(keys, 1);
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        if (++ticks < 20) return QTest::keyClick(window, Qt::Key_A);
+        timer.stop();
+        service.close();
+        for (QLocalSocket* connection : service.findChildren<QLocalSocket*>()) connection->abort();
+    });
+    timer.start(10);
+    printLines({{{1, "x"}}});
+    EXPECT_EQ(ticks, 20) << "the window stood still";
+    EXPECT_EQ(keys, 1) << "a key came through";
+    QTest::keyClick(window, Qt::Key_A);
+    EXPECT_EQ(keys, 2) << "the form is still blocked";
+    EXPECT_EQ(reader.messages.size(), 1u);
+}
+
+}  // namespace
