@@ -18,4 +18,7 @@ inline std::string gstrScoreDesc;
 inline int32_t glngHandPoints = 0;
 
 /// The row offset in the sheets of the view that a tile has in that column: 0, 39 or 78.
-int16_t gintfTileDir(int column);
+constexpr int16_t gintfTileDir(int column) {
+    if (column == entryColumn) return 0;
+    return column < entryColumn ? tileHeight : 2 * tileHeight;
+}
