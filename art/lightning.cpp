@@ -12,7 +12,7 @@ namespace {
 
 using namespace materials;
 
-constexpr QRect flash{QPoint{580, 0}, lightningSize};
+constexpr QRect flash = rectOf(lightningPlace);
 
 /// A straight piece of the bolt; breadth is 1 for the trunk.
 struct Piece {

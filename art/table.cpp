@@ -13,25 +13,21 @@ namespace {
 using namespace materials;
 
 constexpr QRect frameOuter{QPoint{21, 44}, QPoint{330, 550}};
-constexpr QRect ground{QPoint{40, 63}, QPoint{309, 530}};
-constexpr int columnWidth = 30;
+constexpr QRect ground = rectOf(boardPlace);
 
-constexpr QRect trays[] = {
-    {474, 44, 30, 39},     // the next tile
-    {352, 129, 240, 39},   // earned bonus tiles
-    {352, 177, 420, 39},   // earned tiles
-    {353, 436, 400, 140},  // the tiles to choose from
-};
+constexpr platform::Place trays[] = {nextTilePlace, bonusSlotsPlace, handSlotsPlace, chooserPlace};
 
 /// The red score, of ten digits at most, stands out from a deeper tray.
-constexpr QRect scorePlace{448, 236, 145, 30};
+constexpr QRect scoreTray{scorePlace.X - 6, scorePlace.Y - 1, 145, 30};
 constexpr double trayDepth = 0.10;
 constexpr double scoreDepth = 0.40;
 
-constexpr QRect tableTop{QPoint{592, 304}, tableTopSize};
+constexpr QRect tableTop = rectOf(smallTablePlace);
 
 /// The mat's middle lies a little below the small table's, to keep clear of the score.
-constexpr QPointF matCentre{624, 339};
+constexpr int matLower = 3;
+constexpr QPointF matCentre{smallTablePlace.left + smallTablePlace.width / 2.0,
+                            smallTablePlace.top + smallTablePlace.height / 2.0 + matLower};
 constexpr QSizeF matRadii{120, 71};
 
 /// Straw shows round the small table, so that the names stand clear of its frame.
@@ -57,9 +53,9 @@ constexpr Label labels[] = {
 /// Every second column is a hair lighter, so that the eye finds the column that a tile falls in.
 void paintGround(QPainter& painter) {
     painter.drawImage(ground.topLeft(), cloth(ground.size(), groundGreen));
-    for (int x = ground.left() + columnWidth; x < ground.right(); x += 2 * columnWidth)
-        painter.fillRect(x, ground.top(), columnWidth, ground.height(), QColor(130, 240, 180, 13));
-    for (int x = ground.left() + columnWidth; x < ground.right(); x += columnWidth)
+    for (int x = ground.left() + tileWidth; x < ground.right(); x += 2 * tileWidth)
+        painter.fillRect(x, ground.top(), tileWidth, ground.height(), QColor(130, 240, 180, 13));
+    for (int x = ground.left() + tileWidth; x < ground.right(); x += tileWidth)
         painter.fillRect(x, ground.top(), 1, ground.height(), QColor(0, 0, 0, 30));
     paintHollowShadow(painter, ground, 14, 0.5);
 }
@@ -162,8 +158,8 @@ void paintTable(QPainter& painter) {
     paintShadow(painter, frameOuter, 16, 0.55);
     paintGround(painter);
     paintFrame(painter, frameOuter, ground);
-    for (const QRect& tray : trays) paintTray(painter, tray, trayDepth);
-    paintTray(painter, scorePlace, scoreDepth);
+    for (const platform::Place& tray : trays) paintTray(painter, rectOf(tray), trayDepth);
+    paintTray(painter, scoreTray, scoreDepth);
     paintSeats(painter);
     paintLabels(painter);
 }

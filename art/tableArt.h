@@ -1,25 +1,31 @@
 #pragma once
 
 #include <QPainter>
+#include <QRect>
 #include <QSize>
+
+#include "presentation/layout.h"
 
 /// The painters of the pictures beside the tiles; each one fills its whole picture.
 namespace tableArt {
 
+constexpr QRect rectOf(const platform::Place& place) { return {place.left, place.top, place.width, place.height}; }
+constexpr QSize sizeOf(const platform::Place& place) { return {place.width, place.height}; }
+
 /// The sizes of the pictures in pixels.
-constexpr QSize tableSize{800, 600};
+constexpr QSize tableSize{tablePictureWidth, tablePictureHeight};
 constexpr QSize breakDownSize{667, 329};
 constexpr QSize chooseSeatSize{256, 256};
 constexpr QSize hiScoreSize{500, 350};
-constexpr QSize tableTopSize{64, 64};
-constexpr QSize lightningSize{200, 233};
+constexpr QSize tableTopSize = sizeOf(smallTablePlace);
+constexpr QSize lightningSize = sizeOf(lightningPlace);
 
 /// A sheet of markers has a column for each wind and a row for each script; the sizes in pixels are those of one
 /// marker.
-constexpr int winds = 4;
+constexpr int winds = seatCount;
 constexpr int scripts = 2;
-constexpr QSize houseSize{64, 66};
-constexpr QSize smallHouseSize{16, 16};
+constexpr QSize houseSize = sizeOf(roundMarkerPlace);
+constexpr QSize smallHouseSize{smallMarkerSide, smallMarkerSide};
 
 /// The icons of the toolbar stand in a row; each is a square of so many pixels.
 constexpr int icons = 14;

@@ -88,6 +88,8 @@ struct frmMain {
     // play/newGame.cpp: the start of the program and of a hand
     /// Sets up window, pictures, tables and options; the window then stands idle.
     void Form_Load();
+    /// Loads the table's picture, keeps what lies under the next tile, and shows it all.
+    void msLoadTable();
     /// Fills all places, kinds and tile numbers.
     void msInitVar();
     /// Gives the places of the board, of candidates and of earned tiles their pixels.
@@ -235,8 +237,6 @@ struct frmMain {
     void msDrawTile();
     /// Copies the whole picture to the window.
     void msShowPicture();
-    /// Paints a face through the mask of its view, a row offset.
-    void msPaintTile(const PixelPoint& udtPlace, int16_t intKind, int16_t intView);
     /// Clears the picture and paints the landed tiles.
     void msDrawPlayArea();
     /// Paints the next tile, or the bare table without Peek.

@@ -6,15 +6,14 @@
 #include "frmMain.h"
 #include "modZQT.h"
 #include "platform/desktop.h"
-#include "platform/pictures.h"
 #include "presentation/frmBitmaps.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 namespace {
 
-constexpr int backgroundResource = 103;
-constexpr int formSide = 256;                                      // pixels, also if the picture is missing
+constexpr int ground = 103;
+constexpr int formSide = 256;                                      // pixels
 constexpr int tilesWidth = 156;                                    // pixels: four tiles and three gaps
 constexpr int tilePitch = 42;                                      // pixels
 constexpr int frameWidth = 36, frameHeight = 45, frameBorder = 3;  // pixels
@@ -32,9 +31,8 @@ frmChooseSeat::frmChooseSeat() {
 
 void frmChooseSeat::Form_Load() {
     guarded("Form_Load", [&] {
-        gsSetClientSize(0, 0, formSide - 1, formSide - 1 - platform::menuBarHeight, form);
-        guarded("Form_Load", [&] { form.setPicture(platform::pictureByNumber(backgroundResource)); });
-        gsCenterOver(form, gfrmMain->form);
+        gsFitDialog(form, formSide, formSide, gfrmMain->form);
+        gsLayGround(form, ground);
         mintSelTile = 1;
         msLoadTiles();
         msShuffleTiles();
@@ -49,7 +47,7 @@ void frmChooseSeat::msLoadTiles() {
         const double top = (form.scaleHeight() - tileHeight) / 2.0;
         for (int i = 1; i <= seatCount; ++i) {
             maudtTilePsn[i] = {narrow16(left + tilePitch * (i - 1)), narrow16(std::nearbyint(top))};
-            gsPaintTile(form.surface(), maudtTilePsn[i], gfrmBitmaps->picTileBack, 0, gintfTileDir(entryColumn));
+            gsPaintBack(form.surface(), maudtTilePsn[i], gintfTileDir(entryColumn));
         }
         form.refresh();
     });
@@ -106,8 +104,7 @@ void frmChooseSeat::Form_KeyPress(int intKeyAscii) {
 
 void frmChooseSeat::msTurnTiles() {
     for (int i = 1; i <= seatCount; ++i)
-        gsPaintTile(form.surface(), maudtTilePsn[i], gfrmBitmaps->picAllTiles, (malngSeatTiles[i] - 1) * tileWidth,
-                    gintfTileDir(entryColumn));
+        gsPaintFace(form.surface(), maudtTilePsn[i], narrow16(malngSeatTiles[i]), gintfTileDir(entryColumn));
     form.refresh();
 }
 

@@ -3,9 +3,10 @@
 #include <charconv>
 #include <cmath>
 
-#include "match/panels.h"
+#include "frmMain.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
+#include "toolkit/panelLooks.h"
 
 namespace {
 
@@ -65,7 +66,7 @@ void frmGameSummary::msLoadFormVariables(int16_t aintRoundsPlayed, int16_t aintG
 
 void frmGameSummary::Form_Load() {
     guarded("Form_Load", [&] {
-        gsFitForm(form, outerPlace);
+        gsFitDialog(form, outerPlace.width, outerPlace.height, gfrmMain->form);
         msClearSummary();
         msDisplayGameSummary();
     });

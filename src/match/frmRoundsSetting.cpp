@@ -1,9 +1,10 @@
 #include "match/frmRoundsSetting.h"
 
-#include "match/panels.h"
+#include "frmMain.h"
 #include "modZQT.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
+#include "toolkit/panelLooks.h"
 
 namespace {
 
@@ -44,7 +45,7 @@ frmRoundsSetting::frmRoundsSetting()
 
 void frmRoundsSetting::Form_Load() {
     guarded("Form_Load", [&] {
-        gsFitForm(form, outerPlace);
+        gsFitDialog(form, outerPlace.width, outerPlace.height, gfrmMain->form);
         mintNewRounds = gintNumRounds;
         msShowRounds();
     });

@@ -1,37 +1,25 @@
 #include "frmMain.h"
+#include "presentation/layout.h"
 #include "toolkit/failures.h"
 
 namespace {
 
-struct SeatRow {
-    const char* name;
-    PixelPoint namePlace;
-    PixelPoint markerPlace;
-};
-
-// The House goes round against the clock: East on top, South on the left.
-constexpr SeatRow seats[] = {
-    {"East", {600, 272}, {615, 311}},
-    {"South", {526, 320}, {599, 328}},
-    {"West", {600, 366}, {615, 346}},
-    {"North", {663, 320}, {634, 328}},
-};
-static_assert(std::size(seats) == seatCount);
+constexpr const char* seatNames[] = {"East", "South", "West", "North"};
+static_assert(std::size(seatNames) == seatCount);
 
 constexpr int16_t movesPerRound = 4;
 
 /// The seat or wind after this one; a value outside 1 to 4 stays.
-int32_t mlngfNext(int32_t lngSeat) { return lngSeat >= 1 && lngSeat <= seatCount ? lngSeat % seatCount + 1 : lngSeat; }
+int32_t next(int32_t seat) { return seat >= 1 && seat <= seatCount ? seat % seatCount + 1 : seat; }
 
 }  // namespace
 
 void frmMain::msAssignSeatPsns() {
     guarded("msAssignSeatPsns", [&] {
         for (int seat = 1; seat <= seatCount; ++seat) {
-            const SeatRow& row = rowOf(seats, seat);
-            mastrSeatName[seat] = row.name;
-            maudtSeatPsn[seat] = row.namePlace;
-            maudtHousePsn[seat] = row.markerPlace;
+            mastrSeatName[seat] = rowOf(seatNames, seat);
+            maudtSeatPsn[seat] = rowOf(seatPlaces, seat).name;
+            maudtHousePsn[seat] = rowOf(seatPlaces, seat).marker;
         }
     });
 }
@@ -45,13 +33,13 @@ void frmMain::msUpdateHouse(bool blnWon) {
 }
 
 void frmMain::msMoveHouse() {
-    guarded("msMoveHouse", [&] { mlngHouse = mlngfNext(mlngHouse); });
+    guarded("msMoveHouse", [&] { mlngHouse = next(mlngHouse); });
 }
 
 void frmMain::msUpdateRound() {
     guarded("msUpdateRound", [&] {
-        if (mintHouseMoves != movesPerRound || mlngfNext(mlngRoundWind) == mlngRoundWind) return;
-        mlngRoundWind = mlngfNext(mlngRoundWind);
+        if (mintHouseMoves != movesPerRound || next(mlngRoundWind) == mlngRoundWind) return;
+        mlngRoundWind = next(mlngRoundWind);
         msDrawRound();
         mintHouseMoves = 0;
         mintRoundsPlayed = narrow16(mintRoundsPlayed + 1);

@@ -10,10 +10,14 @@
 
 namespace {
 
-constexpr int panelWidth = 400;                   // pixels
-constexpr int panelHeight = 140;                  // pixels
 constexpr int entryWidth = setTiles * tileWidth;  // pixels; Pass is as wide
 constexpr int borderWidth = 3;                    // pixels
+
+/// Covers a surface with the part of the table that the chooser lies over.
+void showTable(platform::Surface& surface, platform::Form& main) {
+    platform::BitBlt(surface, 0, 0, surface.width(), surface.height(), main.surface(), chooserPlace.left,
+                     chooserPlace.top, platform::SRCCOPY);
+}
 
 }  // namespace
 
@@ -35,16 +39,13 @@ void frmChooseTiles::msLoadFormVariables(const DynamicTable<int16_t>& aintRows, 
 void frmChooseTiles::Form_Load() {
     guarded("Form_Load", [&] {
         platform::Form& main = gfrmMain->form;
-        picWork.resize(panelWidth, panelHeight);
-        platform::BitBlt(picWork, 0, 0, panelWidth, panelHeight, main.surface(), chooserPlace.X, chooserPlace.Y,
-                         platform::SRCCOPY);
+        picWork.resize(chooserPlace.width, chooserPlace.height);
+        showTable(picWork, main);
         msLoadTiles();
-        gsSetClientSize(0, 0, panelWidth - 1, panelHeight - platform::menuBarHeight, form);
-        form.move(main.left() + chooserPlace.X * (main.width() / main.scaleWidth()),
-                  main.top() + chooserPlace.Y * (main.height() / main.scaleHeight()));
-        // The sizing makes the form a line higher than its picture: that line shows the table too.
-        platform::BitBlt(form.surface(), 0, panelHeight, panelWidth, form.scaleHeight() - panelHeight, main.surface(),
-                         chooserPlace.X, chooserPlace.Y + panelHeight, platform::SRCCOPY);
+        gsSetClientSize(0, 0, chooserPlace.width - 1, chooserPlace.height - platform::menuBarHeight, form);
+        form.move(main.left() + chooserPlace.left * (main.width() / main.scaleWidth()),
+                  main.top() + chooserPlace.top * (main.height() / main.scaleHeight()));
+        showTable(form.surface(), main);  // The form is a line higher than its picture; that line shows the table too.
         platform::BitBlt(form.surface(), 0, 0, picWork.width(), picWork.height(), picWork, 0, 0, platform::SRCCOPY);
         form.refresh();
         mintCurEntry = 1;
@@ -59,8 +60,11 @@ void frmChooseTiles::msLoadTiles() {
         for (int i = 1; i <= candidatePlaces; ++i) {
             if (!PossibleTiles[i][1].Filled) continue;
             ++candidates;
-            for (int j = 1; j <= setTiles; ++j)
-                if (PossibleTiles[i][j].Filled) msPaintTile(i, j);
+            for (int j = 1; j <= setTiles; ++j) {
+                const CellInfo& tile = PossibleTiles[i][j];
+                if (!tile.Filled) continue;
+                gsPaintFace(picWork, {tile.X, tile.Y}, tile.Tile.KindIdx, gintfTileDir(maintCols[i] + j - 1));
+            }
         }
         mintNumEntries = narrow16(candidates + 1);
 
@@ -69,16 +73,6 @@ void frmChooseTiles::msLoadTiles() {
         gsPaintMasked(picWork, {place.X, place.Y, pass.width(), pass.height()}, {gfrmBitmaps->picPassMask, 0, 0},
                       {pass, 0, 0});
     });
-}
-
-void frmChooseTiles::msPaintTile(int intEntry, int intTile) {
-    const CellInfo& place = PossibleTiles[intEntry][intTile];
-    const int16_t view = gintfTileDir(maintCols[intEntry] + intTile - 1);
-    picTile.resize(tileWidth, tileHeight);
-    platform::BitBlt(picTile, 0, 0, tileWidth, tileHeight, gfrmBitmaps->picAllTiles,
-                     (place.Tile.KindIdx - 1) * tileWidth, view, platform::SRCCOPY);
-    gsPaintMasked(picWork, {place.X, place.Y, tileWidth, tileHeight}, {gfrmBitmaps->picTileBackMask, 0, view},
-                  {picTile, 0, 0});
 }
 
 void frmChooseTiles::Form_KeyDown(int intKeyCode) {
@@ -108,15 +102,15 @@ void frmChooseTiles::Form_KeyDown(int intKeyCode) {
 }
 
 int frmChooseTiles::mintfBelow(int intEntry) const {
-    if (intEntry > 2 * candidatesPerLine) return intEntry - 2 * candidatesPerLine;
-    if (intEntry + candidatesPerLine <= mintNumEntries) return intEntry + candidatesPerLine;
-    return intEntry > candidatesPerLine ? intEntry - candidatesPerLine : intEntry;
+    if (intEntry > 2 * entriesPerLine) return intEntry - 2 * entriesPerLine;
+    if (intEntry + entriesPerLine <= mintNumEntries) return intEntry + entriesPerLine;
+    return intEntry > entriesPerLine ? intEntry - entriesPerLine : intEntry;
 }
 
 int frmChooseTiles::mintfAbove(int intEntry) const {
-    if (intEntry > candidatesPerLine) return intEntry - candidatesPerLine;
+    if (intEntry > entriesPerLine) return intEntry - entriesPerLine;
     int entry = intEntry;
-    while (entry + candidatesPerLine <= mintNumEntries && entry <= 2 * candidatesPerLine) entry += candidatesPerLine;
+    while (entry + entriesPerLine <= mintNumEntries && entry <= 2 * entriesPerLine) entry += entriesPerLine;
     return entry;
 }
 

@@ -22,7 +22,6 @@ struct frmChooseTiles {
 
     platform::Form form;
     platform::Surface picWork;                           // the dialog's picture
-    platform::Surface picTile;                           // one tile at a time
     platform::Shape Shape1{form};                        // the highlight
     DynamicTable<int16_t> maintRows;                     // row on the board of each candidate
     DynamicTable<int16_t> maintCols;                     // its left column
@@ -39,10 +38,8 @@ struct frmChooseTiles {
     void Form_KeyPress(int intKeyAscii);
     /// Empties the rows and columns of the candidates.
     void Form_Unload();
-    /// Paints the candidates and Pass, and counts the entries.
+    /// Paints the candidates, each tile in the view that it has on the board, and Pass, and counts the entries.
     void msLoadTiles();
-    /// Paints one tile of a candidate in the view that it has on the board.
-    void msPaintTile(int intEntry, int intTile);
     /// Lays the highlight round an entry and counts its tiles.
     void msHiLiteTiles(int16_t intEntry);
     /// The entry a line further down in the same column, or else the one in the first line.

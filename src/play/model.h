@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 
 #include "platform/runtime.h"
 #include "platform/surface.h"
@@ -8,7 +9,7 @@
 // The tiles, the board and the fixed facts of play.
 
 constexpr int tileCount = 144;       ///< Physical tiles, numbered from 1.
-constexpr int kindCount = 42;        ///< Faces, numbered from 1.
+constexpr int kindCount = 42;        ///< Kinds of tile, numbered from 1.
 constexpr int bottomRow = 12;        ///< Rows 1 to 12 hold tiles; row 0 is the entry, where none rests.
 constexpr int columnCount = 9;       ///< Columns from 1 at the left.
 constexpr int entryColumn = 5;       ///< Where a tile comes in.
@@ -17,7 +18,7 @@ constexpr int slotCount = 22;        ///< Earned slots: 1 to 14 the hand, 15 to 
 constexpr int firstPairSlot = 13;    ///< Where the pair stands at the tally.
 constexpr int candidatePlaces = 12;  ///< Entries that the tile chooser has room for.
 constexpr int candidateLimit = candidatePlaces - 1;  ///< Candidates of one search: the last entry is Pass.
-constexpr int candidatesPerLine = 4;                 ///< Entries of the tile chooser side by side.
+constexpr int entriesPerLine = 4;                    ///< Entries of the tile chooser side by side.
 constexpr int setTiles = 3;                          ///< Tiles of the longest set.
 constexpr int tileWidth = 30;                        ///< Pixels; also the pitch of the board.
 constexpr int tileHeight = 39;                       ///< Pixels; also the pitch of the board.
@@ -26,7 +27,7 @@ constexpr int16_t dropInterval = 5;                  ///< Milliseconds a tick af
 
 using platform::PixelPoint;
 
-/// What a face is.
+/// What a tile is.
 struct TileKind {
     int32_t Number = 0;   ///< 1 to 9 suited; 10 to 13 East, South, West, North; 14 to 16 Red, Green, Blue; 0 else.
     int32_t Suit = 0;     ///< 1 circles, 2 bamboo, 3 characters; 0 else.

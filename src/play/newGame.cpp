@@ -2,28 +2,22 @@
 
 #include "frmMain.h"
 #include "platform/desktop.h"
-#include "platform/pictures.h"
 #include "presentation/layout.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 namespace {
 
-constexpr int tableResource = 101;
+constexpr const char* tablePicture = "101";
 constexpr int clientRight = 794;    // pixels
 constexpr int clientBottom = 560;   // pixels; the sizing adds a menu bar's 20
 constexpr int toolbarHeight = 28;   // pixels
 constexpr int firstInterval = 500;  // milliseconds
 constexpr int16_t startRounds = 4;
 
-constexpr int16_t boardLeft = 40, boardTop = 24;  // row 0 of column 1
-constexpr int16_t earnedLeft = 352, earnedTop = 177, bonusTop = 129;
-constexpr int16_t candidateLeft = 6, candidateTop = 6;
-constexpr int16_t candidatePitch = 98, candidateLinePitch = 45;
-
-void msPlace(CellInfo& udtCell, int intX, int intY) {
-    udtCell.X = narrow16(intX);
-    udtCell.Y = narrow16(intY);
+void put(CellInfo& cell, const PixelPoint& point) {
+    cell.X = point.X;
+    cell.Y = point.Y;
 }
 
 }  // namespace
@@ -41,17 +35,10 @@ frmMain::frmMain() : tbrZQT(form, toolbarHeight, toolbarButtons, ImageList1()) {
 void frmMain::Form_Load() {
     guarded("Form_Load", [&] {
         form.setCaption("Velmora");
-        const platform::Picture& table = platform::pictureByNumber(tableResource);
-        picWork.setPicture(table);
-        msCaptureLightningGround();
-        form.setPicture(table);
-
         gsSetClientSize(0, 0, clientRight, clientBottom, form);
         msSetUpToolbar();
         gsCenterForm(form);
-
-        platform::BitBlt(picBlankNextTile, 0, 0, tileWidth, tileHeight, picWork, nextTilePlace.X, nextTilePlace.Y,
-                         platform::SRCCOPY);
+        msLoadTable();
         msAssignSeatPsns();
         msInitVar();
         mblnMusicOn = true;
@@ -61,6 +48,15 @@ void frmMain::Form_Load() {
         gintNumRounds = startRounds;
         msSetToolTipText();
     });
+}
+
+void frmMain::msLoadTable() {
+    picWork.resize(tablePictureWidth, tablePictureHeight);
+    gsLoadPicture(picWork, tablePicture);
+    msCaptureLightningGround();
+    platform::BitBlt(picBlankNextTile, 0, 0, nextTilePlace.width, nextTilePlace.height, picWork, nextTilePlace.left,
+                     nextTilePlace.top, platform::SRCCOPY);
+    msShowPicture();
 }
 
 void frmMain::msInitVar() {
@@ -78,16 +74,10 @@ void frmMain::msInitVar() {
 
 void frmMain::msPlaceCells() {
     for (int row = 0; row <= bottomRow; ++row)
-        for (int col = 1; col <= columnCount; ++col)
-            msPlace(CellTable[row][col], boardLeft + tileWidth * (col - 1), boardTop + tileHeight * row);
+        for (int col = 1; col <= columnCount; ++col) put(CellTable[row][col], cellPoint(row, col));
     for (int i = 1; i <= candidatePlaces; ++i)
-        for (int j = 1; j <= setTiles; ++j)
-            msPlace(PossibleTiles[i][j],
-                    candidateLeft + candidatePitch * ((i - 1) % candidatesPerLine) + tileWidth * (j - 1),
-                    candidateTop + candidateLinePitch * ((i - 1) / candidatesPerLine));
-    for (int i = 1; i <= slotCount; ++i)
-        msPlace(EarnedTiles[i], earnedLeft + tileWidth * (i <= handTiles ? i - 1 : i - handTiles - 1),
-                i <= handTiles ? earnedTop : bonusTop);
+        for (int j = 1; j <= setTiles; ++j) put(PossibleTiles[i][j], entryPoint(i, j));
+    for (int i = 1; i <= slotCount; ++i) put(EarnedTiles[i], slotPoint(i));
 }
 
 void frmMain::msAssignTileBmpIdx() {

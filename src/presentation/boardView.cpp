@@ -7,7 +7,7 @@ void frmMain::msDrawTile() {
     guarded("msDrawTile", [&] {
         const CellInfo& place = CellTable[mintCurRow][mintCurCol];
         platform::BitBlt(picBlank, 0, 0, tileWidth, tileHeight, picWork, place.X, place.Y, platform::SRCCOPY);
-        msPaintTile({place.X, place.Y}, TileKindOf[mintCurTile], gintfTileDir(mintCurCol));
+        gsPaintFace(picWork, {place.X, place.Y}, TileKindOf[mintCurTile], gintfTileDir(mintCurCol));
         msShowPicture();
     });
 }
@@ -17,17 +17,13 @@ void frmMain::msShowPicture() {
     form.refresh();
 }
 
-void frmMain::msPaintTile(const PixelPoint& udtPlace, int16_t intKind, int16_t intView) {
-    gsPaintTile(picWork, udtPlace, gfrmBitmaps->picAllTiles, (intKind - 1) * tileWidth, intView);
-}
-
 void frmMain::msDrawPlayArea() {
     guarded("msDrawPlayArea", [&] {
         picWork.clear();
         for (int row = 1; row <= bottomRow; ++row)
             for (int col = 1; col <= columnCount; ++col) {
                 const CellInfo& place = CellTable[row][col];
-                if (place.Filled) msPaintTile({place.X, place.Y}, place.Tile.KindIdx, gintfTileDir(col));
+                if (place.Filled) gsPaintFace(picWork, {place.X, place.Y}, place.Tile.KindIdx, gintfTileDir(col));
             }
     });
 }
@@ -35,19 +31,19 @@ void frmMain::msDrawPlayArea() {
 void frmMain::msDrawNexTile() {
     guarded("msDrawNexTile", [&] {
         if (!mblnPeek) {
-            platform::BitBlt(picWork, nextTilePlace.X, nextTilePlace.Y, tileWidth, tileHeight, picBlankNextTile, 0, 0,
-                             platform::SRCCOPY);
+            platform::BitBlt(picWork, nextTilePlace.left, nextTilePlace.top, tileWidth, tileHeight, picBlankNextTile, 0,
+                             0, platform::SRCCOPY);
             return;
         }
         if (mintTilesDropped == tileCount) return;
         const int16_t tile = TileOrder[mintTilesDropped + 1];
-        if (tile != 0) msPaintTile(nextTilePlace, TileKindOf[tile], 0);
+        if (tile != 0) gsPaintFace(picWork, pointIn(nextTilePlace, 0, 0), TileKindOf[tile], 0);
     });
 }
 
 void frmMain::msDrawEarnedTiles() {
     guarded("msDrawEarnedTiles", [&] {
         for (const CellInfo& slot : EarnedTiles)
-            if (slot.Filled) msPaintTile({slot.X, slot.Y}, slot.Tile.KindIdx, 0);
+            if (slot.Filled) gsPaintFace(picWork, {slot.X, slot.Y}, slot.Tile.KindIdx, 0);
     });
 }

@@ -1,8 +1,6 @@
 #include "presentation/frmBitmaps.h"
 
-#include "platform/pictures.h"
-#include "platform/runtime.h"
-#include "toolkit/failures.h"
+#include "toolkit/modScreen.h"
 
 namespace {
 
@@ -26,6 +24,12 @@ constexpr StoreRow store[] = {
     {"picPassMask", &frmBitmaps::picPassMask},
 };
 
+/// Paints a part of a sheet of faces or backs through the outline of its view.
+void paintTile(platform::Surface& surface, const PixelPoint& place, const SheetPart& tile) {
+    gsPaintMasked(surface, {place.X, place.Y, tileWidth, tileHeight}, {gfrmBitmaps->picTileBackMask, 0, tile.top},
+                  tile);
+}
+
 }  // namespace
 
 void gsPaintMasked(platform::Surface& surface, const platform::Place& place, const SheetPart& mask,
@@ -36,13 +40,14 @@ void gsPaintMasked(platform::Surface& surface, const platform::Place& place, con
                      picture.top, platform::SRCPAINT);
 }
 
-void gsPaintTile(platform::Surface& surface, const PixelPoint& place, const platform::Surface& sheet, int sheetLeft,
-                 int16_t view) {
-    gsPaintMasked(surface, {place.X, place.Y, tileWidth, tileHeight}, {gfrmBitmaps->picTileBackMask, 0, view},
-                  {sheet, sheetLeft, view});
+void gsPaintFace(platform::Surface& surface, const PixelPoint& place, int16_t kind, int16_t view) {
+    paintTile(surface, place, {gfrmBitmaps->picAllTiles, (kind - 1) * tileWidth, view});
+}
+
+void gsPaintBack(platform::Surface& surface, const PixelPoint& place, int16_t view) {
+    paintTile(surface, place, {gfrmBitmaps->picTileBack, 0, view});
 }
 
 frmBitmaps::frmBitmaps() {
-    for (const StoreRow& row : store)
-        guarded("frmBitmaps", [&] { (this->*row.picture).setPicture(platform::pictureByName(row.name)); });
+    for (const StoreRow& row : store) gsLoadPicture(this->*row.picture, row.name);
 }

@@ -3,9 +3,8 @@
 #include "platform/controls.h"
 #include "platform/surface.h"
 #include "play/model.h"
+#include "presentation/layout.h"
 #include "toolkit/formRef.h"
-
-constexpr int lightningWidth = 200, lightningHeight = 233;  ///< Pixels.
 
 /// The store of the pictures; made at first use and never shown. A picture that is missing is reported and empty.
 struct frmBitmaps {
@@ -20,8 +19,8 @@ struct frmBitmaps {
     platform::Surface picSmallHouse;  // the same, small
     platform::Surface picSmallHouseMask;
     platform::Surface picLightning;
-    platform::Surface picLightningMask;                                    // its complement
-    platform::Surface picBlankLightning{lightningWidth, lightningHeight};  // the bare table under it
+    platform::Surface picLightningMask;                                                // its complement
+    platform::Surface picBlankLightning{lightningPlace.width, lightningPlace.height};  // the bare table under it
     platform::Surface picPass;
     platform::Surface picPassMask;
 };
@@ -39,6 +38,8 @@ struct SheetPart {
 void gsPaintMasked(platform::Surface& surface, const platform::Place& place, const SheetPart& mask,
                    const SheetPart& picture);
 
-/// Paints a tile, from the left edge of its column in a sheet of faces or backs, in the view with that row offset.
-void gsPaintTile(platform::Surface& surface, const PixelPoint& place, const platform::Surface& sheet, int sheetLeft,
-                 int16_t view);
+/// Paints the face of a kind, 1 to 42, at a place in pixels; the view is a row offset in the sheets: 0, 39 or 78.
+void gsPaintFace(platform::Surface& surface, const PixelPoint& place, int16_t kind, int16_t view);
+
+/// Paints a tile that lies face down.
+void gsPaintBack(platform::Surface& surface, const PixelPoint& place, int16_t view);

@@ -8,13 +8,13 @@ namespace {
 
 constexpr int16_t nameSize = 18;  // points
 
-/// Paints a wind's marker; the cell's size is that of the mask.
-void msPaintMarker(platform::Surface& picWork, const PixelPoint& udtPlace, const platform::Surface& picMask,
-                   const platform::Surface& picSheet, int32_t lngWind, bool blnChinese) {
-    const int width = picMask.width();
-    const int height = picMask.height();
-    gsPaintMasked(picWork, {udtPlace.X, udtPlace.Y, width, height}, {picMask, 0, 0},
-                  {picSheet, (lngWind - 1) * width, blnChinese ? 0 : height});
+/// Paints a wind's marker; a cell of the sheet is as large as the mask.
+void paintMarker(platform::Surface& surface, const PixelPoint& place, const platform::Surface& mask,
+                 const platform::Surface& sheet, int32_t wind, bool chinese) {
+    const int width = mask.width();
+    const int height = mask.height();
+    gsPaintMasked(surface, {place.X, place.Y, width, height}, {mask, 0, 0},
+                  {sheet, (wind - 1) * width, chinese ? 0 : height});
 }
 
 }  // namespace
@@ -22,28 +22,28 @@ void msPaintMarker(platform::Surface& picWork, const PixelPoint& udtPlace, const
 void frmMain::msDrawRound() {
     guarded("msDrawRound", [&] {
         if (mlngRoundWind == 0) return;
-        msPaintMarker(picWork, roundMarkerPlace, gfrmBitmaps->picHouseMask, gfrmBitmaps->picHouse, mlngRoundWind,
-                      mblnRoundInChinese);
+        paintMarker(picWork, pointIn(roundMarkerPlace, 0, 0), gfrmBitmaps->picHouseMask, gfrmBitmaps->picHouse,
+                    mlngRoundWind, mblnRoundInChinese);
     });
 }
 
 void frmMain::msDrawHouseIndicator() {
     guarded("msDrawHouseIndicator", [&] {
         if (mlngRoundWind == 0) return;
-        msPaintMarker(picWork, maudtHousePsn[mlngHouse], gfrmBitmaps->picSmallHouseMask, gfrmBitmaps->picSmallHouse,
-                      mlngRoundWind, mblnRoundInChinese);
+        paintMarker(picWork, maudtHousePsn[mlngHouse], gfrmBitmaps->picSmallHouseMask, gfrmBitmaps->picSmallHouse,
+                    mlngRoundWind, mblnRoundInChinese);
     });
 }
 
 void frmMain::msDrawSeats() {
     const platform::Surface& tableTop = gfrmBitmaps->picTableTop;
-    platform::BitBlt(picWork, tableTopPlace.X, tableTopPlace.Y, tableTop.width(), tableTop.height(), tableTop, 0, 0,
-                     platform::SRCCOPY);
+    platform::BitBlt(picWork, smallTablePlace.left, smallTablePlace.top, tableTop.width(), tableTop.height(), tableTop,
+                     0, 0, platform::SRCCOPY);
     for (int seat = 1; seat <= seatCount; ++seat) {
-        const bool blnPlayer = seat == mlngSeat;
-        const std::string text = blnPlayer ? "Player" : mastrSeatName[seat];
+        const bool isPlayer = seat == mlngSeat;
+        const std::string text = isPlayer ? "Player" : mastrSeatName[seat];
         const PixelPoint place = maudtSeatPsn[seat];
-        gsPrintShadowed(picWork, place.X, place.Y, text, blnPlayer ? white : blue, scriptFont, nameSize, false);
+        gsPrintShadowed(picWork, place.X, place.Y, text, isPlayer ? white : blue, scriptFont, nameSize, false);
     }
     msDrawHouseIndicator();
 }

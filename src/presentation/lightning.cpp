@@ -11,22 +11,22 @@ namespace {
 constexpr int32_t quietSeconds = 60;  // from the start of a hand, or from the painting of a strike
 constexpr double oneStrikeIn = 10;    // ticks, as a rule, once those seconds are over
 
-int32_t mlngfSecondOfDay() { return narrow32(std::nearbyint(platform::secondsOfDay())); }
+int32_t secondOfDay() { return narrow32(std::nearbyint(platform::secondsOfDay())); }
 
 }  // namespace
 
 void frmMain::msCaptureLightningGround() {
-    platform::Surface& picGround = gfrmBitmaps->picBlankLightning;
-    mintLightningWidth = narrow16(picGround.width());
-    mintLightningHeight = narrow16(picGround.height());
-    platform::BitBlt(picGround, 0, 0, mintLightningWidth, mintLightningHeight, picWork, lightningPlace.X,
-                     lightningPlace.Y, platform::SRCCOPY);
+    platform::Surface& ground = gfrmBitmaps->picBlankLightning;
+    mintLightningWidth = narrow16(ground.width());
+    mintLightningHeight = narrow16(ground.height());
+    platform::BitBlt(ground, 0, 0, mintLightningWidth, mintLightningHeight, picWork, lightningPlace.left,
+                     lightningPlace.top, platform::SRCCOPY);
 }
 
 void frmMain::msResetLightning() {
     mblnLightningDue = false;
     mblnLightningShown = false;
-    mlngLastLightning = mlngfSecondOfDay();
+    mlngLastLightning = secondOfDay();
 }
 
 void frmMain::msGenerateLightning() {
@@ -41,13 +41,13 @@ void frmMain::msDrawLightning() {
         if (mblnLightningDue) {
             mblnLightningDue = false;
             mblnLightningShown = true;
-            mlngLastLightning = mlngfSecondOfDay();
-            gsPaintMasked(picWork, {lightningPlace.X, lightningPlace.Y, mintLightningWidth, mintLightningHeight},
+            mlngLastLightning = secondOfDay();
+            gsPaintMasked(picWork, {lightningPlace.left, lightningPlace.top, mintLightningWidth, mintLightningHeight},
                           {gfrmBitmaps->picLightningMask, 0, 0}, {gfrmBitmaps->picLightning, 0, 0});
             msShowLightning();
         } else if (mblnLightningShown) {
             mblnLightningShown = false;
-            platform::BitBlt(picWork, lightningPlace.X, lightningPlace.Y, mintLightningWidth, mintLightningHeight,
+            platform::BitBlt(picWork, lightningPlace.left, lightningPlace.top, mintLightningWidth, mintLightningHeight,
                              gfrmBitmaps->picBlankLightning, 0, 0, platform::SRCCOPY);
             msShowLightning();
         }
@@ -56,8 +56,8 @@ void frmMain::msDrawLightning() {
 
 void frmMain::msShowLightning() {
     msDrawEarnedTiles();
-    platform::BitBlt(form.surface(), lightningPlace.X, lightningPlace.Y, mintLightningWidth, mintLightningHeight,
-                     picWork, lightningPlace.X, lightningPlace.Y, platform::SRCCOPY);
+    platform::BitBlt(form.surface(), lightningPlace.left, lightningPlace.top, mintLightningWidth, mintLightningHeight,
+                     picWork, lightningPlace.left, lightningPlace.top, platform::SRCCOPY);
     form.refresh();
 }
 

@@ -4,16 +4,15 @@
 
 #include "frmMain.h"
 #include "modZQT.h"
-#include "platform/pictures.h"
 #include "scoring/scoringItems.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 namespace {
 
-constexpr int backgroundResource = 102;
-constexpr int clientRight = 666, clientBottom = 309;  // pixels
-constexpr double below = 1440;                        // twips under the centre of the main window
+constexpr int ground = 102;
+constexpr int formWidth = 667, formHeight = 330;  // pixels: a line more than the ground has
+constexpr double below = 1440;                    // twips under the centre of the main window
 
 constexpr int entriesPerColumn = 6;
 constexpr int16_t nameX[] = {38, 354};
@@ -32,14 +31,9 @@ frmBreakDown::frmBreakDown() {
 
 void frmBreakDown::Form_Load() {
     guarded("Form_Load", [&] {
-        form.setPicture(platform::pictureByNumber(backgroundResource));
-        const int pictureHeight = form.scaleHeight();
-        gsSetClientSize(0, 0, clientRight, clientBottom, form);
-        // The sizing makes the form a line higher than its picture: the frame's last line fills it.
-        platform::BitBlt(form.surface(), 0, pictureHeight, form.scaleWidth(), form.scaleHeight() - pictureHeight,
-                         form.surface(), 0, pictureHeight - 1, platform::SRCCOPY);
+        gsFitDialog(form, formWidth, formHeight, gfrmMain->form, below);
+        gsLayGround(form, ground);
         form.setCaption("Velmora");
-        gsCenterOver(form, gfrmMain->form, below);
         msInitPrtPsns();
         msBreakDown();
     });

@@ -4,9 +4,12 @@
 #include <string>
 
 #include "platform/runtime.h"
+#include "platform/uncaught.h"
 
 /// Tells the player of a failure in the procedure of that name and waits for the answer.
-void gsReportError(int32_t number, const std::string& description, const std::string& procedure);
+inline void gsReportError(int32_t number, const std::string& description, const std::string& procedure) {
+    platform::reportFailure(number, description, procedure);
+}
 
 /// The common error path: runs the body; a failure in it is reported under the procedure's name, and the result is
 /// then false, 0 or empty.

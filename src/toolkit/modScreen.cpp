@@ -1,7 +1,7 @@
 #include "toolkit/modScreen.h"
 
 #include "platform/desktop.h"
-#include "platform/uncaught.h"
+#include "platform/pictures.h"
 #include "toolkit/failures.h"
 
 namespace {
@@ -24,8 +24,23 @@ void gsCenterForm(platform::Form& form) {
     form.move((platform::screenWidth() - form.width()) / 2, (platform::screenHeight() - form.height()) / 2);
 }
 
-void gsCenterOver(platform::Form& form, const platform::Form& over, double down) {
+void gsFitDialog(platform::Form& form, int width, int height, const platform::Form& over, double down) {
+    gsSetClientSize(0, 0, width - 1, height - 1 - platform::menuBarHeight, form);
     form.move(over.left() + (over.width() - form.width()) / 2, over.top() + (over.height() - form.height()) / 2 + down);
+}
+
+void gsLayGround(platform::Form& form, int number) {
+    platform::Surface ground;
+    gsLoadPicture(ground, std::to_string(number));
+    const int width = ground.width();
+    const int height = ground.height();
+    platform::BitBlt(form.surface(), 0, 0, width, height, ground, 0, 0, platform::SRCCOPY);
+    for (int y = height; y < form.scaleHeight(); ++y)
+        platform::BitBlt(form.surface(), 0, y, width, 1, ground, 0, height - 1, platform::SRCCOPY);
+}
+
+void gsLoadPicture(platform::Surface& surface, const std::string& name) {
+    guarded("gsLoadPicture", [&] { surface.setPicture(platform::pictureByName(name)); });
 }
 
 void gsPrintText(platform::Surface& surface, int16_t x, int16_t y, const std::string& text, platform::Color color,
@@ -65,8 +80,4 @@ void gsDelay(double seconds) {
         passed = platform::secondsOfDay() - start;
         if (passed < 0) passed += secondsPerDay;  // The day has turned during the wait.
     }
-}
-
-void gsReportError(int32_t number, const std::string& description, const std::string& procedure) {
-    platform::reportFailure(number, description, procedure);
 }

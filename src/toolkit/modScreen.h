@@ -25,8 +25,17 @@ void gsSetClientSize(int32_t left, int32_t top, int32_t right, int32_t bottom, p
 /// Moves a form to the centre of the screen.
 void gsCenterForm(platform::Form& form);
 
-/// Moves a dialog to the centre of another form, and by so many twips further down.
-void gsCenterOver(platform::Form& form, const platform::Form& over, double down = 0);
+/// Gives a dialog a size in pixels and moves it to the centre of another form, and so many twips further down. A dialog
+/// whose ground is a picture is a line higher than the picture; one that a panel covers is as large as the panel.
+void gsFitDialog(platform::Form& form, int width, int height, const platform::Form& over, double down = 0);
+
+/// Lays the picture with that number on a dialog that has its size already; the dialog's lines below the picture repeat
+/// the picture's last one, which is the lower edge of its frame. Without the picture the dialog stays black.
+void gsLayGround(platform::Form& form, int number);
+
+/// Makes the picture that the program carries under that name the surface's lasting background and gives it the
+/// picture's size. A picture that is missing is reported, and the surface stays as it is.
+void gsLoadPicture(platform::Surface& surface, const std::string& name);
 
 /// Prints a text at a place in pixels; the font stays set on the surface.
 void gsPrintText(platform::Surface& surface, int16_t x, int16_t y, const std::string& text, platform::Color color,
