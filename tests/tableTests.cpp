@@ -1,0 +1,223 @@
+// The whole window as a player sees it, moment by moment.
+
+#include "match/frmChooseSeat.h"
+#include "platform/desktop.h"
+#include "play/frmChooseTiles.h"
+#include "tests/tableFixture.h"
+
+namespace {
+
+using namespace platform::key;
+
+using Table = TableFixture;
+
+TEST_F(Table, IsBareUntilTheFirstTileComes) {
+    EXPECT_TRUE(ExpectedTable().isSeenOn(shown)) << "as it opens";
+    dealHand("c1 E", 3);
+    EXPECT_TRUE(ExpectedTable().isSeenOn(shown)) << "a hand has begun, and no tile has come";
+    nextTile();
+    EXPECT_TRUE(ExpectedTable().seats(3, 1, 1).score("0").tile(5, 1, "c1").isSeenOn(shown));
+}
+
+TEST_F(Table, ATileFallsByRowsAndGoesAsideByColumns) {
+    dealHand("c1 E", 3);
+    nextTile();
+    const auto seesTile = [&](int column, int row) {
+        return ExpectedTable().seats(3, 1, 1).score("0").tile(column, row, "c1").isSeenOn(shown);
+    };
+    ticks(1);
+    EXPECT_TRUE(seesTile(5, 2)) << "a falling tick";
+    for (const int column : {4, 3, 2, 1}) {
+        press(Left, 1);
+        EXPECT_TRUE(seesTile(column, 2)) << "left to column " << column;
+    }
+    ticks(1);
+    for (int column = 2; column <= 9; ++column) {
+        press(Right, 1);
+        EXPECT_TRUE(seesTile(column, 3)) << "right to column " << column;
+    }
+    for (int row = 4; row <= 12; ++row) {
+        ticks(1);
+        EXPECT_TRUE(seesTile(9, row)) << "down to row " << row;
+    }
+    ticks(1);
+    EXPECT_TRUE(seesTile(9, 12)) << "it lies";
+}
+
+TEST_F(Table, LandedTilesStayInTheirViews) {
+    dealHand("c1 b5 N w9 R G", 3);
+    for (const int steps : {-4, -1, 0, 1, 4}) {
+        nextTile();
+        press(steps < 0 ? Left : Right, std::abs(steps));
+        drop();
+    }
+    EXPECT_TRUE(ExpectedTable().seats(3, 1, 1).score("0").board({"c1 . . b5 N w9 . . R"}).isSeenOn(shown));
+    nextTile();
+    EXPECT_TRUE(
+        ExpectedTable().seats(3, 1, 1).score("0").board({"c1 . . b5 N w9 . . R"}).tile(5, 1, "G").isSeenOn(shown));
+}
+
+TEST_F(Table, EveryFaceIsTheOneOfItsKind) {
+    beginHand(2);
+    const std::vector<std::string> rows = {"c1 c2 c3 c4 c5 c6 c7 c8 c9", "b1 b2 b3 b4 b5 b6 b7 b8 b9",
+                                           "w1 w2 w3 w4 w5 w6 w7 w8 w9", "E S W N R G B s1 s2",
+                                           "s3 s4 f1 f2 f3 f4 . . ."};
+    setBoard(rows);
+    game->msDrawPlayArea();
+    game->msShowPicture();
+    EXPECT_TRUE(ExpectedTable().board(rows).isSeenOn(shown));
+}
+
+TEST_F(Table, TheNextTileShowsWithPeekFromTheNextTickOn) {
+    dealHand("c1 E f2", 3);
+    nextTile();
+    sim::clickToolButton(Button::Peek);
+    const auto falling = [](int row) { return ExpectedTable().seats(3, 1, 1).score("0").tile(5, row, "c1"); };
+    EXPECT_TRUE(falling(1).isSeenOn(shown)) << "nothing changes before a show";
+    ticks(1);
+    EXPECT_TRUE(falling(2).nextTile("E").isSeenOn(shown));
+    drop();
+    nextTile();
+    EXPECT_TRUE(falling(12).tile(5, 1, "E").nextTile("f2").isSeenOn(shown));
+    sim::clickToolButton(Button::Peek);
+    ticks(1);
+    EXPECT_TRUE(falling(12).tile(5, 2, "E").isSeenOn(shown));
+}
+
+TEST_F(Table, ATakenSetLeavesTheBoardAndStandsAmongTheEarned) {
+    dealHand("c3 w9 b1", 2, 3, 4);
+    setBoard({"c1 c2 . R . . . . N", "b9 . . f1 . . . . .", "b7 W . . . . . . s1"});
+    sim::clickToolButton(Button::Peek);
+    nextTile();
+    press(Left, 2);
+    press(Down, 1);
+    answers = {1};
+    sim::setHands([this] {
+        if (gfrmChooseTiles.isOpen()) sim::pressKey(Enter);
+    });
+    ticks(12, 5);
+    const std::vector<std::string> left = {"b9 . . R . . . . N", "b7 W . f1 . . . . .", ". . . . . . . . s1"};
+    const auto table = [&] { return ExpectedTable().score("2").seats(2, 3, 4).board(left).earned("c1 c2 c3"); };
+    EXPECT_TRUE(table().nextTile("w9").isSeenOn(shown)) << "at once";
+    sim::runFor(400);
+    EXPECT_TRUE(table().nextTile("b1").tile(5, 1, "w9").isSeenOn(shown)) << "with the next tile";
+}
+
+TEST_F(Table, AllEarnedTilesStandInTheirTwoRows) {
+    const std::string all = "c1 c2 c3 b4 b4 b4 w5 w6 w7 R R R *E E | s1 s2 s3 s4 f1 f2 f3 f4";
+    dealHand("c1", 1);
+    setHand(all);
+    nextTile();
+    std::string names = all;
+    names.erase(names.find('*'), 1);
+    EXPECT_TRUE(ExpectedTable().seats(1, 1, 1).score("0").tile(5, 1, "c1").earned(names).isSeenOn(shown));
+}
+
+TEST_F(Table, SeatHouseAndWindAreThoseOfTheHandInBothLanguages) {
+    for (int seat = 1; seat <= 4; ++seat)
+        for (int house = 1; house <= 4; ++house) {
+            const int wind = (seat + house) % 4 + 1;
+            game->mlngScore = 1000 * seat + house;
+            dealHand("E", seat, house, wind);
+            for (const bool inChinese : {true, false, true}) {
+                SCOPED_TRACE(testing::Message() << "seat " << seat << " House " << house << " Chinese " << inChinese);
+                game->mintCurRow == noRow ? nextTile() : ticks(1);
+                EXPECT_TRUE(ExpectedTable()
+                                .seats(seat, house, wind, inChinese)
+                                .score(std::to_string(1000 * seat + house))
+                                .tile(5, game->mintCurRow, "E")
+                                .isSeenOn(shown));
+                sim::clickToolButton(Button::Round);
+            }
+            sim::clickToolButton(Button::Round);
+        }
+}
+
+TEST_F(Table, ANewHandShowsWithItsFirstTick) {
+    dealHand("c1 E", 2, 4, 1);
+    game->mintHouseMoves = 3;
+    setHand("c1 c2 c3 *R R | f2");
+    setBoard({"b1 b2 . . . . . . ."});
+    sim::clickToolButton(Button::Peek);
+    nextTile();
+    const auto before =
+        ExpectedTable().seats(2, 4, 1).score("0").tile(5, 1, "c1").nextTile("E").earned("c1 c2 c3 R R | f2");
+    EXPECT_TRUE(before.isSeenOn(shown));
+    game->mlngScore = 31;
+    game->mintCurRow = noRow;
+    game->mintTilesDropped = 143;
+    sim::runFor(400);
+    EXPECT_EQ(game->mintTilesDropped, 0);
+    EXPECT_TRUE(before.isSeenOn(shown)) << "the hand has ended, and with it the round";
+    game->TileOrder[1] = 144;  // the last flower
+    game->TileOrder[2] = 1;
+    sim::runFor(400);
+    EXPECT_TRUE(ExpectedTable().seats(2, 1, 2).score("31").tile(5, 1, "f4").nextTile("c1").isSeenOn(shown));
+}
+
+TEST_F(Table, KeepsItsLastPictureAfterAMatch) {
+    dealHand("c1", 2);
+    nextTile();
+    gintNumRounds = game->mintRoundsPlayed = 1;
+    int summaries = 0;
+    sim::setHands([&] {
+        if (sim::modalDepth() == 0) return;
+        ++summaries;
+        sim::pressKey(Enter);
+    });
+    sim::runFor(2000);
+    EXPECT_EQ(summaries, 1);
+    EXPECT_TRUE(ExpectedTable().seats(2, 1, 1).score("0").tile(5, 1, "c1").isSeenOn(shown));
+}
+
+TEST_F(Table, EachDealIsSeededAnew) {
+    const auto deals = [this](int valuesUsedBefore) {
+        TearDown();
+        SetUp();
+        for (int i = 0; i < valuesUsedBefore; ++i) platform::random();
+        game->msShuffleTiles();
+        std::vector<int32_t> deal(game->TileOrder.begin(), game->TileOrder.end());
+        for (int i = 0; i < valuesUsedBefore; ++i) platform::random();
+        frmChooseSeat draw;
+        draw.msShuffleTiles();
+        deal.insert(deal.end(), draw.malngSeatTiles.begin(), draw.malngSeatTiles.end());
+        return deal;
+    };
+    EXPECT_EQ(deals(0), deals(7)) << "the values before the seeding make a difference";
+}
+
+/// The time from tick to tick, in milliseconds, of a hand that has so many tiles when its first tile comes in. With 14
+/// it ends there.
+double pace(frmMain& game, int level, int handCount) {
+    game.mblnBreakDown = false;
+    game.mlngLevel = level;
+    game.msInitNewGame();
+    game.Timer1.setInterval(50);
+    game.mintHandCount = static_cast<int16_t>(handCount);
+    std::vector<double> times;
+    game.Timer1.onTick = [&] {
+        times.push_back(sim::now());
+        game.Timer1_Timer();
+    };
+    while (times.size() < 3) sim::step();
+    game.Timer1.onTick = [&game] { game.Timer1_Timer(); };
+    EXPECT_DOUBLE_EQ(times[1] - times[0], handCount == 14 ? times[1] - times[0] : times[2] - times[1]);
+    return times[1] - times[0];
+}
+
+TEST_F(Table, TheTicksComeAsLevelAndHandSay) {
+    static const struct {
+        int level;
+        const char* paces;  // hundreds of milliseconds, for hands of 0 to 14 tiles
+    } cases[] = {
+        {1, "444444444444444"}, {2, "444444444443333"}, {3, "444444443333333"},
+        {4, "333333333333333"}, {5, "333333332222222"},
+    };
+    beginHand();
+    for (const auto& row : cases)
+        for (int handCount = 0; handCount <= 14; ++handCount)
+            EXPECT_DOUBLE_EQ(pace(*game, row.level, handCount), (row.paces[handCount] - '0') * 100)
+                << "Level " << row.level << ", " << handCount << " tiles";
+}
+
+}  // namespace
