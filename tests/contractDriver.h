@@ -14,7 +14,8 @@ void keyDown(int keyCode);                                          ///< Down, o
 void keyUp(int keyCode);
 void clickToolButton(int button);
 void clickButton(const std::string& caption);
-void chooseMenuItem(int item);  ///< Of the menu that the next pop-up opens; 0 leaves it.
-std::string lastMessage();      ///< "title: text" of the last message box; each is answered at once.
+void chooseMenuItem(int item);               ///< Of the menu that the next pop-up opens; 0 leaves it.
+std::string pieceOfMusic(int milliseconds);  ///< The file of a piece so long; for 0 one that is not there.
+std::string lastMessage();                   ///< "title: text" of the last message box; each is answered at once.
 
 }  // namespace driver

@@ -9,6 +9,7 @@
 #include "platform/desktop.h"
 #include "platform/form.h"
 #include "platform/runtime.h"
+#include "platform/sound.h"
 #include "platform/timer.h"
 #include "platform/toolbar.h"
 #include "tests/contractDriver.h"
@@ -382,6 +383,7 @@ struct Caller {
     Panel panel{form, {0, 0, 100, 50}};
     CommandButton button{panel, {5, 5, 40, 20}};
     Timer timer;
+    MMControl music;
 };
 
 TEST_F(Contract, AHandlerMayLetGoOfWhatCallsIt) {
@@ -396,6 +398,12 @@ TEST_F(Contract, AHandlerMayLetGoOfWhatCallsIt) {
              caller.timer.onTick = std::move(handler);
              caller.timer.setInterval(10);
              caller.timer.setEnabled(true);
+         },
+         [] { driver::run(50); }},
+        {"status event",
+         [](Caller& caller, Handler handler) {
+             caller.music.onStatusUpdate = std::move(handler);
+             caller.music.setUpdateInterval(10);
          },
          [] { driver::run(50); }},
         {"button", [](Caller& caller, Handler handler) { caller.button.onClick = std::move(handler); },
@@ -513,6 +521,107 @@ TEST_F(Contract, MenuIsAnsweredOrLeft) {
     EXPECT_TRUE(menu.checked(2));
     EXPECT_FALSE(menu.checked(3));
     EXPECT_EQ(menu.caption(3), "Hard");
+}
+
+TEST_F(Contract, StatusEventsComeAtTheirInterval) {
+    const auto [between, after] = inTime(320, [] {
+        int events = 0;
+        MMControl music;
+        music.onStatusUpdate = [&] { ++events; };
+        driver::run(20);
+        music.setUpdateInterval(100);
+        driver::run(60);
+        music.setUpdateInterval(100);
+        driver::run(60);
+        const int early = events;
+        music.setUpdateInterval(0);
+        driver::run(180);
+        return std::pair(early, events);
+    });
+    EXPECT_EQ(between, 1) << "the same interval goes on";
+    EXPECT_EQ(after, 1) << "an interval of 0 ends them";
+}
+
+/// Opens a piece in a control for music.
+void openPiece(MMControl& music, const std::string& file, const std::string& deviceType = "Sequencer") {
+    music.setDeviceType(deviceType);
+    music.setFileName(file);
+    music.setCommand("Open");
+}
+
+TEST_F(Contract, MusicIsOpenedIfItIsThere) {
+    struct {
+        const char* what;
+        int length;  // milliseconds; -1 for no file name
+        const char* deviceType;
+        int32_t mode;
+    } const rows[] = {
+        {"a piece", 1000, "Sequencer", 525},
+        {"a file that isn't there", 0, "Sequencer", 524},
+        {"no piece", -1, "Sequencer", 530},
+        {"another device", 1000, "WaveAudio", 524},
+    };
+    for (const auto& row : rows) {
+        MMControl music;
+        EXPECT_EQ(music.mode(), 524) << row.what;
+        openPiece(music, row.length >= 0 ? driver::pieceOfMusic(row.length) : "", row.deviceType);
+        EXPECT_EQ(music.mode(), row.mode) << row.what;
+        music.setCommand("Play");
+        EXPECT_EQ(music.mode(), row.mode == 525 ? 526 : row.mode) << row.what;
+        music.setCommand("Stop");
+        EXPECT_EQ(music.mode(), row.mode) << row.what;
+        music.setCommand("Close");
+        EXPECT_EQ(music.mode(), 524) << row.what;
+    }
+}
+
+/// Milliseconds until the music has come to its end.
+double playingTime(MMControl& music) {
+    const double start = secondsOfDay();
+    for (int i = 0; i < 500 && music.mode() == 526; ++i) driver::run(10);
+    return (secondsOfDay() - start) * 1000;
+}
+
+TEST_F(Contract, MusicPlaysFromWhereItStands) {
+    constexpr int length = 1000;  // milliseconds
+    constexpr int whole = length, rest = 400, nothing = 0;
+    struct {
+        int after;  // milliseconds of playing; from the length on the piece is at its end
+        std::vector<const char*> commands;
+        int32_t mode;  // after them
+        int plays;     // milliseconds from then on
+    } const rows[] = {
+        {600, {"Stop"}, 525, nothing},
+        {600, {"Stop", "Play"}, 526, rest},
+        {600, {"Stop", "Prev", "Play"}, 526, whole},
+        {600, {"Stop", "Next", "Play"}, 526, whole},
+        {600, {"Play"}, 526, rest},
+        {600, {"Next"}, 526, whole},
+        {600, {"Louder"}, 526, rest},
+        {600, {"Close", "Play"}, 524, nothing},
+        {1300, {}, 525, nothing},
+        {1300, {"Play"}, 525, nothing},
+        {1300, {"Stop", "Play", "Stop"}, 525, nothing},
+        {1300, {"Next", "Play"}, 526, whole},
+    };
+    MMControl music;
+    openPiece(music, driver::pieceOfMusic(length));
+    music.setCommand("Play");
+    playingTime(music);  // The first time a font is loaded.
+    for (const auto& row : rows) {
+        const auto [mode, plays] = inTime(row.after + row.plays + 200, [&] {
+            music.setCommand("Stop");
+            music.setCommand("Open");
+            music.setCommand("Prev");
+            music.setCommand("Play");
+            driver::run(row.after);
+            for (const char* command : row.commands) music.setCommand(command);
+            const int32_t then = music.mode();
+            return std::pair(then, playingTime(music));
+        });
+        EXPECT_EQ(mode, row.mode) << "row " << &row - rows;
+        EXPECT_NEAR(plays, row.plays, 250) << "row " << &row - rows;
+    }
 }
 
 /// The number of the failure that the action meets; 0 if it meets none.

@@ -3,9 +3,11 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <cmath>
+#include <fstream>
 #include <set>
 
 #include "platform/form.h"
@@ -14,6 +16,7 @@
 #include "platform/qt/formWindow.h"
 #include "platform/qt/toolButton.h"
 #include "tests/contractDriver.h"
+#include "tests/soundFiles.h"
 
 namespace driver {
 namespace {
@@ -68,6 +71,7 @@ Person& person() {
     static char name[] = "velmora_qt_contract";
     static char* argv[] = {name, nullptr};
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("SDL_AUDIODRIVER", "dummy");
     static const platform::Application application(argc, argv, "Program", "program");
     static Person thePerson;
     return thePerson;
@@ -133,6 +137,14 @@ void clickButton(const std::string& caption) {
 }
 
 void chooseMenuItem(int item) { person().menuItem = item; }
+
+std::string pieceOfMusic(int milliseconds) {
+    static const QTemporaryDir folder;
+    if (milliseconds == 0) return folder.filePath("none.mid").toStdString();
+    const std::string file = folder.filePath(QString::number(milliseconds) + ".mid").toStdString();
+    std::ofstream(file, std::ios::binary) << piece(woodBlock, {{0, milliseconds / 2, 60}}, milliseconds);
+    return file;
+}
 
 std::string lastMessage() { return person().lastMessage; }
 

@@ -10,14 +10,15 @@ namespace {
 
 constexpr int32_t internalError = 51;
 
-std::string& programName() {
+std::string& nameOfProgram() {
     static std::string name = "Program";
     return name;
 }
 
 }  // namespace
 
-void setProgramName(const std::string& name) { programName() = name; }
+void setProgramName(const std::string& name) { nameOfProgram() = name; }
+const std::string& programName() { return nameOfProgram(); }
 
 void reportFailure(int32_t number, const std::string& description, const std::string& where) {
     messageBox("Error In " + where, "Error " + std::to_string(number) + " - " + description);

@@ -7,6 +7,7 @@ namespace platform {
 
 /// Gives the program the name that stands in the titles of its reports; until then it is "Program".
 void setProgramName(const std::string& name);
+const std::string& programName();
 
 /// Tells the player of a failure by its number and description, with the name of where it happened in the title, and
 /// waits for the answer.

@@ -66,6 +66,16 @@ struct Posted {
     std::function<void()> action;
 };
 
+/// The one piece of music, where it stands and whether it plays.
+struct Music {
+    double length = 120000;  ///< Milliseconds; 0 while there is no such file.
+    bool device = true;      ///< Whether there is anything to hear it with.
+    uint64_t performance = 0;
+    bool playing = false;
+    double start = 0;  ///< Milliseconds from its beginning, where it stands or has begun to play.
+    double since = 0;  ///< When it began to play there.
+};
+
 constexpr int keyCodes = 256;  ///< A key's code lies below, from 1.
 
 /// All that is on the desktop and all that will happen on it.
@@ -98,6 +108,7 @@ struct State {
     int printerFailsAtLine = 0;  ///< Of a document, from 1; 0 at none.
     bool printerFailsAtEnd = false;
     std::vector<Sheet> sheets;
+    Music music;
 };
 
 /// The one desktop. It is never destroyed, since forms in static storage may go after everything else.

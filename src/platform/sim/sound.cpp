@@ -1,0 +1,78 @@
+#include "platform/sound.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "platform/sequencer.h"
+#include "platform/sim/state.h"
+
+namespace sim {
+namespace {
+
+/// The last performance, if it is that one.
+Music* musicOf(uint64_t performance) { return state().music.performance == performance ? &state().music : nullptr; }
+
+}  // namespace
+
+void setPieceLength(double milliseconds) { state().music.length = milliseconds; }
+void setSoundDevice(bool present) { state().music.device = present; }
+
+double piecePosition() {
+    const Music& music = state().music;
+    return music.playing ? std::min(music.length, music.start + state().now - music.since) : music.start;
+}
+
+bool pieceSounds() {
+    const Music& music = state().music;
+    return music.playing && music.device && piecePosition() < music.length;
+}
+
+}  // namespace sim
+
+namespace platform {
+namespace sequencer {
+
+using sim::Music;
+
+bool canOpen(const std::string& /*file*/) { return sim::state().music.length > 0; }
+
+uint64_t begin(const std::string& /*file*/) {
+    Music& music = sim::state().music;
+    ++music.performance;
+    music.playing = false;
+    music.start = 0;
+    resume(music.performance);
+    return music.performance;
+}
+
+void pause(uint64_t performance) {
+    Music* const music = sim::musicOf(performance);
+    if (music == nullptr || !music->playing) return;
+    music->start = sim::piecePosition();
+    music->playing = false;
+    sim::note("music stops at", music->start);
+}
+
+void resume(uint64_t performance) {
+    Music* const music = sim::musicOf(performance);
+    if (music == nullptr || music->playing) return;
+    music->since = sim::state().now;
+    music->playing = true;
+    if (sim::pieceSounds()) sim::note("music plays from", music->start);
+}
+
+State stateOf(uint64_t performance) {
+    const Music* const music = sim::musicOf(performance);
+    if (music == nullptr) return State::Ended;
+    if (!music->device) return State::Failed;
+    return sim::piecePosition() < music->length ? State::Going : State::Ended;
+}
+
+}  // namespace sequencer
+
+bool sndPlaySoundA(const std::string& file, uint32_t flags) {
+    sim::note("sound", std::filesystem::path(file).filename().string(), flags);
+    return true;
+}
+
+}  // namespace platform

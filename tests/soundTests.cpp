@@ -1,0 +1,335 @@
+// What comes out of the sound device: the real sound font, SDL's disk driver, pieces of a few notes.
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <thread>
+
+#include "platform/desktop.h"
+#include "platform/qt/modules.h"
+#include "platform/qt/soundThread.h"
+#include "tests/ear.h"
+#include "tests/soundFiles.h"
+
+namespace {
+
+using platform::qt::SoundThread;
+using platform::sequencer::State;
+using namespace std::chrono_literals;
+
+constexpr float audible = 0.002F;
+
+class Sound : public testing::Test {
+  protected:
+    Sound() {
+        folder_ = std::filesystem::temp_directory_path() / ("sounds" + std::to_string(getpid()));
+        std::filesystem::create_directories(folder_);
+    }
+    ~Sound() override {
+        thread_.reset();
+        std::filesystem::remove_all(folder_);
+    }
+
+    std::string write(const std::string& name, const std::string& contents) {
+        std::ofstream(folder_ / name, std::ios::binary) << contents;
+        return folder_ / name;
+    }
+
+    /// Waits until that is so; fails the test if it never gets so.
+    static void await(const char* what, const std::function<bool()>& condition) {
+        const auto end = std::chrono::steady_clock::now() + 20s;
+        while (!condition()) {
+            ASSERT_LT(std::chrono::steady_clock::now(), end) << "waited in vain for " << what;
+            std::this_thread::sleep_for(2ms);
+        }
+    }
+
+    void awaitFrames(size_t count) {
+        await("frames", [&, end = ear_->now() + count] { return ear_->now() >= end; });
+    }
+
+    uint64_t beginAndAwaitSound(const std::string& file) {
+        const size_t before = ear_->now();
+        const uint64_t performance = thread_->begin(file);
+        await("music", [&] { return ear_->heard().peak(before, ear_->now()) > audible; });
+        return performance;
+    }
+
+    std::filesystem::path folder_;
+    std::optional<Ear> ear_{std::in_place};
+    std::unique_ptr<SoundThread> thread_ = std::make_unique<SoundThread>();
+};
+
+TEST_F(Sound, MusicBeginsAtOnceAndIsSilentSoonAfterItsEnd) {
+    const auto file = write("organ.mid", piece(organ, {{0, 20000, 60}}, 20000));
+    uint64_t performance = beginAndAwaitSound(file);
+    for (int time = 0; time < 3; ++time) {
+        awaitFrames(framesIn(200));
+        const size_t stopped = ear_->now();
+        thread_->setPlaying(performance, false);
+        awaitFrames(framesIn(600));
+        const Heard heard = ear_->heard();
+        EXPECT_GT(heard.peak(stopped - framesIn(100), framesIn(100)), audible) << "it plays until it is stopped";
+        EXPECT_LT(heard.lastAbove(0), stopped + framesIn(300)) << "silent after the stop";
+        const size_t begun = ear_->now();
+        performance = thread_->begin(file);
+        awaitFrames(framesIn(600));
+        const size_t sounds = ear_->heard().firstAbove(audible, begun);
+        EXPECT_GT(sounds, begun) << "silent until it begins";
+        EXPECT_LT(sounds, begun + framesIn(300)) << "heard after the beginning";
+    }
+}
+
+TEST_F(Sound, DeviceIsOpenOnlyWhileSomethingSounds) {
+    constexpr int rest = 1800;  // milliseconds between the notes
+    const auto file = write("rest.mid", piece(woodBlock, {{0, 100, 60}, {rest, 100, 60}}, 2000));
+    EXPECT_FALSE(ear_->deviceOpen());
+    const uint64_t performance = beginAndAwaitSound(file);
+    await("the end", [&] { return thread_->stateOf(performance) == State::Ended; });
+    await("the device to close", [&] { return !ear_->deviceOpen(); });
+    const Heard heard = ear_->heard();
+    const size_t first = heard.firstAbove(audible);
+    const size_t second = heard.firstAbove(audible, first + framesIn(rest / 2.0));
+    EXPECT_NEAR(second - first, framesIn(rest), framesIn(20)) << "a rest of the piece doesn't close the device";
+    const size_t silence = heard.frames.size() - heard.lastAbove(audible);
+    EXPECT_GT(silence, framesIn(900)) << "a device isn't closed at once, since music may go on";
+    EXPECT_LT(silence, framesIn(2500));
+}
+
+TEST_F(Sound, ClosedDeviceSoundsAtOnceOnceTheFontIsLoaded) {
+    const auto file = write("short.mid", piece(woodBlock, {{0, 100, 60}}, 200));
+    std::chrono::steady_clock::duration quickest = 1h;
+    for (int attempt = 0; attempt < 8 && quickest > 300ms; ++attempt) {
+        await("the device to close", [&] { return !ear_->deviceOpen(); });
+        const size_t before = ear_->now();
+        const auto begun = std::chrono::steady_clock::now();
+        beginAndAwaitSound(file);
+        if (attempt > 0) quickest = std::min(quickest, std::chrono::steady_clock::now() - begun);
+        EXPECT_LT(ear_->heard().firstAbove(audible, before), before + framesIn(100)) << "no silence comes first";
+    }
+    EXPECT_LT(quickest, 300ms);
+}
+
+TEST_F(Sound, PieceThatIsBegunAnewAfterItsEndRingsOn) {
+    const auto file = write("bell.mid", piece(bell, {{300, 100, 60}}, 600));
+    uint64_t performance = beginAndAwaitSound(file);
+    const size_t first = ear_->heard().firstAbove(audible);
+    for (int time = 0; time < 2; ++time) {
+        await("the end", [&] { return thread_->stateOf(performance) == State::Ended; });
+        performance = thread_->begin(file);
+    }
+    await("the end", [&] { return thread_->stateOf(performance) == State::Ended; });
+    const Heard heard = ear_->heard();
+    for (size_t at = first; at < first + framesIn(1500); at += framesIn(20))
+        ASSERT_GT(heard.peak(at, framesIn(20)), audible / 4) << "silence " << (at - first) / framesIn(1) << " ms on";
+}
+
+TEST_F(Sound, MusicThatWasCutOffLeavesNothingBehind) {
+    struct {
+        const char* what;
+        std::string cut;
+        std::string next;
+        size_t silent, heardBy;  // milliseconds of what is played next
+    } const rows[] = {
+        {"no echo in the hall", piece(bell, {{0, 5000, 48}}, 9000), piece(bell, {{600, 100, 60}}, 900), 500, 900},
+        {"no voice turned low", piece(organ, {{0, 300, 60}}, 9000, {'\xB0', 11, 0}), piece(organ, {{0, 900, 60}}, 1000),
+         0, 300},
+    };
+    for (const auto& row : rows) {
+        const auto cut = write("cut.mid", row.cut);
+        const uint64_t performance = beginAndAwaitSound(cut);
+        awaitFrames(framesIn(700));
+        thread_->setPlaying(performance, false);
+        awaitFrames(framesIn(500));
+        const size_t begun = ear_->now();
+        thread_->begin(write("next.mid", row.next));
+        awaitFrames(framesIn(1200));
+        const Heard heard = ear_->heard();
+        EXPECT_LT(heard.peak(begun, framesIn(static_cast<double>(row.silent))), audible / 10) << row.what;
+        EXPECT_LT(heard.firstAbove(audible, begun), begun + framesIn(static_cast<double>(row.heardBy))) << row.what;
+    }
+}
+
+TEST_F(Sound, PausedMusicGoesOnWhereItWas) {
+    const auto file = write("two.mid", piece(woodBlock, {{0, 100, 60}, {800, 100, 60}}, 1000));
+    const uint64_t performance = beginAndAwaitSound(file);
+    awaitFrames(framesIn(400));
+    thread_->setPlaying(performance, false);
+    await("the device to close", [&] { return !ear_->deviceOpen(); });
+    EXPECT_EQ(thread_->stateOf(performance), State::Going);
+    const size_t before = ear_->now();
+    thread_->setPlaying(performance, true);
+    await("the end", [&] { return thread_->stateOf(performance) == State::Ended; });
+    const Heard heard = ear_->heard();
+    EXPECT_LT(heard.firstAbove(audible, before), before + framesIn(500)) << "the second note, not the first";
+    EXPECT_LT(heard.frames.size(), before + framesIn(900)) << "the end";
+}
+
+TEST_F(Sound, ThunderSoundsWithMusicAndWithout) {
+    const auto file = write("organ.mid", piece(organ, {{0, 9000, 60}}, 9000));
+    const auto thunder = write("thunder.wav", plateau(500));
+    constexpr float level = 0.4F;  // of left and right together, where the plateau is at 0.5
+    for (const bool withMusic : {false, true}) {
+        if (withMusic) beginAndAwaitSound(file);
+        awaitFrames(withMusic ? framesIn(500) : 0);
+        const size_t before = ear_->now();
+        thread_->playSound(thunder);
+        await("thunder", [&] { return ear_->now() > before + framesIn(900); });
+        const Heard heard = ear_->heard();
+        size_t begin = before;
+        while (begin < heard.frames.size() && heard.mean(begin, framesIn(50)) < level) begin += framesIn(5);
+        EXPECT_LT(begin, before + framesIn(300)) << "music " << withMusic;
+        for (size_t at = begin; at < begin + framesIn(400); at += framesIn(20))
+            EXPECT_GT(heard.mean(at, framesIn(50)), level) << "music " << withMusic;
+        EXPECT_LT(std::fabs(heard.mean(begin + framesIn(600), framesIn(50))), level / 4) << "it is over";
+        if (!withMusic) continue;
+        for (size_t at = before - framesIn(200); at < before + framesIn(900); at += framesIn(20)) {
+            float least = 1, most = -1;
+            for (size_t i = at; i < at + framesIn(20); ++i) {
+                least = std::min(least, heard.frames[i]);
+                most = std::max(most, heard.frames[i]);
+            }
+            EXPECT_GT(most - least, audible) << "a break in the music";
+        }
+    }
+}
+
+/// A variable of the environment, for as long as this lives.
+class Variable {
+  public:
+    Variable(const char* name, const std::string& value) : name_(name) {
+        const char* const before = std::getenv(name);
+        if (before != nullptr) before_ = before;
+        setenv(name, value.c_str(), 1);
+    }
+    ~Variable() { before_ ? setenv(name_, before_->c_str(), 1) : unsetenv(name_); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+  private:
+    const char* name_;
+    std::optional<std::string> before_;
+};
+
+TEST_F(Sound, WhatCannotBeHeardIsSilence) {
+    const std::string notes = piece(organ, {{0, 900, 60}}, 1000);
+    const std::string good = write("good.mid", notes);
+    const std::string garbage(5000, '\x5A');
+    std::filesystem::create_directory(folder_ / "folder");
+    mkfifo((folder_ / "pipe").c_str(), S_IRUSR | S_IWUSR);
+    const auto inFolder = [&](const char* name) { return (folder_ / name).string(); };
+    struct {
+        const char* what;
+        std::string file;
+        const char* variable = "UNUSED";
+        std::string value = "";
+    } const rows[] = {
+        {"no piece", inFolder("none")},
+        {"an empty piece", write("empty.mid", "")},
+        {"a corrupt piece", write("garbage.mid", garbage)},
+        {"a piece that is cut off", write("short.mid", notes.substr(0, 20))},
+        {"a folder for a piece", inFolder("folder")},
+        {"a pipe for a piece", inFolder("pipe")},
+        {"no font", good, "SDL_SOUNDFONTS", inFolder("none")},
+        {"a corrupt font", good, "SDL_SOUNDFONTS", write("garbage.sf3", garbage)},
+        {"a corrupt font that looks like one", good, "SDL_SOUNDFONTS",
+         write("head.sf3", "RIFF\x10\x27\x01\x01sfbk" + garbage)},
+        {"a pipe for a font", good, "SDL_SOUNDFONTS", inFolder("pipe")},
+        {"no such driver", good, "SDL_AUDIODRIVER", "none"},
+        {"a device that fails to open", good, "SDL_DISKAUDIOFILE", inFolder("folder")},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        thread_ = std::make_unique<SoundThread>();
+        {
+            const Variable variable(row.variable, row.value);
+            const uint64_t performance = thread_->begin(row.file);
+            await("the failure", [&] { return thread_->stateOf(performance) == State::Failed; });
+            thread_->playSound(row.file);
+            thread_->setPlaying(performance, false);
+        }
+        EXPECT_EQ(ear_->heard().peak(0, ear_->now()), 0);
+        beginAndAwaitSound(good);
+        thread_.reset();
+        ear_.emplace();
+    }
+}
+
+TEST_F(Sound, DeviceThatVanishesIsOpenedAnewByTheNextBeginning) {
+    const auto file = write("organ.mid", piece(organ, {{0, 900, 60}}, 1000));
+    uint64_t performance = beginAndAwaitSound(file);
+    ear_.reset();
+    await("the end", [&] { return thread_->stateOf(performance) == State::Ended; });
+    ear_.emplace();
+    performance = beginAndAwaitSound(file);
+    EXPECT_EQ(thread_->stateOf(performance), State::Going);
+}
+
+TEST_F(Sound, LastOfManyWishesCountsAndNoneIsWaitedFor) {
+    const auto file = write("organ.mid", piece(organ, {{0, 9000, 60}}, 9000));
+    const auto thunder = write("thunder.wav", plateau(50));
+    auto longest = std::chrono::steady_clock::duration::max();
+    for (const bool playing : {true, false}) {
+        auto longestNow = std::chrono::steady_clock::duration::zero();
+        uint64_t performance = 0;
+        for (int press = 0; press < 60; ++press) {
+            const auto begun = std::chrono::steady_clock::now();
+            if (press % 2 == 0)
+                performance = thread_->begin(file);
+            else
+                thread_->setPlaying(performance, false);
+            if (press % 3 == 0) thread_->playSound(thunder);
+            thread_->stateOf(performance);
+            longestNow = std::max(longestNow, std::chrono::steady_clock::now() - begun);
+            std::this_thread::sleep_for(std::chrono::milliseconds(press));
+        }
+        longest = std::min(longest, longestNow);
+        if (playing) {
+            beginAndAwaitSound(file);
+            awaitFrames(framesIn(500));
+            const size_t now = ear_->now();
+            awaitFrames(framesIn(300));
+            EXPECT_GT(ear_->heard().peak(now, framesIn(300)), audible);
+        } else {
+            await("silence", [&] { return !ear_->deviceOpen(); });
+        }
+    }
+    EXPECT_LT(longest, 50ms);
+}
+
+TEST_F(Sound, ProgramMayEndWhileTheFontIsLoading) {
+    const auto file = write("organ.mid", piece(organ, {{0, 900, 60}}, 1000));
+    ear_.reset();
+    const Variable driver("SDL_AUDIODRIVER", "dummy");
+    for (const auto wait : {0ms, 10ms, 40ms, 80ms, 150ms}) {
+        const auto playFor = [&](SoundThread& thread) {
+            thread.begin(file);
+            std::this_thread::sleep_for(wait);
+        };
+        EXPECT_EXIT((playFor(*thread_), platform::endProcess()), testing::ExitedWithCode(0), "");
+        SoundThread thread;
+        playFor(thread);
+    }
+}
+
+TEST(Modules, WhatCannotBeLoadedHasNoEntryPoint) {
+    using platform::qt::moduleEntry;
+    EXPECT_NE(moduleEntry("velmora_sound.so", "makeMixer"), nullptr);
+    EXPECT_EQ(moduleEntry("velmora_sound.so", "makeNothing"), nullptr);
+    EXPECT_EQ(moduleEntry("velmora_nothing.so", "makeMixer"), nullptr);
+    EXPECT_EQ(moduleEntry("CMakeCache.txt", "makeMixer"), nullptr);
+}
+
+}  // namespace
