@@ -203,7 +203,7 @@ TEST(Thunder, isWhatItsGeneratorMakes) {
 
 TEST(Thunder, cracksAtOnceAndThenRumbles) {
     const Span all = thunderSamples();
-    EXPECT_GT(peakOf(all.first(220)), 16000) << "no crack in the first hundredth of a second";
+    EXPECT_GT(peakOf(all.first(220)), 12000) << "no crack in the first hundredth of a second";
     EXPECT_GT(brightnessOf(part(0, 32)), 20 * brightnessOf(part(2, 8))) << "the crack is no sharper than what follows";
     EXPECT_LT(brightnessOf(part(1, 2)), 0.01) << "the rumble is not low";
 }
@@ -224,11 +224,11 @@ TEST(Thunder, rollsAndDiesAway) {
 
 TEST(Thunder, isLoudButNowhereClipped) {
     const int peak = peakOf(thunderSamples());
-    EXPECT_GT(peak, 26000);
-    EXPECT_LT(peak, 32000);
+    EXPECT_GT(peak, 18000);
+    EXPECT_LT(peak, 23000) << "no room for the music that plays on";
     int flat = 0;
     for (size_t i = 1; i < thunderSamples().size(); ++i)
-        if (thunderSamples()[i] == thunderSamples()[i - 1] && std::abs(thunderSamples()[i]) > 16000) ++flat;
+        if (thunderSamples()[i] == thunderSamples()[i - 1] && std::abs(thunderSamples()[i]) > 12000) ++flat;
     EXPECT_LE(flat, 1);
 }
 
