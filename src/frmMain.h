@@ -68,12 +68,12 @@ struct frmMain {
     bool mblnPairTaken = false;              // the hand's one pair has been taken
     int16_t mintPairSlot = 0;                // slot of its first tile: 1, 4, 7, 10 or 13; 0 before
     int16_t mintDoubles = 0;                 // doubles found by the tally
-    bool mblnInTimerTick = false;            // guard of Timer1_Timer; stays set after a match has ended
+    bool mblnInTimerTick = false;            // a tick is at work; stays set when the match has ended
     bool mblnGameRunning = false;            // a match is running
     bool mblnLightningDue = false;           // a strike is to be painted
     bool mblnLightningShown = false;         // a strike stands on the screen
     int32_t mlngLastLightning = 0;           // second of the day of the last strike, or else of the hand's start
-    uint32_t mlngHandNumber = 0;             // number of this hand in the run, so that a tick can tell it from the next
+    uint32_t mlngHandNumber = 0;  // number of this hand in the run, by which a tick sees that another has begun
 
     // The falling tile: mblnfTileEnters
     int16_t mintCurRow = 0;        // 1 to 12; noRow while no tile is on its way
@@ -82,8 +82,8 @@ struct frmMain {
     bool mblnDropKeyUsed = false;  // the drop key was pressed for it; cleared when its landing is over
 
     // The search: msMarkCellTable
-    int16_t mintPossibleCount = 0;           // candidates found, those without a place in PossibleTiles too
-    DynamicTable<TileKind> maudtCheckTiles;  // the faces in the window that is looked at
+    int16_t mintPossibleCount = 0;           // candidates in PossibleTiles
+    DynamicTable<TileKind> maudtCheckTiles;  // the tiles of the window that is looked at
 
     // play/newGame.cpp: the start of the program and of a hand
     /// Sets up window, pictures, tables and options; the window then stands idle.
@@ -113,13 +113,15 @@ struct frmMain {
     /// Lets the timer count a whole interval from now, so that the next tile doesn't come out of a dialog at once.
     void msRestartTimer();
     /// Counts the hand, moves the House, shows the break-down and begins the next hand.
-    void msEndHand(bool blnWon);
+    void msEndHand(bool won);
+    /// Adds a hand to those of the match.
+    void msCountHand(bool won);
     /// Stops the fall and shows the summary.
     void msEndMatch();
     /// Steers the falling tile by the code of a key.
-    void Form_KeyDown(int intKeyCode);
+    void Form_KeyDown(int keyCode);
     /// Moves the tile a column to the left, -1, or right, 1, if the place beside it is free.
-    void msMoveSideways(int16_t intStep);
+    void msMoveSideways(int16_t step);
     /// True if the falling tile can go a row down.
     bool mblnfDropOK();
     /// Milliseconds a row for the next tile, by Level and hand.
@@ -129,14 +131,14 @@ struct frmMain {
 
     // play/search.cpp: what a landed tile completes
     struct Landing;
-    /// Makes the landed tile part of the board, and offers what it completes until that is done.
+    /// Makes the landed tile part of the board, and lets the player take what it completes, one set after the other.
     void msMarkCellTable();
     /// Looks for candidates around the landed tile or the set just taken.
-    void msSearch(Landing& udtLanding);
+    void msSearch(Landing& landing);
     /// Tries all windows of 1, 2 or 3 tiles, from the starting row up the board.
-    void msSearchPass(Landing& udtLanding, int16_t intNumCheck);
+    void msSearchPass(Landing& landing, int16_t intNumCheck);
     /// Lets the player choose among the candidates, and takes what was chosen.
-    void msOffer(Landing& udtLanding);
+    void msOffer(Landing& landing);
     /// Gives the first and last left column of the windows of a pass.
     void msGetColumns(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat, int16_t intNumCheck,
                       int16_t intTakenNum);
@@ -152,7 +154,7 @@ struct frmMain {
     /// True if the window at that place is a set; it is then stored as a candidate.
     bool mblnfTileConnection(int16_t intRow, int16_t intCol, int16_t intNumTiles);
     /// Adds the tiles from first to last as a new candidate.
-    void msStorePossibleTiles(int16_t intFirst, int16_t intLast, const DynamicTable<TileKind>& audtTiles);
+    void msStorePossibleTiles(int16_t first, int16_t last, const DynamicTable<TileKind>& tiles);
 
     // play/taking.cpp: a set leaves the board
     /// Moves a set of 1 to 3 tiles from the board to the earned tiles and shows the picture.
@@ -168,7 +170,7 @@ struct frmMain {
     /// Adds the points of a taken set, values the hand if asked to, and prints the score.
     void msUpdateScore(int32_t lngSetKind, bool blnTally);
     /// Adds to the score; an overflow fails and leaves it as it was.
-    void msAddPoints(int32_t lngPoints);
+    void msAddPoints(int32_t points);
     /// Prints the score on the picture.
     void msPrintScore();
     /// Values a hand of 14 tiles: its items, doubles and points.
@@ -198,35 +200,35 @@ struct frmMain {
     /// Scores the single flowers and seasons.
     void msCheckForFlowers();
     /// Scores the tile of a slot if it is the player's own, which depends on who holds the House.
-    void msLookAtBonusTile(int16_t intSlot);
+    void msLookAtBonusTile(int16_t slot);
     /// Scores a tile that is the player's own while seat 1 holds the House.
-    void msHouseIsEast(int16_t intSlot);
+    void msHouseIsEast(int16_t slot);
     /// The same for seat 2.
-    void msHouseIsSouth(int16_t intSlot);
+    void msHouseIsSouth(int16_t slot);
     /// The same for seat 3.
-    void msHouseIsWest(int16_t intSlot);
+    void msHouseIsWest(int16_t slot);
     /// The same for seat 4.
-    void msHouseIsNorth(int16_t intSlot);
+    void msHouseIsNorth(int16_t slot);
     /// Scores a tile that is the player's own while that seat holds the House.
-    void msOwnTiles(int16_t intSlot, int32_t lngHouse);
+    void msOwnTiles(int16_t slot, int32_t house);
     /// Scores a tile that is one of these two, given as Bonus.
-    void msFlowerAndSeason(int16_t intSlot, int32_t lngOwnFlower, int32_t lngOwnSeason);
+    void msFlowerAndSeason(int16_t slot, int32_t ownFlower, int32_t ownSeason);
     /// Scores trios of dragons.
     void msCheckForDragons();
     /// Puts the item, with its comma, in the place of the listed dragon trios.
-    void msReplace_Dragon_Tiles_Desc(const std::string& strNewItem);
+    void msReplace_Dragon_Tiles_Desc(const std::string& newItem);
     /// Scores trios of winds.
     void msCheckForWinds();
     /// Scores a trio of the wind of the round, 1 to 4.
-    void msCheckPrevailingWind(int32_t lngWind);
+    void msCheckPrevailingWind(int32_t wind);
     /// Scores a trio of the wind of a seat that is the player's own.
-    void msCheckOwnWind(int32_t lngSeat);
+    void msCheckOwnWind(int32_t seat);
 
     // match/seats.cpp: the House and the rounds
     /// Fills the names and places of the seats.
     void msAssignSeatPsns();
     /// Moves the House after a hand, unless the player has won while holding it.
-    void msUpdateHouse(bool blnWon);
+    void msUpdateHouse(bool won);
     /// Moves the House to the next seat.
     void msMoveHouse();
     /// Ends the round at the fourth move of the House and turns its wind.
@@ -272,9 +274,9 @@ struct frmMain {
     /// Sets all tool-tips.
     void msSetToolTipText();
     /// Sets a button's tool-tip from its text and the present state.
-    void msShowToolTip(int intButton);
+    void msShowToolTip(int button);
     /// Carries out the command of a button, 1 to 15.
-    void tbrZQT_ButtonClick(int intButton);
+    void tbrZQT_ButtonClick(int button);
 
     // presentation/commands.cpp: what the buttons and the menu do
     /// Draws the seat and begins a match.
@@ -308,7 +310,7 @@ struct frmMain {
     /// Unloads the window.
     void msExit();
     /// Sets the Level, 1 to 5, and its check mark.
-    void mnuLevelItem_Click(int intItem);
+    void mnuLevelItem_Click(int item);
     /// Ends the program with the window.
     void Form_Unload();
     /// Lets go of every form and ends the process.

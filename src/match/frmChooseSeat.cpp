@@ -72,10 +72,10 @@ void frmChooseSeat::msPlaceFrame() {
     shpSeat.setPlace({place.X - border, place.Y - border, frameWidth, frameHeight});
 }
 
-void frmChooseSeat::Form_KeyDown(int intKeyCode) {
+void frmChooseSeat::Form_KeyDown(int keyCode) {
     guarded("Form_KeyDown", [&] {
         if (mblnDrawn) return;
-        switch (intKeyCode) {
+        switch (keyCode) {
             case platform::key::Left:
             case platform::key::Pad4:
                 mintSelTile = mintSelTile == 1 ? int16_t{seatCount} : narrow16(mintSelTile - 1);
@@ -91,9 +91,9 @@ void frmChooseSeat::Form_KeyDown(int intKeyCode) {
     });
 }
 
-void frmChooseSeat::Form_KeyPress(int intKeyAscii) {
+void frmChooseSeat::Form_KeyPress(int keyAscii) {
     guarded("Form_KeyPress", [&] {
-        if (mblnDrawn || intKeyAscii != platform::key::Enter) return;
+        if (mblnDrawn || keyAscii != platform::key::Enter) return;
         mblnDrawn = true;
         mintSeat = mintfGetSeat();
         msTurnTiles();

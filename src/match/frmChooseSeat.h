@@ -25,9 +25,9 @@ struct frmChooseSeat {
     /// Lays four tiles face down, shuffled, and frames the first.
     void Form_Load();
     /// Moves the frame by the code of a key.
-    void Form_KeyDown(int intKeyCode);
+    void Form_KeyDown(int keyCode);
     /// Draws the framed tile on Enter, shows all four for two seconds and unloads the form.
-    void Form_KeyPress(int intKeyAscii);
+    void Form_KeyPress(int keyAscii);
     /// Places the tiles and paints their backs.
     void msLoadTiles();
     /// Deals the four winds to the positions.

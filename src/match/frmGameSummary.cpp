@@ -28,7 +28,7 @@ constexpr LineRow lineRows[] = {
     {"Winning Percentage", {24, 112, 145, 25}, {176, 112, 57, 25}},
 };
 
-void msDress(platform::Panel& panel, const platform::PanelLook& look, const platform::Font& font, const char* caption) {
+void dress(platform::Panel& panel, const platform::PanelLook& look, const platform::Font& font, const char* caption) {
     panel.setLook(look);
     panel.setFont(font);
     panel.setCaption(caption);
@@ -45,16 +45,16 @@ frmGameSummary::frmGameSummary()
     form.onLoad = [this] { Form_Load(); };
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
     form.onUnload = [this] { Form_Unload(); };
-    msDress(pnlOuter, outerLook, titleFont, "");
-    msDress(pnlTitle, flatLook(black), titleFont, "Game Over...");
-    msDress(pnlFrame, raisedLook(black), titleFont, "");
-    msDress(pnlHeading, flatLook(blue), titleFont, "+++ Game Summary +++");
-    msDress(pnlList, insetLook(black), lineFont, "");
+    dress(pnlOuter, outerLook, titleFont, "");
+    dress(pnlTitle, flatLook(black), titleFont, "Game Over...");
+    dress(pnlFrame, raisedLook(black), titleFont, "");
+    dress(pnlHeading, flatLook(blue), titleFont, "+++ Game Summary +++");
+    dress(pnlList, insetLook(black), lineFont, "");
     for (const LineRow& row : lineRows) {
         pnlLabel.emplace_back(pnlList, row.labelPlace);
-        msDress(pnlLabel.back(), flatLook(panelOrange, platform::Align::Left), lineFont, row.label);
+        dress(pnlLabel.back(), flatLook(panelOrange, platform::Align::Left), lineFont, row.label);
         pnlGameSummary.emplace_back(pnlList, row.valuePlace);
-        msDress(pnlGameSummary.back(), insetLook(brightOrange), lineFont, "");
+        dress(pnlGameSummary.back(), insetLook(brightOrange), lineFont, "");
     }
 }
 
@@ -93,8 +93,8 @@ std::string frmGameSummary::mstrfPercentage() const {
     return std::string(digits, end.ptr) + "%";
 }
 
-void frmGameSummary::Form_KeyPress(int intKeyAscii) {
-    if (intKeyAscii == platform::key::Enter || intKeyAscii == platform::key::Escape) form.unload();
+void frmGameSummary::Form_KeyPress(int keyAscii) {
+    if (keyAscii == platform::key::Enter || keyAscii == platform::key::Escape) form.unload();
 }
 
 void frmGameSummary::Form_Unload() { gsClearObjects(gfrmGameSummary); }

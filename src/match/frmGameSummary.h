@@ -30,7 +30,7 @@ struct frmGameSummary {
     /// Sizes and places the form and shows the counts.
     void Form_Load();
     /// Closes the form on Enter or Escape.
-    void Form_KeyPress(int intKeyAscii);
+    void Form_KeyPress(int keyAscii);
     /// Lets go of the form.
     void Form_Unload();
     /// Empties the counts on the panels.

@@ -24,9 +24,9 @@ void frmMain::msAssignSeatPsns() {
     });
 }
 
-void frmMain::msUpdateHouse(bool blnWon) {
+void frmMain::msUpdateHouse(bool won) {
     guarded("msUpdateHouse", [&] {
-        if (blnWon && mlngHouse == mlngSeat) return;
+        if (won && mlngHouse == mlngSeat) return;
         msMoveHouse();
         ++mintHouseMoves;
     });

@@ -5,12 +5,16 @@
 #include "scoring/frmBreakDown.h"
 #include "toolkit/failures.h"
 
+/// A tick isn't always over before the next one is due: the tile chooser and the break-down are open inside it, and it
+/// serves events once while a tile falls. The ticks that come meanwhile must not move the game on, so they return at
+/// once as long as `mblnInTimerTick` is set. A new hand clears it, also if it begins inside a tick; that tick finds out
+/// by the hand's number and leaves the new hand alone.
 void frmMain::Timer1_Timer() {
     if (mblnInTimerTick) return;
     mblnInTimerTick = true;
     if (mintRoundsPlayed == gintNumRounds) {
-        msEndMatch();  // The guard stays set until the next match.
-        return;
+        msEndMatch();
+        return;  // The guard stays set: the next match's first hand clears it.
     }
     msGenerateLightning();
     if (mintCurRow == noRow ? mblnfTileEnters() : mblnfTileFalls()) {
@@ -31,9 +35,9 @@ bool frmMain::mblnfTileEnters() {
         mintCurRow = 0;
         if (mblnfDropOK()) mintCurRow = 1;
     }
-    const bool blnWon = mintHandCount == handTiles;
-    if (mintCurRow == 1 && !blnWon && mintTilesDropped != tileCount) return true;
-    msEndHand(blnWon);
+    const bool won = mintHandCount == handTiles;
+    if (mintCurRow == 1 && !won && mintTilesDropped != tileCount) return true;
+    msEndHand(won);
     return false;
 }
 
@@ -43,11 +47,12 @@ bool frmMain::mblnfTileFalls() {
         mintCurRow = noRow;
         return false;
     }
-    const uint32_t lngThisHand = mlngHandNumber;
+    const uint32_t thisHand = mlngHandNumber;
     platform::doEvents();
-    // A command served just now can have begun another hand or held the game, and a key can have put the tile over a
-    // taken place, where it lands at the next tick.
-    if (lngThisHand != mlngHandNumber || mintCurRow == noRow || !Timer1.enabled() || !mblnfDropOK()) return false;
+    // What was served just now can have changed what this tick was about to do. Start Anew has begun another hand: its
+    // first tile enters at a tick of its own. Pause, Stop or a dialog has held the game: the tile stays in its row. A
+    // sideways key has put the tile over a place that is taken: it lands there at the next tick.
+    if (thisHand != mlngHandNumber || !Timer1.enabled() || !mblnfDropOK()) return false;
     msEraseTile();
     ++mintCurRow;
     return true;
@@ -59,18 +64,23 @@ void frmMain::msRestartTimer() {
     Timer1.setEnabled(true);
 }
 
-void frmMain::msEndHand(bool blnWon) {
-    guarded("msEndHand", [&] {
-        mintGamesPlayed = narrow16(mintGamesPlayed + 1);
-        if (blnWon) mintGamesWon = narrow16(mintGamesWon + 1);
-    });
-    msUpdateHouse(blnWon);
+void frmMain::msEndHand(bool won) {
+    msCountHand(won);
+    msUpdateHouse(won);
     msUpdateRound();
-    if (blnWon && mblnBreakDown) {
+    if (won && mblnBreakDown) {
         Timer1.setEnabled(false);
         gfrmBreakDown.showModal();
     }
     msInitNewGame();
+}
+
+void frmMain::msCountHand(bool won) {
+    // The common error path lets a match go on whose hands are too many to be counted.
+    guarded("msCountHand", [&] {
+        mintGamesPlayed = narrow16(mintGamesPlayed + 1);
+        if (won) mintGamesWon = narrow16(mintGamesWon + 1);
+    });
 }
 
 void frmMain::msEndMatch() {
@@ -80,11 +90,11 @@ void frmMain::msEndMatch() {
     gfrmGameSummary.showModal();
 }
 
-void frmMain::Form_KeyDown(int intKeyCode) {
+void frmMain::Form_KeyDown(int keyCode) {
     guarded("Form_KeyDown", [&] {
         if (Timer1.enabled()) msEndLightning();
         if (mintCurRow == noRow || Timer1.interval() == dropInterval || !Timer1.enabled()) return;
-        switch (intKeyCode) {
+        switch (keyCode) {
             case platform::key::Left:
             case platform::key::Pad4:
                 msMoveSideways(-1);
@@ -105,11 +115,11 @@ void frmMain::Form_KeyDown(int intKeyCode) {
     });
 }
 
-void frmMain::msMoveSideways(int16_t intStep) {
-    const int intCol = mintCurCol + intStep;
-    if (intCol < 1 || intCol > columnCount || CellTable[mintCurRow][intCol].Filled) return;
+void frmMain::msMoveSideways(int16_t step) {
+    const int column = mintCurCol + step;
+    if (column < 1 || column > columnCount || CellTable[mintCurRow][column].Filled) return;
     msEraseTile();
-    mintCurCol = narrow16(intCol);
+    mintCurCol = narrow16(column);
     msDrawTile();
 }
 

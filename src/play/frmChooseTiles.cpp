@@ -75,9 +75,9 @@ void frmChooseTiles::msLoadTiles() {
     });
 }
 
-void frmChooseTiles::Form_KeyDown(int intKeyCode) {
+void frmChooseTiles::Form_KeyDown(int keyCode) {
     int entry = mintCurEntry;
-    switch (intKeyCode) {
+    switch (keyCode) {
         case platform::key::Left:
         case platform::key::Pad4:
             entry = entry == 1 ? mintNumEntries : entry - 1;
@@ -101,38 +101,38 @@ void frmChooseTiles::Form_KeyDown(int intKeyCode) {
     msHiLiteTiles(mintCurEntry);
 }
 
-int frmChooseTiles::mintfBelow(int intEntry) const {
-    if (intEntry > 2 * entriesPerLine) return intEntry - 2 * entriesPerLine;
-    if (intEntry + entriesPerLine <= mintNumEntries) return intEntry + entriesPerLine;
-    return intEntry > entriesPerLine ? intEntry - entriesPerLine : intEntry;
+int frmChooseTiles::mintfBelow(int entry) const {
+    if (entry > 2 * entriesPerLine) return entry - 2 * entriesPerLine;
+    if (entry + entriesPerLine <= mintNumEntries) return entry + entriesPerLine;
+    return entry > entriesPerLine ? entry - entriesPerLine : entry;
 }
 
-int frmChooseTiles::mintfAbove(int intEntry) const {
-    if (intEntry > entriesPerLine) return intEntry - entriesPerLine;
-    int entry = intEntry;
-    while (entry + entriesPerLine <= mintNumEntries && entry <= 2 * entriesPerLine) entry += entriesPerLine;
-    return entry;
+int frmChooseTiles::mintfAbove(int entry) const {
+    if (entry > entriesPerLine) return entry - entriesPerLine;
+    int lowest = entry;
+    while (lowest + entriesPerLine <= mintNumEntries && lowest <= 2 * entriesPerLine) lowest += entriesPerLine;
+    return lowest;
 }
 
-void frmChooseTiles::msHiLiteTiles(int16_t intEntry) {
+void frmChooseTiles::msHiLiteTiles(int16_t entry) {
     guarded("msHiLiteTiles", [&] {
         mintNumTiles = 0;
-        for (const CellInfo& tile : PossibleTiles[intEntry])
+        for (const CellInfo& tile : PossibleTiles[entry])
             if (tile.Filled) ++mintNumTiles;
-        const int width = intEntry == mintNumEntries ? entryWidth : tileWidth * mintNumTiles;
+        const int width = entry == mintNumEntries ? entryWidth : tileWidth * mintNumTiles;
         const int border = Shape1.borderWidth();
-        const CellInfo& place = PossibleTiles[intEntry][1];
+        const CellInfo& place = PossibleTiles[entry][1];
         Shape1.setPlace({place.X - border, place.Y - border, width + 2 * border, tileHeight + 2 * border});
         if (!Shape1.visible()) Shape1.setVisible(true);
     });
 }
 
-void frmChooseTiles::Form_KeyPress(int intKeyAscii) {
+void frmChooseTiles::Form_KeyPress(int keyAscii) {
     guarded("Form_KeyPress", [&] {
-        if (intKeyAscii != platform::key::Enter) return;
-        const bool blnPass = mintCurEntry == mintNumEntries;
-        mintCellTableRow = blnPass ? int16_t{0} : maintRows[mintCurEntry];
-        mintCellTableCol = blnPass ? int16_t{0} : maintCols[mintCurEntry];
+        if (keyAscii != platform::key::Enter) return;
+        const bool passes = mintCurEntry == mintNumEntries;
+        mintCellTableRow = passes ? int16_t{0} : maintRows[mintCurEntry];
+        mintCellTableCol = passes ? int16_t{0} : maintCols[mintCurEntry];
         form.unload();
     });
 }

@@ -8,7 +8,8 @@
 #include "platform/surface.h"
 #include "toolkit/formRef.h"
 
-/// The dialog in which the player answers an offer: candidates of `PossibleTiles` side by side, Pass behind them.
+/// The dialog in which the player takes a candidate of `PossibleTiles` or passes. Its entries are the candidates, side
+/// by side, and Pass behind them.
 struct frmChooseTiles {
     frmChooseTiles();
 
@@ -33,19 +34,19 @@ struct frmChooseTiles {
     /// Builds the picture over a copy of the table, and highlights the first entry.
     void Form_Load();
     /// Moves the highlight by the code of a key.
-    void Form_KeyDown(int intKeyCode);
+    void Form_KeyDown(int keyCode);
     /// Answers with the highlighted entry on Enter.
-    void Form_KeyPress(int intKeyAscii);
+    void Form_KeyPress(int keyAscii);
     /// Empties the rows and columns of the candidates.
     void Form_Unload();
     /// Paints the candidates, each tile in the view that it has on the board, and Pass, and counts the entries.
     void msLoadTiles();
     /// Lays the highlight round an entry and counts its tiles.
-    void msHiLiteTiles(int16_t intEntry);
+    void msHiLiteTiles(int16_t entry);
     /// The entry a line further down in the same column, or else the one in the first line.
-    int mintfBelow(int intEntry) const;
+    int mintfBelow(int entry) const;
     /// The entry a line further up in the same column, or else the one in the last line that has one there.
-    int mintfAbove(int intEntry) const;
+    int mintfAbove(int entry) const;
 };
 
 inline FormRef<frmChooseTiles> gfrmChooseTiles;

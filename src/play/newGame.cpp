@@ -99,7 +99,8 @@ void frmMain::msInitTileSet(Candidates& sets) {
 void frmMain::msShuffleTiles() {
     guarded("msShuffleTiles", [&] {
         platform::seedRandom();
-        // The k-th free position, found by closing the gap that each choice leaves in the list of free positions.
+        // Each number goes to one of the positions that are still free, all as likely. The free ones stand in front, in
+        // order; those behind the chosen one move up by one, so that it isn't chosen again.
         Table<int16_t, 1, tileCount> free;
         for (int16_t position = 1; position <= tileCount; ++position) free[position] = position;
         for (int16_t n = 1; n <= tileCount; ++n) {
@@ -113,6 +114,7 @@ void frmMain::msShuffleTiles() {
 
 void frmMain::msInitNewGame() {
     guarded("msInitNewGame", [&] {
+        ++mlngHandNumber;
         for (auto& row : CellTable)
             for (CellInfo& cell : row) cell.empty();
         for (CellInfo& slot : EarnedTiles) slot.empty();
@@ -134,7 +136,6 @@ void frmMain::msInitNewGame() {
         msDrawSeats();
         msUpdateScore(pairOfTiles, false);
         msShuffleTiles();
-        ++mlngHandNumber;
         Timer1.setEnabled(true);
         mblnInTimerTick = false;
         mblnGameRunning = true;

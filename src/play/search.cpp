@@ -4,6 +4,10 @@
 #include "play/frmChooseTiles.h"
 #include "toolkit/failures.h"
 
+/// How far a landing has come. After a tile has landed, the search looks at the windows of 1, 2 and 3 places in its row
+/// that hold it. If the player takes a set, tiles drop into its place, and the search goes on among what they may have
+/// completed: the windows that overlap the set's columns, from its row upward. So it goes on until a search finds
+/// nothing, the player passes or the hand is complete.
 struct frmMain::Landing {
     bool blnDone = false;
     bool blnRepeat = false;          // false: around the landed tile; true: around the set just taken
@@ -17,58 +21,58 @@ struct frmMain::Landing {
 void frmMain::msMarkCellTable() {
     guarded("msMarkCellTable", [&] {
         CellTable[mintCurRow][mintCurCol].fill(TileKinds[TileKindOf[mintCurTile]]);
-        Landing udtLanding;
-        while (!udtLanding.blnDone) {
-            msSearch(udtLanding);
-            if (udtLanding.aintRows.count() == 0)
-                udtLanding.blnDone = true;
+        Landing landing;
+        while (!landing.blnDone) {
+            msSearch(landing);
+            if (landing.aintRows.count() == 0)
+                landing.blnDone = true;
             else
-                msOffer(udtLanding);
+                msOffer(landing);
             msInitTileSet(PossibleTiles);
-            udtLanding.aintRows.clear();
-            udtLanding.aintCols.clear();
+            landing.aintRows.clear();
+            landing.aintCols.clear();
         }
         mblnDropKeyUsed = false;
         maudtCheckTiles.clear();
     });
 }
 
-void frmMain::msSearch(Landing& udtLanding) {
-    if (!udtLanding.blnRepeat) udtLanding.intRow = mintCurRow;
-    for (int16_t intNumCheck = 1; intNumCheck <= setTiles; ++intNumCheck) msSearchPass(udtLanding, intNumCheck);
+void frmMain::msSearch(Landing& landing) {
+    if (!landing.blnRepeat) landing.intRow = mintCurRow;
+    for (int16_t intNumCheck = 1; intNumCheck <= setTiles; ++intNumCheck) msSearchPass(landing, intNumCheck);
 }
 
-void frmMain::msSearchPass(Landing& udtLanding, int16_t intNumCheck) {
-    const int16_t intLowest = udtLanding.blnRepeat ? int16_t{1} : mintCurRow;
+void frmMain::msSearchPass(Landing& landing, int16_t intNumCheck) {
+    const int16_t lowest = landing.blnRepeat ? int16_t{1} : mintCurRow;
     int16_t intColFrom = 0;
     int16_t intColTo = 0;
-    msGetColumns(udtLanding.blnRepeat ? udtLanding.intTakenCol : mintCurCol, intColFrom, intColTo, udtLanding.blnRepeat,
-                 intNumCheck, udtLanding.intTakenNum);
-    for (int16_t row = udtLanding.intRow; row >= intLowest; --row)
+    msGetColumns(landing.blnRepeat ? landing.intTakenCol : mintCurCol, intColFrom, intColTo, landing.blnRepeat,
+                 intNumCheck, landing.intTakenNum);
+    for (int16_t row = landing.intRow; row >= lowest; --row)
         for (int16_t col = intColFrom; col <= intColTo; ++col) {
-            const int found = udtLanding.aintRows.count();
-            if (found == candidateLimit) return;
+            const int found = landing.aintRows.count();
+            if (found == candidateLimit) return;  // What lies further up would have no entry in the chooser.
             if (!mblnfTileConnection(row, col, intNumCheck)) continue;
-            udtLanding.aintRows.resize(found + 1);
-            udtLanding.aintCols.resize(found + 1);
-            udtLanding.aintRows[found + 1] = row;
-            udtLanding.aintCols[found + 1] = col;
+            landing.aintRows.resize(found + 1);
+            landing.aintCols.resize(found + 1);
+            landing.aintRows[found + 1] = row;
+            landing.aintCols[found + 1] = col;
         }
 }
 
-void frmMain::msOffer(Landing& udtLanding) {
+void frmMain::msOffer(Landing& landing) {
     msEndLightning();
-    gfrmChooseTiles->msLoadFormVariables(udtLanding.aintRows, udtLanding.aintCols);
+    gfrmChooseTiles->msLoadFormVariables(landing.aintRows, landing.aintCols);
     gfrmChooseTiles.showModal();
-    udtLanding.intTakenCol = gfrmChooseTiles->mprpCellTableCol();
-    udtLanding.intRow = gfrmChooseTiles->mprpCellTableRow();
-    udtLanding.intTakenNum = gfrmChooseTiles->mprpNumTiles();
+    landing.intTakenCol = gfrmChooseTiles->mprpCellTableCol();
+    landing.intRow = gfrmChooseTiles->mprpCellTableRow();
+    landing.intTakenNum = gfrmChooseTiles->mprpNumTiles();
     gfrmChooseTiles.clear();
     msRestartTimer();
 
-    udtLanding.blnRepeat = udtLanding.intTakenCol != 0;
-    if (udtLanding.blnRepeat) msTakeSet(udtLanding.intRow, udtLanding.intTakenCol, udtLanding.intTakenNum);
-    udtLanding.blnDone = !udtLanding.blnRepeat || mintHandCount == handTiles;
+    landing.blnRepeat = landing.intTakenCol != 0;
+    if (landing.blnRepeat) msTakeSet(landing.intRow, landing.intTakenCol, landing.intTakenNum);
+    landing.blnDone = !landing.blnRepeat || mintHandCount == handTiles;
 }
 
 void frmMain::msGetColumns(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat, int16_t intNumCheck,
@@ -87,42 +91,43 @@ void frmMain::msGetColumns(int16_t intCol, int16_t& intColFrom, int16_t& intColT
 
 namespace {
 
-/// The left columns of all windows of so many tiles that lie on the board and overlap the anchor's columns.
-void msWindowCols(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat, int16_t intTakenNum,
-                  int intTiles) {
-    const int intAnchorTiles = blnRepeat ? intTakenNum : 1;
-    intColFrom = narrow16(std::max(1, intCol - intTiles + 1));
-    intColTo = narrow16(std::min(columnCount - intTiles + 1, intCol + intAnchorTiles - 1));
+/// The left columns of all windows of so many tiles that lie on the board and overlap the columns of the landed tile,
+/// or those of the set just taken.
+void windowColumns(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat, int16_t intTakenNum,
+                   int windowTiles) {
+    const int anchorTiles = blnRepeat ? intTakenNum : 1;
+    intColFrom = narrow16(std::max(1, intCol - windowTiles + 1));
+    intColTo = narrow16(std::min(columnCount - windowTiles + 1, intCol + anchorTiles - 1));
 }
 
 }  // namespace
 
 void frmMain::msGetCheckSingleCols(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat,
                                    int16_t intTakenNum) {
-    guarded("msGetCheckSingleCols", [&] { msWindowCols(intCol, intColFrom, intColTo, blnRepeat, intTakenNum, 1); });
+    guarded("msGetCheckSingleCols", [&] { windowColumns(intCol, intColFrom, intColTo, blnRepeat, intTakenNum, 1); });
 }
 
 void frmMain::msGetCheckPairCols(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat,
                                  int16_t intTakenNum) {
-    guarded("msGetCheckPairCols", [&] { msWindowCols(intCol, intColFrom, intColTo, blnRepeat, intTakenNum, 2); });
+    guarded("msGetCheckPairCols", [&] { windowColumns(intCol, intColFrom, intColTo, blnRepeat, intTakenNum, 2); });
 }
 
 void frmMain::msGetCheckTrioCols(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat,
                                  int16_t intTakenNum) {
-    guarded("msGetCheckTrioCols", [&] { msWindowCols(intCol, intColFrom, intColTo, blnRepeat, intTakenNum, 3); });
+    guarded("msGetCheckTrioCols", [&] { windowColumns(intCol, intColFrom, intColTo, blnRepeat, intTakenNum, 3); });
 }
 
 namespace {
 
-bool mblnfSamePair(const TileKind& udtFirst, const TileKind& udtSecond) {
-    return udtFirst.Suit == udtSecond.Suit && udtFirst.Number == udtSecond.Number && udtFirst.Number != 0;
+bool samePair(const TileKind& first, const TileKind& second) {
+    return first.Suit == second.Suit && first.Number == second.Number && first.Number != 0;
 }
 
-bool mblnfTrioOrSequence(const TileKind& udtFirst, const TileKind& udtSecond, const TileKind& udtThird) {
-    if (udtFirst.Number == udtSecond.Number && udtSecond.Number == udtThird.Number)
-        return mblnfSamePair(udtFirst, udtSecond) && mblnfSamePair(udtSecond, udtThird);
-    if (udtFirst.Suit == 0 || udtFirst.Suit != udtSecond.Suit || udtSecond.Suit != udtThird.Suit) return false;
-    return runsInOrder(udtFirst.Number, udtSecond.Number, udtThird.Number);
+bool trioOrSequence(const TileKind& first, const TileKind& second, const TileKind& third) {
+    if (first.Number == second.Number && second.Number == third.Number)
+        return samePair(first, second) && samePair(second, third);
+    if (first.Suit == 0 || first.Suit != second.Suit || second.Suit != third.Suit) return false;
+    return runsInOrder(first.Number, second.Number, third.Number);
 }
 
 }  // namespace
@@ -130,13 +135,13 @@ bool mblnfTrioOrSequence(const TileKind& udtFirst, const TileKind& udtSecond, co
 bool frmMain::mblnfTileConnection(int16_t intRow, int16_t intCol, int16_t intNumTiles) {
     return guarded("mblnfTileConnection", [&] {
         maudtCheckTiles.resize(intNumTiles);
-        bool blnAllFilled = true;
+        bool allFilled = true;
         for (int i = 1; i <= intNumTiles; ++i) {
             const CellInfo& place = CellTable[intRow][intCol + i - 1];
             maudtCheckTiles[i] = place.Tile;
-            blnAllFilled = blnAllFilled && place.Filled;
+            allFilled = allFilled && place.Filled;
         }
-        if (!blnAllFilled) return false;
+        if (!allFilled) return false;
 
         bool blnFound = false;
         switch (intNumTiles) {
@@ -144,12 +149,13 @@ bool frmMain::mblnfTileConnection(int16_t intRow, int16_t intCol, int16_t intNum
                 blnFound = maudtCheckTiles[1].Bonus != 0 && intRow == bottomRow;
                 break;
             case 2:
-                blnFound = !mblnPairTaken && mblnfSamePair(maudtCheckTiles[1], maudtCheckTiles[2]);
+                blnFound = !mblnPairTaken && samePair(maudtCheckTiles[1], maudtCheckTiles[2]);
                 break;
             default:
-                // After four sets only the pair can follow.
+                // With 12 tiles or more the hand has no room for another three: four sets wait for their pair, or it
+                // is complete.
                 blnFound = mintHandCount < handTiles - 2 &&
-                           mblnfTrioOrSequence(maudtCheckTiles[1], maudtCheckTiles[2], maudtCheckTiles[3]);
+                           trioOrSequence(maudtCheckTiles[1], maudtCheckTiles[2], maudtCheckTiles[3]);
                 break;
         }
         if (blnFound) msStorePossibleTiles(1, intNumTiles, maudtCheckTiles);
@@ -157,9 +163,9 @@ bool frmMain::mblnfTileConnection(int16_t intRow, int16_t intCol, int16_t intNum
     });
 }
 
-void frmMain::msStorePossibleTiles(int16_t intFirst, int16_t intLast, const DynamicTable<TileKind>& audtTiles) {
+void frmMain::msStorePossibleTiles(int16_t first, int16_t last, const DynamicTable<TileKind>& tiles) {
     guarded("msStorePossibleTiles", [&] {
         ++mintPossibleCount;
-        for (int j = intFirst; j <= intLast; ++j) PossibleTiles[mintPossibleCount][j].fill(audtTiles[j]);
+        for (int j = first; j <= last; ++j) PossibleTiles[mintPossibleCount][j].fill(tiles[j]);
     });
 }

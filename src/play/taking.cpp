@@ -54,10 +54,10 @@ void frmMain::msRemoveTiles(int16_t intRow, int16_t intColFrom, int16_t intColTo
 
 void frmMain::msReArrangeTiles() {
     guarded("msReArrangeTiles", [&] {
-        const TileKind udtFirst = EarnedTiles[mintPairSlot].Tile;
-        const TileKind udtSecond = EarnedTiles[mintPairSlot + 1].Tile;
+        const TileKind first = EarnedTiles[mintPairSlot].Tile;
+        const TileKind second = EarnedTiles[mintPairSlot + 1].Tile;
         for (int slot = mintPairSlot; slot < firstPairSlot; ++slot) EarnedTiles[slot].fill(EarnedTiles[slot + 2].Tile);
-        EarnedTiles[firstPairSlot].fill(udtFirst);
-        EarnedTiles[firstPairSlot + 1].fill(udtSecond);
+        EarnedTiles[firstPairSlot].fill(first);
+        EarnedTiles[firstPairSlot + 1].fill(second);
     });
 }

@@ -86,14 +86,14 @@ void frmMain::msSetToolTipText() {
     });
 }
 
-void frmMain::msShowToolTip(int intButton) {
-    const State state = rowOf(buttons, intButton).state;
-    tbrZQT.setToolTip(intButton, mastrToolTip[intButton] + (state != noState ? state(*this) : ""));
+void frmMain::msShowToolTip(int button) {
+    const State state = rowOf(buttons, button).state;
+    tbrZQT.setToolTip(button, mastrToolTip[button] + (state != noState ? state(*this) : ""));
 }
 
-void frmMain::tbrZQT_ButtonClick(int intButton) {
+void frmMain::tbrZQT_ButtonClick(int button) {
     guarded("tbrZQT_ButtonClick", [&] {
-        const Command command = rowOf(buttons, intButton).command;
+        const Command command = rowOf(buttons, button).command;
         if (command != noCommand) (this->*command)();
     });
 }

@@ -91,9 +91,9 @@ void frmMain::msResumeFall() {
 
 void frmMain::msExit() { form.unload(); }
 
-void frmMain::mnuLevelItem_Click(int intItem) {
-    mlngLevel = intItem;
-    for (int item = 1; item <= mnuLevel.itemCount(); ++item) mnuLevel.setChecked(item, item == intItem);
+void frmMain::mnuLevelItem_Click(int item) {
+    mlngLevel = item;
+    for (int i = 1; i <= mnuLevel.itemCount(); ++i) mnuLevel.setChecked(i, i == item);
 }
 
 void frmMain::Form_Unload() { msExitProgram(); }

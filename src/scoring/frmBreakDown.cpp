@@ -70,27 +70,27 @@ void frmBreakDown::msBreakDown() {
     });
 }
 
-void frmBreakDown::msPrintPair(const PixelPoint& udtLeft, const std::string& strLeft, const PixelPoint& udtRight,
-                               const std::string& strRight) {
+void frmBreakDown::msPrintPair(const PixelPoint& leftPlace, const std::string& leftText, const PixelPoint& rightPlace,
+                               const std::string& rightText) {
     const auto print = [&](int x, int y, const std::string& text, platform::Color color) {
         gsPrintText(form.surface(), narrow16(x), narrow16(y), text, color, scriptFont, textSize, true);
     };
-    print(udtLeft.X - 1, udtLeft.Y - 1, strLeft, darkGrey);
-    print(udtRight.X, udtRight.Y - 1, strRight, darkGrey);
-    print(udtLeft.X, udtLeft.Y, strLeft, yellow);
-    print(udtRight.X, udtRight.Y, strRight, yellow);
+    print(leftPlace.X - 1, leftPlace.Y - 1, leftText, darkGrey);
+    print(rightPlace.X, rightPlace.Y - 1, rightText, darkGrey);
+    print(leftPlace.X, leftPlace.Y, leftText, yellow);
+    print(rightPlace.X, rightPlace.Y, rightText, yellow);
 }
 
-std::string frmBreakDown::mstrfDouble(const std::string& strItem) {
+std::string frmBreakDown::mstrfDouble(const std::string& item) {
     return guarded("mstrfDouble", [&]() -> std::string {
-        const ScoringItemRow* row = scoringItemNamed(strItem);
+        const ScoringItemRow* row = scoringItemNamed(item);
         if (row == nullptr) return {};
         return std::to_string(row->doubles) + (row->doubles > 1 ? " Doubles" : " Double");
     });
 }
 
-void frmBreakDown::Form_KeyPress(int intKeyAscii) {
-    if (intKeyAscii == platform::key::Enter || intKeyAscii == platform::key::Escape) form.unload();
+void frmBreakDown::Form_KeyPress(int keyAscii) {
+    if (keyAscii == platform::key::Enter || keyAscii == platform::key::Escape) form.unload();
 }
 
 void frmBreakDown::Form_Unload() { gsClearObjects(gfrmBreakDown); }

@@ -23,7 +23,7 @@ struct frmBreakDown {
     /// Sizes and places the form and prints everything.
     void Form_Load();
     /// Closes the form on Enter or Escape.
-    void Form_KeyPress(int intKeyAscii);
+    void Form_KeyPress(int keyAscii);
     /// Lets go of the form.
     void Form_Unload();
     /// Fills the places of the texts.
@@ -31,10 +31,10 @@ struct frmBreakDown {
     /// Prints each item with its doubles, and the totals.
     void msBreakDown();
     /// Prints two texts side by side, the shadows of both first.
-    void msPrintPair(const PixelPoint& udtLeft, const std::string& strLeft, const PixelPoint& udtRight,
-                     const std::string& strRight);
+    void msPrintPair(const PixelPoint& leftPlace, const std::string& leftText, const PixelPoint& rightPlace,
+                     const std::string& rightText);
     /// The doubles of an item as text, with the number first; empty for a text that is no item.
-    std::string mstrfDouble(const std::string& strItem);
+    std::string mstrfDouble(const std::string& item);
 };
 
 inline FormRef<frmBreakDown> gfrmBreakDown;

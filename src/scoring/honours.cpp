@@ -16,18 +16,16 @@ constexpr int sevenTiles = 7;
 constexpr ScoringItem dragonTrios[] = {ScoringItem::RedTrio, ScoringItem::GreenTrio, ScoringItem::BlueTrio};
 
 /// How many seats further round the table the second seat is, 0 to 3.
-int32_t mlngfDistance(int32_t lngFromSeat, int32_t lngToSeat) {
-    return (lngToSeat - lngFromSeat + seatCount) % seatCount;
-}
+int32_t distance(int32_t fromSeat, int32_t toSeat) { return (toSeat - fromSeat + seatCount) % seatCount; }
 
-std::string mstrfListed(ScoringItem item) { return scoringItem(item).text + std::string(","); }
+std::string listed(ScoringItem item) { return scoringItem(item).text + std::string(","); }
 
 /// Puts the new text in the place of the item in the list, with its comma; false if the item isn't there.
-bool mblnfReplaceInList(ScoringItem item, const std::string& strNewText) {
-    const std::string strItem = mstrfListed(item);
-    const size_t place = gstrScoreDesc.find(strItem);
+bool replaceInList(ScoringItem item, const std::string& newText) {
+    const std::string text = listed(item);
+    const size_t place = gstrScoreDesc.find(text);
     if (place == std::string::npos) return false;
-    gstrScoreDesc.replace(place, strItem.size(), strNewText);
+    gstrScoreDesc.replace(place, text.size(), newText);
     return true;
 }
 
@@ -49,74 +47,77 @@ void frmMain::msCheckForFlowers() {
     });
 }
 
-void frmMain::msLookAtBonusTile(int16_t intSlot) {
-    if (mlngHouse == mlngSeat) return msFlowerAndSeason(intSlot, seasonCount + 1, 1);
+void frmMain::msLookAtBonusTile(int16_t slot) {
+    if (mlngHouse == mlngSeat) return msFlowerAndSeason(slot, seasonCount + 1, 1);
     switch (mlngHouse) {
         case 1:
-            return msHouseIsEast(intSlot);
+            return msHouseIsEast(slot);
         case 2:
-            return msHouseIsSouth(intSlot);
+            return msHouseIsSouth(slot);
         case 3:
-            return msHouseIsWest(intSlot);
+            return msHouseIsWest(slot);
         case 4:
-            return msHouseIsNorth(intSlot);
+            return msHouseIsNorth(slot);
         default:
             return;
     }
 }
 
-void frmMain::msHouseIsEast(int16_t intSlot) {
-    guarded("msHouseIsEast", [&] { msOwnTiles(intSlot, 1); });
+void frmMain::msHouseIsEast(int16_t slot) {
+    guarded("msHouseIsEast", [&] { msOwnTiles(slot, 1); });
 }
 
-void frmMain::msHouseIsSouth(int16_t intSlot) {
-    guarded("msHouseIsSouth", [&] { msOwnTiles(intSlot, 2); });
+void frmMain::msHouseIsSouth(int16_t slot) {
+    guarded("msHouseIsSouth", [&] { msOwnTiles(slot, 2); });
 }
 
-void frmMain::msHouseIsWest(int16_t intSlot) {
-    guarded("msHouseIsWest", [&] { msOwnTiles(intSlot, 3); });
+void frmMain::msHouseIsWest(int16_t slot) {
+    guarded("msHouseIsWest", [&] { msOwnTiles(slot, 3); });
 }
 
-void frmMain::msHouseIsNorth(int16_t intSlot) {
-    guarded("msHouseIsNorth", [&] { msOwnTiles(intSlot, 4); });
+void frmMain::msHouseIsNorth(int16_t slot) {
+    guarded("msHouseIsNorth", [&] { msOwnTiles(slot, 4); });
 }
 
-void frmMain::msOwnTiles(int16_t intSlot, int32_t lngHouse) {
-    const int32_t lngSeason = mlngfDistance(lngHouse, mlngSeat) + 1;
-    msFlowerAndSeason(intSlot, seasonCount + lngSeason, lngSeason);
+void frmMain::msOwnTiles(int16_t slot, int32_t house) {
+    const int32_t season = distance(house, mlngSeat) + 1;
+    msFlowerAndSeason(slot, seasonCount + season, season);
 }
 
-void frmMain::msFlowerAndSeason(int16_t intSlot, int32_t lngOwnFlower, int32_t lngOwnSeason) {
+void frmMain::msFlowerAndSeason(int16_t slot, int32_t ownFlower, int32_t ownSeason) {
     guarded("msFlowerAndSeason", [&] {
-        const int32_t lngBonus = EarnedTiles[intSlot].Tile.Bonus;
-        if (lngBonus == lngOwnFlower) msScoreItem(ScoringItem::OwnFlower);
-        if (lngBonus == lngOwnSeason) msScoreItem(ScoringItem::OwnSeason);
+        const int32_t bonus = EarnedTiles[slot].Tile.Bonus;
+        if (bonus == ownFlower) msScoreItem(ScoringItem::OwnFlower);
+        if (bonus == ownSeason) msScoreItem(ScoringItem::OwnSeason);
     });
 }
 
 void frmMain::msCheckForDragons() {
     guarded("msCheckForDragons", [&] {
-        int16_t trios = 0;
+        int trios = 0;
+        int doublesOfTrios = 0;
         for (const int slot : setSlots) {
             const int32_t number = EarnedTiles[slot].Tile.Number;
             if (!isTrio(EarnedTiles, slot) || number < redDragon || number > blueDragon) continue;
-            msScoreItem(dragonTrios[number - redDragon]);
+            const ScoringItem trio = dragonTrios[number - redDragon];
+            msScoreItem(trio);
             ++trios;
+            doublesOfTrios += scoringItem(trio).doubles;
         }
         const bool pair = pairNumberWithin(EarnedTiles, redDragon, blueDragon) != 0;
         if (trios != 3 && !(trios == 2 && pair)) return;
         const ScoringItem set = trios == 3 ? ScoringItem::ThreeDragons : ScoringItem::TwoDragons;
-        msReplace_Dragon_Tiles_Desc(mstrfListed(set));
+        msReplace_Dragon_Tiles_Desc(listed(set));
         msAddDoubles(set);
-        mintDoubles = narrow16(mintDoubles - trios);  // The set stands in the place of its trios.
+        mintDoubles = narrow16(mintDoubles - doublesOfTrios);  // The set stands in the place of its trios.
     });
 }
 
-void frmMain::msReplace_Dragon_Tiles_Desc(const std::string& strNewItem) {
+void frmMain::msReplace_Dragon_Tiles_Desc(const std::string& newItem) {
     guarded("msReplace_Dragon_Tiles_Desc", [&] {
-        bool blnPlaced = false;
+        bool placed = false;
         for (const ScoringItem trio : dragonTrios)
-            if (mblnfReplaceInList(trio, blnPlaced ? "" : strNewItem)) blnPlaced = true;
+            if (replaceInList(trio, placed ? "" : newItem)) placed = true;
     });
 }
 
@@ -128,18 +129,18 @@ void frmMain::msCheckForWinds() {
             if (!isTrio(EarnedTiles, slot) || number < eastWind || number > northWind) continue;
             ++trios;
             msCheckPrevailingWind(number - eastWind + 1);
-            msCheckOwnWind((mlngHouse - 1 + number - eastWind) % seatCount +
-                           1);  // The House plays East, and so on round.
+            // The seat that holds the House plays East, the next one round the table South, and so on.
+            msCheckOwnWind((mlngHouse - 1 + number - eastWind) % seatCount + 1);
         }
         if (trios == 4) msScoreItem(ScoringItem::FourWinds);
         if (trios == 3 && pairNumberWithin(EarnedTiles, eastWind, northWind) != 0) msScoreItem(ScoringItem::ThreeWinds);
     });
 }
 
-void frmMain::msCheckPrevailingWind(int32_t lngWind) {
-    if (lngWind == mlngRoundWind) msScoreItem(ScoringItem::PrevailingWind);
+void frmMain::msCheckPrevailingWind(int32_t wind) {
+    if (wind == mlngRoundWind) msScoreItem(ScoringItem::PrevailingWind);
 }
 
-void frmMain::msCheckOwnWind(int32_t lngSeat) {
-    if (lngSeat == mlngSeat) msScoreItem(ScoringItem::OwnWind);
+void frmMain::msCheckOwnWind(int32_t seat) {
+    if (seat == mlngSeat) msScoreItem(ScoringItem::OwnWind);
 }

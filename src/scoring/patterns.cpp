@@ -4,8 +4,8 @@
 
 bool frmMain::mblnfPureSuit() {
     for (const int slot : setSlots) {
-        const int32_t lngSuit = EarnedTiles[slot].Tile.Suit;
-        if (lngSuit == 0 || lngSuit != EarnedTiles[slot + setTiles].Tile.Suit) return false;
+        const int32_t suit = EarnedTiles[slot].Tile.Suit;
+        if (suit == 0 || suit != EarnedTiles[slot + setTiles].Tile.Suit) return false;
     }
     if (EarnedTiles[1].Tile.Suit != EarnedTiles[handTiles].Tile.Suit) return false;
     msAddDoubles(ScoringItem::PureSuit);
@@ -13,24 +13,24 @@ bool frmMain::mblnfPureSuit() {
 }
 
 bool frmMain::mblnfSemiPureSuit() {
-    int32_t lngSuit = EarnedTiles[firstPairSlot].Tile.Suit;  // the one suit so far, 0 for none
+    int32_t suit = EarnedTiles[firstPairSlot].Tile.Suit;  // the one suit so far, 0 for none
     for (const int slot : setSlots) {
-        const int32_t lngNext = EarnedTiles[slot].Tile.Suit;
-        if (lngNext == 0) continue;
-        if (lngSuit != 0 && lngSuit != lngNext) return false;
-        lngSuit = lngNext;
+        const int32_t nextSuit = EarnedTiles[slot].Tile.Suit;
+        if (nextSuit == 0) continue;
+        if (suit != 0 && suit != nextSuit) return false;
+        suit = nextSuit;
     }
-    if (lngSuit == 0) return false;
+    if (suit == 0) return false;
     msAddDoubles(ScoringItem::SemiPureSuit);
     return true;
 }
 
 bool frmMain::mblnfThreeOfAKindOnly() {
-    bool blnHonoursOnly = true;
-    bool blnOnesNinesOnly = true;
+    bool honoursOnly = true;
+    bool onesNinesOnly = true;
     const auto look = [&](const TileKind& tile) {
-        if (tile.Suit != 0) blnHonoursOnly = false;
-        if (tile.Number != 1 && tile.Number != 9) blnOnesNinesOnly = false;
+        if (tile.Suit != 0) honoursOnly = false;
+        if (tile.Number != 1 && tile.Number != 9) onesNinesOnly = false;
     };
     for (const int slot : setSlots) {
         if (isSequence(EarnedTiles, slot)) return false;
@@ -39,8 +39,8 @@ bool frmMain::mblnfThreeOfAKindOnly() {
     look(EarnedTiles[handTiles].Tile);
 
     msScoreItem(ScoringItem::ThreeOfAKind);
-    if (blnHonoursOnly) msScoreItem(ScoringItem::DragonsAndWinds);
-    if (blnOnesNinesOnly) msScoreItem(ScoringItem::OnesNinesOnly);
+    if (honoursOnly) msScoreItem(ScoringItem::DragonsAndWinds);
+    if (onesNinesOnly) msScoreItem(ScoringItem::OnesNinesOnly);
     return true;
 }
 

@@ -17,17 +17,17 @@ constexpr int16_t scoreSize = 18;  // points of type
 
 void frmMain::msUpdateScore(int32_t lngSetKind, bool blnTally) {
     guarded("msUpdateScore", [&] {
-        const int32_t lngBase = mblnDropKeyUsed ? 2 : 1;
-        int32_t lngPoints = 0;
-        if (lngSetKind == sequenceOfTiles) lngPoints = lngBase * sequencePoints;
-        if (lngSetKind == trioOfTiles) lngPoints = lngBase * trioPoints;
-        msAddPoints(lngPoints);
+        const int32_t base = mblnDropKeyUsed ? 2 : 1;
+        int32_t points = 0;
+        if (lngSetKind == sequenceOfTiles) points = base * sequencePoints;
+        if (lngSetKind == trioOfTiles) points = base * trioPoints;
+        msAddPoints(points);
         if (blnTally) msTallyScore();
         msPrintScore();
     });
 }
 
-void frmMain::msAddPoints(int32_t lngPoints) { mlngScore = narrow32(int64_t{mlngScore} + lngPoints); }
+void frmMain::msAddPoints(int32_t points) { mlngScore = narrow32(int64_t{mlngScore} + points); }
 
 void frmMain::msPrintScore() {
     gsPrintShadowed(picWork, scorePlace.X, scorePlace.Y, std::to_string(mlngScore), red, scriptFont, scoreSize, true);
@@ -43,14 +43,14 @@ void frmMain::msTallyScore() {
             msListItem(ScoringItem::PureSuit);
         else if (mblnfSemiPureSuit())
             msListItem(ScoringItem::SemiPureSuit);
-        const bool blnTriosOnly = mblnfThreeOfAKindOnly();
-        const bool blnSequencesOnly = mblnfSequenceOnly();
-        if (!blnTriosOnly && !blnSequencesOnly) gstrScoreDesc += scoringItem(ScoringItem::Mixed).text;
+        const bool triosOnly = mblnfThreeOfAKindOnly();
+        const bool sequencesOnly = mblnfSequenceOnly();
+        if (!triosOnly && !sequencesOnly) gstrScoreDesc += scoringItem(ScoringItem::Mixed).text;
         gsStripComma(gstrScoreDesc);
 
-        const int32_t lngPoints = mlngfHandPoints();
-        msAddPoints(lngPoints);
-        glngHandPoints = lngPoints;
+        const int32_t points = mlngfHandPoints();
+        msAddPoints(points);
+        glngHandPoints = points;
     });
 }
 

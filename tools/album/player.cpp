@@ -69,7 +69,7 @@ void Player::chooseTiles() {
     const frmChooseTiles& dialog = *gfrmChooseTiles.hold();
     const bool gives = game_->mlngSeat == game_->mlngHouse;
     hands_.press(Qt::Key_Right,
-                 gives ? dialog.mintNumEntries - 1 : static_cast<int>(selfplay::bestOfferOf(*game_, dialog)));
+                 gives ? dialog.mintNumEntries - 1 : static_cast<int>(selfplay::bestCandidateOf(*game_, dialog)));
     hands_.press(Qt::Key_Return);
 }
 

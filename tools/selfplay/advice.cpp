@@ -47,18 +47,18 @@ int bestColumnOf(const frmMain& game) {
     return Strategy(holding, unseen).bestColumn(kind, game.mintCurCol - 1, bottomRow - game.mintCurRow) + 1;
 }
 
-size_t bestOfferOf(const frmMain& game, const frmChooseTiles& dialog) {
-    std::array<Offer, candidatePlaces> offers;
+size_t bestCandidateOf(const frmMain& game, const frmChooseTiles& dialog) {
+    std::array<Candidate, candidatePlaces> candidates;
     size_t count = 0;
     for (int entry = 1; entry < dialog.mintNumEntries; ++entry) {
         int tiles = 0;
         for (const CellInfo& tile : PossibleTiles[entry]) tiles += tile.Filled ? 1 : 0;
-        offers[count++] = {static_cast<int8_t>(bottomRow - dialog.maintRows[entry]),
-                           static_cast<int8_t>(dialog.maintCols[entry] - 1), static_cast<int8_t>(tiles)};
+        candidates[count++] = {static_cast<int8_t>(bottomRow - dialog.maintRows[entry]),
+                               static_cast<int8_t>(dialog.maintCols[entry] - 1), static_cast<int8_t>(tiles)};
     }
     const Holding holding = holdingOf(game);
     const Unseen unseen = unseenOf(game, holding);
-    return Strategy(holding, unseen).bestOffer({offers.data(), count});
+    return Strategy(holding, unseen).bestCandidate({candidates.data(), count});
 }
 
 }  // namespace selfplay

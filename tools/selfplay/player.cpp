@@ -65,7 +65,7 @@ void Player::drawSeat() {
 
 void Player::chooseTiles() {
     const frmChooseTiles& dialog = *gfrmChooseTiles.hold();
-    const size_t best = bestOfferOf(*gfrmMain.hold(), dialog);
+    const size_t best = bestCandidateOf(*gfrmMain.hold(), dialog);
     pressTimes(platform::key::Right, static_cast<int>(best));
     sim::pressKey(platform::key::Enter);
 }

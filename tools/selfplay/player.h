@@ -6,7 +6,7 @@
 namespace selfplay {
 
 /// Hands for the simulated desktop that play by the keys alone, and look at no more than a player can see: they steer
-/// the tiles, choose among offers, draw a seat and close what the game shows.
+/// the tiles, choose among candidates, draw a seat and close what the game shows.
 class Player {
   public:
     /// The seed decides what is left to whim: which tile of the seat draw is turned over.

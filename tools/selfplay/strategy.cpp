@@ -63,7 +63,7 @@ int burdenOf(const Stacks& stacks) {
     return burden;
 }
 
-bool isSet(const Holding& holding, const Offer& window) {
+bool isSet(const Holding& holding, const Candidate& window) {
     const auto& row = holding.stacks.kind[window.level];
     const int first = row[window.column];
     if (first == 0) return false;
@@ -74,25 +74,27 @@ bool isSet(const Holding& holding, const Offer& window) {
     return third != 0 && second != 0 && holding.handTiles < handTiles - 2 && missingKinds[2][first][second] == third;
 }
 
-/// The sets that the game will offer: enough room for all that it can.
-struct Offers {
-    std::array<Offer, candidateLimit> entries;
+/// The sets that the game will show: enough room for all that it can.
+struct CandidateList {
+    std::array<Candidate, candidateLimit> list;
     size_t count = 0;
-    operator std::span<const Offer>() const { return {entries.data(), count}; }
+    operator std::span<const Candidate>() const { return {list.data(), count}; }
 };
 
-/// The offers in windows that overlap so many columns, on the levels from lowest to highest.
-Offers findOffers(const Holding& holding, int lowest, int highest, int column, int columns) {
-    Offers offers;
+/// The candidates in windows that overlap so many columns, on the levels from lowest to highest.
+CandidateList findCandidates(const Holding& holding, int lowest, int highest, int column, int columns) {
+    CandidateList candidates;
     for (int tiles = 1; tiles <= setTiles; ++tiles)
         for (int level = lowest; level <= highest; ++level) {
             const int last = std::min(columnCount - tiles, column + columns - 1);
             for (int left = std::max(0, column - tiles + 1); left <= last; ++left) {
-                const Offer window{static_cast<int8_t>(level), static_cast<int8_t>(left), static_cast<int8_t>(tiles)};
-                if (offers.count < candidateLimit && isSet(holding, window)) offers.entries[offers.count++] = window;
+                const Candidate window{static_cast<int8_t>(level), static_cast<int8_t>(left),
+                                       static_cast<int8_t>(tiles)};
+                if (candidates.count < candidateLimit && isSet(holding, window))
+                    candidates.list[candidates.count++] = window;
             }
         }
-    return offers;
+    return candidates;
 }
 
 }  // namespace
@@ -181,19 +183,19 @@ int Strategy::value(const Holding& holding) const {
     return sum;
 }
 
-int Strategy::valueAfterTaking(const Holding& holding, const Offer& offer) const {
+int Strategy::valueAfterTaking(const Holding& holding, const Candidate& candidate) const {
     Holding after = holding;
-    after.stacks.remove(offer.level, offer.column, offer.tiles);
-    if (offer.tiles > 1) after.handTiles += offer.tiles;
-    if (offer.tiles == 2) after.pairTaken = true;
+    after.stacks.remove(candidate.level, candidate.column, candidate.tiles);
+    if (candidate.tiles > 1) after.handTiles += candidate.tiles;
+    if (candidate.tiles == 2) after.pairTaken = true;
     if (after.handTiles == handTiles) return wonHand;
-    return setGains[offer.tiles] +
-           valueAtBest(after, findOffers(after, offer.level, topLevel, offer.column, offer.tiles));
+    return setGains[candidate.tiles] +
+           valueAtBest(after, findCandidates(after, candidate.level, topLevel, candidate.column, candidate.tiles));
 }
 
-int Strategy::valueAtBest(const Holding& holding, std::span<const Offer> offers) const {
+int Strategy::valueAtBest(const Holding& holding, std::span<const Candidate> candidates) const {
     int best = value(holding);
-    for (const Offer& offer : offers) best = std::max(best, valueAfterTaking(holding, offer));
+    for (const Candidate& candidate : candidates) best = std::max(best, valueAfterTaking(holding, candidate));
     return best;
 }
 
@@ -201,7 +203,7 @@ int Strategy::valueAfterDrop(int kind, int column) const {
     Holding after = holding_;
     const int level = after.stacks.height[column];
     after.stacks.drop(column, kind);
-    return valueAtBest(after, findOffers(after, level, level, column, 1));
+    return valueAtBest(after, findCandidates(after, level, level, column, 1));
 }
 
 int Strategy::bestColumn(int kind, int from, int level) const {
@@ -220,11 +222,11 @@ int Strategy::bestColumn(int kind, int from, int level) const {
     return best;
 }
 
-size_t Strategy::bestOffer(std::span<const Offer> offers) const {
-    size_t best = offers.size();
+size_t Strategy::bestCandidate(std::span<const Candidate> candidates) const {
+    size_t best = candidates.size();
     int bestValue = value(holding_);
-    for (size_t i = 0; i < offers.size(); ++i) {
-        const int found = valueAfterTaking(holding_, offers[i]);
+    for (size_t i = 0; i < candidates.size(); ++i) {
+        const int found = valueAfterTaking(holding_, candidates[i]);
         if (found <= bestValue) continue;
         best = i;
         bestValue = found;

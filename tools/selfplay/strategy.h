@@ -30,7 +30,7 @@ struct Holding {
 using Unseen = std::array<int8_t, kindCount + 1>;
 
 /// A set that can be taken: its level, its left column and its 1 to 3 tiles.
-struct Offer {
+struct Candidate {
     int8_t level, column, tiles;
 };
 
@@ -43,8 +43,8 @@ class Strategy {
     /// that the tile can reach sideways come into question.
     int bestColumn(int kind, int from, int level) const;
 
-    /// The index of the offer to take; the number of offers to pass.
-    size_t bestOffer(std::span<const Offer> offers) const;
+    /// The index of the candidate to take; the number of candidates to pass.
+    size_t bestCandidate(std::span<const Candidate> candidates) const;
 
   private:
     using Chances = std::array<std::array<int, setTiles>, kindCount + 1>;
@@ -55,8 +55,8 @@ class Strategy {
     int valueOfWindow(const Stacks& stacks, int level, int column) const;
     int valueOfPairs(const Stacks& stacks, int level) const;
     int value(const Holding& holding) const;
-    int valueAfterTaking(const Holding& holding, const Offer& offer) const;
-    int valueAtBest(const Holding& holding, std::span<const Offer> offers) const;
+    int valueAfterTaking(const Holding& holding, const Candidate& candidate) const;
+    int valueAtBest(const Holding& holding, std::span<const Candidate> candidates) const;
     int valueAfterDrop(int kind, int column) const;
 
     const Holding& holding_;
