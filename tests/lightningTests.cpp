@@ -44,6 +44,15 @@ class Lightning : public GameFixture {
         return pixels == bare ? "bare" : pixels == struck ? "struck" : "neither";
     }
 
+    /// Counts what is heard from now on in `thunders`.
+    void listen() {
+        sim::setLog([this](const std::string& line) {
+            if (line.find("sound ") == std::string::npos) return;
+            EXPECT_NE(line.find("sound Thunder2.wav 3"), std::string::npos) << line;
+            ++thunders;
+        });
+    }
+
     /// Begins a hand that lasts long: nothing ever lies on the board, and no tile makes a set alone.
     void beginLongHand() {
         beginHand();
@@ -64,6 +73,7 @@ class Lightning : public GameFixture {
     static double second() { return firstSecond + sim::now() / 1000; }
 
     std::vector<Color> bare, struck;
+    int thunders = 0;
 };
 
 TEST_F(Lightning, StrikesAMinuteAfterTheLastForOneTickAndLeavesTheTableAsItWas) {
@@ -84,6 +94,26 @@ TEST_F(Lightning, StrikesAMinuteAfterTheLastForOneTickAndLeavesTheTableAsItWas) 
         EXPECT_TRUE(duration == 400 || duration == 800) << duration;
     }
     EXPECT_EQ(game->mintGamesPlayed, 0);
+}
+
+TEST_F(Lightning, ThunderFollowsWhenItGoesOutWithMusicAndWithout) {
+    for (const bool music : {true, false}) {
+        SCOPED_TRACE(music ? "with music" : "without music");
+        game->mblnMusicOn = music;
+        beginLongHand();
+        listen();
+        thunders = 0;
+        waitForStrike();
+        EXPECT_EQ(thunders, 0) << "the bolt comes first";
+        while (game->mblnLightningShown) ASSERT_TRUE(sim::step());
+        EXPECT_EQ(thunders, 1);
+        waitForStrike();
+        sim::pressKey('Q');
+        EXPECT_EQ(thunders, 2);
+        game->msDrawLightning();
+        EXPECT_EQ(thunders, 2) << "nothing is under way";
+        sim::setLog({});
+    }
 }
 
 TEST_F(Lightning, OneTickInTenMakesAStrikeDueOnceAMinuteIsOver) {
@@ -204,9 +234,11 @@ TEST_F(Lightning, ANewHandWipesIt) {
     game->mblnLightningDue = true;
     game->Timer1.setEnabled(false);
     sim::runFor(5000);
+    listen();
     beginHand();
     EXPECT_FALSE(game->mblnLightningDue || game->mblnLightningShown);
     EXPECT_EQ(game->mlngLastLightning, 36005);
+    EXPECT_EQ(thunders, 0);
     EXPECT_EQ(nameOf(rectangle(game->picWork)), "bare");
 }
 

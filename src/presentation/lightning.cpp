@@ -2,6 +2,7 @@
 
 #include "frmMain.h"
 #include "platform/desktop.h"
+#include "platform/sound.h"
 #include "presentation/frmBitmaps.h"
 #include "presentation/layout.h"
 #include "toolkit/failures.h"
@@ -50,6 +51,8 @@ void frmMain::msDrawLightning() {
             platform::BitBlt(picWork, lightningPlace.left, lightningPlace.top, mintLightningWidth, mintLightningHeight,
                              gfrmBitmaps->picBlankLightning, 0, 0, platform::SRCCOPY);
             msShowLightning();
+            platform::sndPlaySoundA(platform::programFile("Thunder2.wav"),
+                                    platform::SND_ASYNC | platform::SND_NODEFAULT);
         }
     });
 }
