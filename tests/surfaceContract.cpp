@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -100,6 +102,98 @@ TEST(SurfaceContract, WidthFollowsFontAndText) {
     }
     const Font typewriter{"Courier New", 14, false};
     EXPECT_EQ(widthOf(typewriter, "iiii"), widthOf(typewriter, "WWWW"));
+}
+
+/// Draws something small on a surface, chosen by a number among so many kinds of drawing.
+void drawSomething(Surface& surface, const Surface& other, uint32_t choice, uint32_t kinds) {
+    const int x = static_cast<int>(choice >> 8 & 7), y = static_cast<int>(choice >> 12 & 7);
+    const Place place{x, y, 3, 2};
+    switch (choice % kinds) {
+        case 0:
+            return BitBlt(surface, x, y, 3, 2, other, y, x, SRCCOPY);
+        case 1:
+            return BitBlt(surface, x, y, 3, 2, other, y, x, SRCAND);
+        case 2:
+            return BitBlt(surface, x, y, 3, 2, other, y, x, SRCPAINT);
+        case 3:
+            return paintMasked(surface, place, {other, y, x}, {other, x, y});
+        case 4:
+            surface.canvas()[choice >> 16 & 31] = 0xFF000000 | choice;
+            return;
+        case 5:
+            return surface.clear();
+        default:
+            return;
+    }
+}
+
+/// The first pixel at which two surfaces differ on what both have; empty if there is none.
+std::string firstDifference(const Surface& a, const Surface& b) {
+    for (int y = 0; y < std::min(a.height(), b.height()); ++y)
+        for (int x = 0; x < std::min(a.width(), b.width()); ++x)
+            if (a.point(x, y) != b.point(x, y)) return std::to_string(x) + ", " + std::to_string(y);
+    return "";
+}
+
+TEST(SurfaceContract, ACopyOfTheWholeIsWholeWhateverWasDrawnOnEither) {
+    const Grid one(0x10305), two(0x5070B), three(0x30901);
+    const Surface other(two.picture);
+    Surface source(one.picture);
+    Surface destination(gridWidth - 1, gridHeight - 1);
+    Surface second(three.picture);
+    uint32_t choice = 1;
+    for (int turn = 0; turn < 4000; ++turn) {
+        const bool many = turn % 500 == 0;  // More than a surface remembers, and none that changes all of it.
+        const int strokes = many ? 300 : static_cast<int>(choice >> 20 & 3);
+        for (int stroke = 0; stroke < strokes; ++stroke) {
+            choice = choice * 1664525 + 1013904223;
+            Surface* const surfaces[] = {&source, &destination, &second};
+            drawSomething(*surfaces[choice >> 28 & 1 ? 0 : (choice >> 26) % 3], other, choice >> 3, many ? 4 : 7);
+        }
+        if (turn % 97 == 0) source = Surface(turn % 2 == 0 ? one.picture : three.picture);
+        if (turn % 61 == 0) destination.resize(gridWidth - turn % 2, gridHeight);
+        const Surface& from = turn % 13 == 0 ? second : source;
+        BitBlt(destination, 0, 0, from.width(), from.height(), from, 0, 0, SRCCOPY);
+        ASSERT_EQ(firstDifference(destination, from), "") << "turn " << turn;
+    }
+}
+
+TEST(SurfaceContract, WhatHasChangedIsKnownAndNothingElse) {
+    const Grid one(0x10305), two(0x5070B);
+    const Surface other(two.picture), mask(gridWidth, gridHeight);  // the mask is black all over
+    Surface surface(one.picture);
+    struct {
+        const char* what;
+        std::function<void()> draws;
+        std::vector<Place> changed;
+    } const cases[] = {
+        {"a copy", [&] { BitBlt(surface, 1, 2, 3, 2, other, 0, 0, SRCCOPY); }, {{1, 2, 3, 2}}},
+        {"the same copy", [&] { BitBlt(surface, 1, 2, 3, 2, other, 0, 0, SRCCOPY); }, {}},
+        {"a masked picture",
+         [&] {
+             paintMasked(surface, {5, 0, 2, 2}, {mask, 0, 0}, {other, 0, 0});
+         },
+         {{5, 0, 2, 2}}},
+        {"the same picture",
+         [&] {
+             paintMasked(surface, {5, 0, 2, 2}, {mask, 0, 0}, {other, 0, 0});
+         },
+         {}},
+        {"a cut one", [&] { BitBlt(surface, -1, -1, 2, 2, mask, 0, 0, SRCAND); }, {{0, 0, 1, 1}}},
+        {"nothing", [] {}, {}},
+        {"a clear", [&] { surface.clear(); }, {{0, 0, gridWidth, gridHeight}}},
+    };
+    for (const auto& row : cases) {
+        const Changes::Moment before = surface.changes().now();
+        row.draws();
+        std::vector<Place> changed;
+        collectChanges(surface.changes(), before, {0, 0, gridWidth, gridHeight}, changed);
+        ASSERT_EQ(changed.size(), row.changed.size()) << row.what;
+        for (size_t i = 0; i < changed.size(); ++i)
+            EXPECT_TRUE(changed[i].left == row.changed[i].left && changed[i].top == row.changed[i].top &&
+                        changed[i].width == row.changed[i].width && changed[i].height == row.changed[i].height)
+                << row.what;
+    }
 }
 
 }  // namespace

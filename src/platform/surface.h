@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/changes.h"
+
 namespace platform {
 
 /// A colour with red in the low byte, then green, then blue: 0xFF is red, 0xFF0000 is blue.
@@ -18,14 +20,6 @@ constexpr uint32_t pixelOf(Color color) {
 struct PixelPoint {
     int16_t X = 0;
     int16_t Y = 0;
-};
-
-/// A rectangle by its top left corner and its size, in pixels.
-struct Place {
-    int left = 0;
-    int top = 0;
-    int width = 0;
-    int height = 0;
 };
 
 /// A picture that the program carries; rows from the top, a pixel as 0xAARRGGBB. Never changes, lives for the run.
@@ -49,6 +43,15 @@ struct PrintedText {
     int top = 0;
     Font font;
     Color color = 0;
+};
+
+class Surface;
+
+/// Part of a surface, from a point on it in pixels.
+struct SurfacePart {
+    const Surface& surface;
+    int left = 0;
+    int top = 0;
 };
 
 /// A block of pixels with a lasting background picture and a pen for text. Nothing on it is seen but through a form.
@@ -77,9 +80,10 @@ class Surface {
 
     Color point(int x, int y) const;  ///< Colour of a pixel; 0 outside and where pixels are left out.
     /// The pixels of a row, as many as the width, from the left; y from 0 to below the height, and only with pixels.
-    uint32_t* row(int y) { return pixels_.data() + static_cast<size_t>(y) * width_; }
     const uint32_t* row(int y) const { return pixels_.data() + static_cast<size_t>(y) * width_; }
+    uint32_t* canvas();                                  ///< All pixels, to be drawn on until the next call for it.
     bool hasPixels() const { return !pixels_.empty(); }  ///< Not when it is empty or keeps none.
+    const Changes& changes() const { return changes_; }  ///< Which of its pixels have got another colour.
 
     /// The texts on it, in the order of printing, where the back end writes them down here instead of drawing them;
     /// always empty where it draws. They go with the drawing, and a copy of the surface has them too.
@@ -90,10 +94,44 @@ class Surface {
     static inline bool keepsPixels = true;
 
   private:
+    /// Tells this surface from every other one, also from its copies.
+    struct Identity {
+        Identity() = default;
+        Identity(const Identity& /*other*/) {}
+        Identity& operator=(const Identity& /*other*/) {
+            serial = ++last;
+            return *this;
+        }
+
+        uint64_t serial = ++last;
+        static inline uint64_t last = 0;
+    };
+
+    /// Another surface of which this one is a copy but for what has changed on either since.
+    struct Original {
+        uint64_t serial = 0;  ///< 0 for none.
+        Changes::Moment itsMoment = 0;
+        Changes::Moment ownMoment = 0;
+    };
+
+    template <class PaintRow>
+    void paintRows(const Place& place, PaintRow paintRow);
+    template <class CombineRow>
+    void transfer(const Place& place, const SurfacePart& part, CombineRow combineRow);
+    void copyWhole(const Surface& source);
+
+    friend void BitBlt(Surface& destination, int x, int y, int width, int height, const Surface& source, int sourceX,
+                       int sourceY, uint32_t operation);
+    friend void paintMasked(Surface& destination, const Place& place, const SurfacePart& mask,
+                            const SurfacePart& picture);
+
     int width_ = 0;
     int height_ = 0;
     Picture background_;
     std::vector<uint32_t> pixels_;  ///< 0xFFRRGGBB in rows from the top.
+    Changes changes_;
+    Identity identity_;
+    Original original_;
 };
 
 /// The raster operations.
@@ -103,8 +141,13 @@ constexpr uint32_t SRCPAINT = 0xEE0086;  ///< Destination or source, bit by bit.
 
 /// Transfers a rectangle of the source at (sourceX, sourceY) to (x, y), cut to what lies on both surfaces. Any other
 /// operation than the three does nothing. With SRCCOPY a text that was written down instead of drawn goes where the
-/// pixel goes at which it begins, and one that begins at a pixel that is overwritten is gone.
+/// pixel goes at which it begins, and one that begins at a pixel that is overwritten is gone. Where a whole surface was
+/// copied to (0, 0) before, the next such copy moves only what has changed on either since.
 void BitBlt(Surface& destination, int x, int y, int width, int height, const Surface& source, int sourceX, int sourceY,
             uint32_t operation);
+
+/// Transfers the mask with SRCAND and then the picture with SRCPAINT to one rectangle, cut to what lies on all three. A
+/// picture that stands there already is no change.
+void paintMasked(Surface& destination, const Place& place, const SurfacePart& mask, const SurfacePart& picture);
 
 }  // namespace platform

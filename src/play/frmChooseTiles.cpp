@@ -70,8 +70,8 @@ void frmChooseTiles::msLoadTiles() {
 
         const CellInfo& place = PossibleTiles[mintNumEntries][1];
         const platform::Surface& pass = gfrmBitmaps->picPass;
-        gsPaintMasked(picWork, {place.X, place.Y, pass.width(), pass.height()}, {gfrmBitmaps->picPassMask, 0, 0},
-                      {pass, 0, 0});
+        platform::paintMasked(picWork, {place.X, place.Y, pass.width(), pass.height()},
+                              {gfrmBitmaps->picPassMask, 0, 0}, {pass, 0, 0});
     });
 }
 

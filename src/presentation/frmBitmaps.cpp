@@ -25,20 +25,12 @@ constexpr StoreRow store[] = {
 };
 
 /// Paints a part of a sheet of faces or backs through the outline of its view.
-void paintTile(platform::Surface& surface, const PixelPoint& place, const SheetPart& tile) {
-    gsPaintMasked(surface, {place.X, place.Y, tileWidth, tileHeight}, {gfrmBitmaps->picTileBackMask, 0, tile.top},
-                  tile);
+void paintTile(platform::Surface& surface, const PixelPoint& place, const platform::SurfacePart& tile) {
+    platform::paintMasked(surface, {place.X, place.Y, tileWidth, tileHeight},
+                          {gfrmBitmaps->picTileBackMask, 0, tile.top}, tile);
 }
 
 }  // namespace
-
-void gsPaintMasked(platform::Surface& surface, const platform::Place& place, const SheetPart& mask,
-                   const SheetPart& picture) {
-    platform::BitBlt(surface, place.left, place.top, place.width, place.height, mask.sheet, mask.left, mask.top,
-                     platform::SRCAND);
-    platform::BitBlt(surface, place.left, place.top, place.width, place.height, picture.sheet, picture.left,
-                     picture.top, platform::SRCPAINT);
-}
 
 void gsPaintFace(platform::Surface& surface, const PixelPoint& place, int16_t kind, int16_t view) {
     paintTile(surface, place, {gfrmBitmaps->picAllTiles, (kind - 1) * tileWidth, view});

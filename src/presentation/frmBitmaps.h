@@ -27,17 +27,6 @@ struct frmBitmaps {
 
 inline FormRef<frmBitmaps> gfrmBitmaps;
 
-/// Part of a sheet, from a point on it in pixels.
-struct SheetPart {
-    const platform::Surface& sheet;
-    int left;
-    int top;
-};
-
-/// Paints a picture through its mask on a rectangle of the surface, in pixels.
-void gsPaintMasked(platform::Surface& surface, const platform::Place& place, const SheetPart& mask,
-                   const SheetPart& picture);
-
 /// Paints the face of a kind, 1 to 42, at a place in pixels; the view is a row offset in the sheets: 0, 39 or 78.
 void gsPaintFace(platform::Surface& surface, const PixelPoint& place, int16_t kind, int16_t view);
 

@@ -13,8 +13,8 @@ void paintMarker(platform::Surface& surface, const PixelPoint& place, const plat
                  const platform::Surface& sheet, int32_t wind, bool chinese) {
     const int width = mask.width();
     const int height = mask.height();
-    gsPaintMasked(surface, {place.X, place.Y, width, height}, {mask, 0, 0},
-                  {sheet, (wind - 1) * width, chinese ? 0 : height});
+    platform::paintMasked(surface, {place.X, place.Y, width, height}, {mask, 0, 0},
+                          {sheet, (wind - 1) * width, chinese ? 0 : height});
 }
 
 }  // namespace

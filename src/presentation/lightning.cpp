@@ -43,8 +43,9 @@ void frmMain::msDrawLightning() {
             mblnLightningDue = false;
             mblnLightningShown = true;
             mlngLastLightning = secondOfDay();
-            gsPaintMasked(picWork, {lightningPlace.left, lightningPlace.top, mintLightningWidth, mintLightningHeight},
-                          {gfrmBitmaps->picLightningMask, 0, 0}, {gfrmBitmaps->picLightning, 0, 0});
+            platform::paintMasked(picWork,
+                                  {lightningPlace.left, lightningPlace.top, mintLightningWidth, mintLightningHeight},
+                                  {gfrmBitmaps->picLightningMask, 0, 0}, {gfrmBitmaps->picLightning, 0, 0});
             msShowLightning();
         } else if (mblnLightningShown) {
             mblnLightningShown = false;

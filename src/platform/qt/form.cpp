@@ -49,7 +49,7 @@ void Form::setPicture(const Picture& picture) {
 void Form::setCaption(const std::string& text) { impl_->window->setWindowTitle(QString::fromStdString(text)); }
 
 Surface& Form::surface() { return impl_->window->surface; }
-void Form::refresh() { impl_->window->update(); }
+void Form::refresh() { impl_->window->showChanges(); }
 
 void Form::show() { impl_->window->showAsMain(); }
 void Form::showModal() { impl_->window->runAsDialog(); }

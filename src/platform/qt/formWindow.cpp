@@ -47,6 +47,13 @@ void FormWindow::fitToSurface() {
     update();
 }
 
+void FormWindow::showChanges() {
+    std::vector<Place> changed;
+    collectChanges(surface.changes(), shown_, {0, 0, surface.width(), surface.height()}, changed);
+    for (const Place& place : changed) update(place.left, place.top, place.width, place.height);
+    shown_ = surface.changes().now();
+}
+
 void FormWindow::place() {
     const FormWindow* const main = formStack().mainWindow();
     if (isWindow())

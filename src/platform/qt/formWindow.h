@@ -44,6 +44,7 @@ class FormWindow : public QWidget {
     std::vector<const Shape::Impl*> shapes;  ///< In the order of their making, the last one on top.
 
     void fitToSurface();  ///< Gives the window the surface's size.
+    void showChanges();   ///< Has what was drawn on the surface since the last time painted on the screen.
     void place();         ///< Puts the window where left and top say.
     void showAsMain();    ///< Loads the form and shows it as the main window. Nothing if it is loaded.
     void runAsDialog();   ///< Loads the form, shows it and returns when it has been unloaded. Nothing if it is loaded.
@@ -68,6 +69,7 @@ class FormWindow : public QWidget {
     void leave();
     void moveFocus(int step);
 
+    Changes::Moment shown_ = 0;
     bool unloading_ = false;
     QEventLoop* loop_ = nullptr;      // waits for the unload of a dialog
     std::vector<Control*> controls_;  // those that take the focus, in the order of their making

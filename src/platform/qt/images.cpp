@@ -17,7 +17,7 @@ QImage imageOf(const Surface& surface) {
 
 QImage canvasOf(Surface& surface) {
     if (!surface.hasPixels()) return {};
-    return {reinterpret_cast<uchar*>(surface.row(0)), surface.width(), surface.height(),
+    return {reinterpret_cast<uchar*>(surface.canvas()), surface.width(), surface.height(),
             surface.width() * bytesPerPixel, QImage::Format_RGB32};
 }
 

@@ -1,0 +1,109 @@
+// What stands on the screen after each show, while the built-in player plays on the real window.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QBackingStore>
+#include <QTest>
+#include <QTimer>
+#include <algorithm>
+#include <cstdlib>
+
+#include "frmMain.h"
+#include "platform/qt/application.h"
+#include "tools/album/hands.h"
+#include "tools/album/player.h"
+
+namespace {
+
+constexpr int untilPainted = 15;  // milliseconds: Qt paints 5 after a change
+constexpr int leastLooks = 250;
+constexpr int mostLooks = 4000;
+
+/// What has been painted of a window so far, as it stands on the screen.
+QImage screenOf(const QWidget* window) {
+    QBackingStore* const store = window->backingStore();
+    return store != nullptr ? *dynamic_cast<const QImage*>(store->paintDevice()) : QImage();
+}
+
+class Onlooker : public QObject {
+  public:
+    explicit Onlooker(QWidget* window) : window_(window), hands_(window), player_(hands_) { lookSoon(); }
+
+    int looks = 0;
+    int dialogs = 0;  ///< Looks at which something lay over the table.
+    int strikes = 0;  ///< Looks at which lightning stood over it.
+
+  private:
+    void lookSoon() {
+        QTimer::singleShot(untilPainted, this, [this] { look(); });
+    }
+
+    void look() {
+        const bool enough = looks >= leastLooks && dialogs > 0 && strikes > 0 && gfrmMain->mintGamesPlayed > 0;
+        if (enough || looks == mostLooks || ::testing::Test::HasFailure()) return QApplication::exit(0);
+        lookSoon();  // Even if this look opens a dialog and stays in it.
+        compare();
+        player_.act();
+    }
+
+    /// Compares what the shows so far have left on the screen with the window painted anew and whole.
+    void compare() {
+        ++looks;
+        if (!hands_.seesTableOnly()) ++dialogs;
+        if (gfrmMain->mblnLightningShown) ++strikes;
+        gfrmMain->mlngLastLightning = -60;  // A strike may come at any time.
+        const QImage seen = screenOf(window_).convertToFormat(format);
+        const QImage whole = window_->grab().toImage().convertToFormat(format);
+        ASSERT_EQ(seen.size(), whole.size());
+        ASSERT_EQ(differences(seen, whole), 0) << "at look " << looks;
+        if (gfrmMain->mintCurRow > 0) comparePictures();
+    }
+
+    /// A tile that falls was shown last, so that the window has the whole of the work picture.
+    void comparePictures() const {
+        const auto game = gfrmMain.hold();
+        const platform::Surface& shown = game->form.surface();
+        for (int y = 0; y < shown.height(); ++y)
+            ASSERT_TRUE(std::equal(shown.row(y), shown.row(y) + shown.width(), game->picWork.row(y)))
+                << "line " << y << " at look " << looks;
+    }
+
+    static int differences(const QImage& a, const QImage& b) {
+        if (a == b) return 0;
+        int count = 0;
+        for (int y = 0; y < a.height(); ++y)
+            for (int x = 0; x < a.width(); ++x) count += a.pixel(x, y) != b.pixel(x, y) ? 1 : 0;
+        return count;
+    }
+
+    static constexpr QImage::Format format = QImage::Format_RGB32;
+
+    QWidget* window_;
+    album::Hands hands_;
+    album::Player player_;
+};
+
+TEST(Show, LeavesTheWholePictureOnTheScreenEachTime) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int argc = 1;
+    static char name[] = "velmora_show_tests";
+    static char* argv[] = {name, nullptr};
+    platform::Application application(argc, argv, "Velmora", "velmora");
+    const auto game = gfrmMain.hold();
+    game->form.show();
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    QWidget* const window =
+        *std::find_if(windows.begin(), windows.end(), [](const QWidget* each) { return each->isVisible(); });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !screenOf(window).isNull(); }));
+    Onlooker onlooker(window);
+    QApplication::exec();
+    EXPECT_GE(onlooker.looks, leastLooks);
+    EXPECT_LT(onlooker.looks, mostLooks) << "a whole hand was played";
+    EXPECT_GT(onlooker.dialogs, 0);
+    EXPECT_GT(onlooker.strikes, 0);
+    std::fflush(nullptr);
+    std::_Exit(::testing::Test::HasFailure() ? 1 : 0);  // A dialog may still be open, with its loop below this one.
+}
+
+}  // namespace
