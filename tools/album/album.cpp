@@ -11,6 +11,7 @@
 namespace album {
 namespace {
 
+constexpr int lookEvery = 1;           // milliseconds; with none the desktop's own timers would wait for ever
 constexpr int patience = 10'000;       // milliseconds until a view that has been asked for is given up
 constexpr int wholeEvening = 300'000;  // milliseconds until all is given up
 constexpr int mostMatches = 2;
@@ -25,7 +26,7 @@ Album::Album(QWidget* window, QString folder, const QStringList& names)
 }
 
 void Album::lookSoon() {
-    QTimer::singleShot(0, [this] { look(); });
+    QTimer::singleShot(lookEvery, [this] { look(); });
 }
 
 void Album::look() {
@@ -61,7 +62,9 @@ bool Album::leadOn() {
     const bool isDue = row.lead != nullptr && wanted_[led_];
     if (isDue && !sinceLead_.isValid()) {
         sinceLead_.start();
+        isLeading_ = true;
         row.lead(hands_);
+        isLeading_ = false;
     } else if (!isDue || sinceLead_.hasExpired(patience)) {
         leave();
     }
@@ -71,6 +74,7 @@ bool Album::leadOn() {
 /// Closes the view that was brought, and turns to the next one when that is done.
 void Album::leave() {
     if (!hands_.seesTableOnly()) return hands_.leave();
+    if (isLeading_) return;  // The view is closed, and who asked for it is about to learn that.
     sinceLead_.invalidate();
     ++led_;
 }

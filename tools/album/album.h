@@ -33,6 +33,7 @@ class Album {
     QString folder_;
     std::vector<bool> wanted_;  ///< By picture; no longer once it is taken.
     size_t led_ = 0;            ///< The picture whose view is brought; beyond the last one when play goes on.
+    bool isLeading_ = false;    ///< Whoever was asked for that view hasn't returned yet.
     QElapsedTimer sinceLead_;   ///< Since that view was asked for; invalid before.
     QElapsedTimer sinceStart_;
 };

@@ -78,8 +78,9 @@ constexpr PictureRow rows[] = {
     {"table", nullptr,
      [](const frmMain& game) {
          return game.mintHandCount >= wellIntoAHand && game.mintBonusCount > 0 && game.mblnPeek &&
-                game.mintCurRow == wellOnItsWay && tilesOnBoard(game) >= wellFilled;
+                !game.mblnLightningShown && game.mintCurRow == wellOnItsWay && tilesOnBoard(game) >= wellFilled;
      }},
+    {"lightning", nullptr, [](const frmMain& game) { return game.mblnLightningShown; }},
     {"chooser", nullptr,
      [](const frmMain& game) {
          return gfrmChooseTiles.isOpen() && gfrmChooseTiles->mintNumEntries >= goodChoice && game.mintHandCount > 0;

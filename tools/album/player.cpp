@@ -17,6 +17,7 @@ namespace album {
 namespace {
 
 constexpr int deckSeed = 3;
+constexpr int stormyHand = 8;      // hand tiles; no hand lasts the minute after which lightning comes by itself
 constexpr int rounds = 1;          // of a match
 constexpr int16_t chosenTile = 3;  // of the seat draw
 constexpr int32_t windTiles[] = {29, 28, 31, 30};
@@ -26,12 +27,13 @@ constexpr int32_t windTiles[] = {29, 28, 31, 30};
 Player::Player(const Hands& hands)
     : game_(gfrmMain.hold()), hands_(hands), tick_(std::exchange(game_->Timer1.onTick, nullptr)), deck_(deckSeed) {}
 
-bool Player::isPlaying() const { return game_->mblnGameRunning || !hands_.seesTableOnly(); }
+bool Player::isPlaying() const { return isBeginning_ || game_->mblnGameRunning || !hands_.seesTableOnly(); }
 
 void Player::act() {
-    if (answerDialog()) return;
+    if (answerDialog() || isBeginning_) return;
     if (!game_->mblnGameRunning) return beginMatch();
     if (std::exchange(hand_, game_->mlngHandNumber) != game_->mlngHandNumber) layTiles();
+    if (game_->mintHandCount >= stormyHand && !std::exchange(hadLightning_, true)) game_->mblnLightningDue = true;
     if (game_->mintCurRow == 1 && game_->Timer1.interval() != dropInterval)
         steer();
     else if (game_->Timer1.enabled())
@@ -73,11 +75,18 @@ void Player::chooseTiles() {
     hands_.press(Qt::Key_Return);
 }
 
+/// One click at a time, so that the pointer has left one button before it comes to the next.
 void Player::beginMatch() {
-    if (gintNumRounds != rounds) return hands_.click(Button::RoundsSetting);
-    if (!game_->mblnPeek) hands_.click(Button::Peek);
-    ++matches_;
-    hands_.click(Button::StartAnew);
+    isBeginning_ = true;
+    if (gintNumRounds != rounds) {
+        hands_.click(Button::RoundsSetting);
+    } else if (!game_->mblnPeek) {
+        hands_.click(Button::Peek);
+    } else {
+        ++matches_;
+        hands_.click(Button::StartAnew);
+    }
+    isBeginning_ = false;
 }
 
 void Player::layTiles() {

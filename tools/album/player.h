@@ -35,7 +35,9 @@ class Player {
     const Hands& hands_;
     std::function<void()> tick_;  ///< What the drop timer did before its clock was taken away.
     std::minstd_rand deck_;
-    uint32_t hand_ = 0;  ///< The number of the hand whose tiles are laid out.
+    uint32_t hand_ = 0;         ///< The number of the hand whose tiles are laid out.
+    bool isBeginning_ = false;  ///< One of its clicks before the first tile.
+    bool hadLightning_ = false;
     int matches_ = 0;
 };
 
