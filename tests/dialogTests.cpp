@@ -1,7 +1,6 @@
 // The dialogs as a person meets them: keys, focus, and what they leave.
 
 #include "match/frmChooseSeat.h"
-#include "match/frmRoundsSetting.h"
 #include "platform/sim/simulation.h"
 #include "play/frmChooseTiles.h"
 #include "tests/gameFixture.h"
@@ -43,23 +42,6 @@ TEST_F(Dialogs, TheHighlightRunsRoundTheEntries) {
         form->mintCurEntry = narrow16(row.from);
         form->Form_KeyDown(row.key);
         EXPECT_EQ(form->mintCurEntry, row.to) << row.entries << " entries, from " << row.from << ", key " << row.key;
-    }
-}
-
-TEST_F(Dialogs, TheHighlightLiesRoundTheTiles) {
-    struct {
-        int entries, entry, left, top, width, tiles;
-    } const cases[] = {{3, 1, 3, 3, 66, 2}, {3, 3, 199, 3, 96, 0}, {7, 6, 101, 48, 66, 2}};
-    for (const auto& row : cases) {
-        const auto form = chooser(row.entries);
-        form->msHiLiteTiles(narrow16(row.entry));
-        const platform::Place place = form->Shape1.place();
-        EXPECT_EQ(place.left, row.left);
-        EXPECT_EQ(place.top, row.top);
-        EXPECT_EQ(place.width, row.width);
-        EXPECT_EQ(place.height, 45);
-        EXPECT_EQ(form->mintNumTiles, row.tiles);
-        EXPECT_TRUE(form->Shape1.visible());
     }
 }
 
@@ -188,32 +170,6 @@ TEST_F(Dialogs, RoundsSettingAnswersTheKeyboard) {
         sim::clickToolButton(Button::RoundsSetting);
         EXPECT_EQ(gintNumRounds, row.rounds) << row.what;
     }
-}
-
-TEST_F(Dialogs, EveryDialogLiesInsideTheMainWindow) {
-    int dialogs = 0;
-    const auto look = [&](const platform::Form& form) {
-        ++dialogs;
-        EXPECT_GE(form.left(), game->form.left());
-        EXPECT_GE(form.top(), game->form.top());
-        EXPECT_LE(form.left() + form.width(), game->form.left() + game->form.width());
-        EXPECT_LE(form.top() + form.height(), game->form.top() + game->form.height());
-    };
-    sim::post([&] {
-        look(gfrmRoundsSetting->form);
-        EXPECT_EQ(gfrmRoundsSetting->form.scaleWidth(), 257);
-        sim::pressKey(Escape);
-    });
-    sim::clickToolButton(Button::RoundsSetting);
-    beginHand();
-    setBoard({"c1 c2 . . . . . . ."});
-    land("c3", 3, [&] {
-        look(gfrmChooseTiles->form);
-        EXPECT_DOUBLE_EQ(gfrmChooseTiles->form.left() - game->form.left(), 353 * 15);
-        EXPECT_DOUBLE_EQ(gfrmChooseTiles->form.top() - game->form.top(), 436 * 15);
-        sim::pressKey(Enter);
-    });
-    EXPECT_EQ(dialogs, 2);
 }
 
 }  // namespace

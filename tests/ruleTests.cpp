@@ -18,24 +18,6 @@ using platform::key::Right;
 
 class Model : public GameFixture {};
 
-TEST_F(Model, PlacesLieWhereThePictureHasThem) {
-    struct {
-        const CellInfo& place;
-        int x, y;
-    } const cases[] = {
-        {game->CellTable[12][1], 40, 492}, {game->CellTable[1][9], 280, 63},  {game->CellTable[0][5], 160, 24},
-        {game->EarnedTiles[1], 352, 177},  {game->EarnedTiles[14], 742, 177}, {game->EarnedTiles[15], 352, 129},
-        {game->EarnedTiles[22], 562, 129}, {PossibleTiles[5][1], 6, 51},      {PossibleTiles[12][1], 300, 96},
-        {PossibleTiles[2][3], 164, 6},
-    };
-    beginHand();
-    for (const auto& row : cases) {
-        EXPECT_EQ(row.place.X, row.x);
-        EXPECT_EQ(row.place.Y, row.y);
-        EXPECT_FALSE(row.place.Filled);
-    }
-}
-
 TEST_F(Model, EveryKindHasItsFaceAndItsTiles) {
     struct {
         const char* name;
@@ -270,18 +252,6 @@ TEST_F(DropLoop, WhatEndsAHand) {
         EXPECT_EQ(game->mintGamesPlayed, row.gamesPlayed) << row.what;
         EXPECT_EQ(game->mintGamesWon, row.gamesWon) << row.what;
         EXPECT_EQ(game->mintTilesDropped, row.gamesPlayed > 0 ? 0 : row.dropped + 1) << row.what;
-    }
-}
-
-TEST_F(DropLoop, TheSpeedFollowsLevelAndHand) {
-    struct {
-        int level, handCount, milliseconds;
-    } const cases[] = {{1, 0, 400}, {1, 14, 400}, {2, 10, 400}, {2, 11, 300}, {3, 7, 400},
-                       {3, 8, 300}, {4, 0, 300},  {4, 11, 300}, {5, 7, 300},  {5, 8, 200}};
-    for (const auto& row : cases) {
-        game->mlngLevel = row.level;
-        game->mintHandCount = narrow16(row.handCount);
-        EXPECT_EQ(game->mintfSetTimeInterval(), row.milliseconds) << row.level << " at " << row.handCount;
     }
 }
 

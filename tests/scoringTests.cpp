@@ -1,10 +1,7 @@
 // What a finished hand is worth.
 
-#include "platform/pictures.h"
 #include "platform/sim/simulation.h"
-#include "scoring/frmBreakDown.h"
 #include "tests/gameFixture.h"
-#include "toolkit/modScreen.h"
 
 namespace {
 
@@ -185,52 +182,6 @@ TEST_F(Tally, AnOverflowIsReportedAndLeavesTheScore) {
     const std::vector<std::string> expected = {"Error In msTallyScore: Error 6 - Overflow",
                                                "Error In msUpdateScore: Error 6 - Overflow"};
     EXPECT_EQ(sim::messages(), expected);
-}
-
-TEST_F(Tally, TheBreakDownPrintsEveryItemAndAddsUp) {
-    gstrScoreDesc =
-        "Own Season Tile,Four Seasons Set,Seven Flower/Season Combo,Own Wind Trio,Pure Suit Hand,Sequence Hand,"
-        "Mixed Hand";
-    glngHandPoints = 819200;
-    constexpr platform::Color grey = 0x404040, brightYellow = 0x00FFFF;
-    platform::Surface expected(platform::pictureByNumber(102));
-    expected.resize(667, 330);
-    platform::BitBlt(expected, 0, 329, 667, 1, expected, 0, 328, platform::SRCCOPY);
-    struct {
-        int shadowX, x, y;
-        const char* text;
-    } const prints[] = {
-        {37, 38, 55, "Own Season Tile"},
-        {249, 249, 55, "1 Double"},
-        {37, 38, 93, "Four Seasons Set"},
-        {249, 249, 93, "2 Doubles"},
-        {37, 38, 131, "Seven Flower/Season Combo"},
-        {249, 249, 131, "3 Doubles"},
-        {37, 38, 169, "Own Wind Trio"},
-        {249, 249, 169, "1 Double"},
-        {37, 38, 207, "Pure Suit Hand"},
-        {249, 249, 207, "6 Doubles"},
-        {37, 38, 245, "Sequence Hand"},
-        {249, 249, 245, "1 Double"},
-        {353, 354, 55, "Mixed Hand"},
-        {566, 566, 55, "0 Double"},
-        {207, 208, 284, "14"},
-        {520, 520, 284, "819200"},
-    };
-    for (const auto& row : prints) {
-        gsPrintText(expected, narrow16(row.shadowX), narrow16(row.y - 1), row.text, grey, "Wonton ICG", 11, true);
-        gsPrintText(expected, narrow16(row.x), narrow16(row.y), row.text, brightYellow, "Wonton ICG", 11, true);
-    }
-    int differences = -1;
-    sim::post([&] {
-        differences = 0;
-        for (int y = 0; y < expected.height(); ++y)
-            for (int x = 0; x < expected.width(); ++x)
-                if (gfrmBreakDown->form.surface().point(x, y) != expected.point(x, y)) ++differences;
-        sim::pressKey(platform::key::Escape);
-    });
-    gfrmBreakDown.showModal();
-    EXPECT_EQ(differences, 0);
 }
 
 }  // namespace

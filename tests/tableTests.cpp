@@ -13,6 +13,10 @@ using Table = TableFixture;
 
 TEST_F(Table, IsBareUntilTheFirstTileComes) {
     EXPECT_TRUE(ExpectedTable().isSeenOn(shown)) << "as it opens";
+    for (const int button : {Button::Peek, Button::Round}) sim::clickToolButton(button);
+    game->msShowPicture();
+    EXPECT_TRUE(ExpectedTable().isSeenOn(shown)) << "there is no next tile yet, and no wind";
+    for (const int button : {Button::Peek, Button::Round}) sim::clickToolButton(button);
     dealHand("c1 E", 3);
     EXPECT_TRUE(ExpectedTable().isSeenOn(shown)) << "a hand has begun, and no tile has come";
     nextTile();
@@ -79,9 +83,12 @@ TEST_F(Table, TheNextTileShowsWithPeekFromTheNextTickOn) {
     drop();
     nextTile();
     EXPECT_TRUE(falling(12).tile(5, 1, "E").nextTile("f2").isSeenOn(shown));
+    game->mintTilesDropped = tileCount;
+    ticks(1);
+    EXPECT_TRUE(falling(12).tile(5, 2, "E").nextTile("f2").isSeenOn(shown)) << "none is left: what stands there stays";
     sim::clickToolButton(Button::Peek);
     ticks(1);
-    EXPECT_TRUE(falling(12).tile(5, 2, "E").isSeenOn(shown));
+    EXPECT_TRUE(falling(12).tile(5, 3, "E").isSeenOn(shown));
 }
 
 TEST_F(Table, ATakenSetLeavesTheBoardAndStandsAmongTheEarned) {
