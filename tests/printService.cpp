@@ -1,11 +1,13 @@
 #include "tests/printService.h"
 
 #include <gtest/gtest.h>
+#include <sys/prctl.h>
 
 #include <QDir>
 #include <QFile>
 #include <QLocalSocket>
 #include <QTest>
+#include <csignal>
 
 namespace {
 
@@ -22,6 +24,7 @@ void writeFile(const QString& path, const QString& text, QFile::Permissions perm
 PrintService::PrintService(const QString& folder, Queue queue) : folder_(folder) {
     writeSettings(queue);
     process_.setProcessChannelMode(QProcess::MergedChannels);
+    process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });  // Never outlives the test.
     process_.start("/usr/sbin/cupsd",
                    {"-f", "-c", folder + "/root/cupsd.conf", "-s", folder + "/root/cups-files.conf"});
     const bool isUp = QTest::qWaitFor(

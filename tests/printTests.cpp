@@ -325,9 +325,20 @@ TEST_F(Printing, ThePaperIsTheUsualOne) {
     EXPECT_NE(text.find(width), std::string::npos) << text;
 }
 
-TEST_F(Printing, ThePaperIsLetterInAmerica) {
-    outputOf("env", {"VELMORA_TEST_LOCALE=en_US.UTF-8", QApplication::applicationFilePath(),
-                     "--gtest_filter=Printing.ThePaperIsTheUsualOne"});
+/// Passes one of these tests in a process of its own that has another setting in its environment.
+void passWith(const QString& setting, const QString& test) {
+    outputOf("env", {setting, QApplication::applicationFilePath(), "--gtest_filter=Printing." + test});
+}
+
+TEST_F(Printing, ThePaperIsLetterInAmerica) { passWith("VELMORA_TEST_LOCALE=en_US.UTF-8", "ThePaperIsTheUsualOne"); }
+
+TEST_F(Printing, ADesktopWithoutFontsPrintsInTheProgramsOwn) {
+    QFile settings(home.filePath("fonts.conf"));
+    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
+    settings.write(QString("<fontconfig><dir>%1</dir></fontconfig>").arg(home.path()).toUtf8());
+    settings.close();
+    for (const char* test : {"AColumnIsACharacterOfTheFontFromTheEdge", "EveryLetterTakesOneColumn"})
+        passWith("FONTCONFIG_FILE=" + settings.fileName(), test);
 }
 
 TEST_F(Printing, ASlowServiceKeepsTheFormWaitingAndServed) {
