@@ -120,6 +120,7 @@ TEST_F(Sheet, HoldsTheOrderInItsColumns) {
         OrderSheet order = fullOrder();
         row.change(order);
         print(order);
+        ASSERT_FALSE(sim::sheets().empty()) << row.what;
         EXPECT_EQ(sheet(), replaced(fullSheet, row.from, row.to)) << row.what;
         for (const sim::SheetLine& line : sim::sheets().front()) {
             EXPECT_EQ(line.font.name, "Courier New");

@@ -7,7 +7,6 @@
 #include <QPdfWriter>
 #include <QTextBoundaryFinder>
 #include <algorithm>
-#include <cmath>
 
 #include "platform/printColumns.h"
 #include "platform/runtime.h"
@@ -52,14 +51,13 @@ void Pages::use(const Font& font) {
     columnWidth_ = std::max(1.0, metrics_.horizontalAdvance(QLatin1Char('0')));
 }
 
-/// What stands for a letter with all its marks: one character as wide as a column.
+/// What stands for a letter with all its marks: one character that the font has.
 char32_t Pages::characterFor(const QString& cluster) const {
     const auto characters = cluster.toUcs4();
     const char32_t first = characters.front();
     if (QChar::category(first) == QChar::Other_Control) return U' ';
-    const bool fits = characters.size() == 1 && QChar::isPrint(first) && metrics_.inFontUcs4(first) &&
-                      std::abs(metrics_.horizontalAdvance(cluster) - columnWidth_) < 1;
-    return fits ? first : replacement;
+    const bool isKnown = characters.size() == 1 && metrics_.inFontUcs4(first);
+    return isKnown ? first : replacement;
 }
 
 std::u32string Pages::charactersOf(const std::string& text) const {
