@@ -6,6 +6,7 @@
 #include "modZQT.h"
 #include "platform/form.h"
 #include "platform/runtime.h"
+#include "platform/sound.h"
 #include "platform/surface.h"
 #include "platform/timer.h"
 #include "platform/toolbar.h"
@@ -24,6 +25,7 @@ struct frmMain {
     platform::Timer Timer1;              // the drop timer, disabled at first
     platform::ToolBar tbrZQT;            // all commands
     platform::PopupMenu mnuLevel{form};  // behind the Level button
+    platform::MMControl mmcZQT;          // the music
 
     // The surfaces: filled by Form_Load, drawn on for the run
     platform::Surface picWork;  // everything that the window shows, with the table as background
@@ -41,6 +43,7 @@ struct frmMain {
     Table<std::string, 1, toolbarButtons> mastrToolTip;  // by button, without its state
 
     // The options, for the run: Form_Load
+    bool mblnMusicReady = false;      // the music was set up without a failure
     int32_t mlngLevel = 0;            // 1 Easy to 5 Super Hard
     bool mblnBreakDown = false;       // show frmBreakDown after a won hand
     bool mblnMusicOn = false;         // the player wants music
@@ -116,7 +119,7 @@ struct frmMain {
     void msEndHand(bool won);
     /// Adds a hand to those of the match.
     void msCountHand(bool won);
-    /// Stops the fall and shows the summary.
+    /// Stops the fall and the music, and shows the summary.
     void msEndMatch();
     /// Steers the falling tile by the code of a key.
     void Form_KeyDown(int keyCode);
@@ -268,6 +271,16 @@ struct frmMain {
     /// Paints the small table, the names of the seats and the small marker.
     void msDrawSeats();
 
+    // presentation/music.cpp: the music
+    /// Plays the music or stops it, as the player wants it; nothing before the first match.
+    void msToggleMusic();
+    /// Lets the status events begin, of which the next begins the piece.
+    void msMusicPlay();
+    /// Begins the piece if it stands still, at first and whenever it has come to its end.
+    void msMusicStatus();
+    /// Stops the music and takes it back to its beginning.
+    void msMusicStop();
+
     // presentation/buttons.cpp: the toolbar
     /// Gives the toolbar its images and widths and the menu its Levels.
     void msSetUpToolbar();
@@ -285,7 +298,7 @@ struct frmMain {
     void msChooseLevel();
     /// Turns the break-down after a won hand on or off.
     void msToggleBreakDown();
-    /// Turns the wish for music on or off.
+    /// Turns the music on or off.
     void msToggleMusicOn();
     /// Holds the fall for the high scores.
     void msShowHighScores();
@@ -297,7 +310,7 @@ struct frmMain {
     void msTogglePeek();
     /// Stops or restarts the fall.
     void msPause();
-    /// Stops the fall.
+    /// Stops the fall and the music.
     void msStop();
     /// Holds the fall for the order form.
     void msShowOrder();

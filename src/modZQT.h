@@ -5,6 +5,10 @@
 #include "hiscores/scoreFile.h"
 #include "play/model.h"
 
+namespace platform {
+class MMControl;
+}
+
 /// The candidate sets that the next tile chooser shows.
 inline Candidates PossibleTiles;
 
@@ -16,6 +20,11 @@ inline std::string gstrScoreDesc;
 
 /// The points of the last tally.
 inline int32_t glngHandPoints = 0;
+
+/// Sets a control for music up and opens its piece; false after a failure, which has been reported. A piece that isn't
+/// there is none. The interval is that of its status events, in milliseconds.
+bool gblnfInitMCI(platform::MMControl& control, bool wait, bool shareable, int16_t updateInterval,
+                  const std::string& fileName, const std::string& deviceType);
 
 /// The row offset in the sheets of the view that a tile has in that column: 0, 39 or 78.
 constexpr int16_t gintfTileDir(int column) {

@@ -86,6 +86,7 @@ void frmMain::msCountHand(bool won) {
 void frmMain::msEndMatch() {
     Timer1.setEnabled(false);
     mblnGameRunning = false;
+    msMusicStop();
     gfrmGameSummary->msLoadFormVariables(mintRoundsPlayed, mintGamesPlayed, mintGamesWon);
     gfrmGameSummary.showModal();
 }

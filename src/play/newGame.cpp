@@ -30,6 +30,7 @@ frmMain::frmMain() : tbrZQT(form, toolbarHeight, toolbarButtons, ImageList1()) {
     mnuLevel.onClick = [this](int item) { mnuLevelItem_Click(item); };
     Timer1.setInterval(firstInterval);
     Timer1.onTick = [this] { Timer1_Timer(); };
+    mmcZQT.onStatusUpdate = [this] { msMusicStatus(); };
 }
 
 void frmMain::Form_Load() {
@@ -40,6 +41,7 @@ void frmMain::Form_Load() {
         gsCenterForm(form);
         msLoadTable();
         msAssignSeatPsns();
+        mblnMusicReady = gblnfInitMCI(mmcZQT, true, false, 0, platform::programFile("mendel1.mid"), "Sequencer");
         msInitVar();
         mblnMusicOn = true;
         mblnBreakDown = true;

@@ -27,6 +27,7 @@ void frmMain::msStartAnew() {
     mintGamesPlayed = 0;
     mintGamesWon = 0;
     msInitNewGame();
+    msToggleMusic();
 }
 
 void frmMain::msChooseLevel() {
@@ -42,6 +43,7 @@ void frmMain::msToggleBreakDown() {
 void frmMain::msToggleMusicOn() {
     mblnMusicOn = !mblnMusicOn;
     msShowToolTip(Button::Music);
+    msToggleMusic();
 }
 
 void frmMain::msShowHighScores() {
@@ -69,7 +71,10 @@ void frmMain::msPause() {
     Timer1.setEnabled(!Timer1.enabled());
 }
 
-void frmMain::msStop() { Timer1.setEnabled(false); }
+void frmMain::msStop() {
+    Timer1.setEnabled(false);
+    msMusicStop();
+}
 
 void frmMain::msShowOrder() {
     msHoldFall();
@@ -99,6 +104,7 @@ void frmMain::mnuLevelItem_Click(int item) {
 void frmMain::Form_Unload() { msExitProgram(); }
 
 void frmMain::msExitProgram() {
+    if (mmcZQT.mode() == platform::modeOpen) mmcZQT.setCommand("Close");
     gsClearAllForms();
     platform::endProcess();
 }

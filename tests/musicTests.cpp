@@ -1,0 +1,185 @@
+// When the music plays, from the toolbar's commands to the device, in virtual time.
+
+#include <sstream>
+
+#include "platform/desktop.h"
+#include "platform/sim/simulation.h"
+#include "platform/sound.h"
+#include "tests/gameFixture.h"
+
+namespace {
+
+constexpr double statusInterval = 55;  // milliseconds
+
+class GameMusic : public GameFixture {
+  protected:
+    void SetUp() override {
+        GameFixture::SetUp();
+        sim::setLog([this](const std::string& line) {
+            std::istringstream in(line);
+            double time = 0;
+            std::string subject, verb, preposition, place;
+            in >> time >> subject >> verb >> preposition >> place;
+            if (subject != "music") return;
+            trace += trace.empty() ? "" : ", ";
+            trace += verb == "plays" ? "plays from " + place : verb;
+            if (verb == "plays") begun.push_back(time);
+        });
+    }
+
+    void restart() {
+        TearDown();
+        SetUp();
+        trace.clear();
+    }
+
+    void press(int button) {
+        if (button == Button::StartAnew)
+            startMatch();
+        else
+            sim::clickToolButton(button);
+    }
+
+    /// Ends the match by its summary.
+    void endMatch() {
+        gintNumRounds = game->mintRoundsPlayed = 1;
+        sim::setHands([] {
+            if (sim::modalDepth() > 0) sim::pressKey(platform::key::Enter);
+        });
+        sim::runFor(1000);
+        sim::setHands({});
+        EXPECT_FALSE(game->mblnGameRunning);
+    }
+
+    std::string trace;          ///< When the music began to play and stopped.
+    std::vector<double> begun;  ///< Milliseconds.
+};
+
+TEST_F(GameMusic, ThePieceIsOpenAndStillAfterTheStart) {
+    const platform::MMControl& device = game->mmcZQT;
+    EXPECT_TRUE(game->mblnMusicReady);
+    EXPECT_EQ(device.deviceType(), "Sequencer");
+    EXPECT_EQ(device.fileName(), platform::programFile("mendel1.mid"));
+    EXPECT_TRUE(device.wait());
+    EXPECT_FALSE(device.shareable());
+    EXPECT_EQ(device.updateInterval(), 0);
+    EXPECT_EQ(device.mode(), 525);
+    sim::runFor(1000);
+    EXPECT_EQ(trace, "");
+}
+
+TEST_F(GameMusic, ItFollowsTheCommands) {
+    constexpr int endOfMatch = 0;  // instead of a button
+    using namespace Button;
+    struct {
+        const char* what;
+        std::vector<int> buttons;
+        const char* trace;
+        bool wanted = true;  // as the tool-tip tells
+    } const rows[] = {
+        {"Music before the first match waits for it", {Music}, "", false},
+        {"and is off when it begins", {Music, StartAnew}, "", false},
+        {"or on again", {Music, Music, StartAnew}, "plays from 0"},
+        {"a match plays the piece", {StartAnew}, "plays from 0"},
+        {"another one doesn't disturb it", {StartAnew, StartAnew}, "plays from 0"},
+        {"nor does Pause", {StartAnew, Pause, Pause, Pause}, "plays from 0"},
+        {"nor do options", {StartAnew, Round, Peek, BreakDown}, "plays from 0"},
+        {"Music off", {StartAnew, Music}, "plays from 0, stops", false},
+        {"and on: from the beginning", {StartAnew, Music, Music}, "plays from 0, stops, plays from 0"},
+        {"off, then a match", {StartAnew, Music, StartAnew}, "plays from 0, stops", false},
+        {"Stop", {StartAnew, Stop}, "plays from 0, stops"},
+        {"Pause lets the fall go on alone", {StartAnew, Stop, Pause}, "plays from 0, stops"},
+        {"the next match brings it back", {StartAnew, Stop, StartAnew}, "plays from 0, stops, plays from 0"},
+        {"the end of a match", {StartAnew, endOfMatch}, "plays from 0, stops"},
+        {"and the next one", {StartAnew, endOfMatch, StartAnew}, "plays from 0, stops, plays from 0"},
+        {"Music twice without a match", {StartAnew, endOfMatch, Music, Music}, "plays from 0, stops, plays from 0"},
+    };
+    for (const auto& row : rows) {
+        for (const int button : row.buttons) {
+            button == endOfMatch ? endMatch() : press(button);
+            sim::runFor(1000);
+        }
+        EXPECT_EQ(trace, row.trace) << row.what;
+        const bool sounds = !trace.empty() && !trace.ends_with("stops");
+        EXPECT_EQ(sim::pieceSounds(), sounds) << row.what;
+        EXPECT_EQ(game->mmcZQT.updateInterval(), sounds ? statusInterval : 0) << row.what;
+        EXPECT_EQ(game->tbrZQT.toolTip(Button::Music), row.wanted ? "Music:On" : "Music:Off") << row.what;
+        restart();
+    }
+}
+
+TEST_F(GameMusic, ThePieceBeginsAtTheNextStatusEventAndEndlesslyAnew) {
+    constexpr double length = 2000;  // milliseconds
+    sim::setPieceLength(length);
+    press(Button::StartAnew);
+    const double pressed = sim::now();
+    sim::runFor(20000);
+    ASSERT_GE(begun.size(), 9U);
+    EXPECT_EQ(begun[0], pressed + statusInterval);
+    for (size_t i = 1; i < begun.size(); ++i) {
+        EXPECT_GE(begun[i], begun[i - 1] + length);
+        EXPECT_LE(begun[i], begun[i - 1] + length + statusInterval);
+    }
+    begun.clear();
+    press(Button::Stop);
+    sim::runFor(20000);
+    EXPECT_TRUE(begun.empty());
+}
+
+TEST_F(GameMusic, WithoutPieceOrDeviceTheGameIsSilentAndSaysNothing) {
+    struct {
+        const char* what;
+        void (*take)(frmMain&);
+        int interval;  // during a match
+    } const rows[] = {
+        {"no piece",
+         [](frmMain& form) {
+             sim::setPieceLength(0);
+             form.mmcZQT.setCommand("Close");
+             form.Form_Load();
+         },
+         55},
+        {"no device", [](frmMain&) { sim::setSoundDevice(false); }, 55},
+        {"not set up", [](frmMain& form) { form.mblnMusicReady = false; }, 0},
+    };
+    for (const auto& row : rows) {
+        row.take(*game);
+        press(Button::StartAnew);
+        sim::runFor(3000);
+        EXPECT_EQ(trace, "") << row.what;
+        EXPECT_GT(game->mintTilesDropped, 0) << row.what;
+        EXPECT_EQ(game->mmcZQT.updateInterval(), row.interval) << row.what;
+        press(Button::Stop);
+        EXPECT_EQ(game->mmcZQT.command(), "Prev") << row.what << ": stopped without a test";
+        EXPECT_TRUE(sim::messages().empty()) << row.what;
+        restart();
+    }
+}
+
+TEST_F(GameMusic, OnlyADeviceThatStandsOpenIsClosedAtTheEnd) {
+    constexpr const char* noPiece = "";
+    struct {
+        const char* file;
+        const char* lastCommand;
+    } const rows[] = {{noPiece, "Close"}, {"piece.mid", "Open"}};
+    for (const auto& row : rows) {
+        platform::MMControl& device = game->mmcZQT;
+        device.setCommand("Close");
+        EXPECT_TRUE(gblnfInitMCI(device, true, false, 0, row.file, "Sequencer"));
+        EXPECT_EQ(device.command(), "Open");
+        EXPECT_THROW(game->msExitProgram(), sim::ProcessEnded);
+        EXPECT_EQ(device.command(), row.lastCommand) << row.file;
+        restart();
+    }
+}
+
+TEST_F(GameMusic, ADeviceThatStandsOpenIsNotOpenedAgain) {
+    platform::MMControl& device = game->mmcZQT;
+    device.setCommand("Close");
+    EXPECT_TRUE(gblnfInitMCI(device, true, false, 0, "", "Sequencer"));
+    device.setCommand("Next");
+    EXPECT_TRUE(gblnfInitMCI(device, true, false, 0, "piece.mid", "Sequencer"));
+    EXPECT_EQ(device.command(), "Next");
+}
+
+}  // namespace
