@@ -23,6 +23,7 @@ void setUpApplication() {
     static char name[] = "velmora_window_tests";
     static char* argv[] = {name, nullptr};
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("SDL_AUDIODRIVER", "dummy");
     static const platform::Application application(argc, argv, "Velmora", "velmora");
 }
 

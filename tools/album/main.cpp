@@ -34,6 +34,7 @@ int explain() {
 int main(int argc, char** argv) {
     // Without a display, unless somebody wants to watch: the pictures are then the same on every desktop.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("SDL_AUDIODRIVER", "dummy");
     platform::Application application(argc, argv, "Velmora", "velmora");
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 2 || !std::all_of(arguments.begin() + 2, arguments.end(), isPicture)) return explain();
