@@ -71,7 +71,10 @@ TEST_F(Commands, WhatHoldsAndWhatSetsGoing) {
     };
     for (const auto& row : cases) {
         beginHand();
-        for (const int button : row.buttons) sim::clickToolButton(button);
+        for (const int button : row.buttons) {
+            if (button == Button::About) sim::post([] { sim::pressKey(platform::key::Escape); });
+            sim::clickToolButton(button);
+        }
         EXPECT_EQ(game->Timer1.enabled(), row.running) << row.what;
         EXPECT_TRUE(game->mblnGameRunning) << row.what;
     }
@@ -81,7 +84,7 @@ TEST_F(Commands, NothingBeginsBeforeStartAnew) {
     for (int button = Button::Level; button <= Button::Gap; ++button) {
         sim::post([button] {
             if (button == Button::Level) sim::chooseMenuItem(2);
-            if (button == Button::RoundsSetting) sim::pressKey(platform::key::Escape);
+            if (button == Button::RoundsSetting || button == Button::About) sim::pressKey(platform::key::Escape);
         });
         sim::clickToolButton(button);
         for (const int key : {37, 39, 40, 13}) sim::pressKey(key);

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "forms/frmAbout.h"
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
@@ -251,6 +252,27 @@ TEST_F(DialogViews, TheSummaryTellsTheMatch) {
         gfrmGameSummary.showModal();
         EXPECT_TRUE(looked);
         EXPECT_EQ(sim::modalDepth(), 0);
+    }
+}
+
+TEST_F(DialogViews, TheAboutBoxTellsTheVersionAndHoldsTheFall) {
+    for (const int closing : {Enter, Escape}) {
+        beginHand();
+        whenOpen([&] {
+            const frmAbout& about = *gfrmAbout.hold();
+            expectPlace(about.form, 261 * 15, 214 * 15, 273, 153);
+            std::vector<std::string> texts;
+            for (const platform::Panel& panel : about.pnlText) texts.push_back(panel.caption());
+            EXPECT_EQ(texts, (std::vector<std::string>{"Velmora v1.0", "Programmed By:", "Tavin Orlec",
+                                                       "Graphics By:", "Tavin Orlec"}));
+            EXPECT_FALSE(game->Timer1.enabled());
+            expectDeaf({Space, Tab, Left, Down, 'V'});
+            sim::pressKey(closing);
+        });
+        sim::clickToolButton(Button::About);
+        EXPECT_TRUE(looked);
+        EXPECT_TRUE(gfrmAbout.empty());
+        EXPECT_TRUE(game->Timer1.enabled());
     }
 }
 

@@ -1,3 +1,4 @@
+#include "forms/frmAbout.h"
 #include "frmMain.h"
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
@@ -10,8 +11,8 @@
 #include "toolkit/modScreen.h"
 
 void gsClearAllForms() {
-    gsClearObjects(gfrmBitmaps, gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary, gfrmRoundsSetting,
-                   gfrmMain);
+    gsClearObjects(gfrmAbout, gfrmBitmaps, gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary,
+                   gfrmRoundsSetting, gfrmMain);
 }
 
 void frmMain::msStartAnew() {
@@ -83,6 +84,7 @@ void frmMain::msShowOrder() {
 
 void frmMain::msShowAbout() {
     msHoldFall();
+    gfrmAbout.showModal();
     msResumeFall();
 }
 

@@ -5,6 +5,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "forms/frmAbout.h"
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
@@ -67,6 +68,8 @@ constexpr PictureRow rows[] = {
      [](const frmMain&) { return QApplication::activePopupWidget() != nullptr; }},
     {"rounds-setting", [](const Hands& hands) { hands.click(Button::RoundsSetting); },
      [](const frmMain&) { return gfrmRoundsSetting.isOpen(); }},
+    {"about", [](const Hands& hands) { hands.click(Button::About); },
+     [](const frmMain&) { return gfrmAbout.isOpen(); }},
     {"chooser-lines", [](const Hands&) { offerAllSets(); }, [](const frmMain&) { return gfrmChooseTiles.isOpen(); }},
     {"message", [](const Hands&) { gsReportError(53, "File not found", "Form_Load"); },
      [](const frmMain&) { return seesBox(); }},
