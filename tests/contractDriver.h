@@ -3,6 +3,10 @@
 #include <functional>
 #include <string>
 
+namespace platform {
+class Control;
+}
+
 /// The person and the clock in the tests that both back ends keep: a simulated desktop's or Qt's.
 namespace driver {
 
@@ -12,10 +16,15 @@ void post(double afterMilliseconds, std::function<void()> action);  ///< An even
 void pressKey(int keyCode);                                         ///< Down and up; codes as in platform::key.
 void keyDown(int keyCode);                                          ///< Down, or a repeat if it is held.
 void keyUp(int keyCode);
+void pressShiftTab();
+void pressAccessKey(char letter);              ///< Alt with that key; what it presses may come a moment later.
+void typeText(const std::string& text);        ///< Key by key, each down and up.
+void pasteText(const std::string& text);       ///< The clipboard's text, by the keys for it.
+void click(const platform::Control& control);  ///< With the pointer on it.
 void clickToolButton(int button);
-void clickButton(const std::string& caption);
-void chooseMenuItem(int item);               ///< Of the menu that the next pop-up opens; 0 leaves it.
-std::string pieceOfMusic(int milliseconds);  ///< The file of a piece so long; for 0 one that is not there.
-std::string lastMessage();                   ///< "title: text" of the last message box; each is answered at once.
+void clickButton(const std::string& caption);  ///< A command button of the form on top.
+void chooseMenuItem(int item);                 ///< Of the menu that the next pop-up opens; 0 leaves it.
+std::string pieceOfMusic(int milliseconds);    ///< The file of a piece so long; for 0 one that is not there.
+std::string lastMessage();                     ///< "title: text" of the last message box; each is answered at once.
 
 }  // namespace driver

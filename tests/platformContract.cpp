@@ -12,15 +12,13 @@
 #include "platform/sound.h"
 #include "platform/timer.h"
 #include "platform/toolbar.h"
-#include "tests/contractDriver.h"
+#include "tests/contractFixture.h"
 
 // What every back end of the platform layer promises. The waits are wide enough for a real clock on a busy machine.
 
 namespace {
 
 using namespace platform;
-
-constexpr double twips = 15;
 
 /// What the attempt gives back, made anew when a busy machine has held it up: it may last so many milliseconds.
 template <class Attempt>
@@ -33,45 +31,6 @@ auto inTime(double milliseconds, Attempt attempt) {
         if (i == attempts || secondsOfDay() - start < milliseconds / 1000 + slack) return result;
     }
 }
-
-/// A main window with a toolbar, and what has happened so far in one line.
-class Contract : public testing::Test {
-  protected:
-    Contract() { driver::begin(); }
-
-    struct Window {
-        Form form;
-        ToolBar bar{form, 28, 3, {{}, 16, 0xC0C0C0}};
-    };
-
-    void showMain() {
-        main_ = std::make_unique<Window>();
-        main_->form.resize(300 * twips, 200 * twips);
-        for (int button = 1; button <= 3; ++button) main_->bar.setButtonImage(button, button);
-        main_->bar.onButtonClick = [this](int button) { note("tool " + std::to_string(button)); };
-        main_->form.show();
-    }
-
-    void note(const std::string& what) { trace_ += trace_.empty() ? what : ", " + what; }
-
-    void noteKeys(Form& form, const std::string& name) {
-        form.onKeyDown = [this, name](int& code) { note(name + " down " + std::to_string(code)); };
-        form.onKeyPress = [this, name](int& character) { note(name + " press " + std::to_string(character)); };
-    }
-
-    /// Shows a dialog for as long as it takes to do that in it.
-    void inDialog(Form& dialog, const std::function<void()>& action) {
-        driver::post(10, [&] {
-            action();
-            dialog.unload();
-        });
-        dialog.resize(100 * twips, 50 * twips);
-        dialog.showModal();
-    }
-
-    std::unique_ptr<Window> main_;
-    std::string trace_;
-};
 
 TEST_F(Contract, TimerPropertiesActAtOnce) {
     struct {
@@ -431,77 +390,6 @@ TEST_F(Contract, AHandlerMayLetGoOfWhatCallsIt) {
         EXPECT_EQ(caller, nullptr) << row.what;
         EXPECT_TRUE(captureLives) << row.what << ": what a handler has captured stays until it returns";
     }
-}
-
-/// A dialog with two buttons and a spin button, in this order.
-struct Setting {
-    explicit Setting(const std::function<void(const std::string&)>& note) {
-        ok.setCaption("OK");
-        ok.makeDefault();
-        ok.onClick = [note] { note("OK"); };
-        cancel.setCaption("Cancel");
-        cancel.makeCancel();
-        cancel.onClick = [note] { note("Cancel"); };
-        spin.onSpinUp = [note] { note("up"); };
-        spin.onSpinDown = [note] { note("down"); };
-    }
-
-    Form form;
-    Panel panel{form, {0, 0, 100, 50}};
-    CommandButton ok{panel, {5, 5, 40, 20}};
-    CommandButton cancel{panel, {50, 5, 40, 20}};
-    SpinButton spin{panel, {5, 25, 12, 20}};
-};
-
-TEST_F(Contract, KeysWorkTheControls) {
-    constexpr int tab = key::Tab;
-    struct {
-        std::vector<int> keys;
-        const char* trace;
-        int swallowedDown = 0;
-        int swallowedPress = 0;
-    } const rows[] = {
-        {{key::Enter}, "OK"},
-        {{key::Space}, "OK"},
-        {{key::Escape}, "Cancel"},
-        {{'A'}, ""},
-        {{key::Up}, ""},
-        {{tab, key::Space}, "Cancel"},
-        {{tab, key::Enter}, "Cancel"},
-        {{tab, tab, key::Up, key::Up, key::Down}, "up, up, down"},
-        {{tab, tab, key::Enter}, "OK"},
-        {{tab, tab, key::Space}, ""},
-        {{tab, tab, tab, key::Space}, "OK"},
-        {{key::Enter, key::Escape}, "Cancel", key::Enter, 0},
-        {{key::Enter, key::Escape}, "Cancel", 0, key::Enter},
-        {{tab, tab, key::Up, key::Down}, "down", key::Up, 0},
-    };
-    showMain();
-    for (const auto& row : rows) {
-        trace_.clear();
-        Setting setting([this](const std::string& what) { note(what); });
-        setting.form.onKeyDown = [&](int& code) { code = code == row.swallowedDown ? 0 : code; };
-        setting.form.onKeyPress = [&](int& character) { character = character == row.swallowedPress ? 0 : character; };
-        inDialog(setting.form, [&] {
-            for (const int keyCode : row.keys) driver::pressKey(keyCode);
-        });
-        EXPECT_EQ(trace_, row.trace) << "in row " << &row - rows;
-    }
-}
-
-TEST_F(Contract, ClickedButtonBelongsToTheFormOnTop) {
-    showMain();
-    Setting below([this](const std::string& what) { note("below " + what); });
-    Setting above([this](const std::string& what) { note("above " + what); });
-    below.cancel.setCaption("Leave");
-    inDialog(below.form, [&] {
-        inDialog(above.form, [] {
-            driver::clickButton("Cancel");
-            driver::clickButton("Leave");
-        });
-        driver::clickButton("Leave");
-    });
-    EXPECT_EQ(trace_, "above Cancel, below Cancel");
 }
 
 TEST_F(Contract, MenuIsAnsweredOrLeft) {

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMessageBox>
@@ -6,15 +7,17 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 #include <cmath>
 #include <fstream>
 #include <set>
 
 #include "platform/form.h"
 #include "platform/qt/application.h"
+#include "platform/qt/control.h"
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
-#include "platform/qt/toolButton.h"
+#include "platform/utf8.h"
 #include "tests/contractDriver.h"
 #include "tests/soundFiles.h"
 
@@ -28,11 +31,17 @@ struct KeyRow {
 };
 
 constexpr KeyRow namedKeys[] = {
-    {platform::key::Tab, Qt::Key_Tab, false},       {platform::key::Enter, Qt::Key_Return, false},
-    {platform::key::Escape, Qt::Key_Escape, false}, {platform::key::Left, Qt::Key_Left, false},
-    {platform::key::Up, Qt::Key_Up, false},         {platform::key::Right, Qt::Key_Right, false},
-    {platform::key::Down, Qt::Key_Down, false},     {platform::key::Pad2, Qt::Key_2, true},
-    {platform::key::Pad4, Qt::Key_Left, true},      {platform::key::Pad6, Qt::Key_6, true},
+    {8, Qt::Key_Backspace, false},
+    {platform::key::Tab, Qt::Key_Tab, false},
+    {platform::key::Enter, Qt::Key_Return, false},
+    {platform::key::Escape, Qt::Key_Escape, false},
+    {platform::key::Left, Qt::Key_Left, false},
+    {platform::key::Up, Qt::Key_Up, false},
+    {platform::key::Right, Qt::Key_Right, false},
+    {platform::key::Down, Qt::Key_Down, false},
+    {platform::key::Pad2, Qt::Key_2, true},
+    {platform::key::Pad4, Qt::Key_Left, true},
+    {platform::key::Pad6, Qt::Key_6, true},
     {platform::key::Pad8, Qt::Key_Up, true},
 };
 
@@ -85,17 +94,18 @@ QKeyEvent keyEvent(QEvent::Type type, int code, bool repeat) {
     return {type, code, Qt::NoModifier, QString(QChar(code)).toLower(), repeat};
 }
 
-void sendKey(QEvent::Type type, int code, bool repeat) {
-    QKeyEvent event = keyEvent(type, code, repeat);
-    QCoreApplication::sendEvent(mainWindow(), &event);
+void send(QKeyEvent event) { QCoreApplication::sendEvent(mainWindow(), &event); }
+
+void pressAndRelease(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) send({type, key, modifiers, text});
 }
 
-/// Clicks the visible face for which that holds; of several the one that lies on top.
+/// Clicks the visible button for which that holds; of several the one that lies on top.
 template <class Face, class Condition>
 void clickFace(Condition&& holds) {
     Face* found = nullptr;
-    for (QWidget* each : mainWindow()->findChildren<QWidget*>())
-        if (auto* const face = dynamic_cast<Face*>(each); face && face->isVisible() && holds(*face)) found = face;
+    for (Face* face : mainWindow()->findChildren<Face*>())
+        if (face->isVisible() && holds(*face)) found = face;
     if (found) QTest::mouseClick(found, Qt::LeftButton);
 }
 
@@ -121,19 +131,47 @@ void pressKey(int keyCode) {
     keyUp(keyCode);
 }
 
-void keyDown(int keyCode) { sendKey(QEvent::KeyPress, keyCode, !person().held.insert(keyCode).second); }
+void keyDown(int keyCode) {
+    const bool repeat = !person().held.insert(keyCode).second;
+    send(keyEvent(QEvent::KeyPress, keyCode, repeat));
+}
 
 void keyUp(int keyCode) {
     person().held.erase(keyCode);
-    sendKey(QEvent::KeyRelease, keyCode, false);
+    send(keyEvent(QEvent::KeyRelease, keyCode, false));
+}
+
+void pressShiftTab() { pressAndRelease(Qt::Key_Backtab, Qt::ShiftModifier, QString()); }
+
+void pressAccessKey(char letter) { QTest::keyClick(mainWindow(), letter, Qt::AltModifier); }
+
+void typeText(const std::string& text) {
+    for (size_t at = 0; at < text.size();) {
+        const char32_t character = platform::nextCharacter(text, at);
+        const int key =
+            character < 0x80 ? QChar(static_cast<char16_t>(character)).toUpper().unicode() : int{Qt::Key_unknown};
+        pressAndRelease(key, Qt::NoModifier, QString::fromUcs4(&character, 1));
+    }
+}
+
+void pasteText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+    pressAndRelease(Qt::Key_V, Qt::ControlModifier, QStringLiteral("\x16"));
+}
+
+void click(const platform::Control& control) {
+    constexpr int onIndicator = 8;  // pixels from the left of a box or an option
+    QWidget* const face = control.impl().face.get();
+    QTest::mouseClick(face, Qt::LeftButton, Qt::NoModifier, {onIndicator, face->height() / 2});
 }
 
 void clickToolButton(int button) {
-    clickFace<platform::qt::ToolButton>([=](const auto& face) { return face.number == button; });
+    int number = 0;
+    clickFace<QToolButton>([&](const QToolButton&) { return ++number == button; });
 }
 
 void clickButton(const std::string& caption) {
-    clickFace<QWidget>([&](const QWidget& face) { return face.accessibleName().toStdString() == caption; });
+    clickFace<QPushButton>([&](const QPushButton& face) { return face.text().toStdString() == caption; });
 }
 
 void chooseMenuItem(int item) { person().menuItem = item; }

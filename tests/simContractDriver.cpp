@@ -18,6 +18,11 @@ void post(double afterMilliseconds, std::function<void()> action) {
 void pressKey(int keyCode) { sim::pressKey(keyCode); }
 void keyDown(int keyCode) { sim::keyDown(keyCode); }
 void keyUp(int keyCode) { sim::keyUp(keyCode); }
+void pressShiftTab() { sim::pressShiftTab(); }
+void pressAccessKey(char letter) { sim::pressAccessKey(letter); }
+void typeText(const std::string& text) { sim::typeText(text); }
+void pasteText(const std::string& text) { sim::pasteText(text); }
+void click(const platform::Control& control) { sim::click(control); }
 void clickToolButton(int button) { sim::clickToolButton(button); }
 void clickButton(const std::string& caption) { sim::clickButton(caption); }
 

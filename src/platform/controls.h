@@ -31,7 +31,10 @@ class Shape {
 /// Whether an edge seems to lie under what is round it or above it.
 enum class Bevel { None, Inset, Raised };
 /// Where a caption stands in its width.
-enum class Align { Left, Center };
+enum class Align { Left, Center, Right };
+/// What a panel does with a caption that doesn't fit: cuts it, breaks it at blanks and takes the height of its lines,
+/// from its top downward, or takes the width of its one line, from its left to the right.
+enum class Fit { Cut, Height, Width };
 
 /// How a panel looks: its bevels, from the edge inward, and its colours. Text is centred in the height.
 struct PanelLook {
@@ -41,6 +44,7 @@ struct PanelLook {
     Color back = 0xC0C0C0;
     Color fore = 0;
     Align align = Align::Center;
+    Fit fit = Fit::Cut;
 };
 
 /// A 3-D panel with a caption; it can hold other controls.
@@ -49,12 +53,13 @@ class Panel {
     Panel(Form& form, const Place& place);    ///< On the form's surface, with no caption.
     Panel(Panel& panel, const Place& place);  ///< On another panel, which must live as long.
     ~Panel();                                 ///< Takes it off its form.
-    Panel(Panel&&) noexcept;                  ///< The one that is left may only be destroyed.
+    Panel(Panel&&) noexcept;                  ///< What it is moved from may only be destroyed.
 
     void setLook(const PanelLook& look);       ///< Bevels, colours and where the caption stands.
     void setFont(const Font& font);            ///< Of its caption.
-    void setCaption(const std::string& text);  ///< One line of UTF-8, cut to what lies inside the bevels.
+    void setCaption(const std::string& text);  ///< UTF-8; what reaches beyond the bevels isn't seen.
     std::string caption() const;               ///< As it was set last; empty at first.
+    Place place() const;                       ///< On what holds it, with the size that its caption gave it.
 
     struct Impl;
     Impl& impl() { return *impl_; }  ///< For the other classes of the same back end.
@@ -63,38 +68,64 @@ class Panel {
     std::unique_ptr<Impl> impl_;
 };
 
-/// A 3-D push button: a click, Space or Enter on it presses it.
-class CommandButton {
+/// What all controls have in common that can have the focus. The form on top gives its keys to the control with the
+/// focus, after its own handlers; the focus stays within the form. When the form opens, its first control in tab order
+/// gets the focus. Up, Down, Left and Right move it on from a button; Tab and Shift+Tab from any control.
+class Control {
   public:
-    CommandButton(Panel& panel, const Place& place);  ///< On a panel, which must live as long.
-    ~CommandButton();                                 ///< Takes it off its form, also in its own handler.
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
 
-    std::function<void()> onClick;  ///< A click or a key has pressed it.
+    std::function<void()> onGotFocus;  ///< The focus has come to it.
+    std::function<void()> onValidate;  ///< The focus goes from it to another control of its form.
+    /// A key with a character, as the form's onKeyPress, which comes before: setting it to 0 swallows the key, another
+    /// character of Latin-1 takes its place. Text that is pasted, or composed by an input method, doesn't come here.
+    std::function<void(int& character)> onKeyPress;
+    std::function<void(int keyCode)> onKeyUp;  ///< A key was let go that had been pressed in the same form.
 
-    void setFont(const Font& font);            ///< Of its caption.
-    void setCaption(const std::string& text);  ///< One line of UTF-8, in the middle.
-    void makeDefault();                        ///< Enter presses it from anywhere on the form but another button.
-    void makeCancel();                         ///< Escape presses it from anywhere on the form.
+    void setFont(const Font& font);  ///< Of its text.
+    void setEnabled(bool enabled);   ///< Without it the control is grey and takes neither clicks nor the focus.
+    bool enabled() const;            ///< True at first.
+    void setFocus();                 ///< Gives it its form's focus. Nothing while it is disabled.
+    bool hasFocus() const;           ///< Whether keys of its form go to it.
+    void setTabIndex(int index);     ///< Its place in the tab order, from 0; those from there on move back by one.
+    int tabIndex() const;            ///< In the order of making, until it is set.
+    void setTabStop(bool tabStop);   ///< Whether Tab comes to it.
+    bool tabStop() const;            ///< True at first.
+    void setAccessibleName(const std::string& name);  ///< What a screen reader says, where its caption isn't enough.
 
     struct Impl;
+    Impl& impl() const { return *impl_; }  ///< For the other classes of the same back end.
 
-  private:
+  protected:
+    explicit Control(std::unique_ptr<Impl> impl);
+    ~Control();  ///< Takes it off its form, also in its own handlers.
+
     std::unique_ptr<Impl> impl_;
 };
 
-/// Two arrows, one above the other, that repeat while held; with the focus, the Up and Down keys do the same.
-class SpinButton {
+/// A 3-D push button: a click, Space or Enter on it presses it, and so does Alt with its access key. It has the focus
+/// then.
+class CommandButton : public Control {
+  public:
+    CommandButton(Panel& panel, const Place& place);  ///< On a panel, which must live as long.
+    ~CommandButton();
+
+    std::function<void()> onClick;  ///< It was pressed, by a key that is held once.
+
+    void setCaption(const std::string& text);  ///< One line of UTF-8, in the middle; "&" stands before the access key.
+    void makeDefault();  ///< Enter presses it from anywhere on the form but another command button.
+    void makeCancel();   ///< Escape presses it from anywhere on the form.
+};
+
+/// Two arrows, one above the other, that repeat while held; with the focus, the Up and Down keys and the pad's do so.
+class SpinButton : public Control {
   public:
     SpinButton(Panel& panel, const Place& place);  ///< On a panel, which must live as long.
-    ~SpinButton();                                 ///< Takes it off its form, also in its own handlers.
+    ~SpinButton();
 
     std::function<void()> onSpinUp;    ///< Once for each press and repeat of the upper arrow or the Up key.
     std::function<void()> onSpinDown;  ///< Once for each press and repeat of the lower arrow or the Down key.
-
-    struct Impl;
-
-  private:
-    std::unique_ptr<Impl> impl_;
 };
 
 }  // namespace platform

@@ -13,14 +13,19 @@ namespace key {
 constexpr int Tab = 9, Enter = 13, Escape = 27, Space = 32;
 constexpr int Left = 37, Up = 38, Right = 39, Down = 40;
 constexpr int Pad2 = 98, Pad4 = 100, Pad6 = 102, Pad8 = 104;  ///< With NumLock on and off alike.
+/// What onKeyPress gets for a character outside Latin-1: a code above all of Latin-1's, so that no filter takes it for
+/// one of them.
+constexpr int OtherCharacter = 256;
 }  // namespace key
 
 /// A window of the game: the main window, shown with show(), or a dialog, shown with showModal() as a borderless child
 /// over the main window's surface. Its size is that of its surface; frame and title bar are counted nowhere.
 ///
 /// Keys go to the form that is open on top, whatever was clicked: first to onKeyDown, then, for a key with a character,
-/// to onKeyPress, then to the control with the focus. Setting the code or the character to 0 swallows the key. A press
-/// that began before a form opened does nothing in it until it has been let go.
+/// to onKeyPress, then to the control with the focus: its own onKeyPress, and what it does with the key. Setting the
+/// code or the character to 0 swallows the key; another character of Latin-1 takes the place of the one typed. A press
+/// that began before a form opened does nothing in it until it has been let go. Alt with an access key goes to its
+/// button alone.
 class Form {
   public:
     Form();
@@ -29,6 +34,7 @@ class Form {
     Form& operator=(const Form&) = delete;
 
     std::function<void()> onLoad;                 ///< Before the window is seen for the first time.
+    std::function<void()> onActivate;             ///< It is on top now: it has opened, or the form over it has gone.
     std::function<void(int& keyCode)> onKeyDown;  ///< With repeats while the key is held: see keyRepeats().
     std::function<void(int& character)> onKeyPress;
     std::function<void()> onUnload;  ///< Before the window goes; the form's owner may let go of it here.

@@ -32,6 +32,9 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
     QApplication::setQuitOnLastWindowClosed(false);  // A message box may come and go before the main window is seen.
     QApplication::setWindowIcon(iconOf(id));
     application->installEventFilter(&qt::formStack());
+    QObject::connect(application, &QApplication::focusChanged, [] {
+        if (qt::FormWindow* const form = qt::formStack().top()) form->followFocus();
+    });
 }
 
 int Application::run() {

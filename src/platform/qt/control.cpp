@@ -1,19 +1,89 @@
 #include "platform/qt/control.h"
 
-namespace platform::qt {
+#include <QAbstractButton>
+#include <QStyleFactory>
 
-Control::Control(QWidget* parent, const Place& place) : QWidget(parent) {
-    setPlace(*this, place);
-    setAttribute(Qt::WA_OpaquePaintEvent);
-    formWindowOf(this)->addControl(this);
+#include "platform/qt/fonts.h"
+#include "platform/qt/images.h"
+
+namespace platform {
+namespace {
+
+constexpr Color lightGrey = 0xC0C0C0;
+
+}  // namespace
+
+QStyle* qt::classicStyle() {
+    static QStyle* const style = QStyleFactory::create(QStringLiteral("Windows"));
+    return style;
 }
 
-bool Control::focused() const { return formWindowOf(this)->hasFocusOn(this); }
+const QPalette& qt::classicPalette() {
+    static const QPalette palette(colorOf(lightGrey));
+    return palette;
+}
 
-void Control::takeFocus() { formWindowOf(this)->focusOn(this); }
-
-void setPlace(QWidget& widget, const Place& place) {
+void qt::setPlace(QWidget& widget, const Place& place) {
     widget.setGeometry(place.left, place.top, place.width, place.height);
 }
 
-}  // namespace platform::qt
+Place qt::placeOf(const QWidget& widget) { return {widget.x(), widget.y(), widget.width(), widget.height()}; }
+
+Qt::Alignment qt::alignmentOf(Align align) {
+    return align == Align::Left ? Qt::AlignLeft : align == Align::Right ? Qt::AlignRight : Qt::AlignHCenter;
+}
+
+void qt::connectPress(Control& control, const std::function<void()>& onClick) {
+    auto* const button = faceOf<QAbstractButton>(control);
+    // An access key reaches a button without the focus, also on a form that lies under another one.
+    QObject::connect(button, &QAbstractButton::pressed, button, [&control, button] {
+        if (!formStack().blocks(button)) control.setFocus();
+    });
+    QObject::connect(button, &QAbstractButton::clicked, button, [&onClick, button] { answer(button, onClick); });
+}
+
+Control::Impl::Impl(Control& control, QWidget* widget, Panel& panel, const Place& place)
+    : owner(control), face(widget), window(qt::formWindowOf(panel.impl().widget())) {
+    widget->setParent(panel.impl().widget());
+    widget->setStyle(qt::classicStyle());
+    widget->setPalette(qt::classicPalette());
+    widget->setFocusPolicy(Qt::StrongFocus);
+    qt::setPlace(*widget, place);
+    widget->setVisible(true);
+    window->addControl(this);
+}
+
+Control::Impl::~Impl() {
+    if (window) window->removeControl(this);
+}
+
+Control::Control(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
+
+Control::~Control() = default;
+
+void Control::setFont(const Font& font) { impl_->face->setFont(qt::letteringOf(font).font); }
+
+void Control::setEnabled(bool enabled) { impl_->face->setEnabled(enabled); }
+
+bool Control::enabled() const { return impl_->face->isEnabledTo(impl_->window); }
+
+void Control::setFocus() {
+    impl_->face->setFocus(Qt::OtherFocusReason);
+    impl_->window->followFocus();
+}
+
+bool Control::hasFocus() const { return impl_->window->keyTarget() == impl_->face.get(); }
+
+void Control::setTabIndex(int index) { impl_->window->setTabIndex(impl_.get(), index); }
+
+int Control::tabIndex() const { return impl_->window->tabIndex(impl_.get()); }
+
+void Control::setTabStop(bool tabStop) { impl_->face->setFocusPolicy(tabStop ? Qt::StrongFocus : Qt::ClickFocus); }
+
+bool Control::tabStop() const { return impl_->face->focusPolicy() & Qt::TabFocus; }
+
+void Control::setAccessibleName(const std::string& name) {
+    impl_->face->setAccessibleName(QString::fromStdString(name));
+}
+
+}  // namespace platform

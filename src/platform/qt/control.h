@@ -1,12 +1,14 @@
 #pragma once
 
+#include <QPalette>
 #include <QPointer>
+#include <QStyle>
 #include <QWidget>
 #include <functional>
 
 #include "platform/controls.h"
+#include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
-#include "platform/qt/keys.h"
 #include "platform/qt/slots.h"
 
 namespace platform::qt {
@@ -14,65 +16,48 @@ namespace platform::qt {
 /// The window of a form.
 FormWindow* windowOf(Form& form);
 
-/// The face of a control that can have the form's focus.
-class Control : public QWidget {
-  public:
-    Control(QWidget* parent, const Place& place);
+/// Qt's own style with raised and sunken edges, for every control on a form.
+QStyle* classicStyle();
 
-    virtual bool stroke(const Stroke& stroke) = 0;    ///< A key for the focused control; false if it has no use.
-    virtual void answer(const Stroke& /*stroke*/) {}  ///< The key that it answers for the whole form.
-    virtual void retire() { formWindowOf(this)->removeControl(this); }  ///< Its owner is gone.
-
-  protected:
-    bool focused() const;
-    void takeFocus();
-};
-
-/// The same with its owner, whose handlers it calls.
-template <class Owner>
-class OwnedControl : public Control {
-  public:
-    OwnedControl(QWidget* parent, const Place& place, Owner& owner) : Control(parent, place), owner_(&owner) {}
-
-    void retire() override {
-        owner_ = nullptr;
-        Control::retire();
-    }
-
-  protected:
-    void call(std::function<void()> Owner::*handler) {
-        if (owner_ != nullptr) callSlot(owner_->*handler);
-    }
-
-  private:
-    Owner* owner_;
-};
-
-/// Owns a control's face, which goes a little later: one of its own handlers may still be running.
-template <class Face>
-class FaceHolder {
-  public:
-    explicit FaceHolder(Face* face) : face_(face) {
-        if (face->parentWidget()->isVisible()) face->show();
-    }
-    ~FaceHolder() {
-        if (!face_) return;
-        face_->retire();
-        face_->hide();
-        face_->deleteLater();
-    }
-    FaceHolder(const FaceHolder&) = delete;
-    FaceHolder& operator=(const FaceHolder&) = delete;
-
-    Face* operator->() const { return face_.data(); }
-    Face* get() const { return face_.data(); }
-
-  private:
-    QPointer<Face> face_;  // Null when the form took it along.
-};
+/// Its colours, which no theme of the desktop changes: those that belong to a light grey.
+const QPalette& classicPalette();
 
 /// Gives the widget its place on its parent.
 void setPlace(QWidget& widget, const Place& place);
+
+/// The widget's place on its parent.
+Place placeOf(const QWidget& widget);
+
+/// Where a text stands in its width, as Qt has it.
+Qt::Alignment alignmentOf(Align align);
+
+/// Runs a handler for what was done to a widget by the pointer or a key; nothing if something on top keeps clicks from
+/// it.
+template <class... Parameters, class... Arguments>
+void answer(const QWidget* widget, const std::function<void(Parameters...)>& slot, Arguments&&... arguments) {
+    if (!formStack().blocks(widget)) callSlot(slot, std::forward<Arguments>(arguments)...);
+}
+
+/// Owns a widget, which goes a little later: one of its own handlers may still be running.
+template <class Widget>
+class Owned {
+  public:
+    explicit Owned(Widget* widget) : widget_(widget) {}
+    ~Owned() {
+        if (!widget_) return;
+        widget_->disconnect();
+        widget_->hide();
+        widget_->deleteLater();
+    }
+    Owned(const Owned&) = delete;
+    Owned& operator=(const Owned&) = delete;
+
+    Widget* operator->() const { return widget_.data(); }
+    Widget* get() const { return widget_.data(); }
+
+  private:
+    QPointer<Widget> widget_;  // Null when the form took it along.
+};
 
 }  // namespace platform::qt
 
@@ -82,9 +67,31 @@ struct Panel::Impl {
     Impl(QWidget* parent, const Place& place);
 
     class Face;
-    qt::FaceHolder<Face> face;
+    qt::Owned<Face> face;
 
     QWidget* widget() const;
 };
 
+/// A control as a widget of Qt's on a panel.
+struct Control::Impl {
+    Impl(Control& control, QWidget* widget, Panel& panel, const Place& place);
+    ~Impl();
+
+    Control& owner;
+    qt::Owned<QWidget> face;
+    QPointer<qt::FormWindow> window;
+};
+
+namespace qt {
+
+/// Runs the handler whenever the control, a button of Qt's, is pressed in any way; the button gets the focus first.
+void connectPress(Control& control, const std::function<void()>& onClick);
+
+/// The widget of a control, of that kind.
+template <class Widget>
+Widget* faceOf(const Control& control) {
+    return static_cast<Widget*>(control.impl().face.get());
+}
+
+}  // namespace qt
 }  // namespace platform

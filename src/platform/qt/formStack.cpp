@@ -1,10 +1,13 @@
 #include "platform/qt/formStack.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QWidget>
 #include <algorithm>
 #include <utility>
 
+#include "platform/qt/control.h"
 #include "platform/qt/formWindow.h"
 #include "platform/qt/keys.h"
 #include "platform/qt/slots.h"
@@ -18,6 +21,8 @@ bool isPointing(QEvent::Type type) {
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
         case QEvent::Enter:
+        case QEvent::HoverEnter:
+        case QEvent::HoverMove:
         case QEvent::Wheel:
         case QEvent::ToolTip:
         case QEvent::ContextMenu:
@@ -72,6 +77,7 @@ void FormStack::leave(FormWindow* window) {
     ++changes_;
     presses_.disown(window);
     if (wasMain && onMainWindowGone) onMainWindowGone();
+    if (FormWindow* const under = wasMain ? nullptr : top()) under->activate();
 }
 
 void FormStack::closeBox(const QWidget* box) {
@@ -92,29 +98,57 @@ bool FormStack::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {
+    if (forwards_) return false;
     const bool toForms = belongsToForms(face);
+    FormWindow* const form = boxes_ > 0 ? nullptr : top();
     if (event.type() == QEvent::KeyRelease) {
-        presses_.letGo(event);
+        const bool own = presses_.letGo(event) == form;
+        if (toForms && form && own && !event.isAutoRepeat()) release(form, event);
         return toForms;
     }
-    FormWindow* const form = boxes_ > 0 ? nullptr : top();
     const Press press = presses_.take(event, toForms ? form : face->window());
     if (press == Press::Foreign) return true;  // One press never answers two dialogs.
-    if (toForms && form) deliver(form, strokeOf(event, press == Press::Repeat));
+    if (toForms && form) deliver(form, event, strokeOf(event, press == Press::Repeat));
     return toForms;
 }
 
-void FormStack::deliver(FormWindow* window, Stroke stroke) {
+void FormStack::deliver(FormWindow* window, const QKeyEvent& event, Stroke stroke) {
+    const int typed = stroke.character;
     const int changesBefore = changes_;
     const bool outer = std::exchange(keyRepeats_, stroke.repeat);  // A handler may serve events, further keys too.
-    callSlot(window->form->onKeyDown, stroke.code);
+    int code = stroke.code;
+    callSlot(window->form->onKeyDown, code);
     keyRepeats_ = outer;
-    if (stroke.code == 0 || changes_ != changesBefore) return;
-    if (stroke.character != 0) {
-        callSlot(window->form->onKeyPress, stroke.character);
-        if (stroke.character == 0 || changes_ != changesBefore) return;
-    }
-    window->strokeControls(stroke);
+    if (code == 0 || changes_ != changesBefore) return;
+    QPointer<QWidget> target;
+    const auto show = [&](const std::function<void(int&)>& handler) {
+        callSlot(handler, stroke.character);
+        return stroke.character != 0 && changes_ == changesBefore;
+    };
+    if (typed != 0 && !show(window->form->onKeyPress)) return;
+    target = window->keyTarget();
+    const Control::Impl* const control = window->focusedControl();
+    if (typed != 0 && control && !show(control->owner.onKeyPress)) return;
+    if (!target || window->answers(stroke)) return;
+    const QPointer<FormWindow> self(window);
+    QKeyEvent forwarded = eventFor(event, stroke, typed);
+    forward(target, forwarded);
+    if (self) self->followFocus();
+}
+
+void FormStack::release(FormWindow* window, const QKeyEvent& event) {
+    const QPointer<FormWindow> self(window);
+    const Stroke stroke = strokeOf(event, false);
+    QKeyEvent forwarded = eventFor(event, stroke, stroke.character);
+    forward(window->keyTarget(), forwarded);
+    const Control::Impl* const control = self && top() == window ? window->focusedControl() : nullptr;
+    if (control) callSlot(control->owner.onKeyUp, stroke.code);
+}
+
+void FormStack::forward(QWidget* target, QKeyEvent& event) {
+    const bool outer = std::exchange(forwards_, true);
+    QCoreApplication::sendEvent(target, &event);
+    forwards_ = outer;
 }
 
 }  // namespace platform::qt

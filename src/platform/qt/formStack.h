@@ -32,18 +32,22 @@ class FormStack : public QObject {
     void openBox() { ++boxes_; }        ///< A message box stands before the forms.
     void closeBox(const QWidget* box);  ///< It is gone again.
 
-    /// Keeps back clicks that something on top blocks, and takes the keys meant for forms to the one on top.
+    /// Keeps back clicks that something on top blocks, and takes the keys meant for forms to the one on top and from
+    /// there to its control with the focus.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     bool filterKey(QWidget* face, const QKeyEvent& event);
-    void deliver(FormWindow* window, Stroke stroke);
+    void deliver(FormWindow* window, const QKeyEvent& event, Stroke stroke);
+    void forward(QWidget* target, QKeyEvent& event);
+    void release(FormWindow* window, const QKeyEvent& event);
 
     FormWindow* main_ = nullptr;
     std::vector<FormWindow*> dialogs_;  // the top-most last
     int boxes_ = 0;                     // message boxes that are open
     int changes_ = 0;                   // how often a form has opened or gone
     bool keyRepeats_ = false;
+    bool forwards_ = false;  // a key is on its way from the form to its control
     Presses presses_;
 };
 

@@ -1,27 +1,40 @@
 #include "platform/qt/formWindow.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QLabel>
 #include <QPainter>
 #include <QScreen>
 #include <QStyle>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/qt/control.h"
 #include "platform/qt/formStack.h"
 #include "platform/qt/images.h"
 #include "platform/qt/slots.h"
+#include "platform/tabOrder.h"
 #include "platform/twips.h"
 
 namespace platform::qt {
 namespace {
 
-void paintShape(QPainter& painter, const Shape::Impl& shape) {
-    const QRect outer(shape.place.left, shape.place.top, shape.place.width, shape.place.height);
-    const QRect inner = outer.adjusted(shape.border, shape.border, -shape.border, -shape.border);
-    for (const QRect& side : QRegion(outer) - QRegion(inner)) painter.fillRect(side, colorOf(shape.color));
+/// Whether a label stands at the left of a field, in the same line.
+bool standsBefore(const QLabel& label, const QWidget& field) {
+    return label.x() < field.x() && label.y() <= field.geometry().center().y() &&
+           label.geometry().bottom() >= field.geometry().center().y();
+}
+
+/// The caption at the left of a field, or else that of the panel it lies on.
+QString captionFor(const QWidget& field) {
+    const QLabel* nearest = qobject_cast<const QLabel*>(field.parentWidget());
+    for (const QLabel* label : field.parentWidget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly))
+        if (standsBefore(*label, field) && (nearest == field.parentWidget() || label->x() > nearest->x()))
+            nearest = label;
+    return nearest != nullptr ? nearest->text().trimmed() : QString();
 }
 
 /// Where a window may stand so that its top left corner is on the screen, with its title bar above it.
@@ -75,19 +88,22 @@ void FormWindow::showAsMain() {
     formStack().openMain(this);
     place();
     show();
+    activate();
 }
 
 void FormWindow::runAsDialog() {
     if (!load()) return;
-    if (FormWindow* const main = formStack().mainWindow()) setParent(main);
+    if (FormWindow* const main = formStack().mainWindow()) setParent(main, Qt::SubWindow);  // Keeps Tab within itself.
     formStack().openDialog(this);
-    if (!controls_.empty()) focusOn(controls_.front());
     place();
+    nameFields();
     show();
     raise();
+    const QPointer<FormWindow> self(this);
+    activate();
+    if (!self || !loaded) return;
     QEventLoop loop;
     loop_ = &loop;
-    const QPointer<FormWindow> self(this);
     loop.exec();
     if (self) self->loop_ = nullptr;  // It still stands when the program's end has ended the loop.
 }
@@ -119,37 +135,71 @@ void FormWindow::retire() {
     deleteLater();
 }
 
-void FormWindow::addControl(Control* control) { controls_.push_back(control); }
+void FormWindow::activate() {
+    const QPointer<FormWindow> self(this);
+    if (form) callSlot(form->onActivate);
+    if (self && loaded && formStack().top() == this) focusFirst();
+}
 
-void FormWindow::removeControl(Control* control) {
+void FormWindow::focusFirst() {
+    const auto first = std::ranges::find_if(controls_, [this](const Control::Impl* control) {
+        return control->face->isEnabledTo(this) && control->face->focusPolicy() & Qt::TabFocus;
+    });
+    const bool chooses = focusedControl() == nullptr && first != controls_.end();
+    (chooses ? (*first)->face.get() : keyTarget())->setFocus(Qt::TabFocusReason);
+    followFocus();
+}
+
+void FormWindow::nameFields() const {
+    for (const Control::Impl* control : controls_) {
+        QWidget* const face = control->face.get();
+        if (!qobject_cast<QAbstractButton*>(face) && face->accessibleName().isEmpty())
+            face->setAccessibleName(captionFor(*face));
+    }
+}
+
+void FormWindow::addControl(Control::Impl* control) { controls_.push_back(control); }
+
+void FormWindow::removeControl(const Control::Impl* control) {
     std::erase(controls_, control);
-    for (Control** const role : {&focused_, &default_, &cancel_})
-        if (*role == control) *role = nullptr;
+    if (focused_ == control) focused_ = nullptr;
 }
 
-void FormWindow::focusOn(Control* control) {
-    if (focused_ == control) return;
-    if (focused_) focused_->update();
-    focused_ = control;
-    focused_->update();
+void FormWindow::setTabIndex(Control::Impl* control, int index) {
+    moveTo(controls_, control, index);
+    for (size_t i = 1; i < controls_.size(); ++i) setTabOrder(controls_[i - 1]->face.get(), controls_[i]->face.get());
 }
 
-void FormWindow::moveFocus(int step) {
-    if (controls_.empty()) return;
-    const auto count = static_cast<int>(controls_.size());
-    const auto at = static_cast<int>(std::ranges::find(controls_, focused_) - controls_.begin());
-    focusOn(controls_[static_cast<size_t>((at + step + count) % count)]);
+int FormWindow::tabIndex(Control::Impl* control) const { return positionOf(controls_, control); }
+
+QWidget* FormWindow::keyTarget() const {
+    QWidget* const focus = focusWidget();
+    const bool isOwn =
+        focus && focus != this && isAncestorOf(focus) && focus->isVisible() && formWindowOf(focus) == this;
+    return isOwn ? focus : const_cast<FormWindow*>(this);
 }
 
-void FormWindow::strokeControls(const Stroke& stroke) {
-    if (stroke.code == key::Tab)
-        moveFocus(stroke.shift ? -1 : 1);
-    else if (stroke.code == key::Escape && cancel_)
-        cancel_->answer(stroke);
-    else if (focused_ && focused_->stroke(stroke))
-        return;
-    else if (stroke.code == key::Enter && default_)
-        default_->answer(stroke);
+Control::Impl* FormWindow::focusedControl() const {
+    const auto found =
+        std::ranges::find(controls_, keyTarget(), [](const auto* control) { return control->face.get(); });
+    return found != controls_.end() ? *found : nullptr;
+}
+
+bool FormWindow::answers(const Stroke& stroke) {
+    if (stroke.code != key::Enter && stroke.code != key::Escape) return false;
+    auto* const focused = qobject_cast<QPushButton*>(keyTarget());
+    QPushButton* const button = stroke.code == key::Escape ? cancel_.data() : focused ? focused : default_.data();
+    if (button && !stroke.repeat) button->click();
+    return true;
+}
+
+void FormWindow::followFocus() {
+    Control::Impl* const now = loaded ? focusedControl() : nullptr;
+    if (now == nullptr || now == focused_) return;
+    const Control::Impl* const before = std::exchange(focused_, now);
+    const QPointer<FormWindow> self(this);
+    if (before) callSlot(before->owner.onValidate);
+    if (self && focused_ == now) callSlot(now->owner.onGotFocus);
 }
 
 void FormWindow::paintEvent(QPaintEvent* /*event*/) {
@@ -161,8 +211,6 @@ void FormWindow::paintEvent(QPaintEvent* /*event*/) {
         painter.fillRect(rect(), Qt::black);
     else
         painter.drawImage(QPoint(0, 0), image);
-    for (const Shape::Impl* shape : shapes)
-        if (shape->visible) paintShape(painter, *shape);
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QPushButton>
 #include <QWidget>
 #include <vector>
 
@@ -10,38 +11,18 @@
 
 class QEventLoop;
 
-namespace platform {
-
-namespace qt {
-class FormWindow;
-}
-
-/// A frame as its form's window paints it.
-struct Shape::Impl {
-    QPointer<qt::FormWindow> window;  ///< Null once the form is gone.
-    Place place;
-    int border = 1;  ///< Pixels.
-    Color color = 0;
-    bool visible = false;
-};
-
-}  // namespace platform
-
 namespace platform::qt {
-
-class Control;
 
 /// A form on the screen. It goes a little later than its Form, so that a form can be let go in its own handlers.
 class FormWindow : public QWidget {
   public:
     explicit FormWindow(Form& owner);  ///< Not on the screen and without a size.
 
-    Form* form;                              ///< Null when the form is gone.
-    Surface surface;                         ///< What it shows under its shapes and controls.
-    double left = 0;                         ///< Twips.
-    double top = 0;                          ///< Twips.
-    bool loaded = false;                     ///< From before onLoad to after onUnload.
-    std::vector<const Shape::Impl*> shapes;  ///< In the order of their making, the last one on top.
+    Form* form;           ///< Null when the form is gone.
+    Surface surface;      ///< What it shows under its shapes and controls.
+    double left = 0;      ///< Twips.
+    double top = 0;       ///< Twips.
+    bool loaded = false;  ///< From before onLoad to after onUnload.
 
     void fitToSurface();  ///< Gives the window the surface's size.
     void showChanges();   ///< Has what was drawn on the surface since the last time painted on the screen.
@@ -51,14 +32,19 @@ class FormWindow : public QWidget {
     void unload();        ///< Unloads the dialogs over it, then the form. Nothing if it isn't loaded.
     void retire();        ///< The form is gone: leaves the screen at once and the memory later.
 
-    void addControl(Control* control);     ///< The next one that Tab comes to.
-    void removeControl(Control* control);  ///< Also from the focus and from its roles.
-    void focusOn(Control* control);        ///< One of those added.
-    bool hasFocusOn(const Control* control) const { return control == focused_; }
-    void setDefaultControl(Control* control) { default_ = control; }  ///< Answers Enter.
-    void setCancelControl(Control* control) { cancel_ = control; }    ///< Answers Escape.
-    Control* defaultControl() const { return default_; }              ///< Null if none is.
-    void strokeControls(const Stroke& stroke);                        ///< Gives the key to the control it is meant for.
+    void activate();  ///< It is on top now: tells the form, and one of its controls has the focus.
+
+    void addControl(Control::Impl* control);                           ///< The last one in tab order.
+    void removeControl(const Control::Impl* control);                  ///< It is gone.
+    void setTabIndex(Control::Impl* control, int index);               ///< Its place in the tab order, from 0.
+    int tabIndex(Control::Impl* control) const;                        ///< The same.
+    void setDefaultButton(QPushButton* button) { default_ = button; }  ///< Answers Enter.
+    void setCancelButton(QPushButton* button) { cancel_ = button; }    ///< Answers Escape.
+
+    QWidget* keyTarget() const;             ///< The widget to which the form's keys go: one on it, or itself.
+    Control::Impl* focusedControl() const;  ///< The control to which they go; null if it is none.
+    bool answers(const Stroke& stroke);     ///< Whether a button answers the key for the whole form; it is pressed.
+    void followFocus();                     ///< Tells the controls when the focus has gone from one to another.
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -67,15 +53,16 @@ class FormWindow : public QWidget {
   private:
     bool load();
     void leave();
-    void moveFocus(int step);
+    void focusFirst();
+    void nameFields() const;
 
     Changes::Moment shown_ = 0;
     bool unloading_ = false;
-    QEventLoop* loop_ = nullptr;      // waits for the unload of a dialog
-    std::vector<Control*> controls_;  // those that take the focus, in the order of their making
-    Control* focused_ = nullptr;
-    Control* default_ = nullptr;
-    Control* cancel_ = nullptr;
+    QEventLoop* loop_ = nullptr;            // waits for the unload of a dialog
+    std::vector<Control::Impl*> controls_;  // in tab order
+    Control::Impl* focused_ = nullptr;      // as its handlers were told last
+    QPointer<QPushButton> default_;
+    QPointer<QPushButton> cancel_;
 };
 
 /// The form that the face of a control lies on; it must lie on one.

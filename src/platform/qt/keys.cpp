@@ -78,15 +78,28 @@ int characterOf(const QKeyEvent& event, int code) {
     const QString text = event.text();
     if (text.isEmpty()) return 0;
     const QChar first = text.front();
-    return first.isPrint() ? first.toLatin1() & 0xFF : 0;
+    if (!first.isPrint() && !first.isSurrogate()) return 0;
+    return text.size() == 1 && first.unicode() < key::OtherCharacter ? first.unicode() : key::OtherCharacter;
 }
 
 }  // namespace
 
 Stroke strokeOf(const QKeyEvent& event, bool repeat) {
     const int code = codeOf(event);
-    return {code, characterOf(event, code), repeat,
-            event.key() == Qt::Key_Backtab || (event.modifiers() & Qt::ShiftModifier)};
+    return {code, characterOf(event, code), repeat};
+}
+
+QKeyEvent eventFor(const QKeyEvent& event, const Stroke& stroke, int typed) {
+    const QString text = stroke.character == typed ? event.text() : QString(QChar(stroke.character));
+    return {event.type(),
+            event.key(),
+            event.modifiers(),
+            event.nativeScanCode(),
+            event.nativeVirtualKey(),
+            event.nativeModifiers(),
+            text,
+            stroke.repeat,
+            static_cast<quint16>(event.count())};
 }
 
 }  // namespace platform::qt

@@ -1,18 +1,21 @@
 #pragma once
 
-class QKeyEvent;
+#include <QKeyEvent>
 
 namespace platform::qt {
 
 /// One press of a key, or one repeat of it.
 struct Stroke {
     int code = 0;       ///< As in platform::key.
-    int character = 0;  ///< In Latin-1; 0 for a key without one.
+    int character = 0;  ///< In Latin-1 or key::OtherCharacter; 0 for a key without one.
     bool repeat = false;
-    bool shift = false;
 };
 
 /// What the key event means to a form.
 Stroke strokeOf(const QKeyEvent& event, bool repeat);
+
+/// The event for the form's control: as it came, but for its mark as a repeat, and with the stroke's character if that
+/// is another one than was typed.
+QKeyEvent eventFor(const QKeyEvent& event, const Stroke& stroke, int typed);
 
 }  // namespace platform::qt

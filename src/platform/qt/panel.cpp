@@ -1,44 +1,128 @@
+#include <qdrawutil.h>
+
+#include <QFrame>
+#include <QLabel>
 #include <QPainter>
 
-#include "platform/qt/bevel.h"
 #include "platform/qt/control.h"
 #include "platform/qt/fonts.h"
 #include "platform/qt/images.h"
 
 namespace platform {
+namespace {
 
-class Panel::Impl::Face : public QWidget {
+constexpr double lightPart = 0.75;  // of the way from the panel's own colour to white
+constexpr double darkPart = 0.45;   // and to black
+
+/// The colour, that much of the way to another one.
+QColor towards(const QColor& color, const QColor& other, double part) {
+    const auto mixed = [part](int from, int to) { return from + static_cast<int>((to - from) * part); };
+    return QColor(mixed(color.red(), other.red()), mixed(color.green(), other.green()),
+                  mixed(color.blue(), other.blue()));
+}
+
+}  // namespace
+
+struct Shape::Impl {
+    qt::Owned<QFrame> frame;
+    int border = 1;
+    Color color = 0;
+    bool visible = false;
+};
+
+Shape::Shape(Form& form) : impl_(new Impl{qt::Owned(new QFrame(qt::windowOf(form)))}) {
+    impl_->frame->setStyle(qt::classicStyle());
+    impl_->frame->setFrameStyle(QFrame::Box | QFrame::Plain);
+    impl_->frame->setAttribute(Qt::WA_TransparentForMouseEvents);
+    setBorder(impl_->border, impl_->color);
+    setPlace({});
+    setVisible(false);
+}
+
+Shape::~Shape() = default;
+
+void Shape::setBorder(int width, Color color) {
+    impl_->border = width;
+    impl_->color = color;
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, qt::colorOf(color));
+    impl_->frame->setPalette(palette);
+    impl_->frame->setLineWidth(width);
+}
+
+int Shape::borderWidth() const { return impl_->border; }
+
+Color Shape::borderColor() const { return impl_->color; }
+
+void Shape::setPlace(const Place& place) { qt::setPlace(*impl_->frame.get(), place); }
+
+Place Shape::place() const { return qt::placeOf(*impl_->frame.get()); }
+
+void Shape::setVisible(bool visible) {
+    impl_->visible = visible;
+    impl_->frame->setVisible(visible);
+}
+
+bool Shape::visible() const { return impl_->visible; }
+
+/// A label of Qt's with two bevels round its text.
+class Panel::Impl::Face : public QLabel {
   public:
-    Face(QWidget* parent, const Place& place) : QWidget(parent) {
+    Face(QWidget* parent, const Place& place) : QLabel(parent) {
+        setStyle(qt::classicStyle());
+        setTextFormat(Qt::PlainText);
+        setIndent(0);
+        setAutoFillBackground(true);
         qt::setPlace(*this, place);
-        setAttribute(Qt::WA_OpaquePaintEvent);
+        setVisible(true);
+        setLook({});
     }
 
-    void retire() {}  // Never has the focus.
-
-    PanelLook look;
-    Font font;
-    QString caption;
+    void setLook(const PanelLook& look);
+    void fit();
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+
+  private:
+    PanelLook look_;
 };
 
-void Panel::Impl::Face::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+void Panel::Impl::Face::setLook(const PanelLook& look) {
+    look_ = look;
     const QColor back = qt::colorOf(look.back);
-    painter.fillRect(rect(), back);
-    QRect inside = qt::paintBevel(painter, rect(), look.outer, look.bevelWidth, back);
-    inside = qt::paintBevel(painter, inside, look.inner, look.bevelWidth, back);
-    if (caption.isEmpty()) return;
-    painter.setClipRect(inside);
-    painter.setFont(qt::letteringOf(font).font);
-    painter.setPen(qt::colorOf(look.fore));
-    const Qt::Alignment across = look.align == Align::Left ? Qt::AlignLeft : Qt::AlignHCenter;
+    QPalette palette = qt::classicPalette();
+    palette.setColor(QPalette::Window, back);
+    palette.setColor(QPalette::WindowText, qt::colorOf(look.fore));
+    palette.setColor(QPalette::Light, towards(back, Qt::white, lightPart));
+    palette.setColor(QPalette::Dark, towards(back, Qt::black, darkPart));
+    setPalette(palette);
+    const int bevels = (look.outer != Bevel::None ? 1 : 0) + (look.inner != Bevel::None ? 1 : 0);
+    const int margin = bevels * look.bevelWidth;
+    setContentsMargins(margin, margin, margin, margin);
+    setWordWrap(look.fit == Fit::Height);
+    fit();
+}
+
+void Panel::Impl::Face::fit() {
+    if (look_.fit == Fit::Width)
+        resize(fontMetrics().horizontalAdvance(text()) + width() - contentsRect().width(), height());
+    if (look_.fit == Fit::Height) resize(width(), heightForWidth(width()));
     // A line that is higher than its panel loses the room above its letters rather than what hangs below them.
-    const bool tooHigh = painter.fontMetrics().height() > inside.height();
-    const Qt::Alignment down = tooHigh ? Qt::AlignBottom : Qt::AlignVCenter;
-    painter.drawText(inside, static_cast<int>(across | down | Qt::TextDontClip), caption);
+    const bool tooHigh = fontMetrics().height() > contentsRect().height();
+    setAlignment(qt::alignmentOf(look_.align) | (tooHigh ? Qt::AlignBottom : Qt::AlignVCenter));
+}
+
+void Panel::Impl::Face::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    QRect inside = rect();
+    for (const Bevel bevel : {look_.outer, look_.inner}) {
+        if (bevel == Bevel::None) continue;
+        qDrawShadePanel(&painter, inside, palette(), bevel == Bevel::Inset, look_.bevelWidth);
+        inside.adjust(look_.bevelWidth, look_.bevelWidth, -look_.bevelWidth, -look_.bevelWidth);
+    }
+    painter.end();
+    QLabel::paintEvent(event);
 }
 
 Panel::Impl::Impl(QWidget* parent, const Place& place) : face(new Face(parent, place)) {}
@@ -53,22 +137,21 @@ Panel::~Panel() = default;
 
 Panel::Panel(Panel&&) noexcept = default;
 
-void Panel::setLook(const PanelLook& look) {
-    impl_->face->look = look;
-    impl_->face->update();
-}
+void Panel::setLook(const PanelLook& look) { impl_->face->setLook(look); }
 
 void Panel::setFont(const Font& font) {
-    impl_->face->font = font;
-    impl_->face->update();
+    impl_->face->setFont(qt::letteringOf(font).font);
+    impl_->face->fit();
 }
 
 void Panel::setCaption(const std::string& text) {
-    impl_->face->caption = QString::fromStdString(text);
-    impl_->face->setAccessibleName(impl_->face->caption.trimmed());
-    impl_->face->update();
+    impl_->face->setText(QString::fromStdString(text));
+    impl_->face->setAccessibleName(impl_->face->text().trimmed());
+    impl_->face->fit();
 }
 
-std::string Panel::caption() const { return impl_->face->caption.toStdString(); }
+std::string Panel::caption() const { return impl_->face->text().toStdString(); }
+
+Place Panel::place() const { return qt::placeOf(*impl_->face.get()); }
 
 }  // namespace platform

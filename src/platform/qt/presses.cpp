@@ -28,8 +28,10 @@ Press Presses::take(const QKeyEvent& down, const QWidget* window) {
     return window && held.window == window ? Press::Repeat : Press::Foreign;
 }
 
-void Presses::letGo(const QKeyEvent& up) {
-    if (!up.isAutoRepeat()) held_[keyOf(up)].released = up.timestamp();
+const QWidget* Presses::letGo(const QKeyEvent& up) {
+    Held& held = held_[keyOf(up)];
+    if (!up.isAutoRepeat()) held.released = up.timestamp();
+    return held.window;
 }
 
 void Presses::disown(const QWidget* window) {

@@ -19,7 +19,7 @@ enum class Press {
 class Presses {
   public:
     Press take(const QKeyEvent& down, const QWidget* window);  ///< A key went down; null if no window may have it.
-    void letGo(const QKeyEvent& up);                           ///< A key came up; nothing for one that repeats.
+    const QWidget* letGo(const QKeyEvent& up);                 ///< A key came up; returns whose press it was, or null.
     void disown(const QWidget* window);  ///< The window is gone: what it was pressed for goes on for nobody.
 
   private:

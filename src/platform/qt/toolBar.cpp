@@ -1,31 +1,29 @@
 #include "platform/toolbar.h"
 
-#include <QPainter>
+#include <QFrame>
+#include <QPointer>
+#include <QStyleOptionToolButton>
+#include <QToolButton>
 #include <algorithm>
 
-#include "platform/qt/bevel.h"
 #include "platform/qt/control.h"
 #include "platform/qt/images.h"
-#include "platform/qt/slots.h"
-#include "platform/qt/toolButton.h"
 
 namespace platform {
 namespace {
 
-class StripFace : public QWidget {
-  public:
-    explicit StripFace(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
+constexpr QRgb stripColor = 0xFFEFEFEF;  // The same under every desktop theme, since the images are made for it.
+constexpr QRgb edgeColor = 0xFFA8A8A8;   // of the line under it
 
-    void retire() {}  // Never has the focus.
+class ToolButton : public QToolButton {
+  public:
+    using QToolButton::QToolButton;
 
   protected:
-    void paintEvent(QPaintEvent* /*event*/) override {
-        constexpr double edgePart = 0.3;
-        const QColor back = palette().color(QPalette::Window);
-        QPainter painter(this);
-        painter.fillRect(rect(), back);
-        painter.fillRect(0, height() - 1, width(), 1,
-                         qt::towards(back, palette().color(QPalette::WindowText), edgePart));
+    // It doesn't rise under the pointer while something on top keeps clicks from it.
+    void initStyleOption(QStyleOptionToolButton* option) const override {
+        QToolButton::initStyleOption(option);
+        if (qt::formStack().blocks(this)) option->state &= ~QStyle::State_MouseOver;
     }
 };
 
@@ -45,16 +43,18 @@ QImage cutImage(const ImageList& images, int number) {
 }  // namespace
 
 struct ToolBar::Impl {
-    Impl(QWidget* parent, const ImageList& list) : strip(new StripFace(parent)), images(list) {}
+    explicit Impl(QWidget* parent, const ImageList& list) : strip(new QWidget(parent)), images(list) {}
 
-    qt::FaceHolder<StripFace> strip;
-    DynamicTable<qt::ToolButton*> buttons;
+    qt::Owned<QWidget> strip;
+    QFrame* edge = nullptr;
+    DynamicTable<QToolButton*> buttons;
     ImageList images;
 
     void layOut();
 };
 
 void ToolBar::Impl::layOut() {
+    edge->setGeometry(0, strip->height() - 1, strip->width(), 1);
     int left = 0;
     for (int number = 1; number <= buttons.count(); ++number) {
         buttons[number]->move(left, 0);
@@ -64,24 +64,38 @@ void ToolBar::Impl::layOut() {
 
 ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& images)
     : impl_(std::make_unique<Impl>(qt::windowOf(form), images)) {
+    QPalette palette{QColor(stripColor)};
+    palette.setColor(QPalette::WindowText, QColor(edgeColor));
+    impl_->strip->setPalette(palette);
+    impl_->strip->setAutoFillBackground(true);
     impl_->strip->resize(form.scaleWidth(), height);
+    impl_->edge = new QFrame(impl_->strip.get());
+    impl_->edge->setFrameStyle(QFrame::HLine | QFrame::Plain);
     impl_->buttons.resize(buttonCount);
     for (int number = 1; number <= buttonCount; ++number) {
-        auto* const button = new qt::ToolButton(impl_->strip.get(), number);
+        auto* const button = new ToolButton(impl_->strip.get());
+        button->setStyle(qt::classicStyle());
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::NoFocus);
         button->resize(firstButtonWidth, height);
-        button->setGap(true);
-        button->onClick = [this](int pressed) { qt::callSlot(onButtonClick, pressed); };
+        button->setVisible(false);
+        QObject::connect(button, &QToolButton::clicked, impl_->strip.get(),
+                         [this, button, number] { qt::answer(button, onButtonClick, number); });
         impl_->buttons[number] = button;
     }
     impl_->layOut();
+    if (impl_->strip->parentWidget()->isVisible()) impl_->strip->show();
 }
 
 ToolBar::~ToolBar() {
     if (impl_->strip.get() == nullptr) return;
-    for (int number = 1; number <= buttonCount(); ++number) impl_->buttons[number]->onClick = nullptr;
+    for (int number = 1; number <= buttonCount(); ++number) impl_->buttons[number]->disconnect();
 }
 
-void ToolBar::setWidth(int pixels) { impl_->strip->resize(pixels, impl_->strip->height()); }
+void ToolBar::setWidth(int pixels) {
+    impl_->strip->resize(pixels, impl_->strip->height());
+    impl_->layOut();
+}
 
 int ToolBar::width() const { return impl_->strip->width(); }
 
@@ -95,8 +109,10 @@ void ToolBar::setButtonWidth(int button, int pixels) {
 }
 
 void ToolBar::setButtonImage(int button, int image) {
-    impl_->buttons[button]->setGap(image == 0);
-    impl_->buttons[button]->setImage(cutImage(impl_->images, image));
+    const QImage icon = cutImage(impl_->images, image);
+    impl_->buttons[button]->setIcon(QIcon(QPixmap::fromImage(icon)));
+    impl_->buttons[button]->setIconSize(icon.size());
+    impl_->buttons[button]->setVisible(image != 0);
 }
 
 void ToolBar::setToolTip(int button, const std::string& text) {

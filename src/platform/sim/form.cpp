@@ -5,9 +5,13 @@
 
 #include "platform/sim/state.h"
 #include "platform/twips.h"
+#include "platform/utf8.h"
 
 namespace sim {
 namespace {
+
+constexpr int otherKey = 255;          // a key without a code of its own
+constexpr char32_t latin1End = 0x100;  // the first character beyond Latin-1
 
 constexpr int namelessCharacters[] = {8, platform::key::Tab, platform::key::Enter, platform::key::Escape,
                                       platform::key::Space};
@@ -46,28 +50,62 @@ Serial taker() {
     return d.forms.empty() ? 0 : d.forms.back()->serial;
 }
 
-void keyDown(int keyCode) {
+void strike(Stroke stroke) {
     arrive();
-    if (keyCode <= 0 || keyCode >= keyCodes) return;
-    note("key", keyCode);
+    if (stroke.code <= 0 || stroke.code >= keyCodes) return;
+    note("key", stroke.code);
     const Serial owner = taker();
-    auto& holder = state().held[static_cast<size_t>(keyCode)];
-    const bool repeats = holder.has_value();
+    auto& holder = state().held[static_cast<size_t>(stroke.code)];
+    stroke.repeat = holder.has_value();
     if (!holder) holder = owner;
     if (*holder != owner) return;
-    int code = keyCode;
-    int character = characterOf(keyCode);
-    const bool outer = std::exchange(state().keyRepeats, repeats);
+    int code = stroke.code;
+    const bool outer = std::exchange(state().keyRepeats, stroke.repeat);
     const bool goesOn = passes(owner, &platform::Form::onKeyDown, code);
     state().keyRepeats = outer;
     if (!goesOn) return;
-    if (character != 0 && !passes(owner, &platform::Form::onKeyPress, character)) return;
-    pressOnControls(*openForm(owner), code);
+    const int before = stroke.character;
+    if (before != 0 && !passes(owner, &platform::Form::onKeyPress, stroke.character)) return;
+    if (stroke.character != before) stroke.typed = static_cast<char32_t>(stroke.character);
+    pressOnControls(*openForm(owner), stroke);
+}
+
+namespace {
+
+/// The key that types a character, as far as it has a code of its own.
+int keyFor(char32_t character) {
+    if (character >= 'a' && character <= 'z') return static_cast<int>(character) - 'a' + 'A';
+    const bool hasCode = (character >= 'A' && character <= 'Z') || (character >= '0' && character <= '9');
+    return hasCode || character == ' ' ? static_cast<int>(character) : otherKey;
+}
+
+}  // namespace
+
+void keyDown(int keyCode) {
+    const int character = characterOf(keyCode);
+    strike({keyCode, character, static_cast<char32_t>(character)});
 }
 
 void keyUp(int keyCode) {
     arrive();
-    if (keyCode > 0 && keyCode < keyCodes) state().held[static_cast<size_t>(keyCode)].reset();
+    if (keyCode <= 0 || keyCode >= keyCodes) return;
+    const auto holder = std::exchange(state().held[static_cast<size_t>(keyCode)], std::nullopt);
+    platform::Form::Impl* const form = holder && *holder == taker() ? openForm(*holder) : nullptr;
+    if (form != nullptr) releaseOnControls(*form, keyCode);
+}
+
+void pressShiftTab() {
+    strike({platform::key::Tab, platform::key::Tab, U'\t', true});
+    keyUp(platform::key::Tab);
+}
+
+void typeText(const std::string& text) {
+    for (size_t at = 0; at < text.size();) {
+        const char32_t character = platform::nextCharacter(text, at);
+        const int code = keyFor(character);
+        strike({code, character < latin1End ? static_cast<int>(character) : platform::key::OtherCharacter, character});
+        keyUp(code);
+    }
 }
 
 void pressKey(int keyCode) {
@@ -94,7 +132,7 @@ namespace platform {
 
 Form::Impl::~Impl() {
     close();
-    for (sim::Control* control : controls) control->form = nullptr;
+    for (Control::Impl* control : controls) control->form = nullptr;
 }
 
 void Form::Impl::open(bool asModal) {
@@ -103,12 +141,19 @@ void Form::Impl::open(bool asModal) {
     sim::state().forms.push_back(this);
     const sim::Serial self = serial;
     sim::deliver(owner.onLoad);
-    if (sim::openForm(self) != nullptr) sim::note("form opens");
+    if (sim::openForm(self) == nullptr) return;
+    sim::note("form opens");
+    sim::deliver(owner.onActivate);
+    if (Impl* const still = sim::openForm(self)) sim::focusFirst(*still);
 }
 
 void Form::Impl::close() {
-    if (std::erase(sim::state().forms, this) > 0) sim::note("form closes");
     unloading = false;
+    const bool wasOnTop = sim::taker() == serial;
+    if (std::erase(sim::state().forms, this) == 0) return;
+    sim::note("form closes");
+    const Impl* const under = wasOnTop ? sim::openForm(sim::taker()) : nullptr;
+    if (under != nullptr) sim::deliver(under->owner.onActivate);
 }
 
 Form::Form() : impl_(std::make_unique<Impl>(*this)) {}

@@ -8,6 +8,10 @@
 
 #include "platform/surface.h"
 
+namespace platform {
+class Control;
+}
+
 /// A desktop without a screen: virtual time, hands that press keys and click, a log of what a player would notice.
 namespace sim {
 
@@ -53,9 +57,15 @@ bool step();  ///< Serves one event, or goes on to the next one in time and serv
 void pressKey(int keyCode);  ///< Down and up; a key that is held is let go before.
 void keyDown(int keyCode);   ///< Down, or a repeat if it is held.
 void keyUp(int keyCode);
+void pressShiftTab();
+void pressAccessKey(char letter);              ///< Alt with that key: a capital or a digit.
+void typeText(const std::string& text);        ///< Key by key, each down and up.
+void pasteText(const std::string& text);       ///< The clipboard's text, by the keys for it.
+void click(const platform::Control& control);  ///< With the pointer on it; of a text box, behind its text.
 void clickToolButton(int button);
-void clickButton(const std::string& caption);  ///< A command button of the form on top.
-void clickSpinUp();                            ///< The spin button of the form on top.
+/// A button of the form on top that shows that caption: a command button, a check box or an option button.
+void clickButton(const std::string& caption);
+void clickSpinUp();  ///< The spin button of the form on top.
 void clickSpinDown();
 void chooseMenuItem(int item);  ///< Of the open menu; any other number leaves it.
 void closeMainWindow();         ///< The window's own close button.

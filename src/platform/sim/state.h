@@ -12,7 +12,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "platform/controls.h"
+#include "platform/fields.h"
 #include "platform/form.h"
 #include "platform/printer.h"
 #include "platform/sim/simulation.h"
@@ -42,22 +42,15 @@ struct Ticker {
     double due = 0;  ///< In the past while a tick is kept.
 };
 
-/// What lies on a form, in the order of creation.
-struct Control {
-    enum class Kind { Panel, Button, Spin };
+using Control = platform::Control::Impl;
 
-    Control(Kind kindOfControl, platform::Form::Impl& holder, const platform::Place& onForm);  ///< The form's last.
-    ~Control();  ///< Off its form, if that is still there.
-    bool takesFocus() const { return kind == Kind::Button || kind == Kind::Spin; }
-
-    const Kind kind;
-    platform::Form::Impl* form;  ///< Null once the form is gone.
-    platform::Place place;       ///< On the form.
-    std::string caption;
-    bool isDefault = false;
-    bool isCancel = false;
-    const std::function<void()>* onPress = nullptr;      ///< A button's click, or the spin button's upper arrow.
-    const std::function<void()>* onPressDown = nullptr;  ///< The spin button's lower arrow.
+/// A key that went down, or repeats.
+struct Stroke {
+    int code;            ///< As in platform::key.
+    int character;       ///< As handlers get it; 0 for a key without one.
+    char32_t typed;      ///< The character itself.
+    bool shift = false;  ///< With the Shift key.
+    bool repeat = false;
 };
 
 /// An event to come.
@@ -159,8 +152,21 @@ platform::Form::Impl* openForm(Serial serial);
 /// Who takes keys and clicks now: the open menu, or else the form on top; 0 if nothing is open.
 Serial taker();
 
-/// What a key does to the controls of a form, after its handlers have let it through.
-void pressOnControls(platform::Form::Impl& form, int keyCode);
+/// A key goes down, or repeats if it is held.
+void strike(Stroke stroke);
+
+/// What a key does to the controls of the form on top, after its handlers have let it through.
+void pressOnControls(platform::Form::Impl& form, Stroke stroke);
+/// The same as the key comes up again.
+void releaseOnControls(platform::Form::Impl& form, int keyCode);
+/// Gives the form's focus to its first control, unless one has it.
+void focusFirst(platform::Form::Impl& form);
+/// Gives the form's focus to a control; nothing if that can't take it.
+void focusOn(platform::Form::Impl& form, Control& control);
+/// What a key does to a text box, a masked box or a list.
+void typeInto(Control& field, const Stroke& stroke);
+/// Puts a text in the place of the selection of a text box or a masked box, as far as it fits there.
+void replaceSelection(Control& field, const std::u32string& text);
 
 }  // namespace sim
 
@@ -178,8 +184,54 @@ struct platform::Form::Impl {
     double top = 0;   ///< Twips.
     bool modal = false;
     bool unloading = false;
-    std::vector<sim::Control*> controls;
-    sim::Control* focus = nullptr;
+    std::vector<Control::Impl*> controls;  ///< In tab order.
+    Control::Impl* focus = nullptr;
+};
+
+/// A panel on the simulated desktop.
+struct platform::Panel::Impl {
+    Form::Impl* form;
+    Place place;  ///< On what holds it.
+    PanelLook look;
+    Font font;
+    std::string caption;
+
+    void fit();  ///< Takes the size that the caption asks for.
+};
+
+/// A control that can have the focus, with the state of all kinds of them.
+struct platform::Control::Impl {
+    enum class Kind { Button, Spin, Text, Mask, List, Check, Option };
+
+    Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder);  ///< The last in its form's tab order.
+    ~Impl();                                                                ///< Off its form, if that is still there.
+    bool isPlainButton() const { return kind == Kind::Button || kind == Kind::Check; }
+    bool isPressed() const { return isPlainButton() || kind == Kind::Option; }  ///< By Space and by its access key.
+    bool takesFocus() const;                                                    ///< As Tab comes to it.
+    char accessKey() const;                                                     ///< A capital or a digit, or 0.
+    std::string shownCaption() const;                                           ///< Without the mark of its access key.
+
+    Control& owner;
+    const Kind kind;
+    Form::Impl* form;          ///< Null once the form is gone.
+    const Panel::Impl* panel;  ///< That it lies on.
+    bool enabled = true;
+    bool tabStop = true;
+
+    std::string caption;
+    bool isDefault = false;
+    bool isCancel = false;
+    bool down = false;                                   ///< Space is held on it.
+    bool value = false;                                  ///< Ticked or chosen.
+    const std::function<void()>* onPress = nullptr;      ///< The click of what is pressed, or the upper arrow's.
+    const std::function<void()>* onPressDown = nullptr;  ///< The spin button's lower arrow.
+
+    std::u32string text;
+    size_t maxLength = 0;  ///< Characters; 0 for no limit.
+    size_t selStart = 0;   ///< The caret, when nothing is selected.
+    size_t selLength = 0;
+    std::vector<std::string> rows;
+    int listIndex = -1;
 };
 
 /// A menu on the simulated desktop.

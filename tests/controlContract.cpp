@@ -1,0 +1,509 @@
+#include <array>
+#include <memory>
+#include <vector>
+
+#include "platform/controls.h"
+#include "platform/fields.h"
+#include "platform/runtime.h"
+#include "tests/contractFixture.h"
+
+// What the controls on a form promise on every back end.
+
+namespace {
+
+using namespace platform;
+
+class ControlContract : public Contract {};
+
+using Note = std::function<void(const std::string&)>;
+
+/// A dialog with two buttons and a spin button, in this order.
+struct Setting {
+    explicit Setting(const Note& note) {
+        ok.setCaption("OK");
+        ok.makeDefault();
+        ok.onClick = [note] { note("OK"); };
+        cancel.setCaption("Cancel");
+        cancel.makeCancel();
+        cancel.onClick = [note] { note("Cancel"); };
+        spin.onSpinUp = [note] { note("up"); };
+        spin.onSpinDown = [note] { note("down"); };
+    }
+
+    Form form;
+    Panel panel{form, {0, 0, 100, 50}};
+    CommandButton ok{panel, {5, 5, 40, 20}};
+    CommandButton cancel{panel, {50, 5, 40, 20}};
+    SpinButton spin{panel, {5, 25, 12, 20}};
+};
+
+TEST_F(ControlContract, KeysWorkTheControls) {
+    constexpr int tab = key::Tab;
+    struct {
+        std::vector<int> keys;
+        const char* trace;
+        int swallowedDown = 0;
+        int swallowedPress = 0;
+    } const rows[] = {
+        {{key::Enter}, "OK"},
+        {{key::Space}, "OK"},
+        {{key::Escape}, "Cancel"},
+        {{'A'}, ""},
+        {{key::Up}, ""},
+        {{key::Up, key::Up}, "up"},
+        {{key::Right, key::Space}, "Cancel"},
+        {{key::Down, key::Left, key::Space}, "OK"},
+        {{tab, key::Space}, "Cancel"},
+        {{tab, key::Enter}, "Cancel"},
+        {{tab, tab, key::Up, key::Up, key::Down}, "up, up, down"},
+        {{tab, tab, key::Pad8, key::Pad2, key::Pad2}, "up, down, down"},
+        {{tab, tab, key::Left, key::Right, key::Pad4, key::Pad6, key::Up}, "up"},
+        {{tab, tab, key::Enter}, "OK"},
+        {{tab, tab, key::Space}, ""},
+        {{tab, tab, tab, key::Space}, "OK"},
+        {{key::Enter, key::Escape}, "Cancel", key::Enter, 0},
+        {{key::Enter, key::Escape}, "Cancel", 0, key::Enter},
+        {{tab, tab, key::Up, key::Down}, "down", key::Up, 0},
+        {{tab, key::Space}, "OK", tab, 0},
+    };
+    showMain();
+    for (const auto& row : rows) {
+        trace_.clear();
+        Setting setting([this](const std::string& what) { note(what); });
+        setting.form.onKeyDown = [&](int& code) { code = code == row.swallowedDown ? 0 : code; };
+        setting.form.onKeyPress = [&](int& character) { character = character == row.swallowedPress ? 0 : character; };
+        inDialog(setting.form, [&] {
+            for (const int keyCode : row.keys) driver::pressKey(keyCode);
+        });
+        EXPECT_EQ(trace_, row.trace) << "in row " << &row - rows;
+    }
+}
+
+TEST_F(ControlContract, HeldKeysAndThePointer) {
+    struct {
+        const char* what;
+        void (*act)(Setting&);
+        const char* trace;
+    } const rows[] = {
+        {"Enter presses once", [](Setting&) { driver::keyDown(key::Enter), driver::keyDown(key::Enter); }, "OK"},
+        {"Escape presses once", [](Setting&) { driver::keyDown(key::Escape), driver::keyDown(key::Escape); }, "Cancel"},
+        {"Space waits until it is let go", [](Setting&) { driver::keyDown(key::Space), driver::keyDown(key::Space); },
+         ""},
+        {"and then presses once",
+         [](Setting&) { driver::keyDown(key::Space), driver::keyDown(key::Space), driver::keyUp(key::Space); }, "OK"},
+        {"Space let go on another control",
+         [](Setting&) { driver::keyDown(key::Space), driver::pressKey(key::Tab), driver::keyUp(key::Space); }, ""},
+        {"an arrow spins again and again",
+         [](Setting& s) { s.spin.setFocus(), driver::keyDown(key::Up), driver::keyDown(key::Up); }, "up, up"},
+        {"a held Tab goes round",
+         [](Setting&) { driver::keyDown(key::Tab), driver::keyDown(key::Tab), driver::pressKey(key::Down); }, "down"},
+        {"Shift+Tab goes back",
+         [](Setting&) {
+             driver::pressShiftTab(), driver::pressKey(key::Up), driver::pressShiftTab(), driver::pressKey(key::Space);
+         },
+         "up, Cancel"},
+        {"a click gives the focus", [](Setting& s) { driver::click(s.cancel), driver::pressKey(key::Enter); },
+         "Cancel, Cancel"},
+        {"Enter on a clicked spin button", [](Setting& s) { s.spin.setFocus(), driver::pressKey(key::Enter); }, "OK"},
+        {"a disabled button isn't pressed",
+         [](Setting& s) { s.ok.setEnabled(false), driver::click(s.ok), driver::pressKey(key::Escape); }, "Cancel"},
+        {"and answers no Enter",
+         [](Setting& s) { s.ok.setEnabled(false), s.spin.setFocus(), driver::pressKey(key::Enter); }, ""},
+        {"the focus leaves what is disabled", [](Setting& s) { s.ok.setEnabled(false), driver::pressKey(key::Space); },
+         "Cancel"},
+        {"Tab passes by what is no stop",
+         [](Setting& s) { s.cancel.setTabStop(false), driver::pressKey(key::Tab), driver::pressKey(key::Up); }, "up"},
+        {"another tab order",
+         [](Setting& s) { s.spin.setTabIndex(1), driver::pressKey(key::Tab), driver::pressKey(key::Up); }, "up"},
+        {"the pressed button has the focus",
+         [](Setting&) { driver::pressKey(key::Escape), driver::pressKey(key::Space); }, "Cancel, Cancel"},
+    };
+    showMain();
+    for (const auto& row : rows) {
+        trace_.clear();
+        Setting setting([this](const std::string& what) { note(what); });
+        inDialog(setting.form, [&] { row.act(setting); });
+        EXPECT_EQ(trace_, row.trace) << row.what;
+        for (const int code : {key::Enter, key::Escape, key::Space, key::Up, key::Tab}) driver::keyUp(code);
+    }
+}
+
+TEST_F(ControlContract, NothingOfAPressBeforeADialogReachesIt) {
+    showMain();
+    Setting below([this](const std::string& what) { note("below " + what); });
+    Setting above([this](const std::string& what) { note("above " + what); });
+    inDialog(below.form, [&] {
+        below.spin.setFocus();
+        driver::keyDown(key::Space);
+        inDialog(above.form, [&] {
+            EXPECT_TRUE(above.ok.hasFocus());
+            driver::keyDown(key::Space);
+            driver::keyUp(key::Space);
+            EXPECT_EQ(trace_, "") << "begun below";
+            for (const int code : {key::Tab, key::Space}) driver::pressKey(code);
+            for (int i = 0; i < 2; ++i) driver::pressKey(key::Tab);
+            EXPECT_TRUE(above.ok.hasFocus()) << "round and round within the form";
+        });
+        EXPECT_TRUE(below.spin.hasFocus()) << "the focus is where it was";
+        driver::pressKey(key::Down);
+    });
+    EXPECT_EQ(trace_, "above Cancel, below down");
+}
+
+TEST_F(ControlContract, ClickedButtonBelongsToTheFormOnTop) {
+    showMain();
+    Setting below([this](const std::string& what) { note("below " + what); });
+    Setting above([this](const std::string& what) { note("above " + what); });
+    below.cancel.setCaption("Leave");
+    inDialog(below.form, [&] {
+        inDialog(above.form, [] {
+            driver::clickButton("Cancel");
+            driver::clickButton("Leave");
+        });
+        driver::clickButton("Leave");
+    });
+    EXPECT_EQ(trace_, "above Cancel, below Cancel");
+}
+
+TEST_F(ControlContract, AFormIsToldWhenItIsOnTop) {
+    showMain();
+    Setting below([](const std::string&) {});
+    Setting above([](const std::string&) {});
+    below.form.onLoad = [&] { note("below loads"); };
+    below.form.onActivate = [&] {
+        note("below on top");
+        below.spin.setTabIndex(0);
+    };
+    below.spin.onGotFocus = [&] { note("its first control"); };
+    above.form.onActivate = [&] { note("above on top"); };
+    above.form.onUnload = [&] { note("above unloads"); };
+    inDialog(below.form, [&] { inDialog(above.form, [] {}); });
+    EXPECT_EQ(trace_, "below loads, below on top, its first control, above on top, above unloads, below on top");
+}
+
+/// A dialog with a field of each kind.
+struct Entry {
+    Entry() {
+        copy.setCaption("Copy");
+        near.setCaption("Near");
+        far.setCaption("Far");
+    }
+
+    Form form;
+    Panel panel{form, {0, 0, 300, 200}};
+    TextBox name{panel, {100, 10, 100, 20}};
+    TextBox town{panel, {100, 40, 100, 20}};
+    ComboBox state{panel, {100, 70, 100, 24}};
+    MaskEdBox zip{panel, {100, 100, 60, 20}, "#####"};
+    CheckBox copy{panel, {100, 130, 90, 20}};
+    OptionButton near{panel, {10, 160, 80, 20}};
+    OptionButton far{panel, {100, 160, 80, 20}};
+    CommandButton print{panel, {200, 160, 80, 20}};
+};
+
+class FieldContract : public Contract {
+  protected:
+    /// Does that in a dialog of its own.
+    void inEntry(const std::function<void(Entry&)>& action) {
+        trace_.clear();
+        auto entry = std::make_unique<Entry>();
+        inDialog(entry->form, [&] { action(*entry); });
+    }
+
+    void SetUp() override { showMain(); }
+};
+
+void swallowDigits(int& character) { character = character >= '0' && character <= '9' ? 0 : character; }
+
+TEST_F(FieldContract, TypedTextPassesTheHandlersAndPastedTextKeepsToTheLimit) {
+    struct {
+        const char* what;
+        std::function<void(Entry&)> act;
+        const char* text;
+    } const rows[] = {
+        {"typed", [](Entry&) { driver::typeText("Ann Lee, 7"); }, "Ann Lee, 7"},
+        {"other letters", [](Entry&) { driver::typeText("Zo\u00EB \u0141\u4E2D"); }, "Zo\u00EB \u0141\u4E2D"},
+        {"the box swallows", [](Entry& e) { e.name.onKeyPress = swallowDigits, driver::typeText("a1b2"); }, "ab"},
+        {"the form swallows", [](Entry& e) { e.form.onKeyPress = swallowDigits, driver::typeText("a1b2"); }, "ab"},
+        {"the form swallows a key",
+         [](Entry& e) {
+             e.form.onKeyDown = [](int& code) { code = code == 'B' ? 0 : code; };
+             driver::typeText("abc");
+         },
+         "ac"},
+        {"the box gives another character",
+         [](Entry& e) {
+             e.name.onKeyPress = [](int& c) { c = c == 'a' ? 'b' : c == 'o' ? 0xF6 : c; };
+             driver::typeText("aoc");
+         },
+         "b\u00F6c"},
+        {"a character outside Latin-1 is none of it",
+         [](Entry& e) {
+             e.name.onKeyPress = [](int& c) { c = c == key::OtherCharacter ? 0 : c; };
+             driver::typeText("\u0141\u4E2Dx\u00FF");
+         },
+         "x\u00FF"},
+        {"an eleventh character", [](Entry& e) { e.name.setMaxLength(10), driver::typeText("abcdefghijk"); },
+         "abcdefghij"},
+        {"pasted", [](Entry&) { driver::pasteText("Caf\u00E9"); }, "Caf\u00E9"},
+        {"pasted past the filter", [](Entry& e) { e.name.onKeyPress = swallowDigits, driver::pasteText("a1"); }, "a1"},
+        {"pasted past the limit", [](Entry& e) { e.name.setMaxLength(5), driver::pasteText("abcdefghi"); }, "abcde"},
+        {"pasted lines", [](Entry&) { driver::pasteText("one\ntwo\tthree"); }, "one two three"},
+        {"set past the limit", [](Entry& e) { e.name.setMaxLength(3), e.name.setText("abcdef"); }, "abc"},
+        {"behind a set text", [](Entry& e) { e.name.setText("ab"), driver::typeText("c"); }, "abc"},
+        {"instead of a selection",
+         [](Entry& e) { e.name.setText("abcd"), e.name.select(1, 2), driver::typeText("xyz"); }, "axyzd"},
+        {"all is selected", [](Entry& e) { e.name.setText("abcd"), e.name.select(0, 4), driver::pasteText("x"); }, "x"},
+        {"Tab selects all",
+         [](Entry& e) {
+             e.name.setText("abcd"), driver::pressKey(key::Tab), driver::pressShiftTab(), driver::typeText("x");
+         },
+         "x"},
+        {"Backspace", [](Entry&) { driver::typeText("abc"), driver::pressKey(8); }, "ab"},
+        {"Backspace passes filters",
+         [](Entry& e) {
+             e.name.setText("12");
+             e.name.onKeyPress = [](int& c) { c = c > 31 ? 0 : c; };
+             driver::pressKey(8);
+         },
+         "1"},
+        {"a disabled box", [](Entry& e) { e.name.setEnabled(false), driver::typeText("a"); }, ""},
+        {"the box without the focus", [](Entry& e) { e.town.setFocus(), driver::typeText("a"); }, ""},
+    };
+    for (const auto& row : rows)
+        inEntry([&](Entry& entry) {
+            row.act(entry);
+            EXPECT_EQ(entry.name.text(), row.text) << row.what;
+        });
+}
+
+TEST_F(FieldContract, TheHandlersOfAControlFollowTheFocus) {
+    const auto notePlaces = [this](Entry& e) {
+        const std::pair<Control*, const char*> controls[] = {{&e.name, "name"}, {&e.town, "town"}, {&e.zip, "zip"}};
+        for (const auto& [control, what] : controls) {
+            control->onGotFocus = [this, what] { note(std::string(what) + " gets it"); };
+            control->onValidate = [this, what] { note(std::string(what) + " leaves"); };
+            control->onKeyUp = [this, what](int code) { note(std::string(what) + " up " + std::to_string(code)); };
+        }
+    };
+    struct {
+        const char* what;
+        std::function<void(Entry&)> act;
+        const char* trace;
+    } const rows[] = {
+        {"Tab", [](Entry&) { driver::pressKey(key::Tab); }, "name leaves, town gets it, town up 9"},
+        {"a click", [](Entry& e) { driver::click(e.town); }, "name leaves, town gets it"},
+        {"the program", [](Entry& e) { e.zip.setFocus(); }, "name leaves, zip gets it"},
+        {"where it is already", [](Entry& e) { e.name.setFocus(), driver::click(e.name); }, ""},
+        {"an access key", [](Entry& e) { e.print.setCaption("&Print"), driver::pressAccessKey('P'); }, "name leaves"},
+        {"a key", [](Entry&) { driver::typeText("a"); }, "name up 65"},
+        {"a Tab that a handler asks for",
+         [this](Entry& e) {
+             e.name.onKeyPress = [this](int& c) {
+                 if (c != key::Enter) return;
+                 c = 0;
+                 sendTab();
+                 note("asked");
+             };
+             driver::pressKey(key::Enter);
+             driver::run(20);
+         },
+         "asked, name up 13, name leaves, town gets it, town up 9"},
+    };
+    for (const auto& row : rows)
+        inEntry([&](Entry& entry) {
+            notePlaces(entry);
+            row.act(entry);
+            driver::run(1);
+            EXPECT_EQ(trace_, row.trace) << row.what;
+        });
+}
+
+TEST_F(FieldContract, TheSelectionIsWhatWasSelected) {
+    inEntry([](Entry& e) {
+        e.name.setText("Zo\u00EB Lee");
+        EXPECT_EQ(e.name.selStart(), 7) << "the caret stands behind a text that was set";
+        EXPECT_EQ(e.name.selLength(), 0);
+        e.name.select(0, 7);
+        EXPECT_EQ(e.name.selLength(), 7);
+        e.name.select(4, 99);
+        EXPECT_EQ(e.name.selStart(), 4);
+        EXPECT_EQ(e.name.selLength(), 3);
+        driver::typeText("Ng");
+        EXPECT_EQ(e.name.text(), "Zo\u00EB Ng");
+        EXPECT_EQ(e.name.selStart(), 6);
+    });
+}
+
+TEST_F(FieldContract, TheMaskTakesDigitsAtItsPlaces) {
+    struct {
+        const char* what;
+        std::function<void(Entry&)> act;
+        const char* text;
+    } const rows[] = {
+        {"nothing", [](Entry&) {}, "     "},
+        {"three digits", [](Entry&) { driver::typeText("907"); }, "907  "},
+        {"no letters", [](Entry&) { driver::typeText("9a0-7"); }, "907  "},
+        {"no sixth digit", [](Entry&) { driver::typeText("123456"); }, "12345"},
+        {"over all that is selected",
+         [](Entry& e) { driver::typeText("12345"), e.zip.select(0, 5), driver::typeText("7"); }, "7    "},
+        {"Backspace leaves a blank", [](Entry&) { driver::typeText("123"), driver::pressKey(8); }, "12   "},
+        {"the filter comes first", [](Entry& e) { e.zip.onKeyPress = swallowDigits, driver::typeText("12"); }, "     "},
+    };
+    for (const auto& row : rows)
+        inEntry([&](Entry& entry) {
+            entry.zip.setFocus();
+            entry.zip.select(0, 0);
+            row.act(entry);
+            EXPECT_EQ(entry.zip.text(), row.text) << row.what;
+        });
+}
+
+TEST_F(FieldContract, KeysChooseARow) {
+    constexpr double pause = 600;  // milliseconds, after which a letter begins a search anew
+    struct {
+        const char* what;
+        std::function<void(Entry&)> act;
+        int row;
+    } const rows[] = {
+        {"nothing", [](Entry&) {}, -1},
+        {"a letter", [](Entry&) { driver::typeText("a"); }, 1},
+        {"the same letter again", [](Entry&) { driver::typeText("a"), driver::run(pause), driver::typeText("A"); }, 2},
+        {"and round",
+         [](Entry&) {
+             driver::typeText("a"), driver::run(pause), driver::typeText("a"), driver::run(pause),
+                 driver::typeText("a");
+         },
+         1},
+        {"another letter", [](Entry&) { driver::typeText("n"); }, 3},
+        {"a letter of no row", [](Entry& e) { e.state.setListIndex(2), driver::typeText("x"); }, 2},
+        {"Down", [](Entry&) { driver::pressKey(key::Down), driver::pressKey(key::Down); }, 1},
+        {"Up", [](Entry& e) { e.state.setListIndex(2), driver::pressKey(key::Up); }, 1},
+        {"Down at the end", [](Entry& e) { e.state.setListIndex(3), driver::pressKey(key::Down); }, 3},
+        {"a swallowed letter", [](Entry& e) { e.state.onKeyPress = [](int& c) { c = 0; }, driver::typeText("a"); }, -1},
+    };
+    for (const auto& row : rows)
+        inEntry([&](Entry& entry) {
+            for (const char* text : {"", "Alaska - AK", "Alabama - AL", "Nevada - NV"}) entry.state.addItem(text);
+            entry.state.setFocus();
+            row.act(entry);
+            EXPECT_EQ(entry.state.listIndex(), row.row) << row.what;
+            EXPECT_EQ(entry.state.text(), row.row < 0 ? "" : entry.state.list(row.row)) << row.what;
+            entry.state.clear();
+            EXPECT_EQ(entry.state.listCount(), 0);
+            EXPECT_EQ(entry.state.text(), "");
+        });
+    inEntry([](Entry& entry) {
+        entry.state.addItem("Utah - UT");
+        EXPECT_THROW(entry.state.list(1), RuntimeError);
+        EXPECT_THROW(entry.state.setListIndex(1), RuntimeError);
+        EXPECT_THROW(entry.state.setListIndex(-2), RuntimeError);
+    });
+}
+
+TEST_F(FieldContract, BoxesAndOptionsAreTickedAndChosen) {
+    struct {
+        const char* what;
+        std::function<void(Entry&)> act;
+        const char* trace;
+        const char* values;  // of the box, then of the options
+    } const rows[] = {
+        {"nothing", [](Entry&) {}, "", "000"},
+        {"a click ticks", [](Entry& e) { driver::click(e.copy); }, "copy", "100"},
+        {"and clears", [](Entry& e) { driver::click(e.copy), driver::click(e.copy); }, "copy, copy", "000"},
+        {"Space ticks", [](Entry& e) { e.copy.setFocus(), driver::pressKey(key::Space); }, "copy", "100"},
+        {"its access key", [](Entry& e) { e.copy.setCaption("Cop&y"), driver::pressAccessKey('Y'); }, "copy", "100"},
+        {"the program ticks silently", [](Entry& e) { e.copy.setValue(true); }, "", "100"},
+        {"a click chooses", [](Entry& e) { driver::click(e.near); }, "near", "010"},
+        {"and another one", [](Entry& e) { driver::click(e.near), driver::click(e.far); }, "near, far", "001"},
+        {"the program clears what was chosen", [](Entry& e) { driver::click(e.far), e.far.setValue(false); }, "far",
+         "000"},
+        {"the program chooses silently", [](Entry& e) { e.far.setValue(true), e.near.setValue(true); }, "", "010"},
+        {"an arrow chooses the next one", [](Entry& e) { driver::click(e.near), driver::pressKey(key::Right); },
+         "near, far", "001"},
+        {"Tab passes by those that aren't chosen",
+         [](Entry& e) {
+             e.far.setValue(true), e.copy.setFocus(), driver::pressKey(key::Tab), driver::pressKey(key::Tab),
+                 driver::pressKey(key::Space);
+         },
+         "print", "001"},
+        {"Space chooses", [](Entry& e) { e.near.setFocus(), driver::pressKey(key::Space); }, "near", "010"},
+        {"a disabled option", [](Entry& e) { e.far.setEnabled(false), driver::click(e.far); }, "", "000"},
+        {"a disabled box", [](Entry& e) { e.copy.setEnabled(false), driver::click(e.copy); }, "", "000"},
+    };
+    for (const auto& row : rows)
+        inEntry([&](Entry& e) {
+            e.copy.onClick = [&] { note("copy"); };
+            e.near.onClick = [&] { note("near"); };
+            e.far.onClick = [&] { note("far"); };
+            e.print.onClick = [&] { note("print"); };
+            row.act(e);
+            driver::run(200);
+            EXPECT_EQ(trace_, row.trace) << row.what;
+            const bool values[] = {e.copy.value(), e.near.value(), e.far.value()};
+            for (int i = 0; i < 3; ++i) EXPECT_EQ(values[i], row.values[i] == '1') << row.what;
+        });
+}
+
+TEST_F(FieldContract, TabFollowsTheTabOrder) {
+    inEntry([](Entry& e) {
+        const auto index = [](const Control& control) { return control.tabIndex(); };
+        EXPECT_EQ(index(e.name), 0);
+        EXPECT_EQ(index(e.print), 7);
+        e.print.setTabIndex(1);
+        e.zip.setTabIndex(2);
+        EXPECT_EQ(index(e.town), 3);
+        for (Control* next : std::array<Control*, 4>{&e.print, &e.zip, &e.town, &e.state}) {
+            driver::pressKey(key::Tab);
+            EXPECT_TRUE(next->hasFocus()) << next->tabIndex();
+        }
+    });
+}
+
+TEST_F(FieldContract, AccessKeysPressTheirButton) {
+    inEntry([&](Entry& e) {
+        e.print.setCaption("&Print");
+        e.print.onClick = [&] { note("print"); };
+        e.form.onKeyPress = [&](int&) { note("press"); };
+        driver::pressAccessKey('P');
+        driver::run(200);
+        EXPECT_EQ(trace_, "print");
+        EXPECT_TRUE(e.print.hasFocus());
+        e.name.setFocus();
+        e.print.setEnabled(false);
+        driver::clickButton("&Print");
+        driver::run(200);
+        EXPECT_EQ(trace_, "print") << "not while it is disabled";
+    });
+}
+
+TEST_F(FieldContract, APanelTakesItsSizeFromItsCaption) {
+    inEntry([](Entry& e) {
+        Panel panel(e.panel, {10, 20, 100, 17});
+        const PanelLook cut{Bevel::Inset, Bevel::None, 2, 0xC0C0C0, 0, Align::Left, Fit::Cut};
+        PanelLook high = cut, wide = cut;
+        high.fit = Fit::Height;
+        wide.fit = Fit::Width;
+        panel.setFont({"Times New Roman", 9.75, true});
+        panel.setLook(cut);
+        panel.setCaption("Amount");
+        EXPECT_EQ(panel.place().height, 17);
+        EXPECT_EQ(panel.place().width, 100);
+        panel.setLook(high);
+        const int oneLine = panel.place().height - 4;
+        EXPECT_GT(oneLine, 10);
+        EXPECT_LT(oneLine, 20);
+        panel.setCaption("Amount to be paid at once");
+        EXPECT_EQ(panel.place().height, 2 * oneLine + 4) << "two lines";
+        EXPECT_EQ(panel.place().top, 20);
+        EXPECT_EQ(panel.place().width, 100);
+        panel.setLook(wide);
+        const int before = panel.place().width;
+        panel.setCaption("Amount to be paid at once, in cash");
+        EXPECT_GT(panel.place().width, before);
+        panel.setCaption("");
+        EXPECT_EQ(panel.place().width, 4) << "the bevels alone";
+    });
+}
+
+}  // namespace
