@@ -10,83 +10,11 @@
 #include "frmMain.h"
 #include "match/frmChooseSeat.h"
 #include "match/frmRoundsSetting.h"
-#include "platform/qt/application.h"
 #include "play/frmChooseTiles.h"
 #include "scoring/frmBreakDown.h"
+#include "tests/windowFixture.h"
 
 namespace {
-
-constexpr int longEnough = 10000;  // milliseconds that anything here may take at most
-
-void setUpApplication() {
-    static int argc = 1;
-    static char name[] = "velmora_window_tests";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("SDL_AUDIODRIVER", "dummy");
-    static const platform::Application application(argc, argv, "Velmora", "velmora");
-}
-
-class Window : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        setUpApplication();
-        game = gfrmMain.hold();
-        game->form.show();
-        for (QWidget* widget : QApplication::topLevelWidgets())
-            if (widget->isVisible() && widget->windowTitle() == "Velmora") window = widget;
-        ASSERT_NE(window, nullptr);
-    }
-
-    void TearDown() override {
-        game.reset();
-        gsClearAllForms();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
-    /// Clicks the button with that tool-tip; returns when its command is done.
-    void click(const QString& toolTip) {
-        for (QWidget* widget : window->findChildren<QWidget*>())
-            if (widget->toolTip() == toolTip) return QTest::mouseClick(widget, Qt::LeftButton);
-        FAIL() << "no button says " << qPrintable(toolTip);
-    }
-
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::keyClick(window, key, modifiers);
-    }
-
-    /// Does something as soon as the condition holds, also inside a dialog's own loop.
-    void once(std::function<bool()> condition, std::function<void()> action) {
-        auto* timer = new QTimer(window);
-        QObject::connect(timer, &QTimer::timeout, window, [=] {
-            if (!condition()) return;
-            timer->deleteLater();
-            timer->stop();
-            action();
-        });
-        timer->start(10);
-    }
-
-    bool waitFor(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, longEnough); }
-
-    void startMatch() {
-        once([] { return gfrmChooseSeat.isOpen(); }, [this] { press(Qt::Key_Enter); });
-        click("Start Anew");
-        EXPECT_EQ(game->mintCurRow, noRow);
-    }
-
-    /// Waits for the next tile to enter; it is made one of the kind.
-    void nextTile(int16_t kind) {
-        int16_t tile = 1;
-        while (game->TileKindOf[tile] != kind) ++tile;
-        game->TileOrder[game->mintTilesDropped + 1] = tile;
-        const int dropped = game->mintTilesDropped;
-        ASSERT_TRUE(waitFor([&] { return game->mintTilesDropped > dropped && game->mintCurRow == 1; }));
-    }
-
-    std::shared_ptr<frmMain> game;
-    QWidget* window = nullptr;
-};
 
 TEST_F(Window, AHandIsPlayedToItsEndAndTheNextBegins) {
     startMatch();

@@ -1,0 +1,73 @@
+#include "tests/windowFixture.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+
+#include "match/frmChooseSeat.h"
+#include "platform/qt/application.h"
+
+namespace {
+
+constexpr int longEnough = 10000;  // milliseconds that anything here may take at most
+
+void setUpApplication() {
+    static int argc = 1;
+    static char name[] = "velmora_window_tests";
+    static char* argv[] = {name, nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("SDL_AUDIODRIVER", "dummy");
+    static const platform::Application application(argc, argv, "Velmora", "velmora");
+}
+
+}  // namespace
+
+void Window::SetUp() {
+    setUpApplication();
+    game = gfrmMain.hold();
+    game->form.show();
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (widget->isVisible() && widget->windowTitle() == "Velmora") window = widget;
+    ASSERT_NE(window, nullptr);
+}
+
+void Window::TearDown() {
+    game.reset();
+    gsClearAllForms();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void Window::click(const QString& toolTip) {
+    for (QWidget* widget : window->findChildren<QWidget*>())
+        if (widget->toolTip() == toolTip) return QTest::mouseClick(widget, Qt::LeftButton);
+    FAIL() << "no button says " << qPrintable(toolTip);
+}
+
+void Window::press(Qt::Key key, Qt::KeyboardModifiers modifiers) { QTest::keyClick(window, key, modifiers); }
+
+void Window::once(std::function<bool()> condition, std::function<void()> action) {
+    auto* timer = new QTimer(window);
+    QObject::connect(timer, &QTimer::timeout, window, [=] {
+        if (!condition()) return;
+        timer->deleteLater();
+        timer->stop();
+        action();
+    });
+    timer->start(10);
+}
+
+bool Window::waitFor(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, longEnough); }
+
+void Window::startMatch() {
+    once([] { return gfrmChooseSeat.isOpen(); }, [this] { press(Qt::Key_Enter); });
+    click("Start Anew");
+    EXPECT_EQ(game->mintCurRow, noRow);
+}
+
+void Window::nextTile(int16_t kind) {
+    int16_t tile = 1;
+    while (game->TileKindOf[tile] != kind) ++tile;
+    game->TileOrder[game->mintTilesDropped + 1] = tile;
+    const int dropped = game->mintTilesDropped;
+    ASSERT_TRUE(waitFor([&] { return game->mintTilesDropped > dropped && game->mintCurRow == 1; }));
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "frmMain.h"
+
+/// The game in its real window, offscreen, with nothing begun.
+class Window : public ::testing::Test {
+  protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    /// Clicks the button with that tool-tip; returns when its command is done.
+    void click(const QString& toolTip);
+    /// Presses a key with the game's window in front, and lets it go.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Does something as soon as the condition holds, also inside a dialog's own loop.
+    void once(std::function<bool()> condition, std::function<void()> action);
+    /// False if the condition doesn't come to hold for longer than anything here may take.
+    bool waitFor(const std::function<bool()>& condition);
+
+    /// Begins a match; the seat is drawn by the first Enter.
+    void startMatch();
+    /// Waits for the next tile to enter; it is made one of the kind.
+    void nextTile(int16_t kind);
+
+    std::shared_ptr<frmMain> game;
+    QWidget* window = nullptr;
+};
