@@ -27,4 +27,6 @@ void chooseMenuItem(int item);                 ///< Of the menu that the next po
 std::string pieceOfMusic(int milliseconds);    ///< The file of a piece so long; for 0 one that is not there.
 std::string lastMessage();                     ///< "title: text" of the last message box; each is answered at once.
 
+bool helpIsOpen();  ///< Whether the help window is on the screen.
+
 }  // namespace driver

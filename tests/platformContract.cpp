@@ -8,6 +8,7 @@
 #include "platform/controls.h"
 #include "platform/desktop.h"
 #include "platform/form.h"
+#include "platform/help.h"
 #include "platform/runtime.h"
 #include "platform/sound.h"
 #include "platform/timer.h"
@@ -545,6 +546,27 @@ TEST_F(Contract, NumberOfNoButtonOrItemFails) {
         for (const int number : {-1, 0, 1, 3, 4})
             EXPECT_EQ(failureOf([&] { row.use(number); }), number >= 1 && number <= 3 ? 0 : outOfRange)
                 << row.what << ", number " << number;
+}
+
+TEST_F(Contract, HelpOpensBesideTheWindowAndGoesWithIt) {
+    const auto help = [&](uint32_t command) { WinHelpA(main_->form, "no file", command, 0); };
+    showMain();
+    help(HELP_QUIT);
+    help(HELP_INDEX + 1);
+    EXPECT_FALSE(driver::helpIsOpen());
+    help(HELP_INDEX);
+    help(HELP_INDEX);
+    EXPECT_TRUE(driver::helpIsOpen());
+    driver::clickToolButton(1);
+    EXPECT_EQ(trace_, "tool 1") << "the window beside it takes clicks";
+    help(HELP_QUIT);
+    EXPECT_FALSE(driver::helpIsOpen());
+    help(HELP_INDEX);
+    Form dialog;
+    inDialog(dialog, [] { EXPECT_TRUE(driver::helpIsOpen()); });
+    EXPECT_TRUE(driver::helpIsOpen()) << "a dialog comes and goes without it";
+    main_->form.unload();
+    EXPECT_FALSE(driver::helpIsOpen());
 }
 
 TEST_F(Contract, UncaughtErrorIsReportedAndTheLoopGoesOn) {

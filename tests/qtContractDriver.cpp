@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <set>
@@ -185,5 +186,11 @@ std::string pieceOfMusic(int milliseconds) {
 }
 
 std::string lastMessage() { return person().lastMessage; }
+
+bool helpIsOpen() {
+    return std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* window) {
+        return window->isVisible() && window->windowTitle() == "Program Help";
+    });
+}
 
 }  // namespace driver

@@ -37,4 +37,6 @@ std::string pieceOfMusic(int milliseconds) {
 
 std::string lastMessage() { return sim::messages().empty() ? "" : sim::messages().back(); }
 
+bool helpIsOpen() { return !sim::helpFile().empty(); }
+
 }  // namespace driver

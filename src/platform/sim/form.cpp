@@ -152,6 +152,7 @@ void Form::Impl::close() {
     const bool wasOnTop = sim::taker() == serial;
     if (std::erase(sim::state().forms, this) == 0) return;
     sim::note("form closes");
+    if (!modal) sim::closeHelp();
     const Impl* const under = wasOnTop ? sim::openForm(sim::taker()) : nullptr;
     if (under != nullptr) sim::deliver(under->owner.onActivate);
 }

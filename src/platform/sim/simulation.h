@@ -84,6 +84,9 @@ const std::vector<Sheet>& sheets();  ///< What the printer was sent so far, a sh
 /// Has the printer fail with number 482 from now on: at a line of each document, from 1, or 0 for none, and at its end.
 void breakPrinter(int line, bool atEnd = false);
 
+/// The file that the help window shows, by its name; empty while it isn't open.
+const std::string& helpFile();
+
 /// The main window's surface with those of the dialogs over it, and the texts on it as its list of texts. Frames,
 /// panels and other controls aren't painted: they are asked for what they show.
 platform::Surface screen();

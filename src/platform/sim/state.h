@@ -96,6 +96,7 @@ struct State {
     bool keyRepeats = false;                           ///< Of the key whose handler runs.
     std::vector<std::string> messages;
     std::string programFolder;  ///< Empty as long as the program lies in a folder of its own.
+    std::string helpFile;       ///< What the help window shows; empty while it isn't open.
 
     platform::Printer printer;
     int printerFailsAtLine = 0;  ///< Of a document, from 1; 0 at none.
@@ -167,6 +168,9 @@ void focusOn(platform::Form::Impl& form, Control& control);
 void typeInto(Control& field, const Stroke& stroke);
 /// Puts a text in the place of the selection of a text box or a masked box, as far as it fits there.
 void replaceSelection(Control& field, const std::u32string& text);
+
+/// Takes the help window off the desktop, if it is there.
+void closeHelp();
 
 }  // namespace sim
 

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QTextBrowser>
+#include <vector>
+
+#include "platform/help.h"
+
+namespace platform::qt {
+
+/// A heading of the help text.
+struct Heading {
+    QString text;
+    int level;       ///< From 1, the title.
+    QString anchor;  ///< What links to it say behind their "#".
+};
+
+/// The help text as it is read: Markdown with links between its headings, tables, and pictures made by name. Its look
+/// follows the desktop's palette, and its pictures grow with its type.
+class HelpPage : public QTextBrowser {
+  public:
+    explicit HelpPage(MakeHelpPicture makePicture);  ///< Null if there are no pictures.
+
+    void setText(const QString& markdown);                              ///< Shows it from its beginning.
+    const std::vector<Heading>& headings() const { return headings_; }  ///< In the order of the text.
+    void jumpTo(const QString& anchor);                                 ///< Brings that heading to the top.
+    void showPlace(const QTextCursor& place);                           ///< In the middle, if it wasn't in sight.
+    void changeType(int steps);  ///< So many steps larger, or smaller if below 0, as far as the range of sizes goes.
+    void resetType();            ///< The size at first.
+
+  protected:
+    QVariant loadResource(int type, const QUrl& url) override;
+    void changeEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    void nameHeadings();
+    void setTypeStep(int step);
+    void dress();
+    void dressBlock(const QTextBlock& block);
+    QImage pictureNamed(const QString& name) const;
+    double typeFactor() const;
+
+    MakeHelpPicture makePicture_;
+    std::vector<Heading> headings_;
+    double normalPoints_;
+    int typeStep_ = 0;  // from the normal size
+};
+
+}  // namespace platform::qt
