@@ -316,6 +316,8 @@ struct frmMain {
     void msShowOrder();
     /// Holds the fall for the about box.
     void msShowAbout();
+    /// Opens the help, or brings it to the front; the game goes on.
+    void msShowHelp();
     /// Stops the fall of a running match while a dialog is open.
     void msHoldFall();
     /// Lets the fall of a running match go on, also if the player had stopped it before the dialog.

@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include "match/frmChooseSeat.h"
+#include "platform/help.h"
 #include "platform/qt/application.h"
 
 namespace {
@@ -32,6 +33,7 @@ void Window::SetUp() {
 }
 
 void Window::TearDown() {
+    platform::WinHelpA(game->form, "", platform::HELP_QUIT, 0);
     game.reset();
     gsClearAllForms();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -48,7 +48,7 @@ constexpr ButtonRow buttons[] = {
     {Button::Stop, "Stop", 10, noState, &frmMain::msStop},
     {Button::Order, "Order", 11, noState, &frmMain::msShowOrder},
     {Button::About, "About Velmora...", 12, noState, &frmMain::msShowAbout},
-    {Button::Help, "Help", 13, noState, noCommand},
+    {Button::Help, "Help", 13, noState, &frmMain::msShowHelp},
     {Button::Gap, "", 0, noState, noCommand},
     {Button::Exit, "Exit", 14, noState, &frmMain::msExit},
 };

@@ -4,11 +4,19 @@
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
 #include "platform/desktop.h"
+#include "platform/help.h"
 #include "play/frmChooseTiles.h"
 #include "presentation/frmBitmaps.h"
+#include "presentation/helpPictures.h"
 #include "scoring/frmBreakDown.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
+
+namespace {
+
+constexpr char helpFile[] = "ZQT.hlp";
+
+}  // namespace
 
 void gsClearAllForms() {
     gsClearObjects(gfrmAbout, gfrmBitmaps, gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary,
@@ -88,6 +96,11 @@ void frmMain::msShowAbout() {
     msResumeFall();
 }
 
+void frmMain::msShowHelp() {
+    platform::setHelpPictures(gudtfHelpPicture);
+    platform::WinHelpA(form, helpFile, platform::HELP_INDEX, 0);
+}
+
 void frmMain::msHoldFall() {
     if (mblnGameRunning) Timer1.setEnabled(false);
 }
@@ -108,5 +121,6 @@ void frmMain::Form_Unload() { msExitProgram(); }
 void frmMain::msExitProgram() {
     if (mmcZQT.mode() == platform::modeOpen) mmcZQT.setCommand("Close");
     gsClearAllForms();
+    platform::WinHelpA(form, helpFile, platform::HELP_QUIT, 0);
     platform::endProcess();
 }

@@ -45,6 +45,7 @@ void Hands::restOn(int button) const {
 void Hands::leave() const {
     QToolTip::hideText();
     for (QWidget* const each : inFront()) each->close();
+    window_->activateWindow();  // As the desktop does when a window that had the keys is closed.
     for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return})
         if (!seesTableOnly()) press(key);
     pointTo(emptyPlace);

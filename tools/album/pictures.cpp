@@ -1,6 +1,7 @@
 #include "tools/album/pictures.h"
 
 #include <QApplication>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QToolTip>
 #include <algorithm>
@@ -34,10 +35,11 @@ bool isDrawing(bool drawn, int tile) {
     return gfrmChooseSeat.isOpen() && gfrmChooseSeat->mblnDrawn == drawn && gfrmChooseSeat->mintSelTile == tile;
 }
 
-bool seesBox() {
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    return std::any_of(windows.begin(), windows.end(), [](const QWidget* each) {
-        return each->isVisible() && qobject_cast<const QMessageBox*>(each) != nullptr;
+/// Whether a window of that class is on the screen.
+template <class Window>
+bool sees() {
+    return std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* each) {
+        return each->isVisible() && qobject_cast<const Window*>(each) != nullptr;
     });
 }
 
@@ -72,7 +74,8 @@ constexpr PictureRow rows[] = {
      [](const frmMain&) { return gfrmAbout.isOpen(); }},
     {"chooser-lines", [](const Hands&) { offerAllSets(); }, [](const frmMain&) { return gfrmChooseTiles.isOpen(); }},
     {"message", [](const Hands&) { gsReportError(53, "File not found", "Form_Load"); },
-     [](const frmMain&) { return seesBox(); }},
+     [](const frmMain&) { return sees<QMessageBox>(); }},
+    {"help", [](const Hands& hands) { hands.click(Button::Help); }, [](const frmMain&) { return sees<QMainWindow>(); }},
     {"seat-draw", nullptr, [](const frmMain&) { return isDrawing(false, 1); }},
     {"seat-choice", nullptr, [](const frmMain&) { return isDrawing(false, 3); }},
     {"seat-drawn", nullptr, [](const frmMain&) { return isDrawing(true, 3); }},

@@ -62,7 +62,7 @@ void dressTable(QTextTable& table, const QPalette& palette) {
 
 }  // namespace
 
-HelpPage::HelpPage(MakeHelpPicture makePicture) : makePicture_(makePicture), normalPoints_(font().pointSizeF()) {
+HelpPage::HelpPage(MakeHelpPicture makePicture) : makePicture_(makePicture), normalPoints_(fontInfo().pointSizeF()) {
     setOpenLinks(false);
     setUndoRedoEnabled(false);
     connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { jumpTo(link.fragment()); });
@@ -81,7 +81,7 @@ void HelpPage::nameHeadings() {
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         const int level = block.blockFormat().headingLevel();
         if (level == 0) continue;
-        headings_.push_back({block.text(), level, anchorOf(block.text())});
+        headings_.push_back({block.text(), level, anchorOf(block.text()), block.position()});
         QTextCursor text(block);
         text.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
         QTextCharFormat named;
@@ -91,7 +91,14 @@ void HelpPage::nameHeadings() {
     }
 }
 
-void HelpPage::jumpTo(const QString& anchor) { scrollToAnchor(anchor); }
+void HelpPage::jumpTo(const QString& anchor) {
+    const auto heading = std::ranges::find(headings_, anchor, &Heading::anchor);
+    if (heading == headings_.end()) return;
+    QTextCursor place(document());
+    place.setPosition(heading->position);
+    setTextCursor(place);  // A search goes on from here.
+    scrollToAnchor(anchor);
+}
 
 void HelpPage::showPlace(const QTextCursor& place) {
     QScrollBar& bar = *verticalScrollBar();

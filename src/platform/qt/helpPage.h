@@ -12,6 +12,7 @@ struct Heading {
     QString text;
     int level;       ///< From 1, the title.
     QString anchor;  ///< What links to it say behind their "#".
+    int position;    ///< Of its first character in the text.
 };
 
 /// The help text as it is read: Markdown with links between its headings, tables, and pictures made by name. Its look

@@ -1,0 +1,241 @@
+// What the help says is what the game does.
+
+#include <algorithm>
+#include <fstream>
+#include <map>
+#include <regex>
+
+#include "presentation/frmBitmaps.h"
+#include "presentation/helpPictures.h"
+#include "scoring/scoringItems.h"
+#include "tests/gameFixture.h"
+
+namespace {
+
+using Row = std::vector<std::string>;    // the cells of a line
+using Tiles = std::vector<std::string>;  // short names
+
+std::string trimmed(const std::string& text) {
+    const size_t first = text.find_first_not_of(' ');
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+Row cellsOf(const std::string& line) {
+    Row cells;
+    std::istringstream in(line.substr(1));
+    for (std::string cell; std::getline(in, cell, '|');) cells.push_back(trimmed(cell));
+    return cells;
+}
+
+std::vector<std::string> linesOfHelp() {
+    std::ifstream in(VELMORA_ASSETS "/ZQT.hlp");
+    EXPECT_TRUE(in.good());
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+}
+
+/// The rows of all tables whose header has those first cells, without header and rule.
+std::vector<Row> rowsUnder(const Row& header) {
+    std::vector<Row> rows;
+    int lineOfTable = 0;
+    bool wanted = false;
+    for (const std::string& line : linesOfHelp()) {
+        lineOfTable = line.starts_with('|') ? lineOfTable + 1 : 0;
+        if (lineOfTable == 0) continue;
+        const Row cells = cellsOf(line);
+        if (lineOfTable == 1) wanted = std::ranges::mismatch(header, cells).in1 == header.end();
+        if (lineOfTable > 2 && wanted) rows.push_back(cells);
+    }
+    return rows;
+}
+
+/// The pictures that a text asks for, by name.
+std::vector<std::string> picturesIn(const std::string& text) {
+    static const std::regex picture(R"(!\[[^\]]+\]\(([^)]*)\))");
+    std::vector<std::string> names;
+    for (std::sregex_iterator at(text.begin(), text.end(), picture), end; at != end; ++at) names.push_back((*at)[1]);
+    return names;
+}
+
+/// The sets of tiles that a text shows.
+std::vector<Tiles> setsIn(const std::string& text) {
+    std::vector<Tiles> sets;
+    for (std::string name : picturesIn(text)) {
+        EXPECT_TRUE(name.starts_with("tiles:")) << name;
+        name.erase(0, 6);
+        std::ranges::replace(name, ',', ' ');
+        sets.push_back(words(name));
+    }
+    return sets;
+}
+
+class HelpText : public GameFixture {
+  protected:
+    /// Values a hand that holds these sets, filled up with sequences and a pair that score nothing by themselves.
+    void tally(const std::vector<Tiles>& sets, int seat, int house, int wind) {
+        std::vector<Tiles> threes;
+        Tiles pair, bonus;
+        for (const Tiles& set : sets) {
+            const bool isBonus = set[0][0] == 's' || set[0][0] == 'f';
+            if (isBonus) bonus.insert(bonus.end(), set.begin(), set.end());
+            if (!isBonus && set.size() == 3) threes.push_back(set);
+            if (!isBonus && set.size() == 2) pair = set;
+            if (!isBonus && set.size() == 4) ADD_FAILURE() << "no set: " << set[0] << "...";
+        }
+        for (const char suit : {'c', 'b', 'w', 'c'})
+            if (threes.size() < 4) threes.push_back({{suit, '1'}, {suit, '2'}, {suit, '3'}});
+        if (pair.empty()) pair = {"w5", "w5"};
+        std::string hand;
+        for (const Tiles& set : threes)
+            for (const std::string& tile : set) hand += tile + " ";
+        hand += "*" + pair[0] + " " + pair[1] + " |";
+        for (const std::string& tile : bonus) hand += " " + tile;
+        beginHand(seat, house, wind);
+        setHand(hand);
+        game->mintHandCount = handTiles;
+        game->msTallyScore();
+    }
+
+    bool scored(const std::string& item) {
+        return ("," + gstrScoreDesc + ",").find("," + item + ",") != std::string::npos;
+    }
+
+    /// Whether the tiles, side by side on the bottom row, would be offered.
+    bool isOffered(const Tiles& tiles) {
+        beginHand();
+        for (int i = 0; i < static_cast<int>(tiles.size()); ++i)
+            game->CellTable[bottomRow][i + 1].fill(game->TileKinds[kindOf(tiles[static_cast<size_t>(i)])]);
+        return game->mblnfTileConnection(bottomRow, 1, narrow16(tiles.size()));
+    }
+};
+
+TEST_F(HelpText, ListsEveryItemWithItsDoublesAndAnExample) {
+    std::vector<std::pair<std::string, int>> listed, expected;
+    for (const Row& row : rowsUnder({"Item", "Doubles", "When", "Example"})) {
+        listed.emplace_back(row[0], std::stoi(row[1]));
+        const auto example = setsIn(row[3]);
+        ASSERT_FALSE(example.empty()) << row[0];
+        tally(example, 1, 1, 1);
+        EXPECT_TRUE(scored(row[0])) << row[0] << " isn't in " << gstrScoreDesc;
+    }
+    for (const ScoringItemRow& item : scoringItems) expected.emplace_back(item.text, item.doubles);
+    EXPECT_EQ(listed, expected);
+}
+
+TEST_F(HelpText, CountsItsHandAsTheGameDoes) {
+    std::string hand;
+    for (const std::string& line : linesOfHelp())
+        if (line.starts_with("![")) hand += line;
+    tally(setsIn(hand), 2, 1, 2);
+    std::string items;
+    int together = 0;
+    for (const Row& row : rowsUnder({"What counts"})) {
+        items += (items.empty() ? "" : ",") + row[0];
+        together += scoringItemNamed(row[0])->doubles;
+        EXPECT_EQ(row[2], std::to_string(together)) << row[0];
+    }
+    EXPECT_EQ(items, gstrScoreDesc);
+    EXPECT_EQ(together, game->mintDoubles);
+    EXPECT_EQ(glngHandPoints, 25600);
+}
+
+TEST_F(HelpText, TellsThePointsOfSetsAndHands) {
+    const std::map<std::string, int32_t> kinds = {{"Sequence", 2}, {"Trio", 3}, {"Pair, flower or season", 1}};
+    const auto rows = rowsUnder({"Set", "Points", "Points after the Down key"});
+    EXPECT_EQ(rows.size(), kinds.size());
+    for (const Row& row : rows)
+        for (const bool dropped : {false, true}) {
+            beginHand();
+            game->mlngScore = 0;
+            game->mblnDropKeyUsed = dropped;
+            game->msUpdateScore(kinds.at(row[0]), false);
+            EXPECT_EQ(row[dropped ? 2 : 1], std::to_string(game->mlngScore)) << row[0];
+        }
+
+    Row points;
+    for (const std::string& line : linesOfHelp())
+        if (line.starts_with("| Points | 50 |")) points = cellsOf(line);
+    ASSERT_EQ(points.size(), 8u);
+    for (size_t doubles = 0; doubles + 1 < points.size(); ++doubles) {
+        game->mintDoubles = narrow16(doubles);
+        EXPECT_EQ(points[doubles + 1], std::to_string(game->mlngfHandPoints()));
+    }
+}
+
+TEST_F(HelpText, TellsTheLevelsAsTheyAre) {
+    const auto milliseconds = [](int interval) { return std::to_string(interval) + " ms"; };
+    std::vector<Row> expected;
+    for (const LevelRow& level : levels)
+        expected.push_back({level.caption, milliseconds(level.interval),
+                            level.threshold > 0 ? std::to_string(level.threshold) : "-",
+                            milliseconds(level.intervalFromThen), std::to_string(level.leastDoubles)});
+    EXPECT_EQ(rowsUnder({"Level", "At first", "From so many tiles on", "Then", "Least doubles"}), expected);
+}
+
+TEST_F(HelpText, TellsEveryCommandBesideItsIcon) {
+    std::vector<std::pair<std::string, std::string>> listed, expected;
+    for (const Row& row : rowsUnder({"Button", "Command"})) listed.emplace_back(picturesIn(row[0]).at(0), row[1]);
+    for (const std::string& toolTip : game->mastrToolTip) {
+        if (toolTip.empty()) continue;
+        const std::string name = toolTip.back() == ':' ? toolTip.substr(0, toolTip.size() - 1) : toolTip;
+        expected.emplace_back("icon:" + std::to_string(expected.size() + 1), name);
+    }
+    EXPECT_EQ(listed, expected);
+}
+
+TEST_F(HelpText, ShowsSetsThatAreOfferedAndOthersThatAreNot) {
+    for (const Row& row : rowsUnder({"Set", "Example", "Rule"}))
+        for (const Tiles& set : setsIn(row[1])) EXPECT_TRUE(isOffered(set)) << row[1];
+    for (const Row& row : rowsUnder({"Tiles", "Why not"})) EXPECT_FALSE(isOffered(setsIn(row[0]).at(0))) << row[0];
+}
+
+TEST_F(HelpText, TellsWhatIsThePlayersOwn) {
+    const auto rows = rowsUnder({"You sit", "Your wind", "Your season", "Your flower"});
+    ASSERT_EQ(rows.size(), 4u);
+    for (const int house : {1, 3})
+        for (int place = 0; place < 4; ++place) {
+            const Row& row = rows[static_cast<size_t>(place)];
+            const std::string wind = setsIn(row[1]).at(0).at(0);
+            tally({{wind, wind, wind}, setsIn(row[2]).at(0), setsIn(row[3]).at(0)}, (house - 1 + place) % 4 + 1, house,
+                  1);
+            for (const char* item : {"Own Wind Trio", "Own Season Tile", "Own Flower Tile"})
+                EXPECT_TRUE(scored(item)) << row[0] << ": " << item;
+        }
+}
+
+TEST_F(HelpText, HasAPictureForEveryNameThatItAsksFor) {
+    int pictures = 0;
+    for (const std::string& line : linesOfHelp())
+        for (const std::string& name : picturesIn(line)) {
+            EXPECT_GT(gudtfHelpPicture(name).width, 0) << name;
+            ++pictures;
+        }
+    EXPECT_GT(pictures, 100);
+    for (const char* name : {"", "tiles:", "tiles:c0", "tiles:s5", "tiles:c10", "tiles:E1", "tiles:c1,x", "icon:0",
+                             "icon:15", "icon:x", "c1"})
+        EXPECT_EQ(gudtfHelpPicture(name).width, 0) << name;
+}
+
+TEST_F(HelpText, ShowsTheFacesThatItNames) {
+    const platform::HelpPicture row = gudtfHelpPicture("tiles:c1,w9,E,B,s1,f4");
+    EXPECT_EQ(row.width, 3 + 6 * 30 + 3);
+    ASSERT_EQ(row.height, 39);
+    const auto pixel = [&](int x, int y) { return row.pixels[static_cast<size_t>(y * row.width + x)]; };
+    const int kinds[] = {1, 27, 28, 34, 35, 42};
+    for (int i = 0; i < 6; ++i) {
+        EXPECT_EQ(pixel(3 + 30 * i, 0), 0u) << "corner of " << i;
+        for (int y = 5; y < 35; ++y)
+            for (int x = 3; x < 27; ++x)
+                ASSERT_EQ(pixel(3 + 30 * i + x, y),
+                          platform::pixelOf(gfrmBitmaps->picAllTiles.point((kinds[i] - 1) * 30 + x, y)))
+                    << "tile " << i;
+    }
+    const platform::HelpPicture icon = gudtfHelpPicture("icon:9");
+    EXPECT_EQ(icon.width, 16);
+    ASSERT_EQ(icon.height, 16);
+    EXPECT_EQ(icon.pixels[0], 0u) << "clear beside the two bars";
+    EXPECT_EQ(icon.pixels[8 * 16 + 4] >> 24, 0xFFu);
+}
+
+}  // namespace
