@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Lays the folder out that players get, moves it elsewhere and looks at it there: tests/packaging.sh BUILD_FOLDER
+set -euo pipefail
+place=$(mktemp -d)
+trap 'rm -rf "$place"' EXIT
+fail() { printf 'packaging: %s\n' "$*" >&2; exit 1; }
+
+DESTDIR='' cmake --install "$1" --prefix "$place/laid out" >/dev/null
+folder="$place/moved here/velmora"
+mkdir "$place/moved here"
+mv "$place/laid out" "$folder"
+
+for file in velmora velmora_print.so velmora_sound.so mendel1.mid Thunder2.wav ZQT.hlp README.txt add-to-menu \
+    velmora.desktop org.velmora.Velmora.metainfo.xml icons/velmora-16.png icons/velmora-256.png icons/velmora.svg \
+    licences/fonts-kaushanscript.txt licences/fonts-liberation2.txt; do
+    [ -s "$folder/$file" ] || fail "$file is missing"
+done
+for fonts in kaushanscript liberation2; do
+    grep -qE 'OFL-1.1|OFL' "$folder/licences/fonts-$fonts.txt" || fail "the licence of $fonts isn't told"
+done
+for binary in velmora velmora_print.so velmora_sound.so; do
+    ! ldd "$folder/$binary" | grep 'not found' || fail "$binary lacks a library"
+    ! readelf -d "$folder/$binary" | grep -E 'RPATH|RUNPATH' || fail "$binary looks for libraries in a folder of its own"
+done
+[ "$("$folder/velmora" --version)" = "Velmora 1.0.0" ] || fail "the program doesn't start there"
+
+desktop-file-validate "$folder/velmora.desktop"
+appstreamcli validate --no-net "$folder/org.velmora.Velmora.metainfo.xml" >"$place/report" || fail "$(cat "$place/report")"
+XDG_DATA_HOME="$place/home" "$folder/add-to-menu" >/dev/null
+entry="$place/home/applications/velmora.desktop"
+desktop-file-validate "$entry"
+grep -qx "Exec=\"$folder/velmora\"" "$entry" || fail "the menu's entry doesn't start this folder's program"
+[ -s "$(sed -n 's/^Icon=//p' "$entry")" ] || fail "the menu's entry has no icon"
+echo "The folder is whole, and runs where it lies."
