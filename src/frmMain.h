@@ -119,7 +119,7 @@ struct frmMain {
     void msEndHand(bool won);
     /// Adds a hand to those of the match.
     void msCountHand(bool won);
-    /// Stops the fall and the music, and shows the summary.
+    /// Stops the fall and the music, and shows the summary; a high score then enters the table, which is shown.
     void msEndMatch();
     /// Steers the falling tile by the code of a key.
     void Form_KeyDown(int keyCode);
@@ -237,6 +237,12 @@ struct frmMain {
     /// Ends the round at the fourth move of the House and turns its wind.
     void msUpdateRound();
 
+    // hiscores/entry.cpp: the score of a match enters the table
+    /// Asks for a name and stores the score, if it is high enough; true if it was stored.
+    bool mblnfHiScore();
+    /// The first row of the table with a lower score than the match has, or the one behind the last.
+    int16_t mintfHiScoreRow();
+
     // presentation/boardView.cpp: the board and the tiles on the screen
     /// Paints the falling tile, keeping what lay under it, and shows the picture.
     void msDrawTile();
@@ -256,7 +262,7 @@ struct frmMain {
     void msResetLightning();
     /// Decides whether a strike is due.
     void msGenerateLightning();
-    /// Paints a strike that is due, or takes off the one that stands.
+    /// Paints a strike that is due, or takes off the one that stands, with thunder.
     void msDrawLightning();
     /// Puts the earned tiles over the rectangle of the strikes and shows it.
     void msShowLightning();

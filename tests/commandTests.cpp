@@ -72,7 +72,8 @@ TEST_F(Commands, WhatHoldsAndWhatSetsGoing) {
     for (const auto& row : cases) {
         beginHand();
         for (const int button : row.buttons) {
-            if (button == Button::About) sim::post([] { sim::pressKey(platform::key::Escape); });
+            if (button == Button::About || button == Button::HighScores)
+                sim::post([] { sim::pressKey(platform::key::Escape); });
             sim::clickToolButton(button);
         }
         EXPECT_EQ(game->Timer1.enabled(), row.running) << row.what;
@@ -84,7 +85,8 @@ TEST_F(Commands, NothingBeginsBeforeStartAnew) {
     for (int button = Button::Level; button <= Button::Gap; ++button) {
         sim::post([button] {
             if (button == Button::Level) sim::chooseMenuItem(2);
-            if (button == Button::RoundsSetting || button == Button::About) sim::pressKey(platform::key::Escape);
+            if (button == Button::RoundsSetting || button == Button::About || button == Button::HighScores)
+                sim::pressKey(platform::key::Escape);
         });
         sim::clickToolButton(button);
         for (const int key : {37, 39, 40, 13}) sim::pressKey(key);

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "hiscores/frmGetName.h"
+#include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
@@ -326,7 +328,7 @@ class WildHands {
     }
 
     bool sawChooser = false, sawSummary = false, sawRounds = false, sawSeatDraw = false, sawFullBoard = false,
-         sawBreakDown = false;
+         sawBreakDown = false, sawNameDialog = false, sawTable = false;
 
   private:
     int below(int count) { return static_cast<int>(random_() % static_cast<uint32_t>(count)); }
@@ -345,6 +347,8 @@ class WildHands {
         sawChooser |= gfrmChooseTiles.isOpen();
         sawSummary |= gfrmGameSummary.isOpen();
         sawBreakDown |= gfrmBreakDown.isOpen();
+        sawNameDialog |= gfrmGetName.isOpen();
+        sawTable |= gfrmHiScore.isOpen();
         sawRounds |= gfrmRoundsSetting.isOpen();
         sawSeatDraw |= gfrmChooseSeat.isOpen();
         sawFullBoard |= gfrmMain->CellTable[1][entryColumn].Filled;
@@ -426,6 +430,8 @@ TEST_F(AnyKeys, AtAnyTimeLeaveASoundGame) {
     EXPECT_TRUE(wild.sawChooser) << "the keys don't come about enough";
     EXPECT_TRUE(wild.sawSummary);
     EXPECT_TRUE(wild.sawBreakDown);
+    EXPECT_TRUE(wild.sawNameDialog);
+    EXPECT_TRUE(wild.sawTable);
     EXPECT_TRUE(wild.sawRounds);
     EXPECT_TRUE(wild.sawSeatDraw);
     EXPECT_TRUE(wild.sawFullBoard);

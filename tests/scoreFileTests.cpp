@@ -10,6 +10,9 @@
 #include <fstream>
 #include <sstream>
 
+#include "hiscores/frmGetName.h"
+#include "hiscores/frmHiScore.h"
+#include "match/frmGameSummary.h"
 #include "modZQT.h"
 #include "platform/desktop.h"
 #include "platform/sim/simulation.h"
@@ -42,6 +45,37 @@ class ScoreFile : public GameFixture {
         std::ostringstream out;
         out << std::ifstream(path, std::ios::binary).rdbuf();
         return out.str();
+    }
+
+    /// Ends a match of two rounds at Level 3 with that score; a name is given if it is asked for. What opened, in
+    /// order.
+    std::string endMatch(int32_t score, const std::string& name = "Eve") {
+        std::string opened;
+        beginHand();
+        game->mlngScore = score;
+        game->mlngLevel = 3;
+        gintNumRounds = game->mintRoundsPlayed = 2;
+        sim::setHands([&] {
+            if (sim::modalDepth() == 0) return;
+            if (gfrmGameSummary.isOpen()) opened += "summary ";
+            if (gfrmHiScore.isOpen()) opened += "table ";
+            if (gfrmGetName.isOpen()) {
+                opened += "name ";
+                sim::typeText(name);
+            }
+            sim::pressKey(platform::key::Enter);
+        });
+        sim::runFor(1000);
+        sim::setHands({});
+        EXPECT_FALSE(game->mblnGameRunning);
+        return opened;
+    }
+
+    /// Whether another match can be played.
+    bool playsOn() {
+        startMatch();
+        sim::runFor(2000);
+        return game->mblnGameRunning && game->mintTilesDropped == 1;
     }
 
     /// The scores of the table, down to the last that isn't 0.
@@ -132,6 +166,55 @@ TEST_F(ScoreFile, NamesAreOneByteACharacter) {
     EXPECT_EQ(bytes().substr(0, 10), "\0\x1F\x81\x8D\x8F\x90\x9D\x80\xA0 "s) << "and yet stay as they are";
 }
 
+TEST_F(ScoreFile, AMatchEntersByItsScoreAlone) {
+    const std::string full = fullTable;
+    const auto rows = [&](int first, int count) { return full.substr((first - 1) * 18, count * 18); };
+    const auto entered = [](const char* score) { return "Eve       \x02\0\x03\0"s + std::string(score, 2) + "\0\0"s; };
+    const std::string none = "no file";
+    struct {
+        const char* what;
+        std::string before;
+        int score;
+        std::string after;  // empty: nothing enters
+    } const cases[] = {
+        {"the first ever", none, 1, entered("\1\0") + blankRecord + blankRecord + blankRecord + blankRecord},
+        {"no score makes no file", none, 0, ""},
+        {"in the middle", full, 350, rows(1, 2) + entered("\x5E\1") + rows(3, 2)},
+        {"below an equal score", full, 400, rows(1, 2) + entered("\x90\1") + rows(3, 2)},
+        {"on top", full, 501, entered("\xF5\1") + rows(1, 4)},
+        {"into the last row", full, 101, rows(1, 4) + entered("\x65\0")},
+        {"equal to the last row", full, 100, ""},
+        {"below the last row", full, 99, ""},
+        {"into a blank row", rows(1, 2) + blankRecord + blankRecord + blankRecord, 1,
+         rows(1, 2) + entered("\1\0") + blankRecord + blankRecord},
+        {"into an empty file", "", 7, entered("\7\0") + blankRecord + blankRecord + blankRecord + blankRecord},
+        {"behind the rows of a short file", full.substr(0, 40), 7,
+         rows(1, 2) + entered("\7\0") + blankRecord + blankRecord},
+        {"into a longer file", full + "!", 450, rows(1, 1) + entered("\xC2\1") + rows(2, 3) + "!"},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.what);
+        fs::remove(path);
+        if (row.before != none) put(row.before);
+        const bool enters = !row.after.empty();
+        EXPECT_EQ(endMatch(row.score), enters ? "summary name table " : "summary ");
+        if (row.before == none && !enters)
+            EXPECT_FALSE(fs::exists(path));
+        else
+            EXPECT_EQ(bytes(), enters ? row.after : row.before);
+    }
+    EXPECT_TRUE(sim::messages().empty());
+}
+
+TEST_F(ScoreFile, EachMatchReadsTheFileAnew) {
+    EXPECT_EQ(endMatch(500, ""), "summary name table ");
+    EXPECT_EQ(bytes().substr(0, 18), "          \x02\0\x03\0\xF4\x01\0\0"s) << "an empty name is a name";
+    put(fullTable);
+    EXPECT_EQ(endMatch(100), "summary ");
+    EXPECT_EQ(endMatch(600), "summary name table ");
+    EXPECT_EQ(bytes().substr(18), fullTable.substr(0, 72));
+}
+
 TEST_F(ScoreFile, WhatIsNoOrdinaryFileIsReportedAndLeftAlone) {
     const std::string noFile = "75 - Path/File access error: " + path;
     struct {
@@ -150,18 +233,17 @@ TEST_F(ScoreFile, WhatIsNoOrdinaryFileIsReportedAndLeftAlone) {
         row.make();
         const auto type = fs::symlink_status(path).type();
         const size_t before = sim::messages().size();
-        EXPECT_TRUE(gblnfHiScoreFileIsThere());
-        EXPECT_FALSE(gblnfReadHiScoreFile());
-        ASSERT_EQ(sim::messages().size(), before + 1);
+        EXPECT_EQ(endMatch(500), "summary ") << "no name is asked for in vain";
+        ASSERT_EQ(sim::messages().size(), before + 1) << "told once";
         EXPECT_EQ(sim::messages().back(), report("gblnfReadHiScoreFile", row.failure));
         gsSaveHiScore();
         ASSERT_EQ(sim::messages().size(), before + 2);
         EXPECT_EQ(sim::messages().back(), report("gsSaveHiScore", row.failure));
+        EXPECT_TRUE(playsOn());
         EXPECT_EQ(fs::symlink_status(path).type(), type);
         fs::remove(path);
         EXPECT_TRUE(fs::is_empty(fs::path(path).parent_path())) << "nothing was made beside it";
     }
-    EXPECT_FALSE(gblnfHiScoreFileIsThere());
 }
 
 TEST_F(ScoreFile, ALinkToAFileIsThatFile) {
@@ -193,16 +275,17 @@ TEST_F(ScoreFile, AFullDiskAndACutOffWriteLeaveWhatWasThere) {
             SCOPED_TRACE(std::to_string(length) + " bytes, room for " + std::to_string(room));
             const std::string before = (fullTable + "trail").substr(0, length);
             put(before);
-            gaudtHiScore = {};
             const size_t messages = sim::messages().size();
             {
                 const SmallDisk disk(room);
-                gsSaveHiScore();
+                EXPECT_EQ(endMatch(600), "summary name table ");
             }
             EXPECT_EQ(bytes(), before);
-            ASSERT_EQ(sim::messages().size(), messages + 1);
+            EXPECT_EQ(scores().size(), std::min<size_t>(length / 18, 5)) << "the table is again the file's";
+            ASSERT_EQ(sim::messages().size(), messages + 1) << "told once";
             EXPECT_EQ(sim::messages().back(), report("gsSaveHiScore", "61 - Disk full: " + path));
         }
+    EXPECT_TRUE(playsOn());
 }
 
 /// Runs as a user without the rights of root, in a process of its own, and ends that; true must come back.
@@ -220,21 +303,18 @@ TEST_F(ScoreFileDeathTest, WithoutTheRightToWriteNothingIsLost) {
     const fs::path folder = fs::path(path).parent_path();
     fs::permissions(folder, fs::perms(0755));
     fs::permissions(path, fs::perms(0444));
-    const auto bothAreDenied = [&] {
+    const auto readingIsDenied = [&] {
         asOrdinaryUser([&] {
-            EXPECT_TRUE(gblnfHiScoreFileIsThere());
-            EXPECT_FALSE(gblnfReadHiScoreFile());
-            gsSaveHiScore();
-            const std::string failure = "70 - Permission denied: " + path;
-            return sim::messages() ==
-                   std::vector{report("gblnfReadHiScoreFile", failure), report("gsSaveHiScore", failure)};
+            EXPECT_EQ(endMatch(600), "summary ");
+            EXPECT_EQ(sim::messages(), std::vector{report("gblnfReadHiScoreFile", "70 - Permission denied: " + path)});
+            return playsOn();
         });
     };
     const auto ended = ::testing::ExitedWithCode(EXIT_SUCCESS);
-    EXPECT_EXIT(bothAreDenied(), ended, "") << "a read-only file";
+    EXPECT_EXIT(readingIsDenied(), ended, "") << "a read-only file";
     fs::permissions(path, fs::perms(0644));
     fs::permissions(folder, fs::perms(0600));
-    EXPECT_EXIT(bothAreDenied(), ended, "") << "a folder that can't be looked into";
+    EXPECT_EXIT(readingIsDenied(), ended, "") << "a folder that can't be looked into";
     fs::permissions(folder, fs::perms(0755));
     EXPECT_EQ(bytes(), fullTable);
 
@@ -242,9 +322,9 @@ TEST_F(ScoreFileDeathTest, WithoutTheRightToWriteNothingIsLost) {
     fs::permissions(folder, fs::perms(0555));
     const auto savingIsDenied = [&] {
         asOrdinaryUser([&] {
-            EXPECT_FALSE(gblnfHiScoreFileIsThere());
-            gsSaveHiScore();
-            return sim::messages() == std::vector{report("gsSaveHiScore", "70 - Permission denied: " + path)};
+            EXPECT_EQ(endMatch(600), "summary name table ");
+            EXPECT_EQ(sim::messages(), std::vector{report("gsSaveHiScore", "70 - Permission denied: " + path)});
+            return playsOn();
         });
     };
     EXPECT_EXIT(savingIsDenied(), ended, "") << "a read-only folder without a file";

@@ -5,11 +5,16 @@
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
+#include <filesystem>
 #include <functional>
 
 #include "frmMain.h"
+#include "hiscores/frmGetName.h"
+#include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
+#include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
+#include "platform/desktop.h"
 #include "play/frmChooseTiles.h"
 #include "scoring/frmBreakDown.h"
 #include "tests/windowFixture.h"
@@ -190,6 +195,12 @@ TEST_F(Window, AnySwiftKeysAndClicksLeaveASoundGame) {
         for (QWidget* widget : window->findChildren<QWidget*>())
             if (widget->toolTip() == toolTip) QTest::mouseClick(widget, Qt::LeftButton);
     });
+    // The table opens inside the fingers' own turn, so that they can't close it.
+    QTimer otherHand;
+    QObject::connect(&otherHand, &QTimer::timeout, window, [&] {
+        if (gfrmHiScore.isOpen()) press(Qt::Key_Escape);
+    });
+    otherHand.start(5);
     fingers.start(2);
     EXPECT_TRUE(waitFor([&] { return game->mintTilesDropped > 10; }));
     EXPECT_TRUE(waitFor([&] { return gfrmChooseTiles.empty(); }));
@@ -200,6 +211,96 @@ TEST_F(Window, AnySwiftKeysAndClicksLeaveASoundGame) {
         for (const CellInfo& place : row) tiles += place.Filled ? 1 : 0;
     for (const CellInfo& slot : game->EarnedTiles) tiles += slot.Filled ? 1 : 0;
     EXPECT_EQ(tiles, tileCount);
+}
+
+/// No score file lies beside the program while this lives; one that lay there comes back.
+struct NoScoreFile {
+    NoScoreFile() {
+        if (std::filesystem::exists(path)) std::filesystem::rename(path, aside);
+    }
+    ~NoScoreFile() {
+        std::filesystem::remove(path);
+        if (std::filesystem::exists(aside)) std::filesystem::rename(aside, path);
+    }
+    const std::string path = platform::programFile("HiScore.dat");
+    const std::string aside = path + ".aside";
+};
+
+/// How many pixels of a row of the table, from its name to its score, are as dark as its letters.
+int inkOfRow(const platform::Surface& surface, int row) {
+    const int top = 138 + 32 * (row - 1);
+    int ink = 0;
+    for (int y = top; y < top + 18; ++y)
+        for (int x = 66; x < 445; ++x)
+            if ((surface.point(x, y) & 0xC0C0C0) == 0) ++ink;
+    return ink;
+}
+
+TEST_F(Window, AMatchEntersTheTableAndTheNextRunShowsIt) {
+    const NoScoreFile noFile;
+    startMatch();
+    game->mlngScore = 640;
+    game->mintRoundsPlayed = gintNumRounds;
+    // Enter is held from the summary on: it closes nothing more until it is let go.
+    once([] { return gfrmGameSummary.isOpen(); }, [&] { QTest::keyPress(window, Qt::Key_Return); });
+    bool named = false, shown = false;
+    once([] { return gfrmGetName.isOpen(); },
+         [&] {
+             QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+             QApplication::sendEvent(window, &again);
+             EXPECT_TRUE(gfrmGetName.isOpen());
+             QTest::keyRelease(window, Qt::Key_Return);
+             QTest::keyClicks(QApplication::focusWidget(), "Zoe x12345678");
+             EXPECT_EQ(gfrmGetName->txtName.text(), "Zoe x12345");
+             named = true;
+             press(Qt::Key_Return);
+         });
+    platform::Surface table;
+    const auto lookAtTable = [&] {
+        shown = true;
+        table = gfrmHiScore->form.surface();
+        EXPECT_GT(inkOfRow(table, 1), 50);
+        EXPECT_EQ(inkOfRow(table, 2), 0);
+        press(Qt::Key_Escape);
+    };
+    once([] { return gfrmHiScore.isOpen(); }, lookAtTable);
+    EXPECT_TRUE(waitFor([&] { return shown && gfrmHiScore.empty(); }));
+    EXPECT_TRUE(named);
+
+    TearDown();
+    gaudtHiScore = {};
+    SetUp();
+    const platform::Surface before = table;
+    shown = false;
+    once([] { return gfrmHiScore.isOpen(); }, lookAtTable);
+    click("High Scores");
+    EXPECT_TRUE(shown);
+    EXPECT_EQ(gaudtHiScore[1].strName.text(), "Zoe x12345");
+    EXPECT_EQ(gaudtHiScore[1].lngScore, 640);
+    int different = 0;
+    for (int y = 0; y < table.height(); ++y)
+        for (int x = 0; x < table.width(); ++x) different += table.point(x, y) != before.point(x, y) ? 1 : 0;
+    EXPECT_EQ(different, 0);
+}
+
+TEST_F(Window, AStrikeIsSeenAtOnceAndGoesWithAKey) {
+    startMatch();
+    nextTile(1);
+    QTest::qWait(50);
+    // What the player sees of the rectangle, below the toolbar and beside the earned tiles.
+    const QRect rectangle(580, 28, 200, 140);
+    const auto look = [&] { return window->grab(rectangle).toImage(); };
+    const QImage before = look();
+    game->mblnLightningDue = true;
+    game->msDrawLightning();
+    const QImage struck = look();
+    EXPECT_NE(struck, before);
+    int bright = 0;
+    for (int y = 0; y < struck.height(); ++y)
+        for (int x = 0; x < struck.width(); ++x) bright += qGray(struck.pixel(x, y)) > 200 ? 1 : 0;
+    EXPECT_GT(bright, 100);
+    press(Qt::Key_Up);
+    EXPECT_EQ(look(), before);
 }
 
 using WindowDeathTest = Window;

@@ -12,42 +12,42 @@ constexpr size_t recordLength = 18;
 constexpr size_t tableLength = hiScoreRows * recordLength;
 constexpr int bitsOfAByte = 8;
 
-std::string mstrfHiScorePath() { return platform::programFile("HiScore.dat"); }
+std::string scoreFilePath() { return platform::programFile("HiScore.dat"); }
 
 template <class Number>
-Number mfNumberAt(const std::string& strBytes, size_t at) {
+Number numberAt(const std::string& bytes, size_t at) {
     uint32_t value = 0;
     for (size_t i = 0; i < sizeof(Number); ++i)
-        value |= uint32_t{static_cast<unsigned char>(strBytes[at + i])} << (bitsOfAByte * i);
+        value |= uint32_t{static_cast<unsigned char>(bytes[at + i])} << (bitsOfAByte * i);
     return static_cast<Number>(value);
 }
 
 template <class Number>
-void msAppendNumber(std::string& strBytes, Number number) {
+void appendNumber(std::string& bytes, Number number) {
     for (size_t i = 0; i < sizeof(Number); ++i)
-        strBytes += static_cast<char>(static_cast<uint32_t>(number) >> (bitsOfAByte * i) & 0xFF);
+        bytes += static_cast<char>(static_cast<uint32_t>(number) >> (bitsOfAByte * i) & 0xFF);
 }
 
-HiScoreRecord mudtfRecordFrom(const std::string& strBytes) {
-    HiScoreRecord udtRecord;
-    udtRecord.strName.setBytes(strBytes.substr(nameAt, roundsAt));
-    udtRecord.intRounds = mfNumberAt<int16_t>(strBytes, roundsAt);
-    udtRecord.intLevel = mfNumberAt<int16_t>(strBytes, levelAt);
-    udtRecord.lngScore = mfNumberAt<int32_t>(strBytes, scoreAt);
-    return udtRecord;
+HiScoreRecord recordFrom(const std::string& bytes) {
+    HiScoreRecord record;
+    record.strName.setBytes(bytes.substr(nameAt, roundsAt));
+    record.intRounds = numberAt<int16_t>(bytes, roundsAt);
+    record.intLevel = numberAt<int16_t>(bytes, levelAt);
+    record.lngScore = numberAt<int32_t>(bytes, scoreAt);
+    return record;
 }
 
 }  // namespace
 
-bool gblnfHiScoreFileIsThere() { return platform::isThere(mstrfHiScorePath()); }
+bool gblnfHiScoreFileIsThere() { return platform::isThere(scoreFilePath()); }
 
 bool gblnfReadHiScoreFile() {
     return guarded("gblnfReadHiScoreFile", [&] {
-        const std::string strBytes = platform::File(mstrfHiScorePath()).read(tableLength);
+        const std::string bytes = platform::File(scoreFilePath()).read(tableLength);
         for (int row = 1; row <= hiScoreRows; ++row) {
             const size_t at = static_cast<size_t>(row - 1) * recordLength;
-            const bool blnWhole = at + recordLength <= strBytes.size();
-            gaudtHiScore[row] = blnWhole ? mudtfRecordFrom(strBytes.substr(at, recordLength)) : HiScoreRecord{};
+            const bool whole = at + recordLength <= bytes.size();
+            gaudtHiScore[row] = whole ? recordFrom(bytes.substr(at, recordLength)) : HiScoreRecord{};
         }
         return true;
     });
@@ -55,13 +55,13 @@ bool gblnfReadHiScoreFile() {
 
 void gsSaveHiScore() {
     guarded("gsSaveHiScore", [&] {
-        std::string strBytes;
-        for (const HiScoreRecord& udtRecord : gaudtHiScore) {
-            strBytes += udtRecord.strName.bytes();
-            msAppendNumber(strBytes, udtRecord.intRounds);
-            msAppendNumber(strBytes, udtRecord.intLevel);
-            msAppendNumber(strBytes, udtRecord.lngScore);
+        std::string bytes;
+        for (const HiScoreRecord& record : gaudtHiScore) {
+            bytes += record.strName.bytes();
+            appendNumber(bytes, record.intRounds);
+            appendNumber(bytes, record.intLevel);
+            appendNumber(bytes, record.lngScore);
         }
-        platform::File(mstrfHiScorePath()).write(strBytes);
+        platform::File(scoreFilePath()).write(bytes);
     });
 }

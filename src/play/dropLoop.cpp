@@ -1,4 +1,5 @@
 #include "frmMain.h"
+#include "hiscores/frmHiScore.h"
 #include "match/frmGameSummary.h"
 #include "platform/desktop.h"
 #include "platform/form.h"
@@ -89,6 +90,7 @@ void frmMain::msEndMatch() {
     msMusicStop();
     gfrmGameSummary->msLoadFormVariables(mintRoundsPlayed, mintGamesPlayed, mintGamesWon);
     gfrmGameSummary.showModal();
+    if (mlngScore != 0 && mblnfHiScore()) gfrmHiScore.showModal();
 }
 
 void frmMain::Form_KeyDown(int keyCode) {

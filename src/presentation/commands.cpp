@@ -1,5 +1,7 @@
 #include "forms/frmAbout.h"
 #include "frmMain.h"
+#include "hiscores/frmGetName.h"
+#include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
@@ -19,8 +21,8 @@ constexpr char helpFile[] = "ZQT.hlp";
 }  // namespace
 
 void gsClearAllForms() {
-    gsClearObjects(gfrmAbout, gfrmBitmaps, gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary,
-                   gfrmRoundsSetting, gfrmMain);
+    gsClearObjects(gfrmAbout, gfrmBitmaps, gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary, gfrmGetName,
+                   gfrmHiScore, gfrmRoundsSetting, gfrmMain);
 }
 
 void frmMain::msStartAnew() {
@@ -57,6 +59,7 @@ void frmMain::msToggleMusicOn() {
 
 void frmMain::msShowHighScores() {
     msHoldFall();
+    gfrmHiScore.showModal();
     msResumeFall();
 }
 

@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "hiscores/frmGetName.h"
+#include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
@@ -47,7 +49,7 @@ bool Player::answerDialog() {
         drawSeat();
     else if (gfrmRoundsSetting.isOpen())
         spinRounds();
-    else if (gfrmBreakDown.isOpen() || gfrmGameSummary.isOpen())
+    else if (gfrmBreakDown.isOpen() || gfrmGameSummary.isOpen() || gfrmGetName.isOpen() || gfrmHiScore.isOpen())
         hands_.press(Qt::Key_Return);
     else
         return false;

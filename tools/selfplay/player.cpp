@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "frmMain.h"
+#include "hiscores/frmGetName.h"
+#include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
@@ -48,7 +50,10 @@ bool Player::answerDialog() {
         drawSeat();
     } else if (gfrmRoundsSetting.isOpen()) {
         spinRounds();
-    } else if (gfrmBreakDown.isOpen() || gfrmGameSummary.isOpen()) {
+    } else if (gfrmGetName.isOpen()) {
+        sim::typeText("Velmora");
+        sim::pressKey(platform::key::Enter);
+    } else if (gfrmBreakDown.isOpen() || gfrmGameSummary.isOpen() || gfrmHiScore.isOpen()) {
         sim::pressKey(platform::key::Enter);
     } else {
         return false;

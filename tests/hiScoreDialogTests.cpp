@@ -1,0 +1,217 @@
+// The view of the table of high scores, and the dialog that asks for a name.
+
+#include <filesystem>
+#include <fstream>
+
+#include "hiscores/frmGetName.h"
+#include "hiscores/frmHiScore.h"
+#include "match/frmGameSummary.h"
+#include "modZQT.h"
+#include "platform/desktop.h"
+#include "platform/pictures.h"
+#include "platform/sim/simulation.h"
+#include "presentation/buttons.h"
+#include "tests/gameFixture.h"
+
+namespace {
+
+using namespace platform::key;
+
+constexpr platform::Color grey = 0x404040, dark = 0;
+
+struct Row {
+    const char* name;
+    int rounds, level, score;
+};
+
+class HiScoreDialogs : public GameFixture {
+  protected:
+    void SetUp() override {
+        GameFixture::SetUp();
+        gaudtHiScore = {};
+    }
+
+    static void putTable(const std::vector<Row>& rows) {
+        gaudtHiScore = {};
+        int number = 0;
+        for (const Row& row : rows) {
+            HiScoreRecord& record = gaudtHiScore[++number];
+            record.strName = row.name;
+            record.intRounds = narrow16(row.rounds);
+            record.intLevel = narrow16(row.level);
+            record.lngScore = row.score;
+        }
+        gsSaveHiScore();
+        gaudtHiScore = {};
+    }
+
+    /// Opens the table by its button, does something there and leaves it.
+    static void inTable(const std::function<void()>& action) {
+        bool done = false;
+        sim::post([&] {
+            ASSERT_TRUE(gfrmHiScore.isOpen());
+            action();
+            done = true;
+            sim::pressKey(Escape);
+        });
+        sim::clickToolButton(Button::HighScores);
+        EXPECT_TRUE(done);
+    }
+
+    /// Opens the dialog for a score and does something there; it must close by that.
+    static void inDialog(int32_t score, const std::function<void()>& action) {
+        sim::post(action);
+        gfrmGetName->msLoadFormVariables(score);
+        gfrmGetName.showModal();
+    }
+
+    /// Where a dialog lies, in twips from the main window's corner, and its size in pixels.
+    std::vector<double> placeOf(const platform::Form& form) const {
+        return {form.left() - game->form.left(), form.top() - game->form.top(), 1.0 * form.scaleWidth(),
+                1.0 * form.scaleHeight()};
+    }
+};
+
+std::string texts(const platform::Surface& surface) {
+    std::string all;
+    for (const platform::PrintedText& text : surface.texts) {
+        EXPECT_EQ(text.font.name, "Times New Roman");
+        EXPECT_EQ(text.font.points, 12);
+        EXPECT_TRUE(text.font.bold);
+        EXPECT_TRUE(text.color == grey || text.color == dark) << text.color;
+        all += (text.color == grey ? "grey " : "") + text.text + '@' + std::to_string(text.left) + ',' +
+               std::to_string(text.top) + '\n';
+    }
+    return all;
+}
+
+TEST_F(HiScoreDialogs, TheTableStandsWhereItsPictureHasRoom) {
+    putTable(
+        {{"ANN", 4, 2, 123456}, {" Zoë €", 100, 5, 500}, {"          ", 1, 1, 7}, {"x", 9, 9, 0}, {"bad", 1, 1, -12}});
+    inTable([&] {
+        EXPECT_EQ(placeOf(gfrmHiScore->form), std::vector({147.5 * 15, 115.0 * 15, 500.0, 351.0}));
+        // A letter of this size is nine pixels wide here, so that the scores end at 445.
+        EXPECT_EQ(texts(gfrmHiScore->form.surface()),
+                  "grey ANN@65,137\ngrey 4@229,137\ngrey 2@321,137\ngrey 123456@390,137\n"
+                  "ANN@66,138\n4@230,138\n2@322,138\n123456@391,138\n"
+                  "grey Zoë €@65,169\ngrey 100@229,169\ngrey 5@321,169\ngrey 500@417,169\n"
+                  "Zoë €@66,170\n100@230,170\n5@322,170\n500@418,170\n"
+                  "grey @65,201\ngrey 1@229,201\ngrey 1@321,201\ngrey 7@435,201\n"
+                  "@66,202\n1@230,202\n1@322,202\n7@436,202\n"
+                  "grey bad@65,265\ngrey 1@229,265\ngrey 1@321,265\ngrey -12@417,265\n"
+                  "bad@66,266\n1@230,266\n1@322,266\n-12@418,266\n");
+        const platform::Surface ground(platform::pictureByNumber(104));
+        int different = 0;
+        for (int y = 0; y < 351; ++y)
+            for (int x = 0; x < 500; ++x)
+                if (gfrmHiScore->form.surface().point(x, y) != ground.point(x, std::min(y, 349))) ++different;
+        EXPECT_EQ(different, 0) << "the picture, its last line twice";
+    });
+}
+
+TEST_F(HiScoreDialogs, TheTableIsReadAnewAtEachShowing) {
+    inTable([] { EXPECT_EQ(texts(gfrmHiScore->form.surface()), "") << "no file yet"; });
+    EXPECT_FALSE(std::filesystem::exists(platform::programFile("HiScore.dat")));
+    putTable({{"A", 1, 1, 5}});
+    inTable([] { EXPECT_NE(texts(gfrmHiScore->form.surface()).find("A@66"), std::string::npos); });
+    putTable({{"B", 1, 1, 5}});
+    inTable([] { EXPECT_EQ(texts(gfrmHiScore->form.surface()).find("A@66"), std::string::npos); });
+    std::filesystem::remove(platform::programFile("HiScore.dat"));
+    std::filesystem::create_directory(platform::programFile("HiScore.dat"));
+    inTable([] { EXPECT_EQ(sim::messages().size(), 1u) << "told once, and shown all the same"; });
+}
+
+TEST_F(HiScoreDialogs, EnterOrEscapeClosesTheTableAndTheFallGoesOn) {
+    for (const int key : {int{Enter}, int{Escape}}) {
+        beginHand();
+        sim::post([&] {
+            EXPECT_FALSE(game->Timer1.enabled());
+            for (const int other : {int{Space}, int{Left}, int{Tab}, int{'Q'}}) sim::pressKey(other);
+            EXPECT_TRUE(gfrmHiScore.isOpen()) << key;
+            sim::pressKey(key);
+        });
+        sim::clickToolButton(Button::HighScores);
+        EXPECT_TRUE(gfrmHiScore.empty());
+        EXPECT_TRUE(game->Timer1.enabled());
+    }
+}
+
+TEST_F(HiScoreDialogs, ANameIsWhatTheKeysMayType) {
+    struct {
+        const char* what;
+        std::function<void()> type;
+        const char* name;
+    } const cases[] = {
+        {"either case", [] { sim::typeText("aBcXyZ 09"); }, "aBcXyZ 09"},
+        {"signs", [] { sim::typeText("~!@#$%^&*("); }, "~!@#$%^&*("},
+        {"more signs", [] { sim::typeText(")_+`-={}|["); }, ")_+`-={}|["},
+        {"the last signs", [] { sim::typeText("]\\:\";'<>?,./"); }, "]\\:\";'<>?,"},
+        {"a stop and a slash", [] { sim::typeText("./"); }, "./"},
+        {"other letters are dropped", [] { sim::typeText("Zoë£中x"); }, "Zox"},
+        {"an eleventh key is refused", [] { sim::typeText("12345678901"); }, "1234567890"},
+        {"nothing is trimmed", [] { sim::typeText("  a "); }, "  a "},
+        {"pasted", [] { sim::pasteText("Zoë 中€"); }, "Zoë 中€"},
+        {"pasted and too long", [] { sim::pasteText("ääääääääääääää"); }, "ääääääääää"},
+        {"other keys close nothing",
+         [] {
+             for (const int key : {int{Escape}, int{Tab}, int{Left}, int{Up}}) sim::pressKey(key);
+             EXPECT_TRUE(gfrmGetName.isOpen());
+         },
+         ""},
+    };
+    for (const auto& row : cases) {
+        inDialog(1, [&] {
+            row.type();
+            sim::pressKey(Enter);
+        });
+        EXPECT_EQ(gfrmGetName->mprpName(), row.name) << row.what;
+    }
+}
+
+TEST_F(HiScoreDialogs, TheNameDialogTellsTheScoreAndBeginsEmpty) {
+    const frmGetName* const object = gfrmGetName.hold().get();
+    EXPECT_EQ(gfrmGetName->mprpName(), "");
+    inDialog(1234567, [&] {
+        EXPECT_EQ(placeOf(gfrmGetName->form), std::vector({249.0 * 15, 211.0 * 15, 297.0, 159.0}));
+        EXPECT_EQ(gfrmGetName->sspCongratulations.caption(), "Congratulations!  You Have A High Score Of 1234567!");
+        EXPECT_EQ(gfrmGetName->sspEnterName.caption(), " Enter Your Name");
+        EXPECT_TRUE(gfrmGetName->txtName.hasFocus());
+        sim::typeText("Ann");
+        sim::pressKey(Enter);
+    });
+    inDialog(-5, [&] {
+        EXPECT_EQ(gfrmGetName->mprpName(), "Ann") << "as long as no other is accepted";
+        EXPECT_EQ(gfrmGetName->txtName.text(), "");
+        EXPECT_EQ(gfrmGetName->sspCongratulations.caption(), "Congratulations!  You Have A High Score Of -5!");
+        gfrmGetName->txtName.setText("Bob");
+        gfrmGetName->txtName.onGotFocus();
+        EXPECT_EQ(gfrmGetName->txtName.selStart(), 0);
+        EXPECT_EQ(gfrmGetName->txtName.selLength(), 3);
+        gfrmGetName->txtName.setEnabled(false);  // Enter then comes to the form alone.
+        sim::pressKey(Space);
+        EXPECT_TRUE(gfrmGetName.isOpen());
+        sim::pressKey(Enter);
+    });
+    EXPECT_EQ(gfrmGetName->mprpName(), "Bob");
+    EXPECT_EQ(gfrmGetName.hold().get(), object);
+    EXPECT_FALSE(gfrmGetName.isOpen());
+    gfrmGetName->txtName.setEnabled(true);
+}
+
+TEST_F(HiScoreDialogs, APressOfEnterAnswersOneDialogAlone) {
+    beginHand();
+    game->mlngScore = 5;
+    gintNumRounds = game->mintRoundsPlayed = 1;
+    std::string opened;
+    sim::setHands([&] {
+        if (sim::modalDepth() == 0) return;
+        opened += gfrmGameSummary.isOpen() ? "s" : gfrmGetName.isOpen() ? "n" : "t";
+        if (opened.size() % 5 == 0) sim::keyUp(Enter);
+        sim::keyDown(Enter);  // held over many turns
+    });
+    sim::runFor(1000);
+    sim::setHands({});
+    EXPECT_EQ(opened, "snnnnttttt");
+}
+
+}  // namespace
