@@ -74,6 +74,7 @@ TEST_F(Commands, WhatHoldsAndWhatSetsGoing) {
         for (const int button : row.buttons) {
             if (button == Button::About || button == Button::HighScores)
                 sim::post([] { sim::pressKey(platform::key::Escape); });
+            if (button == Button::Order) sim::post([] { sim::clickButton("Close"); });
             sim::clickToolButton(button);
         }
         EXPECT_EQ(game->Timer1.enabled(), row.running) << row.what;
@@ -87,6 +88,7 @@ TEST_F(Commands, NothingBeginsBeforeStartAnew) {
             if (button == Button::Level) sim::chooseMenuItem(2);
             if (button == Button::RoundsSetting || button == Button::About || button == Button::HighScores)
                 sim::pressKey(platform::key::Escape);
+            if (button == Button::Order) sim::clickButton("Close");
         });
         sim::clickToolButton(button);
         for (const int key : {37, 39, 40, 13}) sim::pressKey(key);

@@ -37,7 +37,7 @@ TEST(Lettering, IsTheProgramsOwnWhereTheDesktopHasNone) {
     } const cases[] = {
         {{"Wonton ICG", 18, false}, "Kaushan Script", "Player", 64},
         {{"Times New Roman", 12, true}, "Liberation Serif", "Rounds Played", 104},
-        {{"Courier New", 14, false}, "Liberation Mono", "ORDER FORM", 110},
+        {{"Courier New", 14, false}, "Liberation Mono", "ORDER FORM", 114},
     };
     for (const auto& row : cases) {
         ASSERT_FALSE(QFontDatabase::families().contains(row.family)) << "the desktop has it already";

@@ -184,7 +184,7 @@ TEST_F(Window, AnySwiftKeysAndClicksLeaveASoundGame) {
     startMatch();
     const Qt::Key keys[] = {Qt::Key_Down,   Qt::Key_Left, Qt::Key_Right, Qt::Key_Down,   Qt::Key_Up,    Qt::Key_Enter,
                             Qt::Key_Escape, Qt::Key_Tab,  Qt::Key_Space, Qt::Key_Return, Qt::Key_Shift, Qt::Key_A};
-    const char* const toolTips[] = {"Pause", "High Scores", "Stop", "Order", "Help", "Peek:Off", "Peek:On"};
+    const char* const toolTips[] = {"Pause", "High Scores", "Stop", "About Velmora...", "Help", "Peek:Off", "Peek:On"};
     int strokes = 0;
     QTimer fingers;
     QObject::connect(&fingers, &QTimer::timeout, window, [&] {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/runtime.h"
+#include "toolkit/input.h"
 
 namespace {
 
@@ -15,17 +16,10 @@ constexpr const char* firstPostalLine = "417 Willow Court";
 constexpr const char* secondPostalLine = "Millbrook Falls, OH 43999";
 constexpr const char* contactLine = "Questions/Comment to velmora@example.com";
 
-constexpr int32_t copyPrice = 12;  // dollars
-constexpr int amountWidth = 6;     // characters
+constexpr int amountWidth = 6;  // characters
 constexpr int stateCodeLength = 2;
 
-/// The text boxes, by their index.
-enum Box { Name, Address1, Address2, Address3, City, Country, Email, Copies };
-
-std::string trimmed(const std::string& text) {
-    const size_t first = text.find_first_not_of(' ');
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
+using namespace Box;
 
 std::string rightAligned(const std::string& amount) {
     const auto length = static_cast<int>(amount.size());
@@ -52,12 +46,12 @@ std::string copiesPrice(const OrderSheet& order) {
 std::string shippingCharge(const OrderSheet& order) { return rightAligned(std::to_string(order.mlngShipCharge)); }
 std::string total(const OrderSheet& order) { return rightAligned(order.pnlAmtDue); }
 
-template <Box box>
+template <Index box>
 std::string contentOf(const OrderSheet& order) {
-    return trimmed(order.txtOrderInfo[box]);
+    return gstrfTrim(order.txtOrderInfo[box]);
 }
 
-template <Box box>
+template <Index box>
 bool holds(const OrderSheet& order) {
     return !order.txtOrderInfo[box].empty();
 }

@@ -6,7 +6,13 @@
 
 #include "platform/printer.h"
 
-constexpr int orderBoxes = 8;  ///< Text boxes of the order form, numbered from 0.
+/// The text boxes of the order form, by their index.
+namespace Box {
+enum Index : int { Name, Address1, Address2, Address3, City, Country, Email, Copies };
+}
+
+constexpr int orderBoxes = Box::Copies + 1;
+constexpr int32_t copyPrice = 12;  ///< Dollars.
 
 /// What the order form holds when it is printed, texts as they stand in its fields.
 struct OrderSheet {

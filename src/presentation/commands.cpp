@@ -1,4 +1,5 @@
 #include "forms/frmAbout.h"
+#include "forms/frmOrder.h"
 #include "frmMain.h"
 #include "hiscores/frmGetName.h"
 #include "hiscores/frmHiScore.h"
@@ -22,7 +23,7 @@ constexpr char helpFile[] = "ZQT.hlp";
 
 void gsClearAllForms() {
     gsClearObjects(gfrmAbout, gfrmBitmaps, gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary, gfrmGetName,
-                   gfrmHiScore, gfrmRoundsSetting, gfrmMain);
+                   gfrmHiScore, gfrmOrder, gfrmRoundsSetting, gfrmMain);
 }
 
 void frmMain::msStartAnew() {
@@ -90,6 +91,7 @@ void frmMain::msStop() {
 
 void frmMain::msShowOrder() {
     msHoldFall();
+    gfrmOrder.showModal();
     msResumeFall();
 }
 

@@ -7,6 +7,9 @@
 
 // The part of modScreen that serves fields.
 
+/// All that a keyboard types, letters in capitals.
+constexpr const char* keyboardCharacters = R"(~!@#$%^&*()_+`-={}|[]\:";'<>?,./ 1234567890ABCDEFGHIJKLMNOPQRSTUVWXYZ)";
+
 /// The filter of a key press: lets a character through if it is among the allowed ones, else makes the key 0. Enter
 /// stays what it is, or becomes a Tab keystroke to the form on top.
 void gsProcessKey(int& key, const std::string& allowed, bool tabOnEnter);

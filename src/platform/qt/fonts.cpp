@@ -40,6 +40,7 @@ QFont make(const Font& font) {
     QFont made(QString::fromStdString(familyOf(font.name)));
     made.setPixelSize(std::max(1, static_cast<int>(std::lround(font.points * pixelsPerPoint))));
     made.setBold(font.bold);
+    made.setHintingPreference(QFont::PreferNoHinting);  // Widths are then the same on every desktop.
     made.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
     return made;
 }

@@ -1,0 +1,469 @@
+// The order form as a person fills it in: what its fields take, what they reckon, and what they send to the printer.
+
+#include <functional>
+
+#include "forms/frmOrder.h"
+#include "platform/desktop.h"
+#include "platform/printer.h"
+#include "platform/sim/simulation.h"
+#include "presentation/buttons.h"
+#include "tests/gameFixture.h"
+
+namespace {
+
+using namespace platform::key;
+
+constexpr const char* keyboard =
+    "`1234567890-=qwertyuiop[]\\asdfghjkl;'zxcvbnm,./ ~!@#$%^&*()_+QWERTYUIOP{}|ASDFGHJKL:\"ZXCVBNM<>?";
+
+const std::string filledIn = R"(
+                       ***** ORDER FORM *****
+
+  Name:       Ann B. Carter
+  Address:    Apt. #12
+              5 High Street
+              Old Town
+              Salem, OH 97301
+              Canada
+
+  Email:      ann@example.org
+
+  2 Copies @ US $12 each:        24
+  Shipping Charge:                5
+
+  Total:                        $29
+
+  Make check payable to Tavin Orlec.
+
+  Allow up to two weeks for delivery.
+)";
+
+enum class Ship { Nowhere, Usa, Abroad, Electronically };
+
+class OrderForm : public GameFixture {
+  protected:
+    /// Opens the form by its button and does something there; it is closed afterwards if it is still open.
+    void inForm(const std::function<void(frmOrder&)>& action) {
+        bool done = false;
+        sim::post([&] {
+            ASSERT_TRUE(gfrmOrder.isOpen());
+            action(*gfrmOrder.hold());
+            done = true;
+            if (gfrmOrder.isOpen()) sim::pressAccessKey('C');
+        });
+        sim::clickToolButton(Button::Order);
+        EXPECT_TRUE(done);
+    }
+
+    static void type(frmOrder& order, int box, const std::string& text) {
+        order.txtOrderInfo[box].setFocus();
+        sim::typeText(text);
+    }
+
+    static void paste(frmOrder& order, int box, const std::string& text) {
+        order.txtOrderInfo[box].setFocus();
+        sim::pasteText(text);
+    }
+
+    static void ship(frmOrder& order, Ship where) {
+        if (where == Ship::Usa) sim::click(order.optShipCost[0]);
+        if (where == Ship::Abroad) sim::click(order.optShipCost[1]);
+        if (where == Ship::Electronically) sim::click(order.chkECopy);
+    }
+
+    /// Types all that an order needs.
+    static void complete(frmOrder& order) {
+        type(order, Box::Name, "Ann");
+        type(order, Box::Address1, "5 High Street");
+        type(order, Box::City, "Salem");
+        type(order, Box::Copies, "3");
+        ship(order, Ship::Usa);
+        EXPECT_TRUE(order.cmdPrint.enabled());
+    }
+
+    /// Enter, and what follows from it.
+    static void enter() {
+        sim::pressKey(Enter);
+        platform::doEvents();
+    }
+
+    static std::string sheet(size_t number) {
+        std::string text;
+        for (const sim::SheetLine& line : sim::sheets().at(number)) text += line.text + "\n";
+        return text;
+    }
+};
+
+TEST_F(OrderForm, OpensEmptyOverTheTable) {
+    for (int showing = 0; showing < 2; ++showing)
+        inForm([&](frmOrder& order) {
+            EXPECT_DOUBLE_EQ(order.form.left() - game->form.left(), 149 * 15);
+            EXPECT_DOUBLE_EQ(order.form.top() - game->form.top(), 46 * 15);
+            EXPECT_EQ(order.form.scaleWidth(), 497);
+            EXPECT_EQ(order.form.scaleHeight(), 489);
+            for (const platform::TextBox& box : order.txtOrderInfo) EXPECT_EQ(box.text(), "");
+            EXPECT_EQ(order.cboOrderInfo.listCount(), 51);
+            EXPECT_EQ(order.cboOrderInfo.text(), "");
+            EXPECT_EQ(order.mskOrderInfo.text(), "     ");
+            EXPECT_FALSE(order.chkECopy.value() || order.optShipCost[0].value() || order.optShipCost[1].value());
+            EXPECT_TRUE(order.optShipCost[0].enabled() && order.optShipCost[1].enabled());
+            EXPECT_EQ(order.pnlAmtDue.caption(), "$0");
+            EXPECT_FALSE(order.cmdPrint.enabled());
+            EXPECT_TRUE(order.txtOrderInfo[0].hasFocus());
+            complete(order);
+            ship(order, Ship::Electronically);
+            order.cboOrderInfo.setFocus();
+            sim::typeText("T");
+            order.mskOrderInfo.setFocus();
+            sim::typeText("123");
+        });
+}
+
+TEST_F(OrderForm, TheAmountDueFollowsTheCopiesAndTheShipping) {
+    struct {
+        const char* copies;
+        Ship where;
+        const char* due;
+        int charge;
+    } const cases[] = {
+        {"", Ship::Nowhere, "$0", 0},
+        {"", Ship::Usa, "$0", 0},
+        {"", Ship::Abroad, "$0", 0},
+        {"", Ship::Electronically, "$0", 0},
+        {"1", Ship::Nowhere, "$12", 0},
+        {"1", Ship::Usa, "$14", 2},
+        {"1", Ship::Abroad, "$15", 3},
+        {"1", Ship::Electronically, "$12", 0},
+        {"2", Ship::Usa, "$27", 3},
+        {"2", Ship::Abroad, "$29", 5},
+        {"3", Ship::Nowhere, "$36", 0},
+        {"3", Ship::Usa, "$40", 4},
+        {"3", Ship::Abroad, "$43", 7},
+        {"3", Ship::Electronically, "$36", 0},
+        {"10", Ship::Usa, "$131", 11},
+        {"10", Ship::Abroad, "$141", 21},
+        {"2730", Ship::Nowhere, "$32760", 0},
+        {"2730", Ship::Usa, "$35491", 2731},
+        {"2730", Ship::Abroad, "$38221", 5461},
+        {"2730", Ship::Electronically, "$32760", 0},
+    };
+    for (const auto& row : cases)
+        for (const bool copiesFirst : {true, false})
+            inForm([&](frmOrder& order) {
+                if (copiesFirst) type(order, Box::Copies, row.copies);
+                ship(order, row.where);
+                if (!copiesFirst) type(order, Box::Copies, row.copies);
+                EXPECT_EQ(order.pnlAmtDue.caption(), row.due) << row.copies << " " << static_cast<int>(row.where);
+                EXPECT_EQ(order.mlngShipCharge, row.charge) << row.copies << " " << static_cast<int>(row.where);
+            });
+    EXPECT_TRUE(sim::messages().empty());
+}
+
+TEST_F(OrderForm, TooManyCopiesAreReportedAndTheLastAmountStays) {
+    inForm([](frmOrder& order) {
+        complete(order);
+        paste(order, Box::Copies, "2731");
+        EXPECT_EQ(order.pnlAmtDue.caption(), "$40");
+        EXPECT_EQ(order.mlngShipCharge, 2732);
+        EXPECT_EQ(sim::messages(), std::vector<std::string>{"Error In msCalcAmtDue: Error 6 - Overflow"});
+        EXPECT_TRUE(order.cmdPrint.enabled());
+        sim::pressAccessKey('P');
+        EXPECT_NE(sheet(0).find("2731 Copies @ US $12 each:  32772\n"), std::string::npos) << sheet(0);
+        EXPECT_NE(sheet(0).find("Total:                        $40\n"), std::string::npos) << sheet(0);
+    });
+}
+
+TEST_F(OrderForm, PastedCopiesKeepToTheLimitAndNeverFail) {
+    struct {
+        const char *pasted, *text, *due;
+        bool complete;
+        const char* report;
+    } const cases[] = {
+        {"12345", "1234", "$14808", true, ""},
+        {"abc", "abc", "$0", false, ""},
+        {"-5", "-5", "$-60", false, ""},
+        {"0000", "0000", "$0", false, ""},
+        {" 7", " 7", "$84", true, ""},
+        {"2731", "2731", "$0", true, "Error In msCalcAmtDue: Error 6 - Overflow"},
+        {"9e9", "9e9", "$0", true, "Error In msCalcAmtDue: Error 6 - Overflow"},
+        {"4e4", "4e4", "$0", true, "Error In msCalcAmtDue: Error 6 - Overflow"},
+        {"-9e9", "-9e9", "$0", false, "Error In msCalcAmtDue: Error 6 - Overflow"},
+        {"nan", "nan", "$0", false, ""},
+        {"\u4E2D\U0001F004\u0663x", "\u4E2D\U0001F004\u0663x", "$0", false, ""},
+    };
+    for (const auto& row : cases)
+        inForm([&](frmOrder& order) {
+            const size_t before = sim::messages().size();
+            type(order, Box::Name, "Ann");
+            type(order, Box::Address1, "5 High Street");
+            type(order, Box::City, "Salem");
+            paste(order, Box::Copies, row.pasted);
+            EXPECT_EQ(order.txtOrderInfo[Box::Copies].text(), row.text);
+            EXPECT_EQ(order.pnlAmtDue.caption(), row.due) << row.pasted;
+            EXPECT_EQ(sim::messages().size() > before ? sim::messages().back() : "", row.report) << row.pasted;
+            ship(order, Ship::Usa);
+            EXPECT_EQ(order.cmdPrint.enabled(), row.complete) << row.pasted;
+            const size_t sheets = sim::sheets().size();
+            sim::pressAccessKey('P');
+            EXPECT_EQ(sim::sheets().size(), sheets + (row.complete ? 1 : 0)) << row.pasted;
+        });
+}
+
+TEST_F(OrderForm, PrintWaitsUntilTheOrderIsComplete) {
+    struct {
+        const char* what;
+        std::function<void(frmOrder&)> change;
+        bool complete;
+    } const cases[] = {
+        {"complete", [](frmOrder&) {}, true},
+        {"no name", [](frmOrder& o) { o.txtOrderInfo[Box::Name].setText(""); }, false},
+        {"a name of blanks", [](frmOrder& o) { o.txtOrderInfo[Box::Name].setText("   "); }, false},
+        {"no address", [](frmOrder& o) { o.txtOrderInfo[Box::Address1].setText(""); }, false},
+        {"no city", [](frmOrder& o) { o.txtOrderInfo[Box::City].setText(" "); }, false},
+        {"no copies", [](frmOrder& o) { o.txtOrderInfo[Box::Copies].setText(""); }, false},
+        {"0 copies", [](frmOrder& o) { o.txtOrderInfo[Box::Copies].setText("0"); }, false},
+        {"electronically, without e-mail", [](frmOrder& o) { ship(o, Ship::Electronically); }, false},
+        {"electronically, with blanks", [](frmOrder& o) { ship(o, Ship::Electronically), sim::typeText("  "); }, false},
+        {"electronically, with e-mail", [](frmOrder& o) { ship(o, Ship::Electronically), sim::typeText("a@b"); }, true},
+        {"the choice undone",
+         [](frmOrder& o) { ship(o, Ship::Electronically), sim::typeText("a@b"), ship(o, Ship::Electronically); },
+         false},
+        {"all else besides",
+         [](frmOrder& o) {
+             for (const int box : {Box::Address2, Box::Address3, Box::Country, Box::Email})
+                 o.txtOrderInfo[box].setText("x");
+             o.cboOrderInfo.setListIndex(7);
+         },
+         true},
+    };
+    for (const auto& row : cases)
+        inForm([&](frmOrder& order) {
+            complete(order);
+            row.change(order);
+            order.txtOrderInfo[Box::Country].setFocus();
+            sim::pressKey(Left);  // A key let go in any box looks at the order again.
+            EXPECT_EQ(order.cmdPrint.enabled(), row.complete) << row.what;
+        });
+}
+
+TEST_F(OrderForm, AnElectronicCopyTakesThePlaceOfShipping) {
+    inForm([](frmOrder& order) {
+        complete(order);
+        ship(order, Ship::Electronically);
+        EXPECT_EQ(order.pnlAmtDue.caption(), "$36");
+        EXPECT_EQ(order.mintShipOption, -1);
+        EXPECT_FALSE(order.optShipCost[0].value() || order.optShipCost[0].enabled() || order.optShipCost[1].enabled());
+        EXPECT_FALSE(order.cmdPrint.enabled());
+        EXPECT_TRUE(order.txtOrderInfo[Box::Email].hasFocus());
+        ship(order, Ship::Usa);
+        EXPECT_EQ(order.mintShipOption, -1) << "it is disabled";
+
+        ship(order, Ship::Electronically);
+        EXPECT_EQ(order.pnlAmtDue.caption(), "$36") << "nothing is chosen any more";
+        EXPECT_FALSE(order.optShipCost[0].value() || order.optShipCost[1].value());
+        EXPECT_TRUE(order.optShipCost[0].enabled() && order.optShipCost[1].enabled());
+        ship(order, Ship::Abroad);
+        EXPECT_EQ(order.pnlAmtDue.caption(), "$43");
+
+        type(order, Box::Email, "a@b");
+        ship(order, Ship::Electronically);
+        EXPECT_TRUE(order.chkECopy.hasFocus()) << "the address is there already";
+        EXPECT_TRUE(order.cmdPrint.enabled());
+    });
+}
+
+TEST_F(OrderForm, EachBoxTakesItsOwnCharacters) {
+    const char* const name = "-qwertyuiopasdfghjkl'zxcvbnm,. &QWERTYUIOPASDFGHJKL\"ZXCVBNM";
+    const char* const address = "1234567890-qwertyuiopasdfghjkl'zxcvbnm,./ #&QWERTYUIOPASDFGHJKLZXCVBNM";
+    const char* const taken[] = {name, address, address, address, name, name, keyboard, "123456789"};
+    for (int box = 0; box < 8; ++box)
+        inForm([&](frmOrder& order) {
+            std::string all;
+            for (const char* key = keyboard; *key != 0; ++key) {
+                type(order, box, {*key});
+                all += order.txtOrderInfo[box].text();
+                order.txtOrderInfo[box].setText("");
+            }
+            type(order, box, "\u00E9\u0141\u4E2D");
+            EXPECT_EQ(all + order.txtOrderInfo[box].text(), taken[box]) << "box " << box;
+        });
+    inForm([&](frmOrder& order) {
+        order.mskOrderInfo.setFocus();
+        sim::typeText("a9-0 7");
+        EXPECT_EQ(order.mskOrderInfo.text(), "907  ");
+        order.cboOrderInfo.setFocus();
+        sim::typeText("o5 ");
+        EXPECT_EQ(order.cboOrderInfo.text(), "Ohio - OH");
+        type(order, Box::Copies, "10");
+        EXPECT_EQ(order.txtOrderInfo[Box::Copies].text(), "10");
+    });
+}
+
+TEST_F(OrderForm, PastedTextKeepsToTheLimits) {
+    const std::string hundred(100, 'x');
+    for (int box = 0; box < 8; ++box)
+        inForm([&](frmOrder& order) {
+            paste(order, box, hundred);
+            EXPECT_EQ(order.txtOrderInfo[box].text(), std::string(box == 7 ? 4 : 50, 'x')) << "box " << box;
+        });
+}
+
+TEST_F(OrderForm, WhatAFieldHoldsIsSelectedAsItGetsTheFocus) {
+    inForm([](frmOrder& order) {
+        for (platform::TextBox& box : order.txtOrderInfo) box.setText("7777");
+        for (int box = 7; box >= 0; --box) {
+            order.txtOrderInfo[box].setFocus();
+            EXPECT_EQ(order.txtOrderInfo[box].selStart(), 0);
+            EXPECT_EQ(order.txtOrderInfo[box].selLength(), 4) << "box " << box;
+        }
+        order.mskOrderInfo.setFocus();
+        sim::typeText("123");
+        order.txtOrderInfo[0].setFocus();
+        order.mskOrderInfo.setFocus();
+        EXPECT_EQ(order.mskOrderInfo.selLength(), 5);
+        sim::typeText("9");
+        EXPECT_EQ(order.mskOrderInfo.text(), "9    ");
+    });
+}
+
+TEST_F(OrderForm, AddressLinesCloseUpAsABoxIsLeft) {
+    struct {
+        const char *before[3], *after[3];
+    } const cases[] = {
+        {{"", "", ""}, {"", "", ""}},     {{"a", "", ""}, {"a", "", ""}},     {{"", "b", ""}, {"b", "", ""}},
+        {{"", "", "c"}, {"c", "", ""}},   {{"a", "b", ""}, {"a", "b", ""}},   {{"a", "", "c"}, {"a", "c", ""}},
+        {{"", "b", "c"}, {"c", "b", ""}}, {{"a", "b", "c"}, {"a", "b", "c"}}, {{"  ", "b", ""}, {"b", "", ""}},
+    };
+    for (const int left : {0, 1, 2, 3, 4, 5, 6, 7})
+        for (const auto& row : cases)
+            inForm([&](frmOrder& order) {
+                order.txtOrderInfo[left].setFocus();
+                for (int line = 0; line < 3; ++line) order.txtOrderInfo[1 + line].setText(row.before[line]);
+                sim::pressKey(Tab);
+                for (int line = 0; line < 3; ++line)
+                    EXPECT_EQ(order.txtOrderInfo[1 + line].text(), row.after[line])
+                        << "line " << line << " of " << row.before[0] << row.before[1] << row.before[2] << " leaving "
+                        << left;
+                EXPECT_FALSE(order.txtOrderInfo[left].hasFocus());
+            });
+}
+
+TEST_F(OrderForm, EnterGoesOnFieldByFieldAndNeverPrints) {
+    inForm([](frmOrder& order) {
+        complete(order);
+        const platform::Control* const fields[] = {
+            &order.txtOrderInfo[0], &order.txtOrderInfo[1], &order.txtOrderInfo[2], &order.txtOrderInfo[3],
+            &order.txtOrderInfo[4], &order.cboOrderInfo,    &order.mskOrderInfo,    &order.txtOrderInfo[5],
+            &order.txtOrderInfo[6], &order.txtOrderInfo[7], &order.chkECopy,
+        };
+        order.txtOrderInfo[0].setFocus();
+        for (const platform::Control* field : fields) {
+            EXPECT_TRUE(field->hasFocus()) << "field " << &field - fields;
+            enter();
+        }
+        EXPECT_TRUE(order.chkECopy.hasFocus()) << "where Enter does nothing";
+        EXPECT_FALSE(order.chkECopy.value());
+        order.optShipCost[0].setFocus();
+        enter();
+        EXPECT_TRUE(sim::sheets().empty());
+        EXPECT_TRUE(gfrmOrder.isOpen());
+    });
+}
+
+TEST_F(OrderForm, TabGoesRoundTheForm) {
+    inForm([](frmOrder& order) {
+        complete(order);
+        const platform::Control* const fields[] = {
+            &order.txtOrderInfo[0], &order.txtOrderInfo[1], &order.txtOrderInfo[2], &order.txtOrderInfo[3],
+            &order.txtOrderInfo[4], &order.cboOrderInfo,    &order.mskOrderInfo,    &order.txtOrderInfo[5],
+            &order.txtOrderInfo[6], &order.txtOrderInfo[7], &order.chkECopy,        &order.optShipCost[0],
+            &order.cmdPrint,        &order.cmdClose,        &order.txtOrderInfo[0],
+        };
+        order.txtOrderInfo[0].setFocus();
+        for (const platform::Control* field : fields) {
+            EXPECT_TRUE(field->hasFocus()) << "field " << &field - fields;
+            sim::pressKey(Tab);
+        }
+    });
+}
+
+TEST_F(OrderForm, AllThatWasFilledInIsPrintedAsOftenAsWanted) {
+    inForm([](frmOrder& order) {
+        const char* const typed[] = {"Ann B. Carter", "Apt. #12", "5 High Street",   "Old Town",
+                                     "Salem",         "Canada",   "ann@example.org", "2"};
+        for (int box = 0; box < 8; ++box) type(order, box, typed[box]);
+        order.cboOrderInfo.setFocus();
+        sim::typeText("o");
+        order.mskOrderInfo.setFocus();
+        sim::typeText("97301");
+        ship(order, Ship::Abroad);
+        sim::pressAccessKey('P');
+        EXPECT_EQ(sheet(0).substr(0, filledIn.size()), filledIn);
+        sim::click(order.chkECopy);
+        sim::pressAccessKey('P');
+        EXPECT_EQ(sheet(1).find("Allow"), std::string::npos);
+        EXPECT_NE(sheet(1).find("Shipping Charge:                0\n"), std::string::npos);
+        EXPECT_TRUE(gfrmOrder.isOpen());
+        EXPECT_EQ(order.txtOrderInfo[Box::Name].text(), "Ann B. Carter");
+    });
+}
+
+TEST_F(OrderForm, AFailingPrinterIsReportedAndNothingTypedIsLost) {
+    struct {
+        const char* what;
+        int line;
+        bool atEnd;
+        std::vector<std::string> reports;
+        size_t lines;  // of the sheet that goes out all the same
+        const char* fontAfter;
+    } const cases[] = {
+        {"in the middle", 5, false, {"Error In msPrintOrder: Error 482 - Printer error"}, 4, "Any"},
+        {"at the end", 0, true, {"Error In msPrintOrder: Error 482 - Printer error"}, 0, "Any"},
+        {"in the middle and at the end",
+         5,
+         true,
+         {"Error In msPrintOrder: Error 482 - Printer error", "Error In cmdPrint_Click: Error 482 - Printer error"},
+         0,
+         "Courier New"},
+    };
+    for (const auto& row : cases) {
+        inForm([&](frmOrder& order) {
+            complete(order);
+            platform::printer().font = {"Any", 9, true};
+            sim::breakPrinter(row.line, row.atEnd);
+            sim::pressAccessKey('P');
+            EXPECT_EQ(sim::messages(), row.reports) << row.what;
+            EXPECT_EQ(sim::sheets().empty() ? 0 : sim::sheets()[0].size(), row.lines) << row.what;
+            EXPECT_EQ(platform::printer().font.name, row.fontAfter) << row.what;
+            EXPECT_TRUE(gfrmOrder.isOpen());
+            sim::breakPrinter(0);
+            sim::pressAccessKey('P');
+            EXPECT_EQ(sim::sheets().back().size(), 25u) << "once more, whole";
+        });
+        TearDown();
+        SetUp();
+    }
+}
+
+TEST_F(OrderForm, ClosingLetsTheFallGoOn) {
+    const std::function<void(frmOrder&)> ways[] = {
+        [](frmOrder&) { sim::pressAccessKey('C'); },
+        [](frmOrder& order) { sim::click(order.cmdClose); },
+        [](frmOrder& order) { order.cmdClose.setFocus(), sim::pressKey(Enter); },
+    };
+    for (const auto& close : ways) {
+        beginHand();
+        inForm([&](frmOrder& order) {
+            EXPECT_FALSE(game->Timer1.enabled());
+            type(order, Box::Name, "Ann");
+            for (const int key : {int{Escape}, int{Enter}, int{Left}, int{Down}}) sim::pressKey(key);
+            EXPECT_TRUE(gfrmOrder.isOpen());
+            close(order);
+            EXPECT_FALSE(gfrmOrder.isOpen());
+        });
+        EXPECT_TRUE(game->Timer1.enabled());
+    }
+    EXPECT_TRUE(sim::messages().empty());
+}
+
+}  // namespace
