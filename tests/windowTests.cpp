@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <functional>
 
+#include "forms/frmOrder.h"
 #include "frmMain.h"
 #include "hiscores/frmGetName.h"
 #include "hiscores/frmHiScore.h"
@@ -184,7 +185,7 @@ TEST_F(Window, AnySwiftKeysAndClicksLeaveASoundGame) {
     startMatch();
     const Qt::Key keys[] = {Qt::Key_Down,   Qt::Key_Left, Qt::Key_Right, Qt::Key_Down,   Qt::Key_Up,    Qt::Key_Enter,
                             Qt::Key_Escape, Qt::Key_Tab,  Qt::Key_Space, Qt::Key_Return, Qt::Key_Shift, Qt::Key_A};
-    const char* const toolTips[] = {"Pause", "High Scores", "Stop", "About Velmora...", "Help", "Peek:Off", "Peek:On"};
+    const char* const toolTips[] = {"Pause", "High Scores", "Stop", "Order", "Help", "Peek:Off", "Peek:On"};
     int strokes = 0;
     QTimer fingers;
     QObject::connect(&fingers, &QTimer::timeout, window, [&] {
@@ -195,10 +196,11 @@ TEST_F(Window, AnySwiftKeysAndClicksLeaveASoundGame) {
         for (QWidget* widget : window->findChildren<QWidget*>())
             if (widget->toolTip() == toolTip) QTest::mouseClick(widget, Qt::LeftButton);
     });
-    // The table opens inside the fingers' own turn, so that they can't close it.
+    // These open inside the fingers' own turn, so that they can't close them.
     QTimer otherHand;
     QObject::connect(&otherHand, &QTimer::timeout, window, [&] {
         if (gfrmHiScore.isOpen()) press(Qt::Key_Escape);
+        if (gfrmOrder.isOpen()) gfrmOrder->cmdClose_Click();
     });
     otherHand.start(5);
     fingers.start(2);
