@@ -328,7 +328,9 @@ void frmOrder::msPrintOrder() {
 
 void frmOrder::msShowAmtDue() {
     msCalcAmtDue();
-    pnlAmtDue.setCaption("$" + std::to_string(mlngAmtDue));
+    std::string amount = "$";
+    amount += std::to_string(mlngAmtDue);
+    pnlAmtDue.setCaption(amount);
 }
 
 bool frmOrder::mblnfFilled(int Index) const { return !gstrfTrim(txtOrderInfo[Index].text()).empty(); }
