@@ -288,7 +288,7 @@ TEST_F(Printing, EveryLetterTakesOneColumn) {
         {"of Russia", "\u041C\u0438\u0440", "\u041C\u0438\u0440"},
         {"with a mark of its own", "Rene\u0301e", "Ren\u00E9e"},
         {"with a mark that no letter has", "q\u0301x", "?x"},
-        {"a mark alone", "\u0301x", "?x"},
+        {"a mark alone", "\u0301x", "\u0301x"},
         {"wide", "\u9EBB\u5C06", "??"},
         {"an emoji", "\U0001F004x", "?x"},
         {"a family", "\U0001F468\u200D\U0001F469\u200D\U0001F467x", "?x"},
