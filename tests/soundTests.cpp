@@ -267,6 +267,16 @@ TEST_F(Sound, WhatCannotBeHeardIsSilence) {
     }
 }
 
+TEST_F(Sound, WithoutADeviceNothingIsSaid) {
+    const Variable driver("SDL_AUDIODRIVER", "alsa");
+    const Variable configuration("ALSA_CONFIG_PATH", "/dev/null");
+    const auto file = write("organ.mid", piece(organ, {{0, 900, 60}}, 1000));
+    testing::internal::CaptureStderr();
+    const uint64_t performance = thread_->begin(file);
+    await("the failure", [&] { return thread_->stateOf(performance) == State::Failed; });
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST_F(Sound, DeviceThatVanishesIsOpenedAnewByTheNextBeginning) {
     const auto file = write("organ.mid", piece(organ, {{0, 900, 60}}, 1000));
     uint64_t performance = beginAndAwaitSound(file);

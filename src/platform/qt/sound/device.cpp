@@ -1,5 +1,7 @@
 #include "platform/qt/sound/device.h"
 
+#include <dlfcn.h>
+
 #include <utility>
 
 #include "platform/qt/sound/samples.h"
@@ -9,10 +11,22 @@ namespace {
 
 constexpr Uint16 bufferFrames = 2048;
 
+void sayNothing(const char*, int, const char*, int, const char*, ...) {}
+
+/// Keeps ALSA, one of SDL's ways to a device, from writing to the terminal that there is none.
+void hushAlsa() {
+    using SetHandler = int (*)(decltype(&sayNothing));
+    void* const alsa = dlopen("libasound.so.2", RTLD_NOW | RTLD_NOLOAD);
+    if (alsa == nullptr) return;
+    const auto setHandler = reinterpret_cast<SetHandler>(dlsym(alsa, "snd_lib_error_set_handler"));
+    if (setHandler != nullptr) setHandler(sayNothing);
+}
+
 }  // namespace
 
 Device::Device(const std::string& programName, std::function<void(float* samples, int frames)> filler)
     : filler_(std::move(filler)) {
+    hushAlsa();
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, programName.c_str());
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_NAME, programName.c_str());

@@ -12,7 +12,7 @@
 namespace platform::qt {
 namespace {
 
-constexpr double gain = 0.5;        // of the synthesizer, whose own is 0.2
+constexpr double gain = 0.4;        // of the synthesizer, whose own is 0.2; leaves room for thunder
 constexpr int voices = 96;          // that sound at once at most
 constexpr int drumChannel = 9;      // counted from 0
 constexpr int midiChannels = 16;    // in a piece
