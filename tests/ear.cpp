@@ -86,7 +86,7 @@ void Ear::listen() {
 Heard Ear::heard() {
     const std::lock_guard lock(mutex_);
     std::vector<float> samples(bytes_.size() / sizeof(float));
-    std::memcpy(samples.data(), bytes_.data(), samples.size() * sizeof(float));
+    if (!samples.empty()) std::memcpy(samples.data(), bytes_.data(), samples.size() * sizeof(float));
     Heard result;
     for (size_t i = 0; i + 1 < samples.size(); i += 2) result.frames.push_back(samples[i] + samples[i + 1]);
     return result;

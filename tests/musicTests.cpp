@@ -78,6 +78,7 @@ TEST_F(GameMusic, ItFollowsTheCommands) {
         bool wanted = true;  // as the tool-tip tells
     } const rows[] = {
         {"Music before the first match waits for it", {Music}, "", false},
+        {"and pressed twice it still waits", {Music, Music}, ""},
         {"and is off when it begins", {Music, StartAnew}, "", false},
         {"or on again", {Music, Music, StartAnew}, "plays from 0"},
         {"a match plays the piece", {StartAnew}, "plays from 0"},
