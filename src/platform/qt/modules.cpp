@@ -7,6 +7,7 @@
 
 namespace platform::qt {
 
+// The folder is asked of the system, since Qt's own answer isn't for every thread.
 void* moduleEntry(const char* module, const char* entry) {
     std::error_code failure;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
