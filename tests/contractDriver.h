@@ -23,6 +23,8 @@ void pasteText(const std::string& text);       ///< The clipboard's text, by the
 void click(const platform::Control& control);  ///< With the pointer on it.
 void clickToolButton(int button);
 void clickButton(const std::string& caption);  ///< A command button of the form on top.
+void goAway();                                 ///< The keyboard goes to a window of another program.
+void comeBack();                               ///< And to the main window again.
 void chooseMenuItem(int item);                 ///< Of the menu that the next pop-up opens; 0 leaves it.
 std::string pieceOfMusic(int milliseconds);    ///< The file of a piece so long; for 0 one that is not there.
 std::string lastMessage();                     ///< "title: text" of the last message box; each is answered at once.

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -140,6 +141,44 @@ TEST_F(Contract, WaitingByDoEventsEnds) {
     });
     EXPECT_GE(ticks, 2) << "timers go on during the wait";
     EXPECT_LE(ticks, 6);
+}
+
+TEST_F(Contract, ATimerStandsStillWhileThePlayerIsAway) {
+    struct {
+        const char* what;
+        void (*change)(Timer&);  // while away, 60 ms after a timer of 100 ms was enabled
+        int ticksAfter60;        // of being back
+        int ticksAfter180;
+    } const rows[] = {
+        {"it goes on with what was left", [](Timer&) {}, 1, 2},
+        {"a changed interval counts from the return", [](Timer& t) { t.setInterval(130); }, 0, 1},
+        {"so does enabling anew", [](Timer& t) { t.setEnabled(false), t.setEnabled(true); }, 0, 1},
+        {"a disabled timer stays so", [](Timer& t) { t.setEnabled(false); }, 0, 0},
+    };
+    showMain();
+    for (const auto& row : rows) {
+        const auto [whileAway, after60, after180] = inTime(390, [&] {
+            int ticks = 0;
+            Timer timer;
+            timer.onTick = [&] { ++ticks; };
+            timer.setInterval(100);
+            timer.setEnabled(true);
+            driver::run(60);
+            driver::goAway();
+            driver::run(75);
+            row.change(timer);
+            driver::run(75);
+            const int away = ticks;
+            driver::comeBack();
+            driver::run(60);
+            const int early = ticks;
+            driver::run(120);
+            return std::tuple(away, early, ticks);
+        });
+        EXPECT_EQ(whileAway, 0) << row.what;
+        EXPECT_EQ(after60, row.ticksAfter60) << row.what;
+        EXPECT_EQ(after180, row.ticksAfter180) << row.what;
+    }
 }
 
 TEST_F(Contract, FormRunsItsHandlersOncePerShow) {
@@ -304,6 +343,21 @@ TEST_F(Contract, AHeldKeySaysThatItRepeatsUntilItIsLetGo) {
     for (const int code : {key::Down, key::Pad2, key::Up}) driver::keyUp(code);
 }
 
+TEST_F(Contract, AHeldKeyIsLetGoWhenThePlayerGoesAway) {
+    showMain();
+    noteKeys(main_->form, "main");
+    driver::keyDown(key::Down);
+    driver::goAway();
+    driver::comeBack();
+    driver::keyDown(key::Down);
+    driver::keyDown(key::Down);
+    EXPECT_EQ(trace_, "main down 40") << "it goes on to repeat, but for nobody";
+    driver::keyUp(key::Down);
+    driver::keyDown(key::Down);
+    driver::keyUp(key::Down);
+    EXPECT_EQ(trace_, "main down 40, main down 40");
+}
+
 TEST_F(Contract, OnePressOfEnterAnswersOneDialog) {
     showMain();
     Form first, second;
@@ -429,6 +483,19 @@ TEST_F(Contract, StatusEventsComeAtTheirInterval) {
     });
     EXPECT_EQ(between, 1) << "the same interval goes on";
     EXPECT_EQ(after, 1) << "an interval of 0 ends them";
+}
+
+TEST_F(Contract, StatusEventsComeWhileThePlayerIsAway) {
+    int events = 0;
+    MMControl music;
+    music.onStatusUpdate = [&] { ++events; };
+    showMain();
+    music.setUpdateInterval(20);
+    driver::goAway();
+    events = 0;
+    driver::run(100);
+    EXPECT_GE(events, 2);
+    driver::comeBack();
 }
 
 /// Opens a piece in a control for music.

@@ -1,3 +1,5 @@
+#include <gtest/gtest.h>
+
 #include <QApplication>
 #include <QClipboard>
 #include <QKeyEvent>
@@ -173,6 +175,18 @@ void clickToolButton(int button) {
 
 void clickButton(const std::string& caption) {
     clickFace<QPushButton>([&](const QPushButton& face) { return face.text().toStdString() == caption; });
+}
+
+void goAway() {
+    static QWidget& elsewhere = *new QWidget;  // The desktop would warn of a widget that outlives it.
+    elsewhere.show();
+    elsewhere.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere));
+}
+
+void comeBack() {
+    mainWindow()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(mainWindow()));
 }
 
 void chooseMenuItem(int item) { person().menuItem = item; }

@@ -26,6 +26,9 @@ void click(const platform::Control& control) { sim::click(control); }
 void clickToolButton(int button) { sim::clickToolButton(button); }
 void clickButton(const std::string& caption) { sim::clickButton(caption); }
 
+void goAway() { sim::goAway(); }
+void comeBack() { sim::comeBack(); }
+
 void chooseMenuItem(int item) {
     sim::post([item] { sim::chooseMenuItem(item); });
 }

@@ -181,6 +181,62 @@ TEST_F(Window, NothingButTheDialogOnTopTakesAClick) {
     EXPECT_FALSE(game->mblnPeek);
 }
 
+TEST_F(Window, TheFallWaitsWhileThePlayerIsAway) {
+    QWidget elsewhere;
+    elsewhere.show();
+    const auto comeBack = [&] {
+        window->activateWindow();
+        return QTest::qWaitForWindowActive(window);
+    };
+    struct {
+        const char* what;
+        std::function<void()> leave;
+    } const ways[] = {
+        {"another window", [&] { elsewhere.activateWindow(); }},
+        {"the help", [&] { click("Help"); }},
+        {"minimised", [&] { window->showMinimized(); }},
+    };
+    ASSERT_TRUE(comeBack());
+    startMatch();
+    nextTile(1);
+    const int whole = game->Timer1.interval();
+    for (const auto& way : ways) {
+        way.leave();
+        QTest::qWait(50);
+        const int row = game->mintCurRow;
+        const int tile = game->mintTilesDropped;
+        QTest::qWait(2 * whole);
+        EXPECT_EQ(game->mintCurRow, row) << way.what;
+        EXPECT_EQ(game->mintTilesDropped, tile) << way.what;
+        EXPECT_TRUE(game->Timer1.enabled()) << way.what;
+        window->showNormal();
+        ASSERT_TRUE(comeBack());
+        EXPECT_TRUE(waitFor([&] { return game->mintCurRow > row; })) << way.what;
+    }
+
+    click("Pause");
+    elsewhere.activateWindow();
+    QTest::qWait(50);
+    ASSERT_TRUE(comeBack());
+    EXPECT_FALSE(game->Timer1.enabled()) << "what was paused stays so";
+    click("Pause");
+
+    bool asked = false;
+    once([] { return gfrmChooseTiles.isOpen(); },
+         [&] {
+             press(Qt::Key_Right);
+             elsewhere.activateWindow();
+             QTest::qWait(2 * whole);
+             ASSERT_TRUE(comeBack());
+             asked = gfrmChooseTiles.isOpen();
+             EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 2);
+             press(Qt::Key_Return);
+         });
+    game->CellTable[12][4].fill(game->TileKinds[1]);
+    press(Qt::Key_Down);
+    EXPECT_TRUE(waitFor([&] { return asked && gfrmChooseTiles.empty(); })) << "an offer stays open";
+}
+
 TEST_F(Window, AnySwiftKeysAndClicksLeaveASoundGame) {
     startMatch();
     const Qt::Key keys[] = {Qt::Key_Down,   Qt::Key_Left, Qt::Key_Right, Qt::Key_Down,   Qt::Key_Up,    Qt::Key_Enter,
@@ -200,6 +256,7 @@ TEST_F(Window, AnySwiftKeysAndClicksLeaveASoundGame) {
     QTimer otherHand;
     QObject::connect(&otherHand, &QTimer::timeout, window, [&] {
         if (gfrmHiScore.isOpen()) press(Qt::Key_Escape);
+        if (!window->isActiveWindow()) window->activateWindow();  // The help has come.
         if (gfrmOrder.isOpen()) gfrmOrder->cmdClose_Click();
     });
     otherHand.start(5);

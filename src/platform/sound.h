@@ -60,7 +60,7 @@ class MMControl {
     void rewind();
     void close();
 
-    Timer statusTimer_;
+    Timer statusTimer_{Timer::WhileAway::GoesOn};
     std::string deviceType_;
     std::string fileName_;
     std::string command_;

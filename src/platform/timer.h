@@ -7,9 +7,14 @@ namespace platform {
 
 /// A periodic timer, disabled at first. It never ticks inside its own handler: a tick that falls due meanwhile is kept
 /// once and comes after the handler has returned. Disabling it or changing its interval drops a kept tick.
+///
+/// While the player is away, that is, while another window has the keyboard, the help too, or the main window is
+/// minimised, a timer that waits stands still; enabled or not, it then goes on with what was left of its interval.
 class Timer {
   public:
-    Timer();
+    enum class WhileAway { Waits, GoesOn };
+
+    explicit Timer(WhileAway whileAway = WhileAway::Waits);
     ~Timer();
 
     std::function<void()> onTick;

@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QWindow>
 
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
 #include "platform/qt/images.h"
+#include "platform/qt/presence.h"
 #include "platform/qt/signals.h"
 #include "platform/storedPictures.h"
 #include "platform/uncaught.h"
@@ -35,6 +37,7 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
     QObject::connect(application, &QApplication::focusChanged, [] {
         if (qt::FormWindow* const form = qt::formStack().top()) form->followFocus();
     });
+    QObject::connect(application, &QGuiApplication::focusWindowChanged, [] { qt::presence().look(); });
 }
 
 int Application::run() {

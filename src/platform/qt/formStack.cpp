@@ -10,6 +10,7 @@
 #include "platform/qt/control.h"
 #include "platform/qt/formWindow.h"
 #include "platform/qt/keys.h"
+#include "platform/qt/presence.h"
 #include "platform/qt/slots.h"
 
 namespace platform::qt {
@@ -76,6 +77,7 @@ void FormStack::leave(FormWindow* window) {
     if (std::erase(dialogs_, window) == 0 && !wasMain) return;
     ++changes_;
     presses_.disown(window);
+    if (wasMain) presence().look();
     if (wasMain && onMainWindowGone) onMainWindowGone();
     if (FormWindow* const under = wasMain ? nullptr : top()) under->activate();
 }

@@ -32,6 +32,8 @@ class FormStack : public QObject {
     void openBox() { ++boxes_; }        ///< A message box stands before the forms.
     void closeBox(const QWidget* box);  ///< It is gone again.
 
+    void letGoOfKeys() { presses_.letGoOfAll(); }  ///< No held key goes on: its release may never be told.
+
     /// Keeps back clicks that something on top blocks, and takes the keys meant for forms to the one on top and from
     /// there to its control with the focus.
     bool eventFilter(QObject* watched, QEvent* event) override;

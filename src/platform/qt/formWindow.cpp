@@ -15,6 +15,7 @@
 #include "platform/qt/control.h"
 #include "platform/qt/formStack.h"
 #include "platform/qt/images.h"
+#include "platform/qt/presence.h"
 #include "platform/qt/slots.h"
 #include "platform/tabOrder.h"
 #include "platform/twips.h"
@@ -216,6 +217,11 @@ void FormWindow::paintEvent(QPaintEvent* /*event*/) {
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore();  // The form decides what closing means.
     unload();
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) presence().look();
 }
 
 }  // namespace platform::qt

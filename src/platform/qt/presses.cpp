@@ -39,4 +39,8 @@ void Presses::disown(const QWidget* window) {
         if (held.window == window) held.window = nullptr;
 }
 
+void Presses::letGoOfAll() {
+    for (auto& [key, held] : held_) held.window = nullptr;
+}
+
 }  // namespace platform::qt

@@ -21,6 +21,7 @@ class Presses {
     Press take(const QKeyEvent& down, const QWidget* window);  ///< A key went down; null if no window may have it.
     const QWidget* letGo(const QKeyEvent& up);                 ///< A key came up; returns whose press it was, or null.
     void disown(const QWidget* window);  ///< The window is gone: what it was pressed for goes on for nobody.
+    void letGoOfAll();                   ///< The same for all keys, as if the windows that they were for were gone.
 
   private:
     struct Held {

@@ -7,41 +7,49 @@
 #include <algorithm>
 #include <chrono>
 
+#include "platform/qt/presence.h"
 #include "platform/qt/slots.h"
 
 namespace platform {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using qt::Presence;
+using qt::presence;
 using std::chrono::milliseconds;
 
 }  // namespace
 
 /// Asks Qt for one tick at a time: Qt's own periodic timer loses a tick that falls due inside its handler.
 struct Timer::Impl : QObject {
-    explicit Impl(Timer& timer) : owner(timer) {}
+    Impl(Timer& timer, bool doesWait) : owner(timer), waits(doesWait) {
+        if (waits) presence().watch(this, [this] { await(); });
+    }
+    ~Impl() override { presence().forget(this); }
 
     Timer& owner;
+    const bool waits;  // while the player is away
     milliseconds interval{0};
     bool enabled = false;
     bool inHandler = false;
-    Clock::time_point due;
+    Presence::Clock::time_point due;
     QBasicTimer wait;
 
     void countFromNow() {
-        due = Clock::now() + interval;
+        due = now() + interval;
         await();
     }
+    Presence::Clock::time_point now() const { return waits ? presence().now() : Presence::Clock::now(); }
+    bool standsStill() const { return waits && presence().isAway(); }
     void await();
     void timerEvent(QTimerEvent* event) override;
 };
 
 void Timer::Impl::await() {
     wait.stop();
-    if (!enabled || inHandler || interval <= milliseconds::zero()) return;
-    const auto now = Clock::now();
-    while (due + interval <= now) due += interval;  // Of all the ticks that were missed the last one is kept.
-    const auto left = std::chrono::ceil<milliseconds>(std::max(due - now, Clock::duration::zero()));
+    if (!enabled || inHandler || standsStill() || interval <= milliseconds::zero()) return;
+    const auto start = now();
+    while (due + interval <= start) due += interval;  // Of all the ticks that were missed the last one is kept.
+    const auto left = std::chrono::ceil<milliseconds>(std::max(due - start, Presence::Clock::duration::zero()));
     wait.start(static_cast<int>(left.count()), Qt::PreciseTimer, this);
 }
 
@@ -56,7 +64,7 @@ void Timer::Impl::timerEvent(QTimerEvent* /*event*/) {
     await();
 }
 
-Timer::Timer() : impl_(std::make_unique<Impl>(*this)) {}
+Timer::Timer(WhileAway whileAway) : impl_(std::make_unique<Impl>(*this, whileAway == WhileAway::Waits)) {}
 
 Timer::~Timer() = default;
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "platform/desktop.h"
 #include "platform/sim/state.h"
@@ -106,6 +107,24 @@ void switchOn(uint32_t seed, double secondOfDay) {
 
 double now() { return state().now; }
 void setLog(std::function<void(const std::string& line)> log) { state().log = std::move(log); }
+
+void goAway() {
+    State& d = state();
+    arrive();
+    if (d.awaySince) return;
+    d.awaySince = d.now;
+    for (auto& holder : d.held)
+        if (holder) holder = Serial{0};  // Down, but for nobody.
+}
+
+void comeBack() {
+    State& d = state();
+    arrive();
+    if (!d.awaySince) return;
+    const double away = d.now - *std::exchange(d.awaySince, std::nullopt);
+    for (Ticker* ticker : d.tickers)
+        if (ticker->waits) ticker->due += away;
+}
 
 void setHands(std::function<void()> hands) {
     state().hands = hands ? std::make_shared<const std::function<void()>>(std::move(hands)) : nullptr;

@@ -69,6 +69,8 @@ void clickSpinUp();  ///< The spin button of the form on top.
 void clickSpinDown();
 void chooseMenuItem(int item);  ///< Of the open menu; any other number leaves it.
 void closeMainWindow();         ///< The window's own close button.
+void goAway();                  ///< To another window, with the keyboard. Nothing if he is away.
+void comeBack();                ///< To the form on top. Nothing if he isn't away.
 
 int modalDepth();                            ///< How many dialogs are open.
 const std::vector<std::string>& messages();  ///< Message boxes so far, as "title: text"; each was answered at once.

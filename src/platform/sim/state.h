@@ -29,13 +29,14 @@ Serial nextSerial();  ///< A new one, from 1 upward.
 
 /// What ticks behind a timer.
 struct Ticker {
-    explicit Ticker(const std::function<void()>& handler);  ///< Disabled; the handler lives as long.
-    ~Ticker();                                              ///< It never ticks again.
+    Ticker(const std::function<void()>& handler, bool doesWait);  ///< Disabled; the handler lives as long.
+    ~Ticker();                                                    ///< It never ticks again.
     void restart();  ///< Counts a whole interval from now; a kept tick is dropped.
-    bool runs() const { return enabled && interval > 0 && !inHandler; }
+    bool runs() const;
 
     const Serial serial = nextSerial();
     const std::function<void()>& onTick;
+    const bool waits;  ///< While the player is away.
     int interval = 0;  ///< Milliseconds; 0 never ticks.
     bool enabled = false;
     bool inHandler = false;
@@ -94,6 +95,7 @@ struct State {
     platform::PopupMenu::Impl* menu = nullptr;         ///< The open one.
     std::array<std::optional<Serial>, keyCodes> held;  ///< Who was on top when the key went down.
     bool keyRepeats = false;                           ///< Of the key whose handler runs.
+    std::optional<double> awaySince;                   ///< When the player went, while he is away.
     std::vector<std::string> messages;
     std::string programFolder;  ///< Empty as long as the program lies in a folder of its own.
     std::string helpFile;       ///< What the help window shows; empty while it isn't open.

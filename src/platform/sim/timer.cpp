@@ -4,11 +4,18 @@
 
 namespace sim {
 
-Ticker::Ticker(const std::function<void()>& handler) : onTick(handler) { state().tickers.push_back(this); }
+Ticker::Ticker(const std::function<void()>& handler, bool doesWait) : onTick(handler), waits(doesWait) {
+    state().tickers.push_back(this);
+}
 
 Ticker::~Ticker() { std::erase(state().tickers, this); }
 
-void Ticker::restart() { due = state().now + interval; }
+void Ticker::restart() { due = (waits ? state().awaySince.value_or(state().now) : state().now) + interval; }
+
+bool Ticker::runs() const {
+    const bool standsStill = waits && state().awaySince;
+    return enabled && interval > 0 && !inHandler && !standsStill;
+}
 
 }  // namespace sim
 
@@ -18,7 +25,7 @@ struct Timer::Impl : sim::Ticker {
     using Ticker::Ticker;
 };
 
-Timer::Timer() : impl_(std::make_unique<Impl>(onTick)) {}
+Timer::Timer(WhileAway whileAway) : impl_(std::make_unique<Impl>(onTick, whileAway == WhileAway::Waits)) {}
 Timer::~Timer() = default;
 
 int Timer::interval() const { return impl_->interval; }

@@ -1,0 +1,51 @@
+#include "platform/qt/presence.h"
+
+#include <QGuiApplication>
+#include <QWindow>
+#include <utility>
+
+#include "platform/qt/formStack.h"
+#include "platform/qt/formWindow.h"
+
+namespace platform::qt {
+namespace {
+
+/// Whether the keyboard is with that window, or with a menu or box that stands before it.
+bool hasKeyboard(const QWidget& main) {
+    const QWindow* each = QGuiApplication::focusWindow();
+    while (each != nullptr && each != main.windowHandle()) each = each->transientParent();
+    return each != nullptr;
+}
+
+}  // namespace
+
+Presence& presence() {
+    static Presence& thePresence = *new Presence;  // Timers that are let go at the very end still ask for it.
+    return thePresence;
+}
+
+Presence::Clock::time_point Presence::now() const { return awaySince_.value_or(Clock::now()) - absence_; }
+
+/// Whether the player is away, by what the desktop tells now and has told.
+bool Presence::finds() {
+    const FormWindow* const main = formStack().mainWindow();
+    const bool isActive = main != nullptr && hasKeyboard(*main);
+    hasBeenActive_ = main != nullptr && (hasBeenActive_ || isActive);
+    return main != nullptr && (main->isMinimized() || (hasBeenActive_ && !isActive));
+}
+
+void Presence::look() {
+    const bool away = finds();
+    if (away == isAway()) return;
+    if (away) {
+        awaySince_ = Clock::now();
+        formStack().letGoOfKeys();
+    } else {
+        absence_ += Clock::now() - *std::exchange(awaySince_, std::nullopt);
+    }
+    for (const auto& [watcher, onChange] : watchers_) onChange();
+}
+
+void Presence::watch(const void* watcher, std::function<void()> onChange) { watchers_[watcher] = std::move(onChange); }
+
+}  // namespace platform::qt

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <optional>
+
+namespace platform::qt {
+
+/// Whether the player is at the game or away from it: another window has the keyboard, the help too, or the main window
+/// is minimised. Its menus and message boxes belong to the main window. Where the desktop tells nothing, nobody is
+/// away.
+class Presence {
+  public:
+    using Clock = std::chrono::steady_clock;
+
+    bool isAway() const { return awaySince_.has_value(); }
+    Clock::time_point now() const;  ///< By a clock that stands still while the player is away.
+
+    void look();  ///< Finds out anew; called when the keyboard has moved, or the main window came, went or changed.
+
+    void watch(const void* watcher, std::function<void()> onChange);  ///< Called when the player has gone or come back.
+    void forget(const void* watcher) { watchers_.erase(watcher); }    ///< It isn't called any more.
+
+  private:
+    bool finds();
+
+    bool hasBeenActive_ = false;  // the main window, since it opened
+    std::optional<Clock::time_point> awaySince_;
+    Clock::duration absence_{0};  // of all the times before this one
+    std::map<const void*, std::function<void()>> watchers_;
+};
+
+/// The one player; never destroyed.
+Presence& presence();
+
+}  // namespace platform::qt

@@ -1,0 +1,96 @@
+// When the desktop says that the player is away from the game, and when it says nothing.
+
+#include <QApplication>
+#include <QMenu>
+#include <QMessageBox>
+#include <QTest>
+#include <QWidget>
+#include <QWindow>
+
+#include "platform/desktop.h"
+#include "platform/qt/control.h"
+#include "platform/qt/formWindow.h"
+#include "platform/timer.h"
+#include "tests/contractFixture.h"
+
+namespace {
+
+using namespace platform;
+
+class Presence : public Contract {
+  protected:
+    Presence() {
+        timer_.onTick = [this] { ++ticks_; };
+        timer_.setInterval(10);
+        timer_.setEnabled(true);
+    }
+
+    QWidget* window() { return qt::windowOf(main_->form); }
+
+    bool ticks() {
+        ticks_ = 0;
+        driver::run(100);
+        return ticks_ > 0;
+    }
+
+    Timer timer_;
+    int ticks_ = 0;
+};
+
+TEST_F(Presence, AMinimisedGameWaitsWhoeverHasTheKeyboard) {
+    showMain();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_TRUE(ticks());
+        window()->setWindowState(Qt::WindowMinimized);
+        QApplication::setActiveWindow(window());
+        EXPECT_FALSE(ticks());
+        window()->setWindowState(Qt::WindowNoState);
+        window()->activateWindow();
+    }
+    EXPECT_TRUE(ticks());
+}
+
+TEST_F(Presence, MenusAndMessageBoxesAreTheGamesOwn) {
+    showMain();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    QMenu menu(window());
+    menu.addAction("Easy");
+    QMessageBox box(QMessageBox::Warning, "Program", "Text", QMessageBox::Ok, window());
+    box.setModal(false);
+    QMessageBox elsewhere(QMessageBox::Warning, "Another program", "Text");
+    for (QWidget* const each : std::initializer_list<QWidget*>{&menu, &box, &elsewhere}) {
+        each->show();
+        each->activateWindow();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return QGuiApplication::focusWindow() == each->windowHandle(); }));
+        EXPECT_EQ(ticks(), each != &elsewhere) << qPrintable(each->windowTitle());
+        each->hide();
+        window()->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    }
+}
+
+TEST_F(Presence, WhereNoActivationIsToldTheGamePlays) {
+    main_ = std::make_unique<Window>();
+    main_->form.resize(300 * twips, 200 * twips);
+    window()->setWindowFlag(Qt::ToolTip);  // A window that this desktop never activates.
+    main_->form.show();
+    driver::run(20);
+    ASSERT_FALSE(window()->isActiveWindow());
+    EXPECT_TRUE(ticks());
+    driver::goAway();
+    EXPECT_TRUE(ticks());
+}
+
+TEST_F(Presence, WithItsWindowGoneNobodyIsAway) {
+    showMain();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    driver::goAway();
+    EXPECT_FALSE(ticks());
+    main_->form.unload();
+    EXPECT_TRUE(ticks());
+    showMain();
+    EXPECT_TRUE(ticks());
+}
+
+}  // namespace
