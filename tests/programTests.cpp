@@ -18,10 +18,13 @@ namespace {
 /// A run of the program with its output in files of its own.
 class ProgramRun {
   public:
-    explicit ProgramRun(const std::vector<std::string>& words) {
+    /// On Qt's desktop of that name.
+    explicit ProgramRun(const std::vector<std::string>& words, const char* desktop = "offscreen") {
         child_ = fork();
         if (child_ != 0) return;
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        setenv("QT_QPA_PLATFORM", desktop, 1);
+        for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET"}) unsetenv(display);
+        setenv("XDG_RUNTIME_DIR", testing::TempDir().c_str(), 1);
         redirect(STDOUT_FILENO, outPath());
         redirect(STDERR_FILENO, errorPath());
         std::vector<char*> arguments{const_cast<char*>(VELMORA_PROGRAM)};
@@ -109,6 +112,15 @@ TEST(Program, HelpTellsTheKeys) {
     EXPECT_EQ(text.rfind("Usage: velmora [--help | --version]\n", 0), 0U);
     for (const char* word : {"Left, Right", "Down", "Enter", "Esc", "number pad", "--help", "--version"})
         EXPECT_NE(text.find(word), std::string::npos) << word;
+}
+
+TEST(Program, TellsInOneSentenceThatThereIsNoDisplay) {
+    for (const char* desktop : {"xcb", "wayland", "wayland;xcb"}) {
+        ProgramRun run({}, desktop);
+        EXPECT_EQ(run.exitCode(), 1) << desktop;
+        EXPECT_EQ(run.out(), "") << desktop;
+        EXPECT_EQ(run.error(), "velmora: There is no display to open a window on.\n") << desktop;
+    }
 }
 
 TEST(Program, AnEndSignalClosesItAsExitDoes) {

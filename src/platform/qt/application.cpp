@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QIcon>
 #include <QWindow>
+#include <cstdio>
+#include <cstdlib>
 
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
@@ -23,12 +25,29 @@ QIcon iconOf(const std::string& id) {
     return icon;
 }
 
+/// What Qt says while it looks for a display. It would give up with several lines of its own and a crash.
+void hearOfDisplay(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (type == QtDebugMsg)  // Somebody has asked for it, by a variable.
+        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+    if (type != QtFatalMsg) return;
+    std::fprintf(stderr, "%s: There is no display to open a window on.\n",
+                 qPrintable(QCoreApplication::applicationName()));
+    std::_Exit(1);
+}
+
+QApplication* openDisplay(int& argc, char** argv) {
+    const QtMessageHandler usual = qInstallMessageHandler(hearOfDisplay);
+    QApplication* const application = new QApplication(argc, argv);
+    qInstallMessageHandler(usual);
+    return application;
+}
+
 }  // namespace
 
 Application::Application(int& argc, char** argv, const std::string& name, const std::string& id) {
     setProgramName(name);
     // Never deleted: forms that are let go at the very end still need it.
-    QApplication* const application = new QApplication(argc, argv);
+    QApplication* const application = openDisplay(argc, argv);
     QApplication::setApplicationName(QString::fromStdString(name));
     QApplication::setDesktopFileName(QString::fromStdString(id));
     QApplication::setQuitOnLastWindowClosed(false);  // A message box may come and go before the main window is seen.
