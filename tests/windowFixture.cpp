@@ -12,11 +12,11 @@ namespace {
 
 constexpr int longEnough = 10000;  // milliseconds that anything here may take at most
 
-void setUpApplication() {
+void setUpApplication(const char* desktop) {
     static int argc = 1;
     static char name[] = "velmora_window_tests";
     static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", desktop);
     qputenv("SDL_AUDIODRIVER", "dummy");
     static const platform::Application application(argc, argv, "Velmora", "velmora");
 }
@@ -24,7 +24,7 @@ void setUpApplication() {
 }  // namespace
 
 void Window::SetUp() {
-    setUpApplication();
+    setUpApplication(desktop);
     game = gfrmMain.hold();
     game->form.show();
     for (QWidget* widget : QApplication::topLevelWidgets())

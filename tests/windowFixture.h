@@ -28,6 +28,8 @@ class Window : public ::testing::Test {
     /// Waits for the next tile to enter; it is made one of the kind.
     void nextTile(int16_t kind);
 
+    static inline const char* desktop = "offscreen";  ///< Qt's name of it; set before the first window.
+
     std::shared_ptr<frmMain> game;
     QWidget* window = nullptr;
 };

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 #include <filesystem>
 #include <functional>
 
@@ -179,6 +180,28 @@ TEST_F(Window, NothingButTheDialogOnTopTakesAClick) {
     EXPECT_EQ(gintNumRounds, 5);
     EXPECT_EQ(game->mlngHandNumber, hand);
     EXPECT_FALSE(game->mblnPeek);
+}
+
+TEST_F(Window, TheWindowKeepsItsSize) {
+    EXPECT_FALSE(window->windowFlags() & Qt::WindowMaximizeButtonHint);
+    EXPECT_TRUE(window->windowFlags() & Qt::WindowMinimizeButtonHint);
+    struct {
+        const char* what;
+        std::function<void()> happens;
+    } const rows[] = {
+        {"maximised", [&] { window->showMaximized(); }},
+        {"full screen", [&] { window->showFullScreen(); }},
+        {"larger", [&] { window->windowHandle()->setGeometry(10, 40, 900, 600); }},
+    };
+    for (const auto& row : rows) {
+        row.happens();
+        const auto isAsBefore = [&] {
+            return window->size() == QSize(795, 581) && !window->isMaximized() && !window->isFullScreen();
+        };
+        EXPECT_TRUE(waitFor(isAsBefore)) << row.what;
+        QTest::qWait(20);
+        EXPECT_TRUE(isAsBefore()) << row.what;
+    }
 }
 
 TEST_F(Window, TheFallWaitsWhileThePlayerIsAway) {

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QStyle>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -44,6 +45,19 @@ QPoint onScreen(const QPoint& wanted) {
     const QPoint place = wanted + QGuiApplication::primaryScreen()->geometry().topLeft();
     const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
     return {std::max(place.x(), screen.left()), std::max(place.y(), screen.top() + titleBar)};
+}
+
+// A main window can't be maximised.
+constexpr Qt::WindowFlags mainWindowFlags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                            Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                                            Qt::WindowCloseButtonHint;
+constexpr Qt::WindowStates refusedStates = Qt::WindowMaximized | Qt::WindowFullScreen;
+
+/// Lets the desktop give a window of fixed size more room for a moment. Wayland ends a program that is maximised, as
+/// some desktops do unasked, and doesn't take the size that comes with it.
+void bearAnySize(QWindow& window) {
+    if (QGuiApplication::platformName().startsWith("wayland"))
+        window.setMaximumSize({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
 }
 
 }  // namespace
@@ -87,7 +101,10 @@ bool FormWindow::load() {
 void FormWindow::showAsMain() {
     if (!load()) return;
     formStack().openMain(this);
+    setWindowFlags(mainWindowFlags);
     place();
+    create();
+    bearAnySize(*windowHandle());
     show();
     activate();
 }
@@ -208,10 +225,13 @@ void FormWindow::paintEvent(QPaintEvent* /*event*/) {
     const qreal scale = devicePixelRatio();
     painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != std::floor(scale));
     const QImage image = imageOf(surface);
-    if (image.isNull())
-        painter.fillRect(rect(), Qt::black);
-    else
-        painter.drawImage(QPoint(0, 0), image);
+    if (image.size() != size()) painter.fillRect(rect(), Qt::black);
+    if (!image.isNull()) painter.drawImage(QPoint(0, 0), image);
+}
+
+void FormWindow::resizeEvent(QResizeEvent* /*event*/) {
+    const QSize own(surface.width(), surface.height());
+    if (isWindow() && !(windowState() & refusedStates) && size() != own) resize(own);
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
@@ -221,7 +241,11 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 
 void FormWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange) presence().look();
+    if (event->type() != QEvent::WindowStateChange) return;
+    presence().look();
+    if (windowState() & refusedStates)
+        QMetaObject::invokeMethod(
+            this, [this] { setWindowState(windowState() & ~refusedStates); }, Qt::QueuedConnection);
 }
 
 }  // namespace platform::qt

@@ -1,0 +1,71 @@
+// The game on a desktop of Wayland: a compositor of the test's own, without a screen and without a keyboard.
+
+#include <sys/prctl.h>
+
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWindow>
+#include <algorithm>
+#include <csignal>
+
+#include "tests/windowFixture.h"
+
+namespace {
+
+constexpr int longEnough = 20000;  // milliseconds that anything here may take at most
+
+class Compositor {
+  public:
+    /// Runs as long as this process: Qt couldn't bear its end.
+    Compositor() {
+        qputenv("XDG_RUNTIME_DIR", folder_.path().toLocal8Bit());
+        qputenv("WAYLAND_DISPLAY", "desktop");
+        process_.setProcessChannelMode(QProcess::MergedChannels);
+        process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
+
+        process_.start("weston", {"--backend=headless-backend.so", "--width=1000", "--height=700", "--socket=desktop",
+                                  "--no-config"});
+        const auto isUp = [&] { return QFile::exists(folder_.filePath("desktop")); };
+        for (int waited = 0; waited < longEnough && !isUp(); waited += 20) QTest::qSleep(20);
+        EXPECT_TRUE(isUp()) << process_.readAll().toStdString();
+    }
+
+  private:
+    QTemporaryDir folder_;
+    QProcess& process_ = *new QProcess;
+};
+
+class Wayland : public Window {
+  protected:
+    void SetUp() override {
+        static const Compositor compositor;
+        desktop = "wayland";
+        Window::SetUp();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    }
+};
+
+TEST_F(Wayland, TheWindowOutlivesASizeThatItRefuses) {
+    int largest = 0;
+    QObject::connect(window->windowHandle(), &QWindow::widthChanged,
+                     [&](int width) { largest = std::max(largest, width); });
+    for (const Qt::WindowState state : {Qt::WindowMaximized, Qt::WindowFullScreen, Qt::WindowMaximized}) {
+        largest = 0;
+        window->setWindowState(state);
+        EXPECT_TRUE(waitFor([&] { return largest > 900 && window->size() == QSize(795, 581); })) << "state " << state;
+        EXPECT_EQ(window->windowState() & ~Qt::WindowActive, Qt::WindowNoState);
+    }
+    QTest::qWait(200);
+    EXPECT_TRUE(window->windowHandle()->isExposed());
+}
+
+TEST_F(Wayland, TheTileFallsWhereNothingHasTheKeyboard) {
+    startMatch();
+    nextTile(1);
+    ASSERT_FALSE(window->isActiveWindow());
+    EXPECT_TRUE(waitFor([&] { return game->mintCurRow > 2; }));
+}
+
+}  // namespace
