@@ -233,6 +233,24 @@ TEST_F(Help, ItsTypeGrowsWithItsPicturesAndKeepsThePlace) {
     EXPECT_EQ(size(), 1);
 }
 
+TEST_F(Help, GoesSidewaysOnlyForWhatIsWiderThanItsWindow) {
+    openHelp();
+    const QSize first = help()->size();
+    const auto goesSideways = [] { return page().horizontalScrollBar()->isVisible(); };
+    for (const int width : {first.width(), 700, 801, 902, 1003, 1204}) {
+        help()->resize(width, first.height());
+        for (int larger = 0; larger < 3; ++larger) {
+            EXPECT_TRUE(waitFor([&] { return !goesSideways(); })) << width << " pixels, type " << larger;
+            EXPECT_LT(page().horizontalScrollBar()->maximum(), 5);
+            pressInHelp(Qt::Key_Plus, Qt::ControlModifier);
+        }
+        pressInHelp(Qt::Key_0, Qt::ControlModifier);
+    }
+    help()->resize(700, first.height());
+    for (int larger = 0; larger < 10; ++larger) pressInHelp(Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_TRUE(waitFor(goesSideways));
+}
+
 TEST_F(Help, ItsTextIsSelectedAndCopied) {
     openHelp();
     pressInHelp(Qt::Key_A, Qt::ControlModifier);

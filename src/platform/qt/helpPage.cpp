@@ -16,6 +16,7 @@ constexpr double stepFactor = 1.15;
 constexpr int textMargin = 18;       // pixels around the text
 constexpr int cellPadding = 6;       // pixels
 constexpr int tableMargin = 10;      // pixels above and below a table
+constexpr int roundedUp = 4;         // pixels by which Qt may make a table wider than its page
 constexpr double lineGap = 3;        // pixels between lines, in the normal size
 constexpr double headerTint = 0.14;  // part of the text's colour in a header's background
 constexpr double borderTint = 0.35;  // and in the lines of a table
@@ -65,6 +66,10 @@ void dressTable(QTextTable& table, const QPalette& palette) {
 HelpPage::HelpPage(MakeHelpPicture makePicture) : makePicture_(makePicture), normalPoints_(fontInfo().pointSizeF()) {
     setOpenLinks(false);
     setUndoRedoEnabled(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int /*least*/, int most) {
+        setHorizontalScrollBarPolicy(most > roundedUp ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    });
     connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { jumpTo(link.fragment()); });
 }
 
