@@ -375,6 +375,8 @@ TEST_F(FieldContract, KeysChooseARow) {
                  driver::typeText("a");
          },
          1},
+        {"the same letter at once", [](Entry&) { driver::typeText("aA"); }, 2},
+        {"and round at once", [](Entry&) { driver::typeText("aaa"); }, 1},
         {"another letter", [](Entry&) { driver::typeText("n"); }, 3},
         {"a letter of no row", [](Entry& e) { e.state.setListIndex(2), driver::typeText("x"); }, 2},
         {"Down", [](Entry&) { driver::pressKey(key::Down), driver::pressKey(key::Down); }, 1},

@@ -38,7 +38,7 @@ class MaskEdBox : public Control {
 };
 
 /// A list that drops down and shows the row chosen. A letter chooses the next row that begins with it, Up and Down the
-/// row before and after. Rows count from 0.
+/// row before and after. Rows count from 0. It grows to the right where a row finds no room.
 class ComboBox : public Control {
   public:
     ComboBox(Panel& panel, const Place& place);  ///< Without rows, on a panel, which must live as long.
@@ -53,7 +53,7 @@ class ComboBox : public Control {
     std::string text() const;               ///< Of the row chosen, else empty.
 };
 
-/// A box to tick, with a caption at its right.
+/// A box to tick, with a caption at its right, for which it grows if it must.
 class CheckBox : public Control {
   public:
     CheckBox(Panel& panel, const Place& place);  ///< Not ticked, on a panel, which must live as long.
@@ -67,7 +67,7 @@ class CheckBox : public Control {
 };
 
 /// One of several buttons of which one at most is chosen: those on the same panel. Tab goes to the one that is chosen,
-/// and the arrow keys go from it to the others and choose them.
+/// and the arrow keys go from it to the others and choose them. It grows to the right where its caption finds no room.
 class OptionButton : public Control {
   public:
     OptionButton(Panel& panel, const Place& place);  ///< Not chosen, on a panel, which must live as long.

@@ -1,10 +1,12 @@
 #include "platform/fields.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListView>
 #include <QRadioButton>
 #include <QValidator>
 #include <algorithm>
@@ -50,7 +52,51 @@ void selectIn(const Control& field, int selStart, int selLength) {
     lineOf(field)->setSelection(start, std::clamp(selLength, 0, size - start));
 }
 
+/// The rows of a list. A letter that is pressed again and again goes from row to row, however fast; Qt would look for a
+/// row that begins with all of them.
+class Rows : public QListView {
+  public:
+    explicit Rows(QComboBox* list) : list_(list) {
+        setTextElideMode(Qt::ElideMiddle);
+        list->setView(this);
+    }
+
+    void keyboardSearch(const QString& letter) override {
+        const bool goesOn = sinceLetter_.isValid() && sinceLetter_.elapsed() <= QApplication::keyboardInputInterval();
+        typed_ = (goesOn ? typed_ : QString()) + letter.toLower();
+        sinceLetter_.start();
+        if (typed_.size() > letter.size() && typed_ == QString(typed_.size(), typed_.front()))
+            chooseNext(letter);
+        else
+            QListView::keyboardSearch(letter);
+    }
+
+  protected:
+    void initViewItemOption(QStyleOptionViewItem* option) const override {
+        QListView::initViewItemOption(option);
+        option->font = list_->font();
+    }
+
+  private:
+    void chooseNext(const QString& letter) {
+        const QModelIndex after = model()->index((currentIndex().row() + 1) % model()->rowCount(), 0);
+        const QModelIndexList found =
+            model()->match(after, Qt::DisplayRole, letter, 1, Qt::MatchStartsWith | Qt::MatchWrap);
+        if (!found.empty()) setCurrentIndex(found.front());
+    }
+
+    QComboBox* list_;
+    QString typed_;  // without a pause
+    QElapsedTimer sinceLetter_;
+};
+
 QComboBox* listOf(const ComboBox& list) { return qt::faceOf<QComboBox>(list); }
+
+/// Gives a field, at its right, the room that its texts lack.
+void makeRoom(const Control& field) {
+    QWidget* const face = field.impl().face.get();
+    face->resize(std::max(face->width(), face->sizeHint().width()), face->height());
+}
 
 }  // namespace
 
@@ -92,7 +138,10 @@ int MaskEdBox::selLength() const { return selLengthOf(*this); }
 void MaskEdBox::select(int selStart, int selLength) { selectIn(*this, selStart, selLength); }
 
 ComboBox::ComboBox(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, new QComboBox, panel, place)) {}
+    : Control(std::make_unique<Impl>(*this, new QComboBox, panel, place)) {
+    listOf(*this)->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    new Rows(listOf(*this));
+}
 
 ComboBox::~ComboBox() = default;
 
@@ -102,6 +151,7 @@ void ComboBox::addItem(const std::string& text) {
     const int chosen = listIndex();
     listOf(*this)->addItem(QString::fromStdString(text));
     listOf(*this)->setCurrentIndex(chosen);  // Qt chooses the first row by itself.
+    makeRoom(*this);
 }
 
 int ComboBox::listCount() const { return listOf(*this)->count(); }
@@ -129,6 +179,7 @@ CheckBox::~CheckBox() = default;
 
 void CheckBox::setCaption(const std::string& text) {
     qt::faceOf<QCheckBox>(*this)->setText(QString::fromStdString(text));
+    makeRoom(*this);
 }
 
 void CheckBox::setValue(bool ticked) { qt::faceOf<QCheckBox>(*this)->setChecked(ticked); }
@@ -144,6 +195,7 @@ OptionButton::~OptionButton() = default;
 
 void OptionButton::setCaption(const std::string& text) {
     qt::faceOf<QRadioButton>(*this)->setText(QString::fromStdString(text));
+    makeRoom(*this);
 }
 
 void OptionButton::setValue(bool chosen) {
