@@ -167,6 +167,7 @@ void layButtons(frmOrder& order) {
     order.cmdPrint.onClick = [&order] { order.cmdPrint_Click(); };
     order.cmdClose.setFont(buttonFont);
     order.cmdClose.setCaption("&Close");
+    order.cmdClose.makeCancel();
     order.cmdClose.onClick = [&order] { order.cmdClose_Click(); };
 }
 
