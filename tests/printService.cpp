@@ -8,10 +8,12 @@
 #include <QLocalSocket>
 #include <QTest>
 #include <csignal>
+#include <sstream>
 
 namespace {
 
-constexpr int longEnough = 20000;  // milliseconds that anything here may take at most
+constexpr int longEnough = 20000;    // milliseconds that anything here may take at most
+constexpr size_t marginColumns = 2;  // that fit into the left margin
 
 void writeFile(const QString& path, const QString& text, QFile::Permissions permissions) {
     QFile file(path);
@@ -85,4 +87,17 @@ std::string outputOf(const QString& program, const QStringList& arguments) {
         << program.toStdString() << ": " << process.errorString().toStdString() << ' '
         << process.readAllStandardError().toStdString();
     return process.readAllStandardOutput().toStdString();
+}
+
+std::string sheetIn(const std::string& pdf) {
+    std::istringstream output(outputOf("pdftotext", {"-layout", "-fixed", "8.4", QString::fromStdString(pdf), "-"}));
+    std::string text, line;
+    while (std::getline(output, line)) {
+        const bool newPage = line.starts_with('\f');
+        if (newPage) line.erase(0, 1);
+        text += (newPage && !line.empty() ? "\f" : "") +
+                (line.size() > marginColumns ? line.substr(marginColumns) : "") + "\n";
+    }
+    while (text.ends_with("\n\n")) text.pop_back();
+    return text;
 }

@@ -25,3 +25,6 @@ class PrintService {
 
 /// What a program writes to its output; fails the test if it doesn't run or doesn't end well.
 std::string outputOf(const QString& program, const QStringList& arguments);
+
+/// The text of a PDF in its columns, from the first line that holds any; a form feed stands before each further page.
+std::string sheetIn(const std::string& pdf);

@@ -32,7 +32,6 @@
 
 namespace {
 
-constexpr size_t marginColumns = 2;                                   // that fit into the left margin
 constexpr double margin = 18, columnWidth = 8.4, lineHeight = 15.86;  // points
 
 constexpr const char* orderText = R"(                       ***** ORDER FORM *****
@@ -128,22 +127,6 @@ class Printing : public ::testing::Test {
         }
     }
 
-    /// The text of a PDF in its columns, from the first line that holds any; a form feed stands before each further
-    /// page.
-    static std::string textOf(const std::string& pdf) {
-        const QStringList options = {"-layout", "-fixed", QString::number(columnWidth)};
-        std::istringstream output(outputOf("pdftotext", options + QStringList{QString::fromStdString(pdf), "-"}));
-        std::string text, line;
-        while (std::getline(output, line)) {
-            const bool newPage = line.starts_with('\f');
-            if (newPage) line.erase(0, 1);
-            text += (newPage && !line.empty() ? "\f" : "") +
-                    (line.size() > marginColumns ? line.substr(marginColumns) : "") + "\n";
-        }
-        while (text.ends_with("\n\n")) text.pop_back();
-        return text;
-    }
-
     QTemporaryDir home;
     Reader reader;
 };
@@ -166,9 +149,9 @@ TEST_F(Printing, WithoutAPrinterEachSheetBecomesAFileOfItsOwn) {
     printOrder();
     printLines({{{1, "another"}}});
     printOrder();
-    EXPECT_EQ(textOf(document("Velmora.pdf")), orderText);
-    EXPECT_EQ(textOf(document("Velmora 2.pdf")), "another\n");
-    EXPECT_EQ(textOf(document("Velmora 3.pdf")), orderText);
+    EXPECT_EQ(sheetIn(document("Velmora.pdf")), orderText);
+    EXPECT_EQ(sheetIn(document("Velmora 2.pdf")), "another\n");
+    EXPECT_EQ(sheetIn(document("Velmora 3.pdf")), orderText);
     const std::vector<std::string> told = {
         "Velmora: No printer is set up. The sheet has been saved as\n" + document("Velmora.pdf"),
         "Velmora: No printer is set up. The sheet has been saved as\n" + document("Velmora 2.pdf"),
@@ -193,13 +176,13 @@ TEST_F(Printing, SheetsSavedAtOnceNeverTakeEachOthersName) {
         threads.emplace_back([&, i] { entry({"Sheet", {{{}, {{1, std::to_string(i)}}}}}, outcomes[i]); });
     for (std::thread& thread : threads) thread.join();
     for (size_t i = 0; i < count; ++i)
-        EXPECT_EQ(textOf(outcomes[i].file), std::to_string(i) + "\n") << outcomes[i].description;
+        EXPECT_EQ(sheetIn(outcomes[i].file), std::to_string(i) + "\n") << outcomes[i].description;
 }
 
 TEST_F(Printing, ThePrintServiceGetsTheSheet) {
     const PrintService service(home.path(), PrintService::Queue::Accepts);
     printOrder();
-    EXPECT_EQ(textOf(service.waitForJob().toStdString()), orderText);
+    EXPECT_EQ(sheetIn(service.waitForJob().toStdString()), orderText);
     EXPECT_FALSE(QFile::exists(QString::fromStdString(documents())));
     EXPECT_TRUE(reader.messages.empty());
 }
@@ -213,7 +196,7 @@ TEST_F(Printing, ARefusedSheetIsToldAndGone) {
     EXPECT_TRUE(reader.messages.empty());
     qputenv("CUPS_SERVER", home.filePath("no-service").toLocal8Bit());
     printLines({{{1, "another"}}});
-    EXPECT_EQ(textOf(document("Velmora.pdf")), "another\n");
+    EXPECT_EQ(sheetIn(document("Velmora.pdf")), "another\n");
 }
 
 TEST_F(Printing, AFileInTheFoldersPlaceIsTold) {
@@ -298,7 +281,7 @@ TEST_F(Printing, EveryLetterTakesOneColumn) {
     };
     for (const auto& row : cases) platform::printer().print({{1, row.text}, {20, "|"}});
     platform::printer().endDoc();
-    std::istringstream lines(textOf(document("Velmora.pdf")));
+    std::istringstream lines(sheetIn(document("Velmora.pdf")));
     for (const auto& row : cases) {
         const auto length = QString(row.printed).size();
         std::string line;
@@ -312,7 +295,7 @@ TEST_F(Printing, WhatFindsNoRoom) {
     std::vector<std::vector<platform::ColumnText>> lines = {{{1, ruler}}, {{1, "too long"}, {5, "for it"}}};
     for (int line = 4; line <= 52; ++line) lines.push_back({{1, std::to_string(line)}});
     printLines(lines);
-    const std::string text = textOf(document("Velmora.pdf"));
+    const std::string text = sheetIn(document("Velmora.pdf"));
     EXPECT_EQ(text.substr(0, text.find('4', 70)), ruler.substr(0, 66) + "\ntoo long\n    for it\n")
         << "cut, not wrapped";
     EXPECT_EQ(text.substr(text.find("49\n")), "49\n50\n\f51\n52\n") << "goes on to another page";

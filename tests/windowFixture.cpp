@@ -60,6 +60,11 @@ void Window::once(std::function<bool()> condition, std::function<void()> action)
 
 bool Window::waitFor(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, longEnough); }
 
+void Window::bringToFront() {
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+}
+
 void Window::startMatch() {
     once([] { return gfrmChooseSeat.isOpen(); }, [this] { press(Qt::Key_Enter); });
     click("Start Anew");

@@ -23,6 +23,8 @@ class Window : public ::testing::Test {
     /// False if the condition doesn't come to hold for longer than anything here may take.
     bool waitFor(const std::function<bool()>& condition);
 
+    /// Gives the main window the keys, as the desktop does when a window before it has gone.
+    void bringToFront();
     /// Begins a match; the seat is drawn by the first Enter.
     void startMatch();
     /// Waits for the next tile to enter; it is made one of the kind.

@@ -3,6 +3,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QPainter>
+#include <cmath>
 
 #include "platform/qt/control.h"
 #include "platform/qt/fonts.h"
@@ -72,7 +73,6 @@ class Panel::Impl::Face : public QLabel {
         setStyle(qt::classicStyle());
         setTextFormat(Qt::PlainText);
         setIndent(0);
-        setAutoFillBackground(true);
         qt::setPlace(*this, place);
         setVisible(true);
         setLook({});
@@ -85,6 +85,8 @@ class Panel::Impl::Face : public QLabel {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    bool showsGround() const;
+
     PanelLook look_;
 };
 
@@ -105,17 +107,24 @@ void Panel::Impl::Face::setLook(const PanelLook& look) {
 }
 
 void Panel::Impl::Face::fit() {
-    if (look_.fit == Fit::Width)
-        resize(fontMetrics().horizontalAdvance(text()) + width() - contentsRect().width(), height());
+    const int textWidth = static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(text())));
+    if (look_.fit == Fit::Width) resize(textWidth + width() - contentsRect().width(), height());
     if (look_.fit == Fit::Height) resize(width(), heightForWidth(width()));
     // A line that is higher than its panel loses the room above its letters rather than what hangs below them.
     const bool tooHigh = fontMetrics().height() > contentsRect().height();
     setAlignment(qt::alignmentOf(look_.align) | (tooHigh ? Qt::AlignBottom : Qt::AlignVCenter));
 }
 
+/// On a panel of its own colour it leaves the ground as it is: else it would cut a letter that reaches under its edge.
+bool Panel::Impl::Face::showsGround() const {
+    const auto* const ground = dynamic_cast<const Face*>(parentWidget());
+    return ground != nullptr && ground->look_.back == look_.back;
+}
+
 void Panel::Impl::Face::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     QRect inside = rect();
+    if (!showsGround()) painter.fillRect(inside, palette().window());
     for (const Bevel bevel : {look_.outer, look_.inner}) {
         if (bevel == Bevel::None) continue;
         qDrawShadePanel(&painter, inside, palette(), bevel == Bevel::Inset, look_.bevelWidth);

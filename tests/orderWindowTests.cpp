@@ -1,0 +1,261 @@
+// The order form in the real window, filled in with keys alone, down to the sheet that comes out.
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "forms/frmOrder.h"
+#include "tests/printService.h"
+#include "tests/windowFixture.h"
+
+namespace {
+
+constexpr QPoint formPlace(149, 46);  // on the window, in pixels
+
+constexpr const char* printedSheet = R"(                       ***** ORDER FORM *****
+
+  Name:       Ann B. Carter
+  Address:    5 High Street
+              Old Town
+              Salem, OR 97301
+
+  Email:      ann@example.org
+
+  3 Copies @ US $12 each:        36
+  Shipping Charge:                4
+
+  Total:                        $40
+
+  Make check payable to Tavin Orlec.
+
+  Allow up to two weeks for delivery.
+
+  Mail To:    Tavin Orlec
+              417 Willow Court
+              Millbrook Falls, OH 43999
+              USA
+
+  Questions/Comment to velmora@example.com
+
+                           THANK YOU!!!
+)";
+
+/// A user without a printer, who has only keys once the form is open.
+class OrderWindow : public Window {
+  protected:
+    void SetUp() override {
+        Window::SetUp();
+        ASSERT_TRUE(home.isValid());
+        qputenv("HOME", home.path().toLocal8Bit());
+        qunsetenv("XDG_CONFIG_HOME");
+        qputenv("CUPS_SERVER", home.filePath("no-service").toLocal8Bit());
+        QObject::connect(&reader, &QTimer::timeout, window, [this] { readMessage(); });
+        reader.start(10);
+    }
+
+    /// Opens the form by its button and does something there; it is closed afterwards if it is still open.
+    void inForm(const std::function<void()>& action) {
+        bool done = false;
+        once([] { return gfrmOrder.isOpen(); },
+             [&] {
+                 action();
+                 done = true;
+                 if (gfrmOrder.isOpen()) gfrmOrder->form.unload();
+             });
+        click("Order");
+        EXPECT_TRUE(done);
+        EXPECT_TRUE(gfrmOrder.empty());
+    }
+
+    /// Closes the message box that has the keys, if there is one, and keeps what it said.
+    void readMessage() {
+        QWidget* const button = QApplication::focusWidget();
+        const auto* const box = button == nullptr ? nullptr : qobject_cast<QMessageBox*>(button->window());
+        if (box == nullptr) return;
+        told.push_back(box->text().toStdString());
+        QTest::keyClick(button, Qt::Key_Return);
+        bringToFront();
+    }
+
+    QWidget* taker() const {
+        QWidget* const focus = QApplication::focusWidget();
+        return focus != nullptr ? focus : window;
+    }
+
+    /// Presses keys where the desktop would send them, and lets what they ask for happen.
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
+        QTest::keyClick(taker(), key, modifiers);
+        QCoreApplication::processEvents();
+    }
+    void type(const char* text) const {
+        for (; *text != 0; ++text) {
+            QTest::keyClick(taker(), *text);
+            QCoreApplication::processEvents();
+        }
+    }
+
+    /// What lies at that place of the form, in twips, and what it shows; "+" stands for what is chosen or ticked.
+    std::string shownAt(int left, int top) const {
+        const QWidget* const face = window->childAt(formPlace + QPoint(left / 15 + 6, top / 15 + 8));
+        if (const auto* box = qobject_cast<const QLineEdit*>(face)) return box->displayText().toStdString();
+        if (const auto* list = qobject_cast<const QComboBox*>(face)) return list->currentText().toStdString();
+        if (const auto* label = qobject_cast<const QLabel*>(face)) return label->text().toStdString();
+        if (const auto* button = qobject_cast<const QAbstractButton*>(face))
+            return button->isChecked() ? "+" : button->isEnabled() ? "" : "grey";
+        return "nothing";
+    }
+
+    /// Where the field with the focus stands on the form, in twips.
+    static QPoint focusPlace() {
+        const QWidget* const face = QApplication::focusWidget();
+        return (face->mapTo(face->window(), QPoint(0, 0)) - formPlace) * 15;
+    }
+
+    bool nothingIsPrinted() const { return !QDir(home.filePath("Documents")).exists(); }
+
+    QTemporaryDir home;
+    QTimer reader;
+    std::vector<std::string> told;
+};
+
+TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
+    startMatch();
+    nextTile(1);
+    ASSERT_TRUE(waitFor([&] { return game->mintCurRow == 2; }));
+    int row = 0;
+    inForm([&] {
+        row = game->mintCurRow;
+        EXPECT_FALSE(game->Timer1.enabled());
+        EXPECT_EQ(shownAt(1680, 4680), "$0");
+        EXPECT_EQ(shownAt(4440, 6600), "grey");
+        struct {
+            const char* typed;
+            Qt::Key on;
+            int left, top;  // of the next field, in twips
+        } const fields[] = {
+            {"1Ann B. Carter", Qt::Key_Return, 1440, 1080},   // no digits in a name
+            {"", Qt::Key_Enter, 1440, 1440},                  // an empty address line
+            {"5 High Street", Qt::Key_Tab, 1440, 1800},       // moves up
+            {"Old Town", Qt::Key_Return, 1440, 2160},         // and so does this one
+            {"Salem", Qt::Key_Return, 1440, 2520},            //
+            {"ooo", Qt::Key_Return, 4200, 2520},              // the third of the states with an O
+            {"a97301", Qt::Key_Return, 1440, 3000},           //
+            {"", Qt::Key_Return, 1440, 3360},                 //
+            {"ann@example.org", Qt::Key_Return, 1440, 3720},  //
+            {"03x", Qt::Key_Return, 4200, 3720},              // neither a zero in front nor a letter
+            {" ", Qt::Key_Return, 4200, 3720},                // ticked, and Enter does nothing there
+        };
+        for (const auto& field : fields) {
+            type(field.typed);
+            key(field.on);
+            EXPECT_EQ(focusPlace(), QPoint(field.left, field.top)) << "after " << field.typed;
+        }
+        EXPECT_EQ(shownAt(4200, 3720), "+");
+        EXPECT_EQ(shownAt(1440, 4080) + shownAt(1440, 4320), "greygrey");
+        EXPECT_EQ(shownAt(1680, 4680), "$36");
+        EXPECT_EQ(shownAt(4440, 6600), "") << "complete with an electronic copy";
+        type(" ");
+        EXPECT_EQ(shownAt(4440, 6600), "grey") << "the tick was taken back";
+
+        key(Qt::Key_Tab);
+        type(" ");
+        EXPECT_EQ(shownAt(1440, 4080), "+");
+        EXPECT_EQ(shownAt(1680, 4680), "$40");
+        key(Qt::Key_Down);
+        EXPECT_EQ(shownAt(1440, 4320), "+");
+        EXPECT_EQ(shownAt(1680, 4680), "$43");
+        key(Qt::Key_Up);
+        EXPECT_EQ(shownAt(1440, 4080), "+");
+        key(Qt::Key_Return);
+        EXPECT_EQ(focusPlace(), QPoint(1440, 4080));
+
+        struct {
+            int left, top;
+            const char* text;
+        } const shown[] = {
+            {1440, 720, "Ann B. Carter"},
+            {1440, 1080, "5 High Street"},
+            {1440, 1440, "Old Town"},
+            {1440, 1800, ""},
+            {1440, 2160, "Salem"},
+            {1440, 2520, "Oregon - OR"},
+            {4200, 2520, "97301"},
+            {1440, 3000, ""},
+            {1440, 3360, "ann@example.org"},
+            {1440, 3720, "3"},
+            {4200, 3720, ""},
+            {1440, 4080, "+"},
+            {1440, 4320, ""},
+            {1680, 4680, "$40"},
+            {4440, 6600, ""},
+        };
+        for (const auto& each : shown) EXPECT_EQ(shownAt(each.left, each.top), each.text) << each.top;
+
+        EXPECT_TRUE(nothingIsPrinted());
+        EXPECT_TRUE(told.empty());
+        key(Qt::Key_P, Qt::AltModifier);
+        ASSERT_TRUE(waitFor([&] {
+            return window->isActiveWindow() && !told.empty();
+        }));  // The button shows for a moment that it is pressed.
+        const std::string sheet = home.filePath("Documents/Velmora.pdf").toStdString();
+        EXPECT_EQ(told, std::vector<std::string>{"No printer is set up. The sheet has been saved as\n" + sheet});
+        EXPECT_EQ(sheetIn(sheet), printedSheet);
+
+        EXPECT_TRUE(gfrmOrder.isOpen());
+        EXPECT_EQ(shownAt(1440, 720), "Ann B. Carter") << "nothing typed is lost";
+        key(Qt::Key_C, Qt::AltModifier);
+        EXPECT_TRUE(waitFor([] { return gfrmOrder.empty(); }));
+    });
+    EXPECT_TRUE(game->Timer1.enabled());
+    EXPECT_EQ(game->mintCurRow, row);
+    EXPECT_TRUE(waitFor([&] { return game->mintCurRow == row + 1; })) << "the fall goes on";
+    press(Qt::Key_Left);
+    EXPECT_EQ(game->mintCurCol, 4) << "with the keys of the game";
+    inForm([&] {
+        for (const QPoint& place : {QPoint(1440, 720), QPoint(1440, 2520), QPoint(1440, 3720), QPoint(1440, 4080)})
+            EXPECT_EQ(shownAt(place.x(), place.y()), "") << "at " << place.y() << " it still holds something";
+        key(Qt::Key_Escape);
+    });
+}
+
+TEST_F(OrderWindow, EscapeClosesTheOpenListBeforeTheForm) {
+    inForm([&] {
+        for (int i = 0; i < 5; ++i) key(Qt::Key_Return);
+        const auto listIsOpen = [] { return QApplication::activePopupWidget() != nullptr; };
+        key(Qt::Key_Down, Qt::AltModifier);
+        ASSERT_TRUE(waitFor(listIsOpen));
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+        ASSERT_TRUE(waitFor([&] { return !listIsOpen(); }));
+        bringToFront();
+        EXPECT_TRUE(gfrmOrder.isOpen());
+        key(Qt::Key_Escape);
+        EXPECT_FALSE(gfrmOrder.isOpen());
+    });
+}
+
+using OrderWindowDeathTest = OrderWindow;
+
+TEST_F(OrderWindowDeathTest, ClosingTheMainWindowDiscardsTheOrder) {
+    ::testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_EXIT(
+        {
+            startMatch();
+            nextTile(1);
+            once([] { return gfrmOrder.isOpen(); },
+                 [this] {
+                     type("Ann");
+                     window->close();
+                 });
+            click("Order");
+        },
+        ::testing::ExitedWithCode(0), "");
+}
+
+}  // namespace
