@@ -53,7 +53,7 @@ class Panel {
     Panel(Form& form, const Place& place);    ///< On the form's surface, with no caption.
     Panel(Panel& panel, const Place& place);  ///< On another panel, which must live as long.
     ~Panel();                                 ///< Takes it off its form.
-    Panel(Panel&&) noexcept;                  ///< What it is moved from may only be destroyed.
+    Panel(Panel&&) noexcept;                  ///< Afterwards the other object may only be destroyed.
 
     void setLook(const PanelLook& look);       ///< Bevels, colours and where the caption stands.
     void setFont(const Font& font);            ///< Of its caption.

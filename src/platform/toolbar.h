@@ -18,21 +18,22 @@ struct ImageList {
 
 constexpr int firstButtonWidth = 28;  ///< Pixels, of each tool button until it gets another width.
 
-/// A toolbar across the top of a form, above its surface. Buttons count from 1, and a number of none fails
-/// with number 9; none stays pressed or takes the focus.
+/// A toolbar across the top of a form, above its surface. Its buttons are numbered from 1; a number that no button has
+/// fails with number 9. A button without an image is a gap. No button stays pressed, and none takes the focus.
 class ToolBar {
   public:
-    ToolBar(Form& form, int height, int buttonCount, const ImageList& images);  ///< Height in pixels; all gaps.
+    /// Height in pixels. Every button is a gap at first.
+    ToolBar(Form& form, int height, int buttonCount, const ImageList& images);
     ~ToolBar();  ///< Takes it off its form, also in its own handler.
 
-    std::function<void(int button)> onButtonClick;  ///< A button was pressed and let go again; a gap never is.
+    std::function<void(int button)> onButtonClick;  ///< A button was pressed and let go again.
 
     void setWidth(int pixels);                    ///< Of the strip, which leaves the buttons as wide as they are.
     int width() const;                            ///< Of the strip, in pixels.
-    int buttonCount() const;                      ///< Gaps among them.
+    int buttonCount() const;                      ///< The gaps count too.
     int buttonWidth(int button) const;            ///< Pixels.
     void setButtonWidth(int button, int pixels);  ///< The buttons to its right move along.
-    void setButtonImage(int button, int image);   ///< Images count from 1; a button with image 0 is a gap.
+    void setButtonImage(int button, int image);   ///< Images are numbered from 1; 0 is none.
     void setToolTip(int button, const std::string& text);  ///< UTF-8, shown while the pointer rests on the button.
     std::string toolTip(int button) const;                 ///< As it was set last; empty at first.
 
@@ -42,7 +43,8 @@ class ToolBar {
     std::unique_ptr<Impl> impl_;
 };
 
-/// A menu that opens at the mouse pointer. Items count from 1; a number of none fails with number 9.
+/// A menu that opens at the mouse pointer. Its items are numbered from 1; a number that no item has
+/// fails with number 9.
 class PopupMenu {
   public:
     explicit PopupMenu(Form& form);  ///< Without items.
