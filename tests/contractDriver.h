@@ -21,6 +21,10 @@ void pressAccessKey(char letter);              ///< Alt with that key; what it p
 void typeText(const std::string& text);        ///< Key by key, each down and up.
 void pasteText(const std::string& text);       ///< The clipboard's text, by the keys for it.
 void click(const platform::Control& control);  ///< With the pointer on it.
+/// The pointer, in pixels from the corner of the form on top, and its left button.
+void movePointer(int x, int y);
+void buttonDown(int x, int y);
+void buttonUp(int x, int y);
 void clickToolButton(int button);
 void clickButton(const std::string& caption);  ///< A command button of the form on top.
 void goAway();                                 ///< The keyboard goes to a window of another program.

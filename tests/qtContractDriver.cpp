@@ -91,6 +91,8 @@ Person& person() {
 
 QWidget* mainWindow() { return platform::qt::formStack().top()->window(); }
 
+QPoint onWindow(int x, int y) { return platform::qt::formStack().top()->mapTo(mainWindow(), QPoint(x, y)); }
+
 QKeyEvent keyEvent(QEvent::Type type, int code, bool repeat) {
     for (const KeyRow& row : namedKeys)
         if (row.code == code) return {type, row.key, row.pad ? Qt::KeypadModifier : Qt::NoModifier, QString(), repeat};
@@ -166,6 +168,16 @@ void click(const platform::Control& control) {
     constexpr int onIndicator = 8;  // pixels from the left of a box or an option
     QWidget* const face = control.impl().face.get();
     QTest::mouseClick(face, Qt::LeftButton, Qt::NoModifier, {onIndicator, face->height() / 2});
+}
+
+void movePointer(int x, int y) { QTest::mouseMove(mainWindow()->windowHandle(), onWindow(x, y)); }
+
+void buttonDown(int x, int y) {
+    QTest::mousePress(mainWindow()->windowHandle(), Qt::LeftButton, Qt::NoModifier, onWindow(x, y));
+}
+
+void buttonUp(int x, int y) {
+    QTest::mouseRelease(mainWindow()->windowHandle(), Qt::LeftButton, Qt::NoModifier, onWindow(x, y));
 }
 
 void clickToolButton(int button) {

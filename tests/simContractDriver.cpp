@@ -23,6 +23,9 @@ void pressAccessKey(char letter) { sim::pressAccessKey(letter); }
 void typeText(const std::string& text) { sim::typeText(text); }
 void pasteText(const std::string& text) { sim::pasteText(text); }
 void click(const platform::Control& control) { sim::click(control); }
+void movePointer(int x, int y) { sim::movePointer(x, y); }
+void buttonDown(int x, int y) { sim::buttonDown(x, y); }
+void buttonUp(int x, int y) { sim::buttonUp(x, y); }
 void clickToolButton(int button) { sim::clickToolButton(button); }
 void clickButton(const std::string& caption) { sim::clickButton(caption); }
 

@@ -22,6 +22,7 @@ constexpr int16_t textSize = 12;  // points
 frmHiScore::frmHiScore() {
     form.onLoad = [this] { Form_Load(); };
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
+    form.onPoint = [](int, int) { return true; };  // A click anywhere closes it.
     form.onUnload = [this] { Form_Unload(); };
 }
 

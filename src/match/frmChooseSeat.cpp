@@ -26,6 +26,7 @@ frmChooseSeat::frmChooseSeat() {
     form.onLoad = [this] { Form_Load(); };
     form.onKeyDown = [this](int& keyCode) { Form_KeyDown(keyCode); };
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
+    form.onPoint = [this](int x, int y) { return Form_Point(x, y); };
     shpSeat.setBorder(frameBorder, magenta);
 }
 
@@ -66,10 +67,21 @@ void frmChooseSeat::msShuffleTiles() {
     });
 }
 
-void frmChooseSeat::msPlaceFrame() {
-    const PixelPoint& place = maudtTilePsn[mintSelTile];
-    const int border = shpSeat.borderWidth();
-    shpSeat.setPlace({place.X - border, place.Y - border, frameWidth, frameHeight});
+platform::Place frmChooseSeat::mudtfFrame(int tile) const {
+    const PixelPoint& place = maudtTilePsn[tile];
+    return {place.X - frameBorder, place.Y - frameBorder, frameWidth, frameHeight};
+}
+
+void frmChooseSeat::msPlaceFrame() { shpSeat.setPlace(mudtfFrame(mintSelTile)); }
+
+bool frmChooseSeat::Form_Point(int x, int y) {
+    for (int16_t tile = 1; tile <= seatCount && !mblnDrawn; ++tile) {
+        if (!mudtfFrame(tile).contains(x, y)) continue;
+        mintSelTile = tile;
+        msPlaceFrame();
+        return true;
+    }
+    return false;
 }
 
 void frmChooseSeat::Form_KeyDown(int keyCode) {

@@ -44,6 +44,7 @@ frmGameSummary::frmGameSummary()
       pnlList(pnlFrame, {24, 32, 255, 161}) {
     form.onLoad = [this] { Form_Load(); };
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
+    form.onPoint = [](int, int) { return true; };  // A click anywhere closes it.
     form.onUnload = [this] { Form_Unload(); };
     dress(pnlOuter, outerLook, titleFont, "");
     dress(pnlTitle, flatLook(black), titleFont, "Game Over...");

@@ -12,6 +12,8 @@ struct Place {
     int top = 0;
     int width = 0;
     int height = 0;
+
+    bool contains(int x, int y) const { return x >= left && x < left + width && y >= top && y < top + height; }
 };
 
 /// What was drawn on a surface lately, as rectangles in the order of drawing. It remembers the last few of them; who

@@ -37,6 +37,9 @@ class Form {
     std::function<void()> onActivate;             ///< It is on top now: it has opened, or the form over it has gone.
     std::function<void(int& keyCode)> onKeyDown;  ///< With repeats while the key is held: see keyRepeats().
     std::function<void(int& character)> onKeyPress;
+    /// The pointer has moved to that pixel of the surface, or its left button goes down or up there; true if Enter
+    /// means something there. A left click at such a place, begun while the form was on top, is a press of Enter.
+    std::function<bool(int x, int y)> onPoint;
     std::function<void()> onUnload;  ///< Before the window goes; the form's owner may let go of it here.
 
     /// Place and size in twips on the screen, 15 to the pixel. A dialog's place counts from the main window's.

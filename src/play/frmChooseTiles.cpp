@@ -1,5 +1,7 @@
 #include "play/frmChooseTiles.h"
 
+#include <algorithm>
+
 #include "frmMain.h"
 #include "modZQT.h"
 #include "platform/desktop.h"
@@ -13,6 +15,13 @@ namespace {
 constexpr int entryWidth = setTiles * tileWidth;  // pixels; Pass is as wide
 constexpr int borderWidth = 3;                    // pixels
 
+int16_t mintfTilesOf(int entry) {
+    int16_t tiles = 0;
+    for (const CellInfo& tile : PossibleTiles[entry])
+        if (tile.Filled) ++tiles;
+    return tiles;
+}
+
 /// Covers a surface with the part of the table that the chooser lies over.
 void showTable(platform::Surface& surface, platform::Form& main) {
     platform::BitBlt(surface, 0, 0, surface.width(), surface.height(), main.surface(), chooserPlace.left,
@@ -25,6 +34,7 @@ frmChooseTiles::frmChooseTiles() {
     form.onLoad = [this] { Form_Load(); };
     form.onKeyDown = [this](int& keyCode) { Form_KeyDown(keyCode); };
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
+    form.onPoint = [this](int x, int y) { return Form_Point(x, y); };
     form.onUnload = [this] { Form_Unload(); };
     Shape1.setBorder(borderWidth, red);
 }
@@ -114,15 +124,27 @@ int frmChooseTiles::mintfAbove(int entry) const {
     return lowest;
 }
 
+bool frmChooseTiles::Form_Point(int x, int y) {
+    return guarded("Form_Point", [&] {
+        for (int entry = 1; entry <= std::min<int>(mintNumEntries, candidatePlaces); ++entry) {
+            if (!mudtfFrame(entry).contains(x, y)) continue;
+            if (entry != mintCurEntry) msHiLiteTiles(mintCurEntry = narrow16(entry));
+            return true;
+        }
+        return false;
+    });
+}
+
+platform::Place frmChooseTiles::mudtfFrame(int entry) const {
+    const int width = entry == mintNumEntries ? entryWidth : tileWidth * mintfTilesOf(entry);
+    const CellInfo& place = PossibleTiles[entry][1];
+    return {place.X - borderWidth, place.Y - borderWidth, width + 2 * borderWidth, tileHeight + 2 * borderWidth};
+}
+
 void frmChooseTiles::msHiLiteTiles(int16_t entry) {
     guarded("msHiLiteTiles", [&] {
-        mintNumTiles = 0;
-        for (const CellInfo& tile : PossibleTiles[entry])
-            if (tile.Filled) ++mintNumTiles;
-        const int width = entry == mintNumEntries ? entryWidth : tileWidth * mintNumTiles;
-        const int border = Shape1.borderWidth();
-        const CellInfo& place = PossibleTiles[entry][1];
-        Shape1.setPlace({place.X - border, place.Y - border, width + 2 * border, tileHeight + 2 * border});
+        mintNumTiles = mintfTilesOf(entry);
+        Shape1.setPlace(mudtfFrame(entry));
         if (!Shape1.visible()) Shape1.setVisible(true);
     });
 }

@@ -35,12 +35,16 @@ struct frmChooseTiles {
     void Form_Load();
     /// Moves the highlight by the code of a key.
     void Form_KeyDown(int keyCode);
+    /// Moves the highlight to the entry at that point of the form; false if none is there.
+    bool Form_Point(int x, int y);
     /// Answers with the highlighted entry on Enter.
     void Form_KeyPress(int keyAscii);
     /// Empties the rows and columns of the candidates.
     void Form_Unload();
     /// Paints the candidates, each tile in the view that it has on the board, and Pass, and counts the entries.
     void msLoadTiles();
+    /// The highlight's place round an entry.
+    platform::Place mudtfFrame(int entry) const;
     /// Lays the highlight round an entry and counts its tiles.
     void msHiLiteTiles(int16_t entry);
     /// The entry a line further down in the same column, or else the one in the first line.

@@ -26,6 +26,7 @@ constexpr int16_t textSize = 11;  // points
 frmBreakDown::frmBreakDown() {
     form.onLoad = [this] { Form_Load(); };
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
+    form.onPoint = [](int, int) { return true; };  // A click anywhere closes it.
     form.onUnload = [this] { Form_Unload(); };
 }
 

@@ -1,6 +1,7 @@
 #include "platform/qt/formStack.h"
 
 #include <QCoreApplication>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QWidget>
@@ -35,6 +36,14 @@ bool isPointing(QEvent::Type type) {
     }
 }
 
+bool isOfMouse(QEvent::Type type) {
+    return type == QEvent::MouseMove || type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
+           type == QEvent::MouseButtonDblClick;
+}
+
+/// Enter going down, for a form that is clicked.
+QKeyEvent enterKey() { return {QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r")}; }
+
 bool belongsToForms(const QWidget* face) { return dynamic_cast<const FormWindow*>(face->window()); }
 
 }  // namespace
@@ -60,6 +69,8 @@ void FormStack::openMain(FormWindow* window) {
 void FormStack::openDialog(FormWindow* window) {
     dialogs_.push_back(window);
     ++changes_;
+    clicked_ = nullptr;
+    pointer_ = QCursor::pos();  // A window that comes up under a pointer at rest gets a move too.
 }
 
 void FormStack::unloadAbove(const FormWindow* window) {
@@ -76,10 +87,16 @@ void FormStack::leave(FormWindow* window) {
     if (wasMain) main_ = nullptr;
     if (std::erase(dialogs_, window) == 0 && !wasMain) return;
     ++changes_;
+    clicked_ = nullptr;
     presses_.disown(window);
     if (wasMain) presence().look();
     if (wasMain && onMainWindowGone) onMainWindowGone();
     if (FormWindow* const under = wasMain ? nullptr : top()) under->activate();
+}
+
+void FormStack::openBox() {
+    ++boxes_;
+    clicked_ = nullptr;
 }
 
 void FormStack::closeBox(const QWidget* box) {
@@ -95,8 +112,27 @@ bool FormStack::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::KeyRelease:
             return filterKey(face, *static_cast<QKeyEvent*>(event));
         default:
-            return isPointing(event->type()) && blocks(face);
+            break;
     }
+    if (isPointing(event->type()) && blocks(face)) return true;
+    return isOfMouse(event->type()) && filterMouse(face, *static_cast<QMouseEvent*>(event));
+}
+
+/// Frames and panels on a form let events of the mouse go through to it.
+bool FormStack::filterMouse(const QWidget* face, const QMouseEvent& event) {
+    const QPoint before = std::exchange(pointer_, event.globalPosition().toPoint());
+    FormWindow* const form = top();
+    if (!form || face != form || !form->form->onPoint || blocks(face)) return false;
+    const QPoint at = event.position().toPoint();
+    if (event.type() == QEvent::MouseMove)
+        pointer_ != before && form->answersAt(at);
+    else if (event.button() != Qt::LeftButton)
+        return true;
+    else if (event.type() != QEvent::MouseButtonRelease)
+        clicked_ = form->answersAt(at) ? form : nullptr;
+    else if (std::exchange(clicked_, nullptr) == form && form->answersAt(at))
+        deliver(form, enterKey(), {key::Enter, key::Enter, false});
+    return true;
 }
 
 bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {

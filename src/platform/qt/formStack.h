@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPoint>
 #include <functional>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include "platform/qt/presses.h"
 
 class QKeyEvent;
+class QMouseEvent;
 class QWidget;
 
 namespace platform::qt {
@@ -29,17 +31,18 @@ class FormStack : public QObject {
     void unloadAbove(const FormWindow* window);  ///< Unloads the dialogs that lie over it, the top-most first.
     void leave(FormWindow* window);              ///< The window is open no longer. Nothing if it wasn't.
 
-    void openBox() { ++boxes_; }        ///< A message box stands before the forms.
+    void openBox();                     ///< A message box stands before the forms.
     void closeBox(const QWidget* box);  ///< It is gone again.
 
     void letGoOfKeys() { presses_.letGoOfAll(); }  ///< No held key goes on: its release may never be told.
 
     /// Keeps back clicks that something on top blocks, and takes the keys meant for forms to the one on top and from
-    /// there to its control with the focus.
+    /// there to its control with the focus. Where a form asks for it, a click takes the way of Enter.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     bool filterKey(QWidget* face, const QKeyEvent& event);
+    bool filterMouse(const QWidget* face, const QMouseEvent& event);
     void deliver(FormWindow* window, const QKeyEvent& event, Stroke stroke);
     void forward(QWidget* target, QKeyEvent& event);
     void release(FormWindow* window, const QKeyEvent& event);
@@ -49,7 +52,9 @@ class FormStack : public QObject {
     int boxes_ = 0;                     // message boxes that are open
     int changes_ = 0;                   // how often a form has opened or gone
     bool keyRepeats_ = false;
-    bool forwards_ = false;  // a key is on its way from the form to its control
+    bool forwards_ = false;                // a key is on its way from the form to its control
+    const FormWindow* clicked_ = nullptr;  // on which the left button went down, where Enter means something
+    QPoint pointer_;                       // where it was last, on the screen
     Presses presses_;
 };
 

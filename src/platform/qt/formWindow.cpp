@@ -203,6 +203,13 @@ Control::Impl* FormWindow::focusedControl() const {
     return found != controls_.end() ? *found : nullptr;
 }
 
+bool FormWindow::answersAt(const QPoint& at) {
+    bool answered = false;
+    const std::function<void()> ask = [&, slot = form->onPoint] { answered = slot(at.x(), at.y()); };
+    if (rect().contains(at)) callSlot(ask);
+    return answered;
+}
+
 bool FormWindow::answers(const Stroke& stroke) {
     if (stroke.code != key::Enter && stroke.code != key::Escape) return false;
     auto* const focused = qobject_cast<QPushButton*>(keyTarget());

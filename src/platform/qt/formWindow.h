@@ -43,8 +43,9 @@ class FormWindow : public QWidget {
 
     QWidget* keyTarget() const;             ///< The widget to which the form's keys go: one on it, or itself.
     Control::Impl* focusedControl() const;  ///< The control to which they go; null if it is none.
-    bool answers(const Stroke& stroke);     ///< Whether a button answers the key for the whole form; it is pressed.
-    void followFocus();                     ///< Tells the controls when the focus has gone from one to another.
+    bool answersAt(const QPoint& at);    ///< Tells the form where the pointer is; whether Enter means something there.
+    bool answers(const Stroke& stroke);  ///< Whether a button answers the key for the whole form; it is pressed.
+    void followFocus();                  ///< Tells the controls when the focus has gone from one to another.
 
   protected:
     void paintEvent(QPaintEvent* event) override;

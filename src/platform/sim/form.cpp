@@ -35,6 +35,19 @@ bool passes(Serial serial, std::function<void(int&)> platform::Form::*handler, i
     return key != 0 && taker() == serial;
 }
 
+/// A key that the form, the one on top, may have.
+void takeStroke(Serial owner, Stroke stroke) {
+    int code = stroke.code;
+    const bool outer = std::exchange(state().keyRepeats, stroke.repeat);
+    const bool goesOn = passes(owner, &platform::Form::onKeyDown, code);
+    state().keyRepeats = outer;
+    if (!goesOn) return;
+    const int before = stroke.character;
+    if (before != 0 && !passes(owner, &platform::Form::onKeyPress, stroke.character)) return;
+    if (stroke.character != before) stroke.typed = static_cast<char32_t>(stroke.character);
+    pressOnControls(*openForm(owner), stroke);
+}
+
 }  // namespace
 
 platform::Form::Impl* openForm(Serial serial) {
@@ -58,16 +71,7 @@ void strike(Stroke stroke) {
     auto& holder = state().held[static_cast<size_t>(stroke.code)];
     stroke.repeat = holder.has_value();
     if (!holder) holder = owner;
-    if (*holder != owner) return;
-    int code = stroke.code;
-    const bool outer = std::exchange(state().keyRepeats, stroke.repeat);
-    const bool goesOn = passes(owner, &platform::Form::onKeyDown, code);
-    state().keyRepeats = outer;
-    if (!goesOn) return;
-    const int before = stroke.character;
-    if (before != 0 && !passes(owner, &platform::Form::onKeyPress, stroke.character)) return;
-    if (stroke.character != before) stroke.typed = static_cast<char32_t>(stroke.character);
-    pressOnControls(*openForm(owner), stroke);
+    if (*holder == owner) takeStroke(owner, stroke);
 }
 
 namespace {
@@ -79,7 +83,41 @@ int keyFor(char32_t character) {
     return hasCode || character == ' ' ? static_cast<int>(character) : otherKey;
 }
 
+/// Tells the form on top where the pointer is; the form's serial if Enter means something there, or else 0.
+Serial answeringAt(int x, int y) {
+    platform::Form::Impl* const form = openForm(taker());
+    bool answered = false;
+    const bool on = form != nullptr && x >= 0 && y >= 0 && x < form->surface.width() && y < form->surface.height();
+    if (on && form->owner.onPoint)
+        deliver(std::function<void()>([&, slot = form->owner.onPoint] { answered = slot(x, y); }));
+    return answered ? form->serial : 0;
+}
+
 }  // namespace
+
+void movePointer(int x, int y) {
+    arrive();
+    answeringAt(x, y);
+}
+
+void buttonDown(int x, int y) {
+    arrive();
+    state().clicked = answeringAt(x, y);
+}
+
+void buttonUp(int x, int y) {
+    arrive();
+    const Serial clicked = std::exchange(state().clicked, 0);
+    if (answeringAt(x, y) != clicked || clicked == 0) return;
+    note("click", x, y);
+    takeStroke(clicked, {platform::key::Enter, platform::key::Enter, U'\r'});
+}
+
+void clickAt(int x, int y) {
+    movePointer(x, y);
+    buttonDown(x, y);
+    buttonUp(x, y);
+}
 
 void keyDown(int keyCode) {
     const int character = characterOf(keyCode);
@@ -139,6 +177,7 @@ void Form::Impl::open(bool asModal) {
     modal = asModal;
     focus = nullptr;
     sim::state().forms.push_back(this);
+    sim::state().clicked = 0;
     const sim::Serial self = serial;
     sim::deliver(owner.onLoad);
     if (sim::openForm(self) == nullptr) return;

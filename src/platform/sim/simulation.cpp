@@ -187,6 +187,7 @@ double random() { return static_cast<double>(sim::state().generator()) / randomR
 
 void messageBox(const std::string& title, const std::string& text) {
     sim::note("message", title + ": " + text);
+    sim::state().clicked = 0;
     sim::state().messages.push_back(title + ": " + text);
 }
 

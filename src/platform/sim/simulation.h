@@ -62,6 +62,11 @@ void pressAccessKey(char letter);              ///< Alt with that key: a capital
 void typeText(const std::string& text);        ///< Key by key, each down and up.
 void pasteText(const std::string& text);       ///< The clipboard's text, by the keys for it.
 void click(const platform::Control& control);  ///< With the pointer on it; of a text box, behind its text.
+/// The pointer, in pixels of the surface of the form on top, and its left button.
+void movePointer(int x, int y);
+void buttonDown(int x, int y);
+void buttonUp(int x, int y);
+void clickAt(int x, int y);  ///< The pointer goes there, and the button down and up.
 void clickToolButton(int button);
 /// A button of the form on top that shows that caption: a command button, a check box or an option button.
 void clickButton(const std::string& caption);

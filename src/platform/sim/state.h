@@ -96,6 +96,7 @@ struct State {
     std::array<std::optional<Serial>, keyCodes> held;  ///< Who was on top when the key went down.
     bool keyRepeats = false;                           ///< Of the key whose handler runs.
     std::optional<double> awaySince;                   ///< When the player went, while he is away.
+    Serial clicked = 0;  ///< On which the left button went down, where Enter means something; 0 for none.
     std::vector<std::string> messages;
     std::string programFolder;  ///< Empty as long as the program lies in a folder of its own.
     std::string helpFile;       ///< What the help window shows; empty while it isn't open.
