@@ -13,13 +13,16 @@ toolbar, to begin; Help, the button with the question mark, tells the rules.
 Keys in play
   Left, Right    steer the falling tile
   Down           drop it; the sets that it completes count double
+  F10            go to the toolbar: Left and Right move along it, Enter presses
+                 a button, Esc goes back to the board
 
 Keys in the tile chooser and in the draw of seats
   arrow keys     move the highlight
-  Enter          take what is highlighted
+  Enter          take what is highlighted; a click takes what lies under it
 
 4, 6, 2 and 8 of the number pad are arrow keys too. Enter or Esc closes the
-break-down, the summary, the high scores and the about box.
+break-down, the summary, the high scores and the about box; a click closes the
+first three.
 
 Options
   --help         show this text and end

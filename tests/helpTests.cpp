@@ -129,6 +129,7 @@ TEST_F(Help, ItsLinksLeadToHeadings) {
     const std::map<QString, QString> headings = {
         {"#your-first-hand", "Your first hand"},
         {"#points-of-a-set", "Points of a set"},
+        {"#the-toolbar", "The toolbar"},
         {"#levels", "Levels"},
         {"#high-scores", "High scores"},
         {"#order-form-and-about-box", "Order form and about box"},

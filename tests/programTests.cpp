@@ -110,7 +110,7 @@ TEST(Program, HelpTellsTheKeys) {
     const std::string text = run.out();
     EXPECT_EQ(run.error(), "");
     EXPECT_EQ(text.rfind("Usage: velmora [--help | --version]\n", 0), 0U);
-    for (const char* word : {"Left, Right", "Down", "Enter", "Esc", "number pad", "--help", "--version"})
+    for (const char* word : {"Left, Right", "Down", "F10", "Enter", "Esc", "number pad", "--help", "--version"})
         EXPECT_NE(text.find(word), std::string::npos) << word;
 }
 

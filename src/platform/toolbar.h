@@ -19,7 +19,11 @@ struct ImageList {
 constexpr int firstButtonWidth = 28;  ///< Pixels, of each tool button until it gets another width.
 
 /// A toolbar across the top of a form, above its surface. Its buttons are numbered from 1; a number that no button has
-/// fails with number 9. A button without an image is a gap. No button stays pressed, and none takes the focus.
+/// fails with number 9. A button without an image is a gap. No button stays pressed, and a
+/// click leaves the focus where it is.
+///
+/// F10 with no dialog open takes the form's keys to the buttons: Left and Right go from one to the next, Enter or Space
+/// presses it. Escape or F10, a click and a dialog give the keys back.
 class ToolBar {
   public:
     /// Height in pixels. Every button is a gap at first.
@@ -34,7 +38,7 @@ class ToolBar {
     int buttonWidth(int button) const;            ///< Pixels.
     void setButtonWidth(int button, int pixels);  ///< The buttons to its right move along.
     void setButtonImage(int button, int image);   ///< Images are numbered from 1; 0 is none.
-    void setToolTip(int button, const std::string& text);  ///< UTF-8, shown while the pointer rests on the button.
+    void setToolTip(int button, const std::string& text);  ///< UTF-8, shown while the pointer or the keys are at it.
     std::string toolTip(int button) const;                 ///< As it was set last; empty at first.
 
     struct Impl;
@@ -43,8 +47,8 @@ class ToolBar {
     std::unique_ptr<Impl> impl_;
 };
 
-/// A menu that opens at the mouse pointer. Its items are numbered from 1; a number that no item has
-/// fails with number 9.
+/// A menu that opens at the mouse pointer, or under the tool button that has the keys. Its items are numbered from 1; a
+/// number that no item has fails with number 9.
 class PopupMenu {
   public:
     explicit PopupMenu(Form& form);  ///< Without items.

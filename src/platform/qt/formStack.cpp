@@ -67,6 +67,7 @@ void FormStack::openMain(FormWindow* window) {
 }
 
 void FormStack::openDialog(FormWindow* window) {
+    if (main_) main_->takeKeysBack();
     dialogs_.push_back(window);
     ++changes_;
     clicked_ = nullptr;
@@ -114,6 +115,7 @@ bool FormStack::eventFilter(QObject* watched, QEvent* event) {
         default:
             break;
     }
+    if (event->type() == QEvent::MouseButtonPress && top()) top()->takeKeysBack();
     if (isPointing(event->type()) && blocks(face)) return true;
     return isOfMouse(event->type()) && filterMouse(face, *static_cast<QMouseEvent*>(event));
 }
@@ -136,7 +138,7 @@ bool FormStack::filterMouse(const QWidget* face, const QMouseEvent& event) {
 }
 
 bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {
-    if (forwards_) return false;
+    if (forwarded_ == &event) return false;
     const bool toForms = belongsToForms(face);
     FormWindow* const form = boxes_ > 0 ? nullptr : top();
     if (event.type() == QEvent::KeyRelease) {
@@ -152,6 +154,10 @@ bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {
 
 void FormStack::deliver(FormWindow* window, const QKeyEvent& event, Stroke stroke) {
     const int typed = stroke.character;
+    if (window->toolsHaveKeys()) {
+        QKeyEvent forwarded = eventFor(event, stroke, typed);
+        return forward(window->keyTarget(), forwarded);
+    }
     const int changesBefore = changes_;
     const bool outer = std::exchange(keyRepeats_, stroke.repeat);  // A handler may serve events, further keys too.
     int code = stroke.code;
@@ -184,9 +190,9 @@ void FormStack::release(FormWindow* window, const QKeyEvent& event) {
 }
 
 void FormStack::forward(QWidget* target, QKeyEvent& event) {
-    const bool outer = std::exchange(forwards_, true);
+    const QKeyEvent* const outer = std::exchange(forwarded_, &event);
     QCoreApplication::sendEvent(target, &event);
-    forwards_ = outer;
+    forwarded_ = outer;
 }
 
 }  // namespace platform::qt

@@ -37,7 +37,8 @@ class FormStack : public QObject {
     void letGoOfKeys() { presses_.letGoOfAll(); }  ///< No held key goes on: its release may never be told.
 
     /// Keeps back clicks that something on top blocks, and takes the keys meant for forms to the one on top and from
-    /// there to its control with the focus. Where a form asks for it, a click takes the way of Enter.
+    /// there to its control with the focus; those of a tool button that has them are its own. Where a form asks for it,
+    /// a click takes the way of Enter.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -52,9 +53,9 @@ class FormStack : public QObject {
     int boxes_ = 0;                     // message boxes that are open
     int changes_ = 0;                   // how often a form has opened or gone
     bool keyRepeats_ = false;
-    bool forwards_ = false;                // a key is on its way from the form to its control
-    const FormWindow* clicked_ = nullptr;  // on which the left button went down, where Enter means something
-    QPoint pointer_;                       // where it was last, on the screen
+    const QKeyEvent* forwarded_ = nullptr;  // on its way from the form to its control
+    const FormWindow* clicked_ = nullptr;   // on which the left button went down, where Enter means something
+    QPoint pointer_;                        // where it was last, on the screen
     Presses presses_;
 };
 

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QScreen>
 #include <QStyle>
+#include <QToolButton>
+#include <QToolTip>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
@@ -195,6 +197,16 @@ QWidget* FormWindow::keyTarget() const {
     const bool isOwn =
         focus && focus != this && isAncestorOf(focus) && focus->isVisible() && formWindowOf(focus) == this;
     return isOwn ? focus : const_cast<FormWindow*>(this);
+}
+
+bool FormWindow::toolsHaveKeys() const { return qobject_cast<QToolButton*>(keyTarget()) != nullptr; }
+
+void FormWindow::takeKeysBack() {
+    if (!toolsHaveKeys()) return;
+    QWidget* const button = keyTarget();
+    setFocus(Qt::OtherFocusReason);
+    button->update();
+    QToolTip::hideText();
 }
 
 Control::Impl* FormWindow::focusedControl() const {

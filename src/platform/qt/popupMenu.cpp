@@ -8,6 +8,17 @@
 
 namespace platform {
 
+namespace {
+
+/// Under the tool button that has the keys, or else at the pointer.
+QPoint openingPlace(const qt::FormWindow* window) {
+    if (!window || !window->toolsHaveKeys()) return QCursor::pos();
+    const QWidget* const button = window->keyTarget();
+    return button->mapToGlobal(QPoint(0, button->height()));
+}
+
+}  // namespace
+
 struct PopupMenu::Impl {
     QPointer<qt::FormWindow> window;
     QPointer<QMenu> open;
@@ -30,7 +41,7 @@ void PopupMenu::popUp() {
         QObject::connect(action, &QAction::triggered, menu, [slot = onClick, item] { qt::callSlot(slot, item); });
     }
     impl_->open = menu;
-    menu->exec(QCursor::pos());
+    menu->exec(openingPlace(impl_->window));
     delete menu.data();
 }
 

@@ -1,10 +1,12 @@
 #include "platform/toolbar.h"
 
 #include <QFrame>
-#include <QPointer>
+#include <QKeyEvent>
 #include <QStyleOptionToolButton>
 #include <QToolButton>
+#include <QToolTip>
 #include <algorithm>
+#include <vector>
 
 #include "platform/qt/control.h"
 #include "platform/qt/images.h"
@@ -15,17 +17,107 @@ namespace {
 constexpr QRgb stripColor = 0xFFEFEFEF;  // The same under every desktop theme, since the images are made for it.
 constexpr QRgb edgeColor = 0xFFA8A8A8;   // of the line under it
 
+/// A button of the strip. When it is marked it has all keys of its form; it looks raised then, as under the pointer,
+/// and has a frame and its tool-tip. Without a window manager no widget has Qt's focus, so that it isn't asked for
+/// that.
 class ToolButton : public QToolButton {
   public:
-    using QToolButton::QToolButton;
+    explicit ToolButton(QWidget* strip);
+
+    void mark(Qt::FocusReason reason);
+    bool isMarked() const { return qt::formWindowOf(this)->keyTarget() == this; }
+    void showToolTip() { QToolTip::showText(mapToGlobal(QPoint(0, height())), toolTip(), this); }
 
   protected:
-    // It doesn't rise under the pointer while something on top keeps clicks from it.
-    void initStyleOption(QStyleOptionToolButton* option) const override {
-        QToolButton::initStyleOption(option);
-        if (qt::formStack().blocks(this)) option->state &= ~QStyle::State_MouseOver;
-    }
+    void initStyleOption(QStyleOptionToolButton* option) const override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void goOn(int step);
+    void pressOnce(const QKeyEvent& event);
 };
+
+/// The strip that the buttons lie on. F10 in its form goes to the first of them.
+class Strip : public QWidget {
+  public:
+    explicit Strip(QWidget* form) : QWidget(form) { form->installEventFilter(this); }
+
+    /// The buttons that are seen, from the left.
+    std::vector<ToolButton*> row() const;
+
+  protected:
+    bool eventFilter(QObject* form, QEvent* event) override;
+};
+
+std::vector<ToolButton*> Strip::row() const {
+    std::vector<ToolButton*> seen;
+    for (QObject* child : children())
+        if (auto* const button = dynamic_cast<ToolButton*>(child); button && button->isVisible())
+            seen.push_back(button);
+    return seen;
+}
+
+bool Strip::eventFilter(QObject* /*form*/, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || qt::formStack().blocks(this)) return false;
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (key.key() != Qt::Key_F10 || key.isAutoRepeat() || row().empty()) return false;
+    row().front()->mark(Qt::ShortcutFocusReason);
+    return true;
+}
+
+ToolButton::ToolButton(QWidget* strip) : QToolButton(strip) {
+    setStyle(qt::classicStyle());
+    setAutoRaise(true);
+    setFocusPolicy(Qt::NoFocus);
+    setVisible(false);
+}
+
+// It doesn't rise under the pointer while something on top keeps clicks from it.
+void ToolButton::initStyleOption(QStyleOptionToolButton* option) const {
+    QToolButton::initStyleOption(option);
+    if (qt::formStack().blocks(this)) option->state &= ~QStyle::State_MouseOver;
+    if (isMarked()) option->state |= QStyle::State_MouseOver | QStyle::State_HasFocus;
+}
+
+void ToolButton::mark(Qt::FocusReason reason) {
+    setFocus(reason);
+    showToolTip();
+    update();
+}
+
+/// In another window the player means something else.
+void ToolButton::focusOutEvent(QFocusEvent* event) {
+    QToolButton::focusOutEvent(event);
+    if (event->reason() == Qt::ActiveWindowFocusReason) qt::formWindowOf(this)->takeKeysBack();
+}
+
+void ToolButton::keyPressEvent(QKeyEvent* event) {
+    switch (qt::strokeOf(*event, event->isAutoRepeat()).code) {
+        case key::Left:
+        case key::Pad4:
+            return goOn(-1);
+        case key::Right:
+        case key::Pad6:
+            return goOn(1);
+        default:
+            if (!event->isAutoRepeat()) pressOnce(*event);
+    }
+}
+
+void ToolButton::goOn(int step) {
+    const auto row = static_cast<const Strip*>(parentWidget())->row();
+    const auto count = static_cast<int>(row.size());
+    const auto place = static_cast<int>(std::ranges::find(row, this) - row.begin());
+    row[static_cast<size_t>((place + step + count) % count)]->mark(Qt::TabFocusReason);
+    update();
+}
+
+void ToolButton::pressOnce(const QKeyEvent& event) {
+    const int code = qt::strokeOf(event, false).code;
+    if (code == key::Enter || code == key::Space) click();
+    if (code == key::Escape || event.key() == Qt::Key_F10) qt::formWindowOf(this)->takeKeysBack();
+}
 
 /// The image with that number, the mask colour left out; null if the strip doesn't reach so far.
 QImage cutImage(const ImageList& images, int number) {
@@ -43,11 +135,11 @@ QImage cutImage(const ImageList& images, int number) {
 }  // namespace
 
 struct ToolBar::Impl {
-    explicit Impl(QWidget* parent, const ImageList& list) : strip(new QWidget(parent)), images(list) {}
+    explicit Impl(QWidget* parent, const ImageList& list) : strip(new Strip(parent)), images(list) {}
 
-    qt::Owned<QWidget> strip;
+    qt::Owned<Strip> strip;
     QFrame* edge = nullptr;
-    DynamicTable<QToolButton*> buttons;
+    DynamicTable<ToolButton*> buttons;
     ImageList images;
 
     void layOut();
@@ -74,11 +166,7 @@ ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& image
     impl_->buttons.resize(buttonCount);
     for (int number = 1; number <= buttonCount; ++number) {
         auto* const button = new ToolButton(impl_->strip.get());
-        button->setStyle(qt::classicStyle());
-        button->setAutoRaise(true);
-        button->setFocusPolicy(Qt::NoFocus);
         button->resize(firstButtonWidth, height);
-        button->setVisible(false);
         QObject::connect(button, &QToolButton::clicked, impl_->strip.get(),
                          [this, button, number] { qt::answer(button, onButtonClick, number); });
         impl_->buttons[number] = button;
@@ -119,6 +207,7 @@ void ToolBar::setToolTip(int button, const std::string& text) {
     const QString tip = QString::fromStdString(text);
     impl_->buttons[button]->setToolTip(tip);
     impl_->buttons[button]->setAccessibleName(tip);
+    if (impl_->buttons[button]->isMarked()) impl_->buttons[button]->showToolTip();
 }
 
 std::string ToolBar::toolTip(int button) const { return impl_->buttons[button]->toolTip().toStdString(); }

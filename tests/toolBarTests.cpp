@@ -1,0 +1,173 @@
+// The toolbar by keys, on the real window.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMenu>
+#include <QTest>
+#include <QToolTip>
+
+#include "hiscores/frmHiScore.h"
+#include "match/frmRoundsSetting.h"
+#include "tests/windowFixture.h"
+
+namespace {
+
+class ToolBarKeys : public Window {
+  protected:
+    /// The tool-tip of the button that is marked; empty while none is.
+    static std::string marked() {
+        const QWidget* const focus = QApplication::focusWidget();
+        return focus && focus->hasFocus() ? focus->toolTip().toStdString() : "";
+    }
+
+    void goTo(const std::string& toolTip) {
+        press(Qt::Key_F10);
+        for (int step = 0; step < 14 && marked() != toolTip; ++step) press(Qt::Key_Right);
+        EXPECT_EQ(marked(), toolTip);
+    }
+
+    /// Whether the keys go to the board: an arrow steers the tile.
+    bool boardHasKeys() {
+        const int column = game->mintCurCol;
+        press(column > 1 ? Qt::Key_Left : Qt::Key_Right);
+        return game->mintCurCol != column;
+    }
+};
+
+TEST_F(ToolBarKeys, TheArrowsGoRoundTheButtonsWithTheirToolTips) {
+    const std::vector<std::string> row = {
+        "Start Anew",     "Level:Easy",         "Break Down:On", "Music:On", "High Scores",
+        "Rounds Setting", "Round:(In Chinese)", "Peek:Off",      "Pause",    "Stop",
+        "Order",          "About Velmora...",   "Help",          "Exit"};
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    EXPECT_EQ(marked(), "");
+    press(Qt::Key_F10);
+    for (size_t step = 0; step <= row.size(); ++step) {
+        EXPECT_EQ(marked(), row[step % row.size()]);
+        EXPECT_EQ(QToolTip::text().toStdString(), row[step % row.size()]);
+        step % 2 == 0 ? press(Qt::Key_Right) : press(Qt::Key_6, Qt::KeypadModifier);
+    }
+    for (size_t step = row.size() + 1; step-- > 0;) {
+        EXPECT_EQ(marked(), row[(step + 1) % row.size()]);
+        step % 2 == 0 ? press(Qt::Key_Left) : press(Qt::Key_Left, Qt::KeypadModifier);
+    }
+    const QImage before = window->grab({0, 0, 28, 28}).toImage();
+    press(Qt::Key_Escape);
+    EXPECT_EQ(marked(), "");
+    EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().isEmpty(); }, 3000));
+    EXPECT_NE(window->grab({0, 0, 28, 28}).toImage(), before) << "the mark can be seen";
+}
+
+TEST_F(ToolBarKeys, TheKeysAreTheToolbarsUntilItIsLeft) {
+    startMatch();
+    nextTile(1);
+    goTo("Peek:Off");
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Down, Qt::Key_A}) press(key);
+    EXPECT_EQ(game->mintCurCol, 5);
+    EXPECT_EQ(game->Timer1.interval(), 400);
+    EXPECT_TRUE(game->Timer1.enabled());
+    EXPECT_TRUE(waitFor([&] { return game->mintCurRow > 1; })) << "the tile falls meanwhile";
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Enter}) {
+        const bool peek = game->mblnPeek;
+        QTest::keyPress(window, key);
+        QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(window, &again);
+        QTest::keyRelease(window, key);
+        EXPECT_EQ(game->mblnPeek, !peek) << key;
+        EXPECT_EQ(marked(), peek ? "Peek:Off" : "Peek:On");
+        EXPECT_EQ(QToolTip::text().toStdString(), marked());
+    }
+    EXPECT_FALSE(boardHasKeys());
+    const struct {
+        const char* what;
+        std::function<void()> leave;
+    } ways[] = {
+        {"Esc", [this] { press(Qt::Key_Escape); }},
+        {"F10", [this] { press(Qt::Key_F10); }},
+        {"a click on the board",
+         [this] {
+             QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, {600, 500});
+         }},
+        {"a click on a button", [this] { click("Round:(In Chinese)"), click("Round:(In English)"); }},
+        {"another window",
+         [] {
+             QWidget other;
+             other.show();
+             other.activateWindow();
+             EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+         }},
+    };
+    press(Qt::Key_Escape);
+    for (const auto& way : ways) {
+        EXPECT_TRUE(boardHasKeys()) << way.what;
+        press(Qt::Key_F10);
+        EXPECT_FALSE(boardHasKeys()) << way.what;
+        way.leave();
+        window->activateWindow();
+        EXPECT_EQ(marked(), "") << way.what;
+        EXPECT_TRUE(boardHasKeys()) << way.what;
+    }
+}
+
+TEST_F(ToolBarKeys, ADialogTakesTheKeys) {
+    startMatch();
+    nextTile(1);
+    bool shown = false;
+    once([] { return gfrmHiScore.isOpen(); },
+         [&] {
+             shown = true;
+             QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+             QApplication::sendEvent(window, &again);
+             EXPECT_TRUE(gfrmHiScore.isOpen()) << "held since before it opened";
+             QTest::keyRelease(window, Qt::Key_Return);
+             EXPECT_EQ(marked(), "");
+             press(Qt::Key_F10);
+             EXPECT_EQ(marked(), "");
+             press(Qt::Key_Escape);
+         });
+    goTo("High Scores");
+    QTest::keyPress(window, Qt::Key_Return);
+    EXPECT_TRUE(shown);
+    EXPECT_FALSE(gfrmHiScore.isOpen());
+    EXPECT_EQ(marked(), "");
+    EXPECT_TRUE(boardHasKeys());
+
+    once([] { return gfrmRoundsSetting.isOpen(); },
+         [this] {
+             press(Qt::Key_Up);
+             press(Qt::Key_F10);
+             press(Qt::Key_Up);
+             press(Qt::Key_Return);
+         });
+    gintNumRounds = 4;
+    goTo("Rounds Setting");
+    press(Qt::Key_Space);
+    EXPECT_EQ(gintNumRounds, 6);
+    EXPECT_TRUE(boardHasKeys());
+}
+
+TEST_F(ToolBarKeys, TheLevelMenuOpensUnderItsButton) {
+    const auto menuPlace = [this](const std::function<void()>& open) {
+        QPoint place;
+        once([] { return QApplication::activePopupWidget() != nullptr; },
+             [&] {
+                 QWidget* const menu = QApplication::activePopupWidget();
+                 place = window->mapFromGlobal(menu->pos());
+                 QTest::keyClick(menu, Qt::Key_Down);
+                 QTest::keyClick(menu, Qt::Key_Return);
+             });
+        open();
+        return place;
+    };
+    QTest::mouseMove(window->windowHandle(), {300, 200});
+    goTo("Level:Easy");
+    EXPECT_EQ(menuPlace([this] { press(Qt::Key_Return); }), QPoint(28, 28));
+    EXPECT_EQ(game->mlngLevel, 2);
+    EXPECT_EQ(marked(), "Level:Medium");
+    QTest::mouseMove(window->windowHandle(), {40, 20});
+    EXPECT_EQ(menuPlace([this] { click("Level:Medium"); }), window->mapFromGlobal(QCursor::pos()));
+    EXPECT_EQ(game->mlngLevel, 3);
+}
+
+}  // namespace
