@@ -7,6 +7,9 @@
 #include <algorithm>
 
 #include "forms/frmAbout.h"
+#include "forms/frmOrder.h"
+#include "hiscores/frmGetName.h"
+#include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
@@ -23,6 +26,7 @@ constexpr int wellOnItsWay = 6;   // the row of a tile in mid-air
 constexpr int wellFilled = 14;    // tiles on the board
 constexpr int goodChoice = 3;     // entries of a chooser
 constexpr int goodHand = 3;       // scoring items
+constexpr int32_t fineScore = 6450;
 
 int tilesOnBoard(const frmMain& game) {
     int tiles = 0;
@@ -62,6 +66,11 @@ void offerAllSets() {
     game.msInitTileSet(PossibleTiles);
 }
 
+void askForName() {
+    gfrmGetName->msLoadFormVariables(fineScore);
+    gfrmGetName.showModal();
+}
+
 constexpr PictureRow rows[] = {
     {"bare-table", [](const Hands&) {}, [](const frmMain&) { return true; }},
     {"tool-tip", [](const Hands& hands) { hands.restOn(Button::Level); },
@@ -72,6 +81,11 @@ constexpr PictureRow rows[] = {
      [](const frmMain&) { return gfrmRoundsSetting.isOpen(); }},
     {"about", [](const Hands& hands) { hands.click(Button::About); },
      [](const frmMain&) { return gfrmAbout.isOpen(); }},
+    {"order-form", [](const Hands& hands) { hands.click(Button::Order); },
+     [](const frmMain&) { return gfrmOrder.isOpen(); }},
+    {"high-scores", [](const Hands& hands) { hands.click(Button::HighScores); },
+     [](const frmMain&) { return gfrmHiScore.isOpen(); }},
+    {"name", [](const Hands&) { askForName(); }, [](const frmMain&) { return gfrmGetName.isOpen(); }},
     {"chooser-lines", [](const Hands&) { offerAllSets(); }, [](const frmMain&) { return gfrmChooseTiles.isOpen(); }},
     {"message", [](const Hands&) { gsReportError(53, "File not found", "Form_Load"); },
      [](const frmMain&) { return sees<QMessageBox>(); }},
