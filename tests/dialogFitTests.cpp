@@ -1,6 +1,7 @@
 // The texts of the order form and the about box in the real window: they stand in their places, whole and apart.
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QFontInfo>
@@ -15,6 +16,8 @@
 
 #include "forms/frmAbout.h"
 #include "forms/frmOrder.h"
+#include "hiscores/frmGetName.h"
+#include "platform/qt/control.h"
 #include "tests/printService.h"
 #include "tests/windowFixture.h"
 
@@ -85,13 +88,11 @@ class DialogFit : public Window {
 
     /// Opens a dialog by its button, does something there and closes it.
     template <class Dialog>
-    void inDialog(const char* toolTip, const FormRef<Dialog>& dialog, const std::function<void(QWidget&)>& action) {
+    void inDialog(const char* toolTip, FormRef<Dialog>& dialog, const std::function<void(QWidget&)>& action) {
         bool done = false;
         once([&] { return dialog.isOpen(); },
              [&] {
-                 QWidget* form = QApplication::focusWidget();
-                 while (form->parentWidget() != window) form = form->parentWidget();
-                 action(*form);
+                 action(*platform::qt::windowOf(dialog->form));
                  done = true;
                  press(Qt::Key_Escape);
              });
@@ -172,6 +173,57 @@ TEST_F(DialogFit, EveryStateIsShownWholeInTheListAndInItsBox) {
         list.hidePopup();
         bringToFront();
     });
+}
+
+struct SpokenRow {
+    int left, top;  // of a field, in twips
+    QAccessible::Role role;
+    const char* name;
+};
+
+constexpr SpokenRow orderFields[] = {
+    {1440, 720, QAccessible::EditableText, "Name"},
+    {1440, 1080, QAccessible::EditableText, "Address"},
+    {1440, 1440, QAccessible::EditableText, "Address, line 2"},
+    {1440, 1800, QAccessible::EditableText, "Address, line 3"},
+    {1440, 2160, QAccessible::EditableText, "City"},
+    {1440, 2520, QAccessible::ComboBox, "State"},
+    {4200, 2520, QAccessible::EditableText, "Zip"},
+    {1440, 3000, QAccessible::EditableText, "Country"},
+    {1440, 3360, QAccessible::EditableText, "Email"},
+    {1440, 3720, QAccessible::EditableText, "# of Copies"},
+    {4200, 3720, QAccessible::CheckBox, "Email me the executable file"},
+    {1440, 4080, QAccessible::RadioButton, "USA: $2  Each additional copy add $1"},
+    {1440, 4320, QAccessible::RadioButton, "All other countries: $3  Each additional copy add $2"},
+    {1680, 4680, QAccessible::StaticText, "$0"},
+    {4440, 6600, QAccessible::PushButton, "Print"},
+    {5760, 6600, QAccessible::PushButton, "Close"},
+};
+
+std::string spokenOf(QWidget* face) {
+    return QAccessible::queryAccessibleInterface(face)->text(QAccessible::Name).toStdString();
+}
+
+TEST_F(DialogFit, AScreenReaderTellsWhatEachFieldIs) {
+    inDialog("Order", gfrmOrder, [&](QWidget& form) {
+        EXPECT_EQ(spokenOf(&form), "Order form");
+        for (const SpokenRow& row : orderFields) {
+            QWidget* const face = form.childAt(row.left / 15 + 3, row.top / 15 + 8);
+            EXPECT_EQ(QAccessible::queryAccessibleInterface(face)->role(), row.role) << row.name;
+            EXPECT_EQ(spokenOf(face), row.name);
+        }
+    });
+    inDialog("About Velmora...", gfrmAbout, [&](QWidget& form) {
+        EXPECT_EQ(spokenOf(&form), "About Velmora");
+        for (const TextRow& row : aboutTexts) EXPECT_EQ(spokenOf(faceAt(form, row)), row.text);
+    });
+    gfrmGetName->msLoadFormVariables(640);
+    once([] { return gfrmGetName.isOpen(); },
+         [&] {
+             EXPECT_EQ(spokenOf(gfrmGetName->txtName.impl().face.get()), "Your name");
+             press(Qt::Key_Return);
+         });
+    gfrmGetName.showModal();
 }
 
 /// Passes the tests of that name in a process of its own that has another setting in its environment.

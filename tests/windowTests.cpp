@@ -17,6 +17,7 @@
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
 #include "platform/desktop.h"
+#include "platform/qt/control.h"
 #include "play/frmChooseTiles.h"
 #include "scoring/frmBreakDown.h"
 #include "tests/windowFixture.h"
@@ -343,6 +344,8 @@ TEST_F(Window, AMatchEntersTheTableAndTheNextRunShowsIt) {
         table = gfrmHiScore->form.surface();
         EXPECT_GT(inkOfRow(table, 1), 50);
         EXPECT_EQ(inkOfRow(table, 2), 0);
+        EXPECT_EQ(platform::qt::windowOf(gfrmHiScore->form)->accessibleName().toStdString(),
+                  "Top five high scores. 1: Zoe x12345, rounds played 4, Level 1, score 640");
         press(Qt::Key_Escape);
     };
     once([] { return gfrmHiScore.isOpen(); }, lookAtTable);

@@ -29,6 +29,7 @@ frmAbout::frmAbout() : SSPanel1(form, outerPlace) {
     form.onLoad = [this] { Form_Load(); };
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
     form.onUnload = [this] { Form_Unload(); };
+    form.setCaption("About Velmora");
     SSPanel1.setLook(outerLook);
     for (const PanelRow& row : panels) {
         platform::Panel& panel = pnlText.emplace_back(SSPanel1, row.place);

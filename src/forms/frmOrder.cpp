@@ -185,6 +185,7 @@ frmOrder::frmOrder()
       pnlAmtDue(pnlFrame, amountPlace),
       cmdPrint(pnlFrame, printPlace),
       cmdClose(pnlFrame, closePlace) {
+    form.setCaption("Order form");
     form.onLoad = [this] { Form_Load(); };
     form.onActivate = [this] { Form_Activate(); };
     form.onUnload = [this] { Form_Unload(); };

@@ -26,6 +26,7 @@ frmGetName::frmGetName()
       sspCongratulations(SSPanel1, {24, 16, 249, 20}),
       sspEnterName(SSPanel1, {24, 72, 249, 69}),
       txtName(sspEnterName, {133, 24, 97, 25}) {
+    form.setCaption("High score");
     form.onLoad = [this] { Form_Load(); };
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
     SSPanel1.setLook(outerLook);

@@ -47,12 +47,15 @@ void frmHiScore::msInitPrtPsns() {
 
 void frmHiScore::msPrintHiScores() {
     guarded("msPrintHiScores", [&] {
+        std::string spoken = "Top five high scores";
         if (gblnfHiScoreFileIsThere()) gblnfReadHiScoreFile();
         for (int row = 1; row <= hiScoreRows; ++row) {
             if (gaudtHiScore[row].lngScore == 0) continue;
             msPrintRow(row, darkGrey, 1);
             msPrintRow(row, black, 0);
+            spoken += mstrfSpokenRow(row);
         }
+        form.setCaption(spoken);
         form.refresh();
     });
 }
@@ -68,6 +71,13 @@ void frmHiScore::msPrintRow(int row, platform::Color color, int shift) {
     print(maudtRoundsPsn[row], std::to_string(record.intRounds));
     print(maudtLevelPsn[row], std::to_string(record.intLevel));
     print(maudtScorePsn[row], score, form.surface().textWidth(score));
+}
+
+std::string frmHiScore::mstrfSpokenRow(int row) const {
+    const HiScoreRecord& record = gaudtHiScore[row];
+    return ". " + std::to_string(row) + ": " + gstrfTrim(record.strName.text()) + ", rounds played " +
+           std::to_string(record.intRounds) + ", Level " + std::to_string(record.intLevel) + ", score " +
+           std::to_string(record.lngScore);
 }
 
 void frmHiScore::Form_KeyPress(int keyAscii) {

@@ -26,6 +26,8 @@ struct frmHiScore {
     void msInitPrtPsns();
     /// Reads the score file, if it is there, and prints each row that was ever filled.
     void msPrintHiScores();
+    /// A row of the table as a screen reader says it.
+    std::string mstrfSpokenRow(int row) const;
     /// Prints the texts of a row in a colour, so many pixels up and to the left of their places.
     void msPrintRow(int row, platform::Color color, int shift);
 };

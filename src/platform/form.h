@@ -54,7 +54,7 @@ class Form {
     int scaleHeight() const;  ///< Height of the surface in pixels.
 
     void setPicture(const Picture& picture);   ///< Background of the surface; gives the form the picture's size.
-    void setCaption(const std::string& text);  ///< The title bar's text, where there is a title bar.
+    void setCaption(const std::string& text);  ///< The title bar's text; of a dialog, what a screen reader says.
 
     Surface& surface();  ///< What the window shows from the next refresh on.
     void refresh();      ///< Shows the surface.

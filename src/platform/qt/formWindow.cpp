@@ -116,6 +116,7 @@ void FormWindow::runAsDialog() {
     if (FormWindow* const main = formStack().mainWindow()) setParent(main, Qt::SubWindow);  // Keeps Tab within itself.
     formStack().openDialog(this);
     place();
+    setAccessibleName(windowTitle());
     nameFields();
     show();
     raise();
