@@ -18,6 +18,7 @@
 #include "match/frmRoundsSetting.h"
 #include "platform/desktop.h"
 #include "platform/qt/control.h"
+#include "platform/qt/formWindow.h"
 #include "play/frmChooseTiles.h"
 #include "scoring/frmBreakDown.h"
 #include "tests/windowFixture.h"
@@ -181,6 +182,24 @@ TEST_F(Window, NothingButTheDialogOnTopTakesAClick) {
     EXPECT_EQ(gintNumRounds, 5);
     EXPECT_EQ(game->mlngHandNumber, hand);
     EXPECT_FALSE(game->mblnPeek);
+}
+
+TEST(WindowPlace, IsOnTheScreenAndLeavesTheTableWhole) {
+    struct {
+        const char* what;
+        QPoint wanted;
+        QRect screen;
+        QPoint place;
+    } const rows[] = {
+        {"where it wants to stand", {200, 100}, {0, 0, 1200, 800}, {200, 100}},
+        {"beyond the corner", {-5, -3}, {0, 0, 1200, 800}, {0, 24}},
+        {"under a bar of the desktop", {10, 10}, {0, 30, 800, 770}, {10, 54}},
+        {"just high enough with its title bar", {2, 9}, {0, 0, 800, 605}, {2, 24}},
+        {"too low for all of the title bar", {2, 9}, {0, 0, 800, 600}, {2, 19}},
+        {"too low for the table", {2, 0}, {0, 0, 800, 570}, {2, 12}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(platform::qt::onScreen(row.wanted, 581, row.screen, 24), row.place) << row.what;
 }
 
 TEST_F(Window, TheWindowKeepsItsSize) {

@@ -41,14 +41,6 @@ QString captionFor(const QWidget& field) {
     return nearest != nullptr ? nearest->text().trimmed() : QString();
 }
 
-/// Where a window may stand so that its top left corner is on the screen, with its title bar above it.
-QPoint onScreen(const QPoint& wanted) {
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    const QPoint place = wanted + QGuiApplication::primaryScreen()->geometry().topLeft();
-    const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    return {std::max(place.x(), screen.left()), std::max(place.y(), screen.top() + titleBar)};
-}
-
 // A main window can't be maximised.
 constexpr Qt::WindowFlags mainWindowFlags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                             Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
@@ -63,6 +55,12 @@ void bearAnySize(QWindow& window) {
 }
 
 }  // namespace
+
+QPoint onScreen(const QPoint& wanted, int height, const QRect& screen, int titleBar) {
+    const int bottom = screen.top() + screen.height();
+    const int highest = std::clamp(bottom - height, screen.top() + titleBar / 2, screen.top() + titleBar);
+    return {std::max(wanted.x(), screen.left()), std::max(wanted.y(), highest)};
+}
 
 FormWindow* formWindowOf(const QWidget* face) {
     QWidget* each = face->parentWidget();
@@ -86,10 +84,12 @@ void FormWindow::showChanges() {
 
 void FormWindow::place() {
     const FormWindow* const main = formStack().mainWindow();
-    if (isWindow())
-        setGeometry({onScreen({toPixels(left), toPixels(top)}), size()});
-    else if (main)
-        move(toPixels(left - main->left), toPixels(top - main->top));
+    if (!isWindow() && main) move(toPixels(left - main->left), toPixels(top - main->top));
+    if (!isWindow()) return;
+    const QScreen& screen = *QGuiApplication::primaryScreen();
+    const QPoint wanted = QPoint(toPixels(left), toPixels(top)) + screen.geometry().topLeft();
+    const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    setGeometry({onScreen(wanted, height(), screen.availableGeometry(), titleBar), size()});
 }
 
 bool FormWindow::load() {

@@ -70,6 +70,10 @@ class FormWindow : public QWidget {
     QPointer<QPushButton> cancel_;
 };
 
+/// Where the top left corner of a window of that height may stand, under its title bar: on the screen, the title bar
+/// too, or half of it where the window wouldn't be seen whole otherwise. All in pixels.
+QPoint onScreen(const QPoint& wanted, int height, const QRect& screen, int titleBar);
+
 /// The form that the face of a control lies on; it must lie on one.
 FormWindow* formWindowOf(const QWidget* face);
 
