@@ -12,14 +12,15 @@ namespace album {
 namespace {
 
 constexpr int lookEvery = 1;           // milliseconds; with none the desktop's own timers would wait for ever
+constexpr int untilFramed = 1000;      // milliseconds that a desktop may take to put a frame round the window
 constexpr int patience = 10'000;       // milliseconds until a view that has been asked for is given up
 constexpr int wholeEvening = 300'000;  // milliseconds until all is given up
 constexpr int mostMatches = 2;
 
 }  // namespace
 
-Album::Album(QWidget* window, QString folder, const QStringList& names)
-    : hands_(window), player_(hands_), folder_(std::move(folder)) {
+Album::Album(QWidget* window, QString folder, const QStringList& names, bool ofScreen)
+    : hands_(window), player_(hands_), folder_(std::move(folder)), ofScreen_(ofScreen) {
     for (const PictureRow& row : pictures()) wanted_.push_back(names.isEmpty() || names.contains(row.name));
     sinceStart_.start();
     lookSoon();
@@ -31,6 +32,7 @@ void Album::lookSoon() {
 
 void Album::look() {
     lookSoon();  // Even if this look opens a dialog and stays in it.
+    if (!hands_.seesWindow() || (ofScreen_ && !sinceStart_.hasExpired(untilFramed))) return;
     takeWhatHasCome();
     if (isDone()) end();
     if (!leadOn()) player_.act();
@@ -47,7 +49,8 @@ void Album::takeWhatHasCome() {
 
 void Album::take(size_t picture) {
     const QString path = folder_ + '/' + pictures()[picture].name + ".png";
-    if (!hands_.look().save(path)) {
+    const QImage screen = ofScreen_ ? hands_.lookAtScreen() : QImage();
+    if (!(screen.isNull() ? hands_.look() : screen).save(path)) {
         std::fprintf(stderr, "velmora_album: can't write %s\n", qPrintable(path));
         std::_Exit(1);
     }

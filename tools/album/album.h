@@ -15,8 +15,8 @@ namespace album {
 class Album {
   public:
     /// Begins with the next event. The main window, the folder for the pictures, which must be there, and the names of
-    /// those wanted; none for all.
-    Album(QWidget* window, QString folder, const QStringList& names);
+    /// those wanted; none for all. A picture is of the window alone, or of the whole screen where that can be seen.
+    Album(QWidget* window, QString folder, const QStringList& names, bool ofScreen);
 
   private:
     void lookSoon();
@@ -31,6 +31,7 @@ class Album {
     Hands hands_;
     Player player_;
     QString folder_;
+    bool ofScreen_;
     std::vector<bool> wanted_;  ///< By picture; no longer once it is taken.
     size_t led_ = 0;            ///< The picture whose view is brought; beyond the last one when play goes on.
     bool isLeading_ = false;    ///< Whoever was asked for that view hasn't returned yet.

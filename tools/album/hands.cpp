@@ -4,8 +4,10 @@
 #include <QCursor>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QTest>
 #include <QToolTip>
+#include <QWindow>
 #include <stdexcept>
 
 #include "frmMain.h"
@@ -51,6 +53,8 @@ void Hands::leave() const {
     pointTo(emptyPlace);
 }
 
+bool Hands::seesWindow() const { return window_->windowHandle()->isExposed(); }
+
 bool Hands::seesTableOnly() const {
     return inFront().isEmpty() && platform::qt::formStack().top() == platform::qt::formStack().mainWindow();
 }
@@ -59,12 +63,19 @@ QImage Hands::look() const {
     const QPoint origin = window_->mapToGlobal(QPoint(0, 0));
     QRect seen = window_->rect();
     for (const QWidget* const each : inFront()) seen |= each->geometry().translated(-origin);
-    QImage picture(seen.size(), QImage::Format_RGB888);
+    const qreal scale = window_->devicePixelRatio();
+    QImage picture(seen.size() * scale, QImage::Format_RGB888);
+    picture.setDevicePixelRatio(scale);
     picture.fill(Qt::white);
     QPainter painter(&picture);
     painter.drawPixmap(-seen.topLeft(), window_->grab());
     for (QWidget* const each : inFront()) painter.drawPixmap(each->pos() - origin - seen.topLeft(), each->grab());
     return picture;
+}
+
+QImage Hands::lookAtScreen() const {
+    window_->repaint();
+    return window_->screen()->grabWindow().toImage();
 }
 
 QWidget* Hands::faceOf(int button) const {

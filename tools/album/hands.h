@@ -15,8 +15,10 @@ class Hands {
     void restOn(int button) const;  ///< The pointer rests there until its tool-tip comes.
     void leave() const;             ///< Closes what lies on top of the table, if anything does.
 
-    bool seesTableOnly() const;  ///< Nothing lies on top of the table.
-    QImage look() const;         ///< The window and all that stands before it.
+    bool seesWindow() const;      ///< The window is on the screen.
+    bool seesTableOnly() const;   ///< Nothing lies on top of the table.
+    QImage look() const;          ///< The window and all that stands before it, in the screen's own pixels.
+    QImage lookAtScreen() const;  ///< The whole screen as it is; null where the desktop doesn't tell.
 
   private:
     QWidget* faceOf(int button) const;

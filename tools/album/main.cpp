@@ -23,7 +23,7 @@ bool isPicture(const QString& name) {
 }
 
 int explain() {
-    std::fputs("Usage: velmora_album FOLDER [PICTURE]...\nPictures:", stderr);
+    std::fputs("Usage: velmora_album [--screen] FOLDER [PICTURE]...\nPictures:", stderr);
     for (const album::PictureRow& row : album::pictures()) std::fprintf(stderr, " %s", row.name);
     std::fputs("\n", stderr);
     return 2;
@@ -36,7 +36,8 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("SDL_AUDIODRIVER", "dummy");
     platform::Application application(argc, argv, "Velmora", "velmora");
-    const QStringList arguments = QApplication::arguments();
+    QStringList arguments = QApplication::arguments();
+    const bool ofScreen = arguments.removeOne("--screen");
     if (arguments.size() < 2 || !std::all_of(arguments.begin() + 2, arguments.end(), isPicture)) return explain();
     if (!QDir().mkpath(arguments[1])) {
         std::fprintf(stderr, "velmora_album: can't make %s\n", qPrintable(arguments[1]));
@@ -44,6 +45,6 @@ int main(int argc, char** argv) {
     }
     const auto game = gfrmMain.hold();
     game->form.show();
-    const album::Album pictures(mainWindow(), arguments[1], arguments.mid(2));
+    const album::Album pictures(mainWindow(), arguments[1], arguments.mid(2), ofScreen);
     return application.run();
 }
