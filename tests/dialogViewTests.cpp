@@ -34,6 +34,9 @@ class DialogViews : public TableFixture {
         EXPECT_EQ(form.scaleHeight(), height);
     }
 
+    /// The panels and controls of the dialog, those that only group others included.
+    static void expectLayout(const std::vector<std::string>& lines) { EXPECT_EQ(sim::layout(), lines); }
+
     /// These keys leave the dialog open.
     void expectDeaf(std::initializer_list<int> keys) {
         for (const int key : keys) {
@@ -45,9 +48,11 @@ class DialogViews : public TableFixture {
     bool looked = false;
 };
 
-void expectFrame(const platform::Shape& frame, int left, int top, int width, int height, int border) {
+void expectFrame(const platform::Shape& frame, int left, int top, int width, int height, int border,
+                 platform::Color color) {
     EXPECT_TRUE(frame.visible());
     EXPECT_EQ(frame.borderWidth(), border);
+    EXPECT_EQ(frame.borderColor(), color);
     const platform::Place place = frame.place();
     EXPECT_EQ(place.left, left);
     EXPECT_EQ(place.top, top);
@@ -72,10 +77,10 @@ TEST_F(DialogViews, AnOfferStandsOnTheTable) {
                         .offer(1, 1, "c1 c2 c3")
                         .pass(2)
                         .isSeenOn(shown));
-        expectFrame(gfrmChooseTiles->Shape1, 3, 3, 96, 45, 3);
+        expectFrame(gfrmChooseTiles->Shape1, 3, 3, 96, 45, 3, 0x0000FF);
         expectDeaf({Escape, Space, Tab, Up, Down, Pad8, Pad2, 'P', '1'});
         sim::pressKey(Right);
-        expectFrame(gfrmChooseTiles->Shape1, 101, 3, 96, 45, 3);
+        expectFrame(gfrmChooseTiles->Shape1, 101, 3, 96, 45, 3, 0x0000FF);
         sim::pressKey(Enter);
     });
     ticks(12, 5);
@@ -110,7 +115,7 @@ TEST_F(DialogViews, ElevenOffersAndPassFillThreeLines) {
         EXPECT_TRUE(expected.isSeenOn(shown));
         for (const auto& entry : entries) {
             SCOPED_TRACE(entry.names);
-            expectFrame(gfrmChooseTiles->Shape1, entry.left, entry.top, entry.width, 45, 3);
+            expectFrame(gfrmChooseTiles->Shape1, entry.left, entry.top, entry.width, 45, 3, 0x0000FF);
             sim::pressKey(Right);
         }
         sim::pressKey(Enter);
@@ -130,7 +135,7 @@ TEST_F(DialogViews, TheSeatDrawTurnsItsTilesOver) {
         for (const int left : lefts) faceDown.tileBack(270 + left, 163 + 108);
         EXPECT_TRUE(faceDown.isSeenOn(shown));
         for (const int left : lefts) {
-            expectFrame(gfrmChooseSeat->shpSeat, left - 3, 105, 36, 45, 3);
+            expectFrame(gfrmChooseSeat->shpSeat, left - 3, 105, 36, 45, 3, 0xFF00FF);
             sim::pressKey(Right);
         }
         expectDeaf({Escape, Space, Tab, Up, Down, 'S', '1'});
@@ -194,14 +199,15 @@ TEST_F(DialogViews, TheBreakDownListsItsItemsOnTheTable) {
 
 TEST_F(DialogViews, TheRoundsSettingShowsEachChange) {
     gintNumRounds = 2;
-    const auto shows = [](const std::string& rounds) {
-        EXPECT_EQ(gfrmRoundsSetting->sspNumRounds.caption(), rounds);
-        EXPECT_EQ(gfrmRoundsSetting->sspRoundsCaption.caption(), " # of Rounds");
-        EXPECT_EQ(gfrmRoundsSetting->SSPanel1.caption(), "");
-    };
+    const auto shows = [](const std::string& rounds) { EXPECT_EQ(gfrmRoundsSetting->sspNumRounds.caption(), rounds); };
     whenOpen([&] {
         expectPlace(gfrmRoundsSetting->form, 269 * 15, 222 * 15, 257, 137);
         shows("2");
+        expectLayout({"0,0 257x137 '' Times New Roman 8 centre raised inset 2 000000 on C0C0C0",
+                      "24,24 177x49 ' # of Rounds' Wonton ICG 14.25 left inset flat 1 C00000 on C0C0C0",
+                      "120,12 41x25 '2' Wonton ICG 14.25 centre inset flat 1 0040C0 on C0C0C0",
+                      "208,28 25x41 '' Times New Roman 8", "48,88 73x25 'OK' Wonton ICG 12",
+                      "136,88 73x25 'Cancel' Wonton ICG 12"});
         sim::clickSpinDown();
         shows("1");
         sim::clickSpinDown();
@@ -233,18 +239,21 @@ TEST_F(DialogViews, TheSummaryTellsTheMatch) {
     for (const int closing : {Enter, Escape}) {
         gfrmGameSummary->msLoadFormVariables(4, 17, 5);
         whenOpen([&] {
-            const frmGameSummary& summary = *gfrmGameSummary.hold();
-            expectPlace(summary.form, 221 * 15, 151 * 15, 353, 279);
-            EXPECT_EQ(summary.pnlTitle.caption(), "Game Over...");
-            EXPECT_EQ(summary.pnlHeading.caption(), "+++ Game Summary +++");
-            const char* const lines[][2] = {{"# Of Rounds Played", "4"},
-                                            {"# Of Games Played", "17"},
-                                            {"# Of Games Won", "5"},
-                                            {"Winning Percentage", "29.41%"}};
-            for (size_t i = 0; i < std::size(lines); ++i) {
-                EXPECT_EQ(summary.pnlLabel[i].caption(), lines[i][0]);
-                EXPECT_EQ(summary.pnlGameSummary[i].caption(), lines[i][1]);
-            }
+            expectPlace(gfrmGameSummary->form, 221 * 15, 151 * 15, 353, 279);
+            expectLayout(
+                {"0,0 353x279 '' Times New Roman 14.25 bold centre raised inset 2 000000 on C0C0C0",
+                 "120,16 110x17 'Game Over...' Times New Roman 14.25 bold centre flat flat 1 000000 on C0C0C0",
+                 "24,40 305x217 '' Times New Roman 14.25 bold centre raised flat 1 000000 on C0C0C0",
+                 "46,13 208x17 '+++ Game Summary +++' Times New Roman 14.25 bold centre flat flat 1 FF0000 on C0C0C0",
+                 "24,32 255x161 '' Times New Roman 12 bold centre inset flat 1 000000 on C0C0C0",
+                 "24,16 145x25 '# Of Rounds Played' Times New Roman 12 bold left flat flat 1 0040C0 on C0C0C0",
+                 "176,16 57x25 '4' Times New Roman 12 bold centre inset flat 1 0080FF on C0C0C0",
+                 "24,48 137x25 '# Of Games Played' Times New Roman 12 bold left flat flat 1 0040C0 on C0C0C0",
+                 "176,48 57x25 '17' Times New Roman 12 bold centre inset flat 1 0080FF on C0C0C0",
+                 "24,80 137x25 '# Of Games Won' Times New Roman 12 bold left flat flat 1 0040C0 on C0C0C0",
+                 "176,80 57x25 '5' Times New Roman 12 bold centre inset flat 1 0080FF on C0C0C0",
+                 "24,112 145x25 'Winning Percentage' Times New Roman 12 bold left flat flat 1 0040C0 on C0C0C0",
+                 "176,112 57x25 '29.41%' Times New Roman 12 bold centre inset flat 1 0080FF on C0C0C0"});
             expectDeaf({Space, Tab, Left, Down, 'G'});
             sim::pressKey(closing);
         });
@@ -259,12 +268,13 @@ TEST_F(DialogViews, TheAboutBoxTellsTheVersionAndHoldsTheFall) {
     for (const int closing : {Enter, Escape}) {
         beginHand();
         whenOpen([&] {
-            const frmAbout& about = *gfrmAbout.hold();
-            expectPlace(about.form, 261 * 15, 214 * 15, 273, 153);
-            std::vector<std::string> texts;
-            for (const platform::Panel& panel : about.pnlText) texts.push_back(panel.caption());
-            EXPECT_EQ(texts, (std::vector<std::string>{"Velmora v1.0", "Programmed By:", "Tavin Orlec",
-                                                       "Graphics By:", "Tavin Orlec"}));
+            expectPlace(gfrmAbout->form, 261 * 15, 214 * 15, 273, 153);
+            expectLayout({"0,0 273x153 '' Times New Roman 8 centre raised inset 2 000000 on C0C0C0",
+                          "40,24 193x25 'Velmora v1.0' Times New Roman 9.75 bold centre raised flat 1 000000 on C0C0C0",
+                          "48,64 97x17 'Programmed By:' Times New Roman 9.75 bold left flat flat 1 000000 on C0C0C0",
+                          "152,64 97x17 'Tavin Orlec' Times New Roman 9.75 bold left flat flat 1 000000 on C0C0C0",
+                          "48,88 97x17 'Graphics By:' Times New Roman 9.75 bold left flat flat 1 000000 on C0C0C0",
+                          "152,88 97x17 'Tavin Orlec' Times New Roman 9.75 bold left flat flat 1 000000 on C0C0C0"});
             EXPECT_FALSE(game->Timer1.enabled());
             expectDeaf({Space, Tab, Left, Down, 'V'});
             sim::pressKey(closing);

@@ -173,8 +173,13 @@ TEST_F(HiScoreDialogs, TheNameDialogTellsTheScoreAndBeginsEmpty) {
     EXPECT_EQ(gfrmGetName->mprpName(), "");
     inDialog(1234567, [&] {
         EXPECT_EQ(placeOf(gfrmGetName->form), std::vector({249.0 * 15, 211.0 * 15, 297.0, 159.0}));
-        EXPECT_EQ(gfrmGetName->sspCongratulations.caption(), "Congratulations!  You Have A High Score Of 1234567!");
-        EXPECT_EQ(gfrmGetName->sspEnterName.caption(), " Enter Your Name");
+        EXPECT_EQ(sim::layout(),
+                  (std::vector<std::string>{
+                      "0,0 297x159 '' Times New Roman 8 centre raised inset 2 000000 on C0C0C0",
+                      "24,16 249x36 'Congratulations!  You Have A High Score Of 1234567!' Times New Roman 11.25 bold "
+                      "centre raised flat 1 000000 on C0C0C0",
+                      "24,72 249x69 ' Enter Your Name' Times New Roman 11.25 bold left inset flat 1 000000 on C0C0C0",
+                      "133,24 97x25 '' Times New Roman 11.25 bold"}));
         EXPECT_TRUE(gfrmGetName->txtName.hasFocus());
         sim::typeText("Ann");
         sim::pressKey(Enter);

@@ -61,6 +61,15 @@ TEST_F(Table, LandedTilesStayInTheirViews) {
         ExpectedTable().seats(3, 1, 1).score("0").board({"c1 . . b5 N w9 . . R"}).tile(5, 1, "G").isSeenOn(shown));
 }
 
+TEST_F(Table, ABoardThatIsFullIsSeenToItsEdges) {
+    beginHand(2);
+    const std::vector<std::string> full(12, "c1 . . . E . . . w9");
+    setBoard(full);
+    game->msDrawPlayArea();
+    game->msShowPicture();
+    EXPECT_TRUE(ExpectedTable().board(full).isSeenOn(shown));
+}
+
 TEST_F(Table, EveryFaceIsTheOneOfItsKind) {
     beginHand(2);
     const std::vector<std::string> rows = {"c1 c2 c3 c4 c5 c6 c7 c8 c9", "b1 b2 b3 b4 b5 b6 b7 b8 b9",

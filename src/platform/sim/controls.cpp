@@ -1,6 +1,8 @@
 #include "platform/controls.h"
 
 #include <algorithm>
+#include <iomanip>
+#include <sstream>
 
 #include "platform/sim/state.h"
 #include "platform/tabOrder.h"
@@ -110,7 +112,45 @@ void pressAny(Control* control) {
     if (control != nullptr && control->isPressed()) press(control);
 }
 
+std::string nameOf(platform::Bevel bevel) {
+    return bevel == platform::Bevel::None ? "flat" : bevel == platform::Bevel::Inset ? "inset" : "raised";
+}
+
+std::string nameOf(platform::Align align) {
+    return align == platform::Align::Left ? "left" : align == platform::Align::Right ? "right" : "centre";
+}
+
+/// Writes what all controls have: place, caption and font.
+std::ostream& writeBasics(std::ostream& line, const platform::Place& place, const std::string& caption,
+                          const platform::Font& font) {
+    return line << place.left << ',' << place.top << ' ' << place.width << 'x' << place.height << " '" << caption
+                << "' " << font.name << ' ' << font.points << (font.bold ? " bold" : "");
+}
+
+std::string lineOf(const platform::Panel::Impl& panel) {
+    std::ostringstream line;
+    const platform::PanelLook& look = panel.look;
+    writeBasics(line, panel.place, panel.caption, panel.font);
+    line << ' ' << nameOf(look.align) << ' ' << nameOf(look.outer) << ' ' << nameOf(look.inner) << ' '
+         << look.bevelWidth << std::hex << std::uppercase << std::setfill('0') << ' ' << std::setw(6) << look.fore
+         << " on " << std::setw(6) << look.back;
+    return line.str();
+}
+
 }  // namespace
+
+std::vector<std::string> layout() {
+    std::vector<std::string> lines;
+    const platform::Form::Impl* const form = openForm(taker());
+    if (form == nullptr) return lines;
+    for (const auto* panel : form->panels) lines.push_back(lineOf(*panel));
+    for (const Control* control : form->controls) {
+        std::ostringstream line;
+        writeBasics(line, control->place, control->caption, control->font);
+        lines.push_back(line.str());
+    }
+    return lines;
+}
 
 void focusOn(platform::Form::Impl& form, Control& control) {
     if (form.focus == &control || !canHaveFocus(&control)) return;
@@ -233,8 +273,16 @@ void Shape::setVisible(bool visible) {
 
 bool Shape::visible() const { return impl_->visible; }
 
-Panel::Panel(Form& form, const Place& place) : impl_(new Impl{&form.impl(), place, {}, {}, {}}) {}
-Panel::Panel(Panel& panel, const Place& place) : impl_(new Impl{panel.impl_->form, place, {}, {}, {}}) {}
+Panel::Impl::Impl(Form::Impl* itsForm, const Place& itsPlace) : form(itsForm), place(itsPlace) {
+    form->panels.push_back(this);
+}
+
+Panel::Impl::~Impl() {
+    if (form != nullptr) std::erase(form->panels, this);
+}
+
+Panel::Panel(Form& form, const Place& place) : impl_(std::make_unique<Impl>(&form.impl(), place)) {}
+Panel::Panel(Panel& panel, const Place& place) : impl_(std::make_unique<Impl>(panel.impl_->form, place)) {}
 Panel::~Panel() = default;
 Panel::Panel(Panel&&) noexcept = default;
 
@@ -260,8 +308,8 @@ Place Panel::place() const { return impl_->place; }
 Control::Control(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 Control::~Control() = default;
 
-Control::Impl::Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder)
-    : owner(control), kind(kindOfControl), form(holder.form), panel(&holder) {
+Control::Impl::Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder, const Place& itsPlace)
+    : owner(control), kind(kindOfControl), form(holder.form), panel(&holder), place(itsPlace) {
     form->controls.push_back(this);
 }
 
@@ -292,7 +340,7 @@ std::string Control::Impl::shownCaption() const {
     return shown;
 }
 
-void Control::setFont(const Font& /*font*/) {}
+void Control::setFont(const Font& font) { impl_->font = font; }
 
 void Control::setEnabled(bool enabled) {
     impl_->enabled = enabled;
@@ -320,8 +368,8 @@ void Control::setTabStop(bool tabStop) { impl_->tabStop = tabStop; }
 bool Control::tabStop() const { return impl_->tabStop; }
 void Control::setAccessibleName(const std::string& /*name*/) {}
 
-CommandButton::CommandButton(Panel& panel, const Place& /*place*/)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Button, panel.impl())) {
+CommandButton::CommandButton(Panel& panel, const Place& place)
+    : Control(std::make_unique<Impl>(*this, Impl::Kind::Button, panel.impl(), place)) {
     impl_->onPress = &onClick;
 }
 CommandButton::~CommandButton() = default;
@@ -330,8 +378,8 @@ void CommandButton::setCaption(const std::string& text) { impl_->caption = text;
 void CommandButton::makeDefault() { impl_->isDefault = true; }
 void CommandButton::makeCancel() { impl_->isCancel = true; }
 
-SpinButton::SpinButton(Panel& panel, const Place& /*place*/)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Spin, panel.impl())) {
+SpinButton::SpinButton(Panel& panel, const Place& place)
+    : Control(std::make_unique<Impl>(*this, Impl::Kind::Spin, panel.impl(), place)) {
     impl_->onPress = &onSpinUp;
     impl_->onPressDown = &onSpinDown;
 }

@@ -150,8 +150,8 @@ void Panel::Impl::fit() {
     place.height = linesOf(caption, font, place.width - bevels) * lineHeight + bevels;
 }
 
-TextBox::TextBox(Panel& panel, const Place& /*place*/)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Text, panel.impl())) {}
+TextBox::TextBox(Panel& panel, const Place& place)
+    : Control(std::make_unique<Impl>(*this, Impl::Kind::Text, panel.impl(), place)) {}
 TextBox::~TextBox() = default;
 
 std::string TextBox::text() const { return sim::utf8Of(impl_->text); }
@@ -180,8 +180,8 @@ int TextBox::selStart() const { return static_cast<int>(impl_->selStart); }
 int TextBox::selLength() const { return static_cast<int>(impl_->selLength); }
 void TextBox::select(int selStart, int selLength) { selectIn(*impl_, selStart, selLength); }
 
-MaskEdBox::MaskEdBox(Panel& panel, const Place& /*place*/, const std::string& mask)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Mask, panel.impl())) {
+MaskEdBox::MaskEdBox(Panel& panel, const Place& place, const std::string& mask)
+    : Control(std::make_unique<Impl>(*this, Impl::Kind::Mask, panel.impl(), place)) {
     impl_->text.assign(mask.size(), U' ');
 }
 MaskEdBox::~MaskEdBox() = default;
@@ -191,8 +191,8 @@ int MaskEdBox::selStart() const { return static_cast<int>(impl_->selStart); }
 int MaskEdBox::selLength() const { return static_cast<int>(impl_->selLength); }
 void MaskEdBox::select(int selStart, int selLength) { selectIn(*impl_, selStart, selLength); }
 
-ComboBox::ComboBox(Panel& panel, const Place& /*place*/)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::List, panel.impl())) {}
+ComboBox::ComboBox(Panel& panel, const Place& place)
+    : Control(std::make_unique<Impl>(*this, Impl::Kind::List, panel.impl(), place)) {}
 ComboBox::~ComboBox() = default;
 
 void ComboBox::clear() {
@@ -217,8 +217,8 @@ void ComboBox::setListIndex(int row) {
 
 std::string ComboBox::text() const { return impl_->listIndex < 0 ? "" : list(impl_->listIndex); }
 
-CheckBox::CheckBox(Panel& panel, const Place& /*place*/)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Check, panel.impl())) {
+CheckBox::CheckBox(Panel& panel, const Place& place)
+    : Control(std::make_unique<Impl>(*this, Impl::Kind::Check, panel.impl(), place)) {
     impl_->onPress = &onClick;
 }
 CheckBox::~CheckBox() = default;
@@ -227,8 +227,8 @@ void CheckBox::setCaption(const std::string& text) { impl_->caption = text; }
 void CheckBox::setValue(bool ticked) { impl_->value = ticked; }
 bool CheckBox::value() const { return impl_->value; }
 
-OptionButton::OptionButton(Panel& panel, const Place& /*place*/)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Option, panel.impl())) {
+OptionButton::OptionButton(Panel& panel, const Place& place)
+    : Control(std::make_unique<Impl>(*this, Impl::Kind::Option, panel.impl(), place)) {
     impl_->onPress = &onClick;
 }
 OptionButton::~OptionButton() = default;

@@ -170,6 +170,7 @@ namespace platform {
 
 Form::Impl::~Impl() {
     close();
+    for (Panel::Impl* panel : panels) panel->form = nullptr;
     for (Control::Impl* control : controls) control->form = nullptr;
 }
 

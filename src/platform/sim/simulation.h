@@ -77,6 +77,11 @@ void closeMainWindow();         ///< The window's own close button.
 void goAway();                  ///< To another window, with the keyboard. Nothing if he is away.
 void comeBack();                ///< To the form on top. Nothing if he isn't away.
 
+/// The panels of the form on top, in the order of their making, and then its controls, in tab order. A line tells place
+/// and size on what holds it, caption and font; of a panel also where its caption stands, its outer and inner bevels and
+/// their width, and its colours.
+std::vector<std::string> layout();
+
 int modalDepth();                            ///< How many dialogs are open.
 const std::vector<std::string>& messages();  ///< Message boxes so far, as "title: text"; each was answered at once.
 

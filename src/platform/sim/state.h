@@ -191,14 +191,18 @@ struct platform::Form::Impl {
     double top = 0;   ///< Twips.
     bool modal = false;
     bool unloading = false;
+    std::vector<Panel::Impl*> panels;      ///< In the order of their making.
     std::vector<Control::Impl*> controls;  ///< In tab order.
     Control::Impl* focus = nullptr;
 };
 
 /// A panel on the simulated desktop.
 struct platform::Panel::Impl {
-    Form::Impl* form;
-    Place place;  ///< On what holds it.
+    Impl(Form::Impl* itsForm, const Place& itsPlace);
+    ~Impl();
+
+    Form::Impl* form;  ///< Null once the form is gone.
+    Place place;       ///< On what holds it.
     PanelLook look;
     Font font;
     std::string caption;
@@ -210,8 +214,9 @@ struct platform::Panel::Impl {
 struct platform::Control::Impl {
     enum class Kind { Button, Spin, Text, Mask, List, Check, Option };
 
-    Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder);  ///< The last in its form's tab order.
-    ~Impl();                                                                ///< Off its form, if that is still there.
+    /// The last in its form's tab order.
+    Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder, const Place& itsPlace);
+    ~Impl();  ///< Off its form, if that is still there.
     bool isPlainButton() const { return kind == Kind::Button || kind == Kind::Check; }
     bool isPressed() const { return isPlainButton() || kind == Kind::Option; }  ///< By Space and by its access key.
     bool takesFocus() const;                                                    ///< As Tab comes to it.
@@ -222,6 +227,8 @@ struct platform::Control::Impl {
     const Kind kind;
     Form::Impl* form;          ///< Null once the form is gone.
     const Panel::Impl* panel;  ///< That it lies on.
+    const Place place;         ///< On its panel.
+    Font font;
     bool enabled = true;
     bool tabStop = true;
 
