@@ -70,10 +70,21 @@ TEST_F(Presence, MenusAndMessageBoxesAreTheGamesOwn) {
     }
 }
 
+/// Makes each window one that this desktop never activates.
+class NeverActive : public QObject {
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        QWindow* const made =
+            event->type() == QEvent::WinIdChange ? static_cast<QWidget*>(watched)->windowHandle() : nullptr;
+        if (made != nullptr) made->setFlags(Qt::ToolTip);
+        return false;
+    }
+};
+
 TEST_F(Presence, WhereNoActivationIsToldTheGamePlays) {
+    NeverActive neverActive;
     main_ = std::make_unique<Window>();
     main_->form.resize(300 * twips, 200 * twips);
-    window()->setWindowFlag(Qt::ToolTip);  // A window that this desktop never activates.
+    window()->installEventFilter(&neverActive);
     main_->form.show();
     driver::run(20);
     ASSERT_FALSE(window()->isActiveWindow());
