@@ -28,11 +28,11 @@ bool isOrdinaryFile(const std::string& file) {
 }
 
 std::vector<float> samplesOf(const std::string& waveFile) {
-    SDL_AudioSpec spec{};
+    SDL_AudioSpec format{};
     Uint8* bytes = nullptr;
     Uint32 length = 0;
-    if (!isOrdinaryFile(waveFile) || SDL_LoadWAV(waveFile.c_str(), &spec, &bytes, &length) == nullptr) return {};
-    auto samples = converted(spec, bytes, static_cast<int>(length));
+    if (!isOrdinaryFile(waveFile) || SDL_LoadWAV(waveFile.c_str(), &format, &bytes, &length) == nullptr) return {};
+    auto samples = converted(format, bytes, static_cast<int>(length));
     SDL_FreeWAV(bytes);
     return samples;
 }

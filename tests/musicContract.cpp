@@ -1,0 +1,133 @@
+// What every back end promises of music. The waits are wide enough for a real clock on a busy machine.
+
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+#include "platform/desktop.h"
+#include "platform/sound.h"
+#include "tests/contractFixture.h"
+
+namespace {
+
+using namespace platform;
+
+TEST_F(Contract, StatusEventsComeAtTheirInterval) {
+    const auto [between, after] = inTime(320, [] {
+        int events = 0;
+        MMControl music;
+        music.onStatusUpdate = [&] { ++events; };
+        driver::run(20);
+        music.setUpdateInterval(100);
+        driver::run(60);
+        music.setUpdateInterval(100);
+        driver::run(60);
+        const int early = events;
+        music.setUpdateInterval(0);
+        driver::run(180);
+        return std::pair(early, events);
+    });
+    EXPECT_EQ(between, 1) << "the same interval goes on";
+    EXPECT_EQ(after, 1) << "an interval of 0 ends them";
+}
+
+TEST_F(Contract, StatusEventsComeWhileThePlayerIsAway) {
+    int events = 0;
+    MMControl music;
+    music.onStatusUpdate = [&] { ++events; };
+    showMain();
+    music.setUpdateInterval(20);
+    driver::goAway();
+    events = 0;
+    driver::run(200);
+    EXPECT_GE(events, 4);
+    driver::comeBack();
+    events = 0;
+    driver::run(100);
+    EXPECT_GE(events, 2) << "nor late after it";
+}
+
+/// Opens a piece in a control for music.
+void openPiece(MMControl& music, const std::string& file, const std::string& deviceType = "Sequencer") {
+    music.setDeviceType(deviceType);
+    music.setFileName(file);
+    music.setCommand("Open");
+}
+
+TEST_F(Contract, MusicIsOpenedIfItIsThere) {
+    struct {
+        const char* what;
+        int length;  // milliseconds; -1 for no file name
+        const char* deviceType;
+        int32_t mode;
+    } const rows[] = {
+        {"a piece", 1000, "Sequencer", 525},
+        {"a file that isn't there", 0, "Sequencer", 524},
+        {"no piece", -1, "Sequencer", 530},
+        {"another device", 1000, "WaveAudio", 524},
+    };
+    for (const auto& row : rows) {
+        MMControl music;
+        EXPECT_EQ(music.mode(), 524) << row.what;
+        openPiece(music, row.length >= 0 ? driver::pieceOfMusic(row.length) : "", row.deviceType);
+        EXPECT_EQ(music.mode(), row.mode) << row.what;
+        music.setCommand("Play");
+        EXPECT_EQ(music.mode(), row.mode == 525 ? 526 : row.mode) << row.what;
+        music.setCommand("Stop");
+        EXPECT_EQ(music.mode(), row.mode) << row.what;
+        music.setCommand("Close");
+        EXPECT_EQ(music.mode(), 524) << row.what;
+    }
+}
+
+/// Milliseconds until the music has come to its end.
+double playingTime(MMControl& music) {
+    const double start = secondsOfDay();
+    for (int i = 0; i < 500 && music.mode() == 526; ++i) driver::run(10);
+    return (secondsOfDay() - start) * 1000;
+}
+
+TEST_F(Contract, MusicPlaysFromWhereItStands) {
+    constexpr int length = 1000;  // milliseconds
+    constexpr int whole = length, rest = 400, nothing = 0;
+    struct {
+        int after;  // milliseconds of playing; from the length on the piece is at its end
+        std::vector<const char*> commands;
+        int32_t mode;  // after them
+        int plays;     // milliseconds from then on
+    } const rows[] = {
+        {600, {"Stop"}, 525, nothing},
+        {600, {"Stop", "Play"}, 526, rest},
+        {600, {"Stop", "Prev", "Play"}, 526, whole},
+        {600, {"Stop", "Next", "Play"}, 526, whole},
+        {600, {"Play"}, 526, rest},
+        {600, {"Next"}, 526, whole},
+        {600, {"Louder"}, 526, rest},
+        {600, {"Close", "Play"}, 524, nothing},
+        {1300, {}, 525, nothing},
+        {1300, {"Play"}, 525, nothing},
+        {1300, {"Stop", "Play", "Stop"}, 525, nothing},
+        {1300, {"Next", "Play"}, 526, whole},
+    };
+    MMControl music;
+    openPiece(music, driver::pieceOfMusic(length));
+    music.setCommand("Play");
+    playingTime(music);  // The first time a font is loaded.
+    for (const auto& row : rows) {
+        const auto [mode, plays] = inTime(row.after + row.plays + 200, [&] {
+            music.setCommand("Stop");
+            music.setCommand("Open");
+            music.setCommand("Prev");
+            music.setCommand("Play");
+            driver::run(row.after);
+            for (const char* command : row.commands) music.setCommand(command);
+            const int32_t then = music.mode();
+            return std::pair(then, playingTime(music));
+        });
+        EXPECT_EQ(mode, row.mode) << "row " << &row - rows;
+        EXPECT_NEAR(plays, row.plays, 250) << "row " << &row - rows;
+    }
+}
+
+}  // namespace
