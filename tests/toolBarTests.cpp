@@ -35,6 +35,23 @@ class ToolBarKeys : public Window {
     }
 };
 
+TEST_F(ToolBarKeys, EachButtonShowsItsPictureOnTheStrip) {
+    constexpr QRgb stripColor = 0xFFEFEFEF, throughShines = 0xFFC0C0C0;
+    const QImage pictures = QImage(VELMORA_ASSETS "/pictures/ImageList1.png").convertToFormat(QImage::Format_RGB32);
+    ASSERT_EQ(pictures.size(), QSize(14 * 16, 16));
+    const QImage seen = window->grab({0, 0, 795, 28}).toImage().convertToFormat(QImage::Format_RGB32);
+    for (int picture = 0; picture < 14; ++picture) {
+        const int left = picture < 13 ? 6 + 28 * picture : 773;  // The way out stands at the right end.
+        int wrong = 0;
+        for (int y = 0; y < 16; ++y)
+            for (int x = 0; x < 16; ++x) {
+                const QRgb pixel = pictures.pixel(16 * picture + x, y);
+                if (seen.pixel(left + x, 6 + y) != (pixel == throughShines ? stripColor : pixel)) ++wrong;
+            }
+        EXPECT_EQ(wrong, 0) << "pixels of picture " << picture + 1;
+    }
+}
+
 TEST_F(ToolBarKeys, TheArrowsGoRoundTheButtonsWithTheirToolTips) {
     const std::vector<std::string> row = {
         "Start Anew",     "Level:Easy",         "Break Down:On", "Music:On", "High Scores",

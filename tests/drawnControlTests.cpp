@@ -1,0 +1,104 @@
+// What panels and frames look like where the back end draws them.
+
+#include <QImage>
+#include <QWidget>
+
+#include "platform/controls.h"
+#include "platform/qt/control.h"
+#include "tests/contractFixture.h"
+
+namespace {
+
+using namespace platform;
+
+constexpr QRgb grey = 0xFFC0C0C0, red = 0xFFFF0000;
+
+class DrawnControls : public Contract {
+  protected:
+    DrawnControls() { showMain(); }
+
+    QImage seen() { return qt::windowOf(main_->form)->grab().toImage().convertToFormat(QImage::Format_RGB32); }
+
+    /// One letter for each point from the corner of a panel inward: lighter than its grey, darker, or the same.
+    std::string shades(const Place& place, bool fromTopLeft, int count) {
+        const QImage image = seen();
+        std::string letters;
+        for (int i = 0; i < count; ++i) {
+            const int x = fromTopLeft ? place.left + i : place.left + place.width - 1 - i;
+            const int y = fromTopLeft ? place.top + i : place.top + place.height - 1 - i;
+            const int shade = qGray(image.pixel(x, y));
+            letters += shade > qGray(grey) ? 'L' : shade < qGray(grey) ? 'D' : '.';
+        }
+        return letters;
+    }
+
+    /// The left-most and right-most column of a place with a red pixel, counted from its left; -1 and -1 without one.
+    std::pair<int, int> redColumns(const Place& place) {
+        const QImage image = seen();
+        std::pair<int, int> columns(-1, -1);
+        for (int x = 0; x < place.width; ++x)
+            for (int y = 0; y < place.height; ++y)
+                if (image.pixel(place.left + x, place.top + y) == red) {
+                    if (columns.first < 0) columns.first = x;
+                    columns.second = x;
+                }
+        return columns;
+    }
+};
+
+TEST_F(DrawnControls, BevelsRiseAndSink) {
+    constexpr Place place{20, 30, 100, 40};
+    struct {
+        Bevel outer, inner;
+        int width;
+        const char* topLeft;  // from the corner inward
+        const char* bottomRight;
+    } const rows[] = {
+        {Bevel::None, Bevel::None, 1, "......", "......"},
+        {Bevel::Raised, Bevel::None, 1, "L.....", "D....."},
+        {Bevel::Inset, Bevel::None, 1, "D.....", "L....."},
+        {Bevel::Raised, Bevel::Inset, 2, "LLDD..", "DDLL.."},
+    };
+    Panel panel(main_->form, place);
+    for (const auto& row : rows) {
+        panel.setLook({row.outer, row.inner, row.width});
+        EXPECT_EQ(shades(place, true, 6), row.topLeft) << "row " << &row - rows;
+        EXPECT_EQ(shades(place, false, 6), row.bottomRight) << "row " << &row - rows;
+    }
+}
+
+TEST_F(DrawnControls, ACaptionStandsWhereItsLookSaysInItsColour) {
+    constexpr Place place{20, 30, 120, 40};
+    Panel panel(main_->form, place);
+    panel.setFont({"Times New Roman", 20, true});
+    panel.setCaption("HEH");
+    const auto columnsWith = [&](Align align) {
+        panel.setLook({Bevel::None, Bevel::None, 1, 0xC0C0C0, 0x0000FF, align});
+        return redColumns(place);
+    };
+    const auto [leftFirst, leftLast] = columnsWith(Align::Left);
+    EXPECT_GE(leftFirst, 0);
+    EXPECT_LT(leftFirst, 5);
+    const int inkWidth = leftLast - leftFirst;
+    EXPECT_GT(inkWidth, 40);
+    EXPECT_LT(inkWidth, 80);
+    EXPECT_NEAR(columnsWith(Align::Right).second, 119, 5);
+    EXPECT_NEAR(columnsWith(Align::Center).first, (120 - inkWidth) / 2, 5);
+    panel.setFont({"Times New Roman", 10, true});
+    const auto [smallFirst, smallLast] = columnsWith(Align::Left);
+    EXPECT_NEAR(smallLast - smallFirst, inkWidth / 2, 6) << "half the size";
+}
+
+TEST_F(DrawnControls, AFrameIsDrawnInsideItsPlace) {
+    Shape frame(main_->form);
+    frame.setBorder(3, 0x0000FF);
+    frame.setPlace({20, 30, 60, 40});
+    EXPECT_EQ(redColumns({0, 0, 200, 150}).first, -1) << "hidden at first";
+    frame.setVisible(true);
+    const QImage image = seen();
+    const auto isRed = [&](int x, int y) { return image.pixel(x, y) == red; };
+    EXPECT_TRUE(isRed(20, 30) && isRed(22, 32) && isRed(79, 69) && isRed(77, 50) && isRed(50, 67));
+    EXPECT_FALSE(isRed(19, 30) || isRed(20, 29) || isRed(23, 33) || isRed(80, 69) || isRed(79, 70) || isRed(76, 66));
+}
+
+}  // namespace
