@@ -23,6 +23,7 @@ constexpr double secondsShown = 2;
 }  // namespace
 
 frmChooseSeat::frmChooseSeat() {
+    form.setCaption("Draw of the seat");
     form.onLoad = [this] { Form_Load(); };
     form.onKeyDown = [this](int& keyCode) { Form_KeyDown(keyCode); };
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };

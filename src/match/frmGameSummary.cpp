@@ -42,6 +42,7 @@ frmGameSummary::frmGameSummary()
       pnlFrame(pnlOuter, {24, 40, 305, 217}),
       pnlHeading(pnlFrame, {46, 13, 208, 17}),
       pnlList(pnlFrame, {24, 32, 255, 161}) {
+    form.setCaption("Game summary");
     form.onLoad = [this] { Form_Load(); };
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
     form.onPoint = [](int, int) { return true; };  // A click anywhere closes it.

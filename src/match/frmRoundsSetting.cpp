@@ -23,6 +23,7 @@ frmRoundsSetting::frmRoundsSetting()
       SpinButton1(SSPanel1, {208, 28, 25, 41}),
       cmdOK(SSPanel1, {48, 88, 73, 25}),
       cmdCancel(SSPanel1, {136, 88, 73, 25}) {
+    form.setCaption("Rounds Setting");
     form.onLoad = [this] { Form_Load(); };
     form.onUnload = [this] { Form_Unload(); };
     SSPanel1.setLook(outerLook);

@@ -56,6 +56,9 @@ class Form {
     void setPicture(const Picture& picture);   ///< Background of the surface; gives the form the picture's size.
     void setCaption(const std::string& text);  ///< The title bar's text; of a dialog, what a screen reader says.
 
+    /// Has a screen reader say a text, which is made only while one listens.
+    void announce(const std::function<std::string()>& text);
+
     Surface& surface();  ///< What the window shows from the next refresh on.
     void refresh();      ///< Shows the surface.
 

@@ -3,6 +3,7 @@
 #include "match/frmGameSummary.h"
 #include "platform/desktop.h"
 #include "platform/form.h"
+#include "play/tileNames.h"
 #include "scoring/frmBreakDown.h"
 #include "toolkit/failures.h"
 
@@ -37,9 +38,12 @@ bool frmMain::mblnfTileEnters() {
         if (mblnfDropOK()) mintCurRow = 1;
     }
     const bool won = mintHandCount == handTiles;
-    if (mintCurRow == 1 && !won && mintTilesDropped != tileCount) return true;
-    msEndHand(won);
-    return false;
+    if (mintCurRow != 1 || won || mintTilesDropped == tileCount) {
+        msEndHand(won);
+        return false;
+    }
+    form.announce([this] { return gstrfKindName(TileKindOf[mintCurTile]); });
+    return true;
 }
 
 bool frmMain::mblnfTileFalls() {

@@ -5,6 +5,7 @@
 #include "frmMain.h"
 #include "modZQT.h"
 #include "platform/desktop.h"
+#include "play/tileNames.h"
 #include "presentation/frmBitmaps.h"
 #include "presentation/layout.h"
 #include "toolkit/failures.h"
@@ -36,6 +37,7 @@ frmChooseTiles::frmChooseTiles() {
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
     form.onPoint = [this](int x, int y) { return Form_Point(x, y); };
     form.onUnload = [this] { Form_Unload(); };
+    form.setCaption("Select Tiles");
     Shape1.setBorder(borderWidth, red);
 }
 
@@ -61,6 +63,7 @@ void frmChooseTiles::Form_Load() {
         mintCurEntry = 1;
         mintNumTiles = 0;
         msHiLiteTiles(1);
+        form.announce([this] { return mstrfOffer(); });
     });
 }
 
@@ -107,8 +110,24 @@ void frmChooseTiles::Form_KeyDown(int keyCode) {
         default:
             break;
     }
+    msGoTo(entry);
+}
+
+void frmChooseTiles::msGoTo(int entry) {
+    const bool isOther = entry != mintCurEntry;
     mintCurEntry = narrow16(entry);
     msHiLiteTiles(mintCurEntry);
+    if (isOther) form.announce([this] { return mstrfEntry(mintCurEntry); });
+}
+
+std::string frmChooseTiles::mstrfEntry(int entry) const {
+    return entry == mintNumEntries ? "Pass" : gstrfSetName(PossibleTiles[entry]);
+}
+
+std::string frmChooseTiles::mstrfOffer() const {
+    std::string offer = "Select tiles: ";
+    for (int entry = 1; entry < mintNumEntries; ++entry) offer += mstrfEntry(entry) + "; ";
+    return offer + mstrfEntry(mintNumEntries) + ". Highlighted: " + mstrfEntry(mintCurEntry);
 }
 
 int frmChooseTiles::mintfBelow(int entry) const {
@@ -128,7 +147,7 @@ bool frmChooseTiles::Form_Point(int x, int y) {
     return guarded("Form_Point", [&] {
         for (int entry = 1; entry <= std::min<int>(mintNumEntries, candidatePlaces); ++entry) {
             if (!mudtfFrame(entry).contains(x, y)) continue;
-            if (entry != mintCurEntry) msHiLiteTiles(mintCurEntry = narrow16(entry));
+            if (entry != mintCurEntry) msGoTo(entry);
             return true;
         }
         return false;

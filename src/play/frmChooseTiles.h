@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/controls.h"
 #include "platform/form.h"
@@ -45,6 +46,12 @@ struct frmChooseTiles {
     void msLoadTiles();
     /// The highlight's place round an entry.
     platform::Place mudtfFrame(int entry) const;
+    /// Moves the highlight to an entry and has it said, if it is another one.
+    void msGoTo(int entry);
+    /// An entry in words.
+    std::string mstrfEntry(int entry) const;
+    /// All entries in words, and which of them is highlighted.
+    std::string mstrfOffer() const;
     /// Lays the highlight round an entry and counts its tiles.
     void msHiLiteTiles(int16_t entry);
     /// The entry a line further down in the same column, or else the one in the first line.

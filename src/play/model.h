@@ -57,7 +57,8 @@ struct CellInfo {
 
 using Board = Table<Table<CellInfo, 1, columnCount>, 0, bottomRow>;
 using EarnedSlots = Table<CellInfo, 1, slotCount>;
-using Candidates = Table<Table<CellInfo, 1, setTiles>, 1, candidatePlaces>;
+using SetOfTiles = Table<CellInfo, 1, setTiles>;  ///< The empty places stand behind the tiles.
+using Candidates = Table<SetOfTiles, 1, candidatePlaces>;
 
 /// True if the three Numbers run up or down by one in their order.
 constexpr bool runsInOrder(int32_t first, int32_t second, int32_t third) {

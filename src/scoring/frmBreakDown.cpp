@@ -68,6 +68,10 @@ void frmBreakDown::msBreakDown() {
         }
         msPrintPair(mudtTotalDoublesPsn, std::to_string(total), mudtTotalPointsPsn, std::to_string(glngHandPoints));
         form.refresh();
+        form.announce([&] {
+            return "Break-down: " + gstrScoreDesc + ". Total doubles: " + std::to_string(total) +
+                   ", total points: " + std::to_string(glngHandPoints);
+        });
     });
 }
 

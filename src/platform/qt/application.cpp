@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/qt/accessible.h"
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
 #include "platform/qt/images.h"
@@ -52,6 +53,7 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
     QApplication::setDesktopFileName(QString::fromStdString(id));
     QApplication::setQuitOnLastWindowClosed(false);  // A message box may come and go before the main window is seen.
     QApplication::setWindowIcon(iconOf(id));
+    qt::startAccessibility();
     application->installEventFilter(&qt::formStack());
     QObject::connect(application, &QApplication::focusChanged, [] {
         if (qt::FormWindow* const form = qt::formStack().top()) form->followFocus();

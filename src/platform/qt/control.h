@@ -45,7 +45,7 @@ class Owned {
     explicit Owned(Widget* widget) : widget_(widget) {}
     ~Owned() {
         if (!widget_) return;
-        widget_->disconnect();
+        widget_->blockSignals(true);  // But for its end, of which accessibility has to hear.
         widget_->hide();
         widget_->deleteLater();
     }

@@ -1,5 +1,6 @@
 #include "platform/form.h"
 
+#include "platform/qt/accessible.h"
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
 #include "platform/twips.h"
@@ -47,6 +48,10 @@ void Form::setPicture(const Picture& picture) {
 }
 
 void Form::setCaption(const std::string& text) { impl_->window->setWindowTitle(QString::fromStdString(text)); }
+
+void Form::announce(const std::function<std::string()>& text) {
+    if (qt::isListenedTo()) impl_->window->announce(QString::fromStdString(text()));
+}
 
 Surface& Form::surface() { return impl_->window->surface; }
 void Form::refresh() { impl_->window->showChanges(); }

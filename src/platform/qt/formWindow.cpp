@@ -15,6 +15,7 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/qt/accessible.h"
 #include "platform/qt/control.h"
 #include "platform/qt/formStack.h"
 #include "platform/qt/images.h"
@@ -68,7 +69,10 @@ FormWindow* formWindowOf(const QWidget* face) {
     return static_cast<FormWindow*>(each);
 }
 
-FormWindow::FormWindow(Form& owner) : form(&owner) { setAttribute(Qt::WA_OpaquePaintEvent); }
+FormWindow::FormWindow(Form& owner) : form(&owner) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setRole(*this, QAccessible::Window);
+}
 
 void FormWindow::fitToSurface() {
     setFixedSize(surface.width(), surface.height());
@@ -115,8 +119,9 @@ void FormWindow::runAsDialog() {
     if (!load()) return;
     if (FormWindow* const main = formStack().mainWindow()) setParent(main, Qt::SubWindow);  // Keeps Tab within itself.
     formStack().openDialog(this);
+    setRole(*this, QAccessible::Dialog);
     place();
-    setAccessibleName(windowTitle());
+    if (accessibleName().isEmpty()) setAccessibleName(windowTitle());  // Its loading may have told more.
     nameFields();
     show();
     raise();
@@ -160,6 +165,11 @@ void FormWindow::activate() {
     const QPointer<FormWindow> self(this);
     if (form) callSlot(form->onActivate);
     if (self && loaded && formStack().top() == this) focusFirst();
+}
+
+/// What has the focus is spoken of whenever its name becomes another one.
+void FormWindow::announce(const QString& text) {
+    setAccessibleName(accessibleName() == text ? text + QLatin1Char(' ') : text);
 }
 
 void FormWindow::focusFirst() {

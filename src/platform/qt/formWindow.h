@@ -32,6 +32,8 @@ class FormWindow : public QWidget {
     void unload();        ///< Unloads the dialogs over it, then the form. Nothing if it isn't loaded.
     void retire();        ///< The form is gone: leaves the screen at once and the memory later.
 
+    void announce(const QString& text);  ///< Has a screen reader say it.
+
     void activate();  ///< It is on top now: tells the form, and one of its controls has the focus.
 
     void addControl(Control::Impl* control);                           ///< The last one in tab order.

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/qt/accessible.h"
 #include "platform/qt/control.h"
 #include "platform/qt/images.h"
 
@@ -158,6 +159,8 @@ ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& image
     : impl_(std::make_unique<Impl>(qt::windowOf(form), images)) {
     QPalette palette{QColor(stripColor)};
     palette.setColor(QPalette::WindowText, QColor(edgeColor));
+    qt::setRole(*impl_->strip.get(), QAccessible::ToolBar);
+    impl_->strip->setAccessibleName(QStringLiteral("Toolbar"));
     impl_->strip->setPalette(palette);
     impl_->strip->setAutoFillBackground(true);
     impl_->strip->resize(form.scaleWidth(), height);
@@ -177,7 +180,7 @@ ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& image
 
 ToolBar::~ToolBar() {
     if (impl_->strip.get() == nullptr) return;
-    for (int number = 1; number <= buttonCount(); ++number) impl_->buttons[number]->disconnect();
+    for (int number = 1; number <= buttonCount(); ++number) impl_->buttons[number]->blockSignals(true);
 }
 
 void ToolBar::setWidth(int pixels) {

@@ -159,6 +159,9 @@ void closeMainWindow() {
     if (main != forms.end()) (*main)->owner.unload();
 }
 
+void setScreenReader(bool listens) { state().screenReader = listens; }
+const std::vector<std::string>& announcements() { return state().announcements; }
+
 int modalDepth() {
     const auto& forms = state().forms;
     return static_cast<int>(std::count_if(forms.begin(), forms.end(), [](const auto* form) { return form->modal; }));
@@ -218,6 +221,10 @@ void Form::move(double left, double top) {
 void Form::resize(double width, double height) { impl_->surface.resize(toPixels(width), toPixels(height)); }
 void Form::setPicture(const Picture& picture) { impl_->surface.setPicture(picture); }
 void Form::setCaption(const std::string& text) { sim::note("title", text); }
+void Form::announce(const std::function<std::string()>& text) {
+    if (sim::state().screenReader) sim::state().announcements.push_back(text());
+}
+
 void Form::refresh() { sim::note("show"); }
 
 void Form::show() {

@@ -78,11 +78,13 @@ void goAway();                  ///< To another window, with the keyboard. Nothi
 void comeBack();                ///< To the form on top. Nothing if he isn't away.
 
 /// The panels of the form on top, in the order of their making, and then its controls, in tab order. A line tells place
-/// and size on what holds it, caption and font; of a panel also where its caption stands, its outer and inner bevels and
-/// their width, and its colours.
+/// and size on what holds it, caption and font; of a panel also where its caption stands, its outer and inner bevels
+/// and their width, and its colours.
 std::vector<std::string> layout();
 
-int modalDepth();                            ///< How many dialogs are open.
+int modalDepth();                                 ///< How many dialogs are open.
+void setScreenReader(bool listens);               ///< Whether there is one; there is none until it is set.
+const std::vector<std::string>& announcements();  ///< What it was given to say so far.
 const std::vector<std::string>& messages();  ///< Message boxes so far, as "title: text"; each was answered at once.
 
 /// A line that has come out of the printer: a character for each column from 1 on, and what it was printed in.

@@ -98,6 +98,8 @@ struct State {
     std::optional<double> awaySince;                   ///< When the player went, while he is away.
     Serial clicked = 0;  ///< On which the left button went down, where Enter means something; 0 for none.
     std::vector<std::string> messages;
+    bool screenReader = false;
+    std::vector<std::string> announcements;
     std::string programFolder;  ///< Empty as long as the program lies in a folder of its own.
     std::string helpFile;       ///< What the help window shows; empty while it isn't open.
 

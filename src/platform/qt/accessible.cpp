@@ -1,0 +1,50 @@
+#include "platform/qt/accessible.h"
+
+#include <QAccessibleWidget>
+#include <QVariant>
+#include <QWidget>
+
+namespace platform::qt {
+namespace {
+
+constexpr const char* roleProperty = "accessibleRole";
+
+class Listener : public QAccessible::ActivationObserver {
+  public:
+    Listener() { QAccessible::installActivationObserver(this); }
+    void accessibilityActiveChanged(bool active) override { listens = active; }
+
+    bool listens = QAccessible::isActive();
+};
+
+Listener& listener() {
+    static Listener& theListener = *new Listener;  // Forms that are let go at the very end may still ask for it.
+    return theListener;
+}
+
+/// Qt keeps it for as long as the widget lives, and a form becomes a dialog after it has been made.
+class WithRole : public QAccessibleWidget {
+  public:
+    using QAccessibleWidget::QAccessibleWidget;
+    QAccessible::Role role() const override {
+        return static_cast<QAccessible::Role>(object()->property(roleProperty).toInt());
+    }
+};
+
+QAccessibleInterface* interfaceFor(const QString& /*className*/, QObject* object) {
+    const bool hasRole = object->property(roleProperty).isValid();
+    return hasRole ? new WithRole(static_cast<QWidget*>(object)) : nullptr;
+}
+
+}  // namespace
+
+void startAccessibility() {
+    QAccessible::installFactory(interfaceFor);
+    listener();
+}
+
+void setRole(QWidget& widget, QAccessible::Role role) { widget.setProperty(roleProperty, static_cast<int>(role)); }
+
+bool isListenedTo() { return listener().listens; }
+
+}  // namespace platform::qt

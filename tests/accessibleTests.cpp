@@ -1,0 +1,186 @@
+// The window and its dialogs as a screen reader finds them.
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QTest>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "match/frmChooseSeat.h"
+#include "match/frmGameSummary.h"
+#include "match/frmRoundsSetting.h"
+#include "modZQT.h"
+#include "play/frmChooseTiles.h"
+#include "scoring/frmBreakDown.h"
+#include "tests/windowFixture.h"
+
+namespace {
+
+const std::map<QAccessible::Role, std::string> roleNames = {
+    {QAccessible::Window, "window"},    {QAccessible::Dialog, "dialog"},          {QAccessible::ToolBar, "toolbar"},
+    {QAccessible::Button, "button"},    {QAccessible::ButtonMenu, "menu button"}, {QAccessible::StaticText, "text"},
+    {QAccessible::SpinBox, "spin box"},
+};
+
+/// What is seen of an object, a line for each part that is more than decoration, two blanks a level.
+void listTree(QAccessibleInterface* object, int level, std::string& lines) {
+    if (object == nullptr || object->state().invisible) return;
+    const auto role = roleNames.find(object->role());
+    const std::string name = object->text(QAccessible::Name).toStdString();
+    const bool decoration = object->role() == QAccessible::Border || object->role() == QAccessible::Separator ||
+                            (object->role() == QAccessible::StaticText && name.empty());
+    if (!decoration)
+        lines += std::string(static_cast<size_t>(2 * level), ' ') +
+                 (role != roleNames.end() ? role->second : "role " + std::to_string(object->role())) + ": " + name +
+                 "\n";
+    for (int child = 0; child < object->childCount(); ++child)
+        listTree(object->child(child), level + (decoration ? 0 : 1), lines);
+}
+
+class Accessible : public Window {
+  protected:
+    void SetUp() override {
+        Window::SetUp();
+        QAccessible::setActive(true);
+    }
+    void TearDown() override {
+        QAccessible::setActive(false);
+        Window::TearDown();
+    }
+
+    static std::string treeOf(QWidget* widget) {
+        std::string lines;
+        listTree(QAccessible::queryAccessibleInterface(widget), 0, lines);
+        return lines;
+    }
+
+    static std::string nameOf(QWidget* widget) {
+        return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).toStdString();
+    }
+
+    /// The dialog on top.
+    QWidget* dialog() const {
+        QWidget* found = nullptr;
+        for (QObject* child : window->children())
+            if (auto* const widget = qobject_cast<QWidget*>(child); widget && widget->isVisible())
+                if (QAccessible::queryAccessibleInterface(widget)->role() == QAccessible::Dialog) found = widget;
+        return found;
+    }
+
+    /// The tree of a dialog that is then closed by a key.
+    std::string treeOfDialog(const std::function<bool()>& isOpen, const std::function<void()>& show, Qt::Key closing) {
+        std::string tree = "no dialog";
+        once(isOpen, [&] {
+            if (QWidget* const open = dialog()) tree = treeOf(open);
+            press(closing);
+        });
+        show();
+        return tree;
+    }
+};
+
+TEST_F(Accessible, TheMainWindowHasItsToolbar) {
+    EXPECT_EQ(treeOf(window),
+              "window: Velmora\n"
+              "  toolbar: Toolbar\n"
+              "    button: Start Anew\n"
+              "    button: Level:Easy\n"
+              "    button: Break Down:On\n"
+              "    button: Music:On\n"
+              "    button: High Scores\n"
+              "    button: Rounds Setting\n"
+              "    button: Round:(In Chinese)\n"
+              "    button: Peek:Off\n"
+              "    button: Pause\n"
+              "    button: Stop\n"
+              "    button: Order\n"
+              "    button: About Velmora...\n"
+              "    button: Help\n"
+              "    button: Exit\n");
+}
+
+TEST_F(Accessible, DialogsHaveNamesAndTheirControlsToo) {
+    EXPECT_EQ(treeOfDialog([] { return gfrmChooseSeat.isOpen(); }, [this] { click("Start Anew"); }, Qt::Key_Return),
+              "dialog: Draw of the seat\n");
+    game->Timer1.setEnabled(false);
+    gstrScoreDesc = "Pure Suit Hand,Mixed Hand";
+    glngHandPoints = 800;
+    EXPECT_EQ(treeOfDialog([] { return gfrmBreakDown.isOpen(); }, [] { gfrmBreakDown.showModal(); }, Qt::Key_Escape),
+              "dialog: Break-down: Pure Suit Hand,Mixed Hand. Total doubles: 6, total points: 800\n");
+    EXPECT_EQ(treeOfDialog([] { return gfrmGameSummary.isOpen(); },
+                           [] { gfrmGameSummary->msLoadFormVariables(4, 17, 5), gfrmGameSummary.showModal(); },
+                           Qt::Key_Escape),
+              "dialog: Game summary\n"
+              "  text: Game Over...\n"
+              "  text: +++ Game Summary +++\n"
+              "  text: # Of Rounds Played\n"
+              "  text: 4\n"
+              "  text: # Of Games Played\n"
+              "  text: 17\n"
+              "  text: # Of Games Won\n"
+              "  text: 5\n"
+              "  text: Winning Percentage\n"
+              "  text: 29.41%\n");
+    EXPECT_EQ(
+        treeOfDialog([] { return gfrmRoundsSetting.isOpen(); }, [this] { click("Rounds Setting"); }, Qt::Key_Escape),
+        "dialog: Rounds Setting\n"
+        "  text: # of Rounds\n"
+        "    text: 4\n"
+        "  spin box: Up or down\n"
+        "  button: OK\n"
+        "  button: Cancel\n");
+}
+
+TEST_F(Accessible, NothingIsKnownOfWhatIsGone) {
+    QAccessible::Id button = 0;
+    once([] { return gfrmRoundsSetting.isOpen(); },
+         [&] {
+             for (QWidget* face : dialog()->findChildren<QWidget*>())
+                 if (nameOf(face) == "OK") button = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(face));
+             EXPECT_NE(QAccessible::accessibleInterface(button), nullptr);
+             press(Qt::Key_Escape);
+         });
+    click("Rounds Setting");
+    gfrmRoundsSetting.clear();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(QAccessible::accessibleInterface(button), nullptr);
+}
+
+TEST_F(Accessible, TilesAndOffersAreTold) {
+    startMatch();
+    nextTile(12);
+    EXPECT_EQ(nameOf(window), "3 of Bamboo");
+    press(Qt::Key_Down);
+    nextTile(12);
+    EXPECT_EQ(nameOf(window), "3 of Bamboo ") << "another name, since only that is said";
+    bool asked = false;
+    once([] { return gfrmChooseTiles.isOpen(); },
+         [&] {
+             asked = true;
+             EXPECT_EQ(treeOf(dialog()),
+                       "dialog: Select tiles: a pair of 1 of Circles; three 1 of Circles; Pass. "
+                       "Highlighted: a pair of 1 of Circles\n");
+             press(Qt::Key_Right);
+             EXPECT_EQ(nameOf(dialog()), "three 1 of Circles");
+             press(Qt::Key_Right);
+             EXPECT_EQ(nameOf(dialog()), "Pass");
+             press(Qt::Key_Return);
+         });
+    nextTile(1);
+    for (const int column : {3, 4}) game->CellTable[12][column].fill(game->TileKinds[1]);
+    for (int row = 9; row <= 12; ++row) game->CellTable[row][5].empty();
+    press(Qt::Key_Down);
+    EXPECT_TRUE(waitFor([&] { return asked && gfrmChooseTiles.empty(); }));
+}
+
+TEST_F(Accessible, NothingIsToldWhileNobodyListens) {
+    QAccessible::setActive(false);
+    startMatch();
+    nextTile(12);
+    EXPECT_EQ(nameOf(window), "Velmora");
+}
+
+}  // namespace
