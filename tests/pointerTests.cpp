@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QTest>
 #include <QWindow>
 
@@ -27,6 +28,15 @@ class Deaf : public QObject {
 class Pointer : public Window {
   protected:
     void moveTo(const QPoint& at) { QTest::mouseMove(window->windowHandle(), at); }
+
+    /// What a window that comes up under a pointer at rest is told.
+    void restAt(const QPoint& at) {
+        QWidget* const under = window->childAt(at);
+        ASSERT_NE(under, nullptr);
+        const QPointF place = window->mapToGlobal(at);
+        QMouseEvent move(QEvent::MouseMove, under->mapFromGlobal(place), place, Qt::NoButton, Qt::NoButton, {});
+        QApplication::sendEvent(under, &move);
+    }
 
     void clickAt(const QPoint& at, Qt::MouseButton button = Qt::LeftButton) {
         moveTo(at);
@@ -87,11 +97,12 @@ TEST_F(Pointer, AtRestItChoosesNothing) {
     startMatch();
     {
         const Deaf deaf;
-        moveTo(onTrio);
+        QCursor::setPos(window->mapToGlobal(onTrio));
+        QApplication::processEvents();
     }
     whileOffered([this] {
         EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 1);
-        moveTo(onTrio);  // As a window system tells a window that comes up under the pointer.
+        restAt(onTrio);
         EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 1);
         moveTo(onTrio + QPoint(1, 0));
         EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 2);

@@ -76,6 +76,20 @@ TEST_F(ToolBarKeys, TheArrowsGoRoundTheButtonsWithTheirToolTips) {
     EXPECT_NE(window->grab({0, 0, 28, 28}).toImage(), before) << "the mark can be seen";
 }
 
+TEST_F(ToolBarKeys, TheMarkIsSeenWithoutAWindowManager) {
+    QApplication::setActiveWindow(nullptr);  // Without one, no window is ever told that it is active.
+    const auto look = [this](int left) { return window->grab({left, 0, 28, 28}).toImage(); };
+    const QImage first = look(0), second = look(28);
+    press(Qt::Key_F10);
+    EXPECT_NE(look(0), first);
+    EXPECT_EQ(QToolTip::text(), "Start Anew");
+    press(Qt::Key_Right);
+    EXPECT_EQ(look(0), first);
+    EXPECT_NE(look(28), second);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(look(28), second);
+}
+
 TEST_F(ToolBarKeys, TheKeysAreTheToolbarsUntilItIsLeft) {
     startMatch();
     nextTile(1);
