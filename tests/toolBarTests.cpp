@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QTest>
+#include <QToolButton>
 #include <QToolTip>
 
 #include "hiscores/frmHiScore.h"
@@ -50,6 +51,26 @@ TEST_F(ToolBarKeys, EachButtonShowsItsPictureOnTheStrip) {
             }
         EXPECT_EQ(wrong, 0) << "pixels of picture " << picture + 1;
     }
+}
+
+TEST_F(ToolBarKeys, TheLevelMenuMarksTheLevelInPlay) {
+    const auto marks = [&](int choice) {
+        std::vector<std::string> items;
+        once([] { return QApplication::activePopupWidget() != nullptr; },
+             [&] {
+                 auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+                 ASSERT_NE(menu, nullptr);
+                 for (const QAction* item : menu->actions())
+                     items.push_back((item->isChecked() ? "*" : "") + item->text().toStdString());
+                 menu->actions().at(choice)->trigger();
+                 menu->close();
+             });
+        for (QToolButton* button : window->findChildren<QToolButton*>())
+            if (button->toolTip().startsWith("Level:")) button->click();
+        return items;
+    };
+    EXPECT_EQ(marks(2), (std::vector<std::string>{"*Easy", "Medium", "Hard", "Very Hard", "Super Hard"}));
+    EXPECT_EQ(marks(0), (std::vector<std::string>{"Easy", "Medium", "*Hard", "Very Hard", "Super Hard"}));
 }
 
 TEST_F(ToolBarKeys, TheArrowsGoRoundTheButtonsWithTheirToolTips) {
