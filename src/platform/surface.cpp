@@ -123,25 +123,35 @@ void Surface::setPicture(const Picture& picture) {
 void Surface::resize(int width, int height) {
     width_ = std::max(0, width);
     height_ = std::max(0, height);
+    borrows_ = false;
     pixels_.clear();
-    if (keepsPixels) pixels_.resize(static_cast<size_t>(width_) * height_);
-    clear();
+    texts.clear();
+    if (keepsPixels && width_ > 0 && height_ > 0) layBackground();
 }
 
 void Surface::clear() {
     texts.clear();
-    if (!hasPixels()) return;
-    uint32_t* const pixels = canvas();
+    if (hasPixels()) layBackground();
+}
+
+// Memory costs most when it is touched for the first time, so each pixel is written once, and a surface that only shows
+// its picture has no pixels of its own.
+void Surface::layBackground() {
+    changes_.addAll();
+    borrows_ = width_ == background_.width && height_ == background_.height;
+    if (borrows_) return;
+    pixels_.assign(static_cast<size_t>(width_) * height_, pixelOf(black));
     const int columns = std::min(width_, background_.width);
     const int rows = std::min(height_, background_.height);
-    for (int y = 0; y < height_; ++y) {
-        uint32_t* const line = pixels + static_cast<size_t>(y) * width_;
-        const int covered = y < rows ? columns : 0;
-        if (covered > 0)
-            std::memcpy(line, background_.pixels + static_cast<size_t>(y) * background_.width,
-                        sizeof(uint32_t) * static_cast<size_t>(covered));
-        std::fill(line + covered, line + width_, pixelOf(black));
-    }
+    for (int y = 0; y < rows; ++y)
+        std::copy_n(background_.pixels + static_cast<size_t>(y) * background_.width, columns,
+                    pixels_.data() + static_cast<size_t>(y) * width_);
+}
+
+void Surface::ownPixels() {
+    if (!borrows_) return;
+    pixels_.assign(background_.pixels, background_.pixels + static_cast<size_t>(width_) * height_);
+    borrows_ = false;
 }
 
 void Surface::print(const std::string& text) {
@@ -156,6 +166,7 @@ Color Surface::point(int x, int y) const {
 }
 
 uint32_t* Surface::canvas() {
+    ownPixels();
     changes_.addAll();
     return pixels_.data();
 }
@@ -163,6 +174,7 @@ uint32_t* Surface::canvas() {
 /// Paints the rows of a rectangle, each by its number from 0, and remembers the rectangle if a pixel has changed.
 template <class PaintRow>
 void Surface::paintRows(const Place& place, PaintRow paintRow) {
+    ownPixels();
     bool changed = false;
     for (int line = 0; line < place.height; ++line) {
         uint32_t* const to = pixels_.data() + static_cast<size_t>(place.top + line) * width_ + place.left;

@@ -80,10 +80,12 @@ class Surface {
 
     Color point(int x, int y) const;  ///< Colour of a pixel; 0 outside and where pixels are left out.
     /// The pixels of a row, as many as the width, from the left; y from 0 to below the height, and only with pixels.
-    const uint32_t* row(int y) const { return pixels_.data() + static_cast<size_t>(y) * width_; }
-    uint32_t* canvas();                                  ///< All pixels, to be drawn on until the next call for it.
-    bool hasPixels() const { return !pixels_.empty(); }  ///< Not when it is empty or keeps none.
-    const Changes& changes() const { return changes_; }  ///< Which of its pixels have got another colour.
+    const uint32_t* row(int y) const {
+        return (borrows_ ? background_.pixels : pixels_.data()) + static_cast<size_t>(y) * width_;
+    }
+    uint32_t* canvas();  ///< All pixels, to be drawn on until the next call for it.
+    bool hasPixels() const { return borrows_ || !pixels_.empty(); }  ///< Not when it is empty or keeps none.
+    const Changes& changes() const { return changes_; }              ///< Which of its pixels have got another colour.
 
     /// The texts on it, in the order of printing, where the back end writes them down here instead of drawing them;
     /// always empty where it draws. They go with the drawing, and a copy of the surface has them too.
@@ -119,6 +121,8 @@ class Surface {
     template <class CombineRow>
     void transfer(const Place& place, const SurfacePart& part, CombineRow combineRow);
     void copyWhole(const Surface& source);
+    void layBackground();
+    void ownPixels();
 
     friend void BitBlt(Surface& destination, int x, int y, int width, int height, const Surface& source, int sourceX,
                        int sourceY, uint32_t operation);
@@ -128,6 +132,7 @@ class Surface {
     int width_ = 0;
     int height_ = 0;
     Picture background_;
+    bool borrows_ = false;          ///< The pixels are the background's, as long as nothing is drawn.
     std::vector<uint32_t> pixels_;  ///< 0xFFRRGGBB in rows from the top.
     Changes changes_;
     Identity identity_;
