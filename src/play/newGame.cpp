@@ -53,7 +53,6 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::msLoadTable() {
-    picWork.resize(tablePictureWidth, tablePictureHeight);
     gsLoadPicture(picWork, tablePicture);
     msCaptureLightningGround();
     platform::BitBlt(picBlankNextTile, 0, 0, nextTilePlace.width, nextTilePlace.height, picWork, nextTilePlace.left,
