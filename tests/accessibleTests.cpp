@@ -40,11 +40,30 @@ void listTree(QAccessibleInterface* object, int level, std::string& lines) {
         listTree(object->child(child), level + (decoration ? 0 : 1), lines);
 }
 
+/// Keeps the name of each notification that comes up, which is what a screen reader says.
+class Reader : public QObject {
+  public:
+    std::vector<std::string> told;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Show) return false;
+        const QAccessibleInterface* const object = QAccessible::queryAccessibleInterface(watched);
+        // On a dialog it would be spoken of with the dialog's name each time.
+        if (object != nullptr && object->role() == QAccessible::Notification &&
+            object->parent()->role() == QAccessible::Window)
+            told.push_back(object->text(QAccessible::Name).toStdString());
+        return false;
+    }
+};
+
 class Accessible : public Window {
   protected:
+    Reader reader;
+
     void SetUp() override {
         Window::SetUp();
         QAccessible::setActive(true);
+        qApp->installEventFilter(&reader);
     }
     void TearDown() override {
         QAccessible::setActive(false);
@@ -152,10 +171,10 @@ TEST_F(Accessible, NothingIsKnownOfWhatIsGone) {
 TEST_F(Accessible, TilesAndOffersAreTold) {
     startMatch();
     nextTile(12);
-    EXPECT_EQ(nameOf(window), "3 of Bamboo");
     press(Qt::Key_Down);
     nextTile(12);
-    EXPECT_EQ(nameOf(window), "3 of Bamboo ") << "another name, since only that is said";
+    EXPECT_EQ(reader.told, (std::vector<std::string>{"3 of Bamboo", "3 of Bamboo"}));
+    EXPECT_EQ(nameOf(window), "Velmora");
     bool asked = false;
     once([] { return gfrmChooseTiles.isOpen(); },
          [&] {
@@ -164,9 +183,9 @@ TEST_F(Accessible, TilesAndOffersAreTold) {
                        "dialog: Select tiles: a pair of 1 of Circles; three 1 of Circles; Pass. "
                        "Highlighted: a pair of 1 of Circles\n");
              press(Qt::Key_Right);
-             EXPECT_EQ(nameOf(dialog()), "three 1 of Circles");
+             EXPECT_EQ(reader.told.back(), "three 1 of Circles");
              press(Qt::Key_Right);
-             EXPECT_EQ(nameOf(dialog()), "Pass");
+             EXPECT_EQ(reader.told.back(), "Pass");
              press(Qt::Key_Return);
          });
     nextTile(1);
@@ -180,7 +199,7 @@ TEST_F(Accessible, NothingIsToldWhileNobodyListens) {
     QAccessible::setActive(false);
     startMatch();
     nextTile(12);
-    EXPECT_EQ(nameOf(window), "Velmora");
+    EXPECT_TRUE(reader.told.empty());
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "platform/qt/accessible.h"
 
 #include <QAccessibleWidget>
+#include <QPointer>
 #include <QVariant>
 #include <QWidget>
 
@@ -44,6 +45,20 @@ void startAccessibility() {
 }
 
 void setRole(QWidget& widget, QAccessible::Role role) { widget.setProperty(roleProperty, static_cast<int>(role)); }
+
+// A notification is spoken of when it comes up. One on a dialog would be told with the dialog's name before it.
+void notify(QWidget& mainWindow, const QString& text) {
+    static QPointer<QWidget> notice;
+    if (!notice) {
+        notice = new QWidget;
+        setRole(*notice, QAccessible::Notification);
+        notice->setParent(&mainWindow);
+        notice->resize(0, 0);
+    }
+    notice->setAccessibleName(text);
+    notice->hide();
+    notice->show();
+}
 
 bool isListenedTo() { return listener().listens; }
 

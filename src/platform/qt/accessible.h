@@ -10,6 +10,9 @@ void startAccessibility();
 /// What a screen reader takes a widget of ours for.
 void setRole(QWidget& widget, QAccessible::Role role);
 
+/// Has a screen reader say a text of a main window, or of a dialog on it.
+void notify(QWidget& mainWindow, const QString& text);
+
 /// Whether a screen reader or another such program listens.
 bool isListenedTo();
 

@@ -167,9 +167,8 @@ void FormWindow::activate() {
     if (self && loaded && formStack().top() == this) focusFirst();
 }
 
-/// What has the focus is spoken of whenever its name becomes another one.
 void FormWindow::announce(const QString& text) {
-    setAccessibleName(accessibleName() == text ? text + QLatin1Char(' ') : text);
+    isVisible() ? notify(*window(), text) : setAccessibleName(text);  // By its name when it opens.
 }
 
 void FormWindow::focusFirst() {
