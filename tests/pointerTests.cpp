@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QWindow>
 
@@ -11,6 +13,7 @@
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
 #include "modZQT.h"
+#include "platform/desktop.h"
 #include "play/frmChooseTiles.h"
 #include "scoring/frmBreakDown.h"
 #include "tests/windowFixture.h"
@@ -148,6 +151,32 @@ TEST_F(Pointer, AClickClosesWhatIsOnlyRead) {
             dialog.show();
             EXPECT_TRUE(closed) << dialog.what << ' ' << at.x() << ' ' << at.y();
         }
+}
+
+TEST_F(Pointer, AToolButtonUnderItRisesUnlessSomethingIsOnTop) {
+    const QPoint middle(126, 14), edge(112, 14);  // of the button of the high scores
+    const auto edgeOnScreen = [&] {
+        QApplication::processEvents();
+        return window->screen()->grabWindow(window->winId()).toImage().pixel(edge);
+    };
+    const QRgb flat = edgeOnScreen();
+    moveTo({600, 14});
+    moveTo(middle);
+    EXPECT_NE(edgeOnScreen(), flat);
+    int shown = 0;
+    const auto seeFlat = [&] {
+        ++shown;
+        EXPECT_EQ(edgeOnScreen(), flat);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    };
+    once([] { return gfrmHiScore.isOpen(); }, seeFlat);
+    clickAt(middle);
+    EXPECT_NE(edgeOnScreen(), flat);
+    const auto boxHasKeys = [] { return dynamic_cast<QPushButton*>(QApplication::focusWidget()) != nullptr; };
+    once(boxHasKeys, seeFlat);
+    platform::messageBox("Title", "Text");
+    EXPECT_NE(edgeOnScreen(), flat);
+    EXPECT_EQ(shown, 2);
 }
 
 }  // namespace

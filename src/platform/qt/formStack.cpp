@@ -4,6 +4,7 @@
 #include <QCursor>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QToolButton>
 #include <QWidget>
 #include <algorithm>
 #include <utility>
@@ -71,6 +72,7 @@ void FormStack::openDialog(FormWindow* window) {
     dialogs_.push_back(window);
     ++changes_;
     clicked_ = nullptr;
+    repaintTools();
     pointer_ = QCursor::pos();  // A window that comes up under a pointer at rest gets a move too.
 }
 
@@ -90,6 +92,7 @@ void FormStack::leave(FormWindow* window) {
     ++changes_;
     clicked_ = nullptr;
     presses_.disown(window);
+    repaintTools();
     if (wasMain) presence().look();
     if (wasMain && onMainWindowGone) onMainWindowGone();
     if (FormWindow* const under = wasMain ? nullptr : top()) under->activate();
@@ -98,11 +101,19 @@ void FormStack::leave(FormWindow* window) {
 void FormStack::openBox() {
     ++boxes_;
     clicked_ = nullptr;
+    repaintTools();
 }
 
 void FormStack::closeBox(const QWidget* box) {
     --boxes_;
     presses_.disown(box);
+    repaintTools();
+}
+
+/// A tool button under the pointer lies flat while it takes no clicks.
+void FormStack::repaintTools() const {
+    if (!main_) return;
+    for (QToolButton* const button : main_->findChildren<QToolButton*>()) button->update();
 }
 
 bool FormStack::eventFilter(QObject* watched, QEvent* event) {
@@ -164,13 +175,12 @@ void FormStack::deliver(FormWindow* window, const QKeyEvent& event, Stroke strok
     callSlot(window->form->onKeyDown, code);
     keyRepeats_ = outer;
     if (code == 0 || changes_ != changesBefore) return;
-    QPointer<QWidget> target;
     const auto show = [&](const std::function<void(int&)>& handler) {
         callSlot(handler, stroke.character);
         return stroke.character != 0 && changes_ == changesBefore;
     };
     if (typed != 0 && !show(window->form->onKeyPress)) return;
-    target = window->keyTarget();
+    const QPointer<QWidget> target = window->keyTarget();
     const Control::Impl* const control = window->focusedControl();
     if (typed != 0 && control && !show(control->owner.onKeyPress)) return;
     if (!target || window->answers(stroke)) return;

@@ -47,6 +47,7 @@ class FormStack : public QObject {
     void deliver(FormWindow* window, const QKeyEvent& event, Stroke stroke);
     void forward(QWidget* target, QKeyEvent& event);
     void release(FormWindow* window, const QKeyEvent& event);
+    void repaintTools() const;
 
     FormWindow* main_ = nullptr;
     std::vector<FormWindow*> dialogs_;  // the top-most last
