@@ -81,12 +81,15 @@ TEST_F(Table, EveryFaceIsTheOneOfItsKind) {
     EXPECT_TRUE(ExpectedTable().board(rows).isSeenOn(shown));
 }
 
-TEST_F(Table, TheNextTileShowsWithPeekFromTheNextTickOn) {
+TEST_F(Table, TheNextTileShowsWithPeekFromTheNextShowOn) {
     dealHand("c1 E f2", 3);
     nextTile();
     sim::clickToolButton(Button::Peek);
     const auto falling = [](int row) { return ExpectedTable().seats(3, 1, 1).score("0").tile(5, row, "c1"); };
     EXPECT_TRUE(falling(1).isSeenOn(shown)) << "nothing changes before a show";
+    press(Left, 1);
+    EXPECT_TRUE(ExpectedTable().seats(3, 1, 1).score("0").tile(4, 1, "c1").nextTile("E").isSeenOn(shown)) << "by a key";
+    press(Right, 1);
     ticks(1);
     EXPECT_TRUE(falling(2).nextTile("E").isSeenOn(shown));
     drop();
