@@ -270,8 +270,9 @@ TEST_F(Help, ItsLookFollowsTheDesktop) {
     QCoreApplication::processEvents();
     const auto* const table = qobject_cast<QTextTable*>(page().document()->rootFrame()->childFrames().front());
     ASSERT_NE(table, nullptr);
-    EXPECT_LT(table->cellAt(0, 0).format().background().color().lightness(), 100);
-    EXPECT_LT(table->format().borderBrush().color().lightness(), 150);
+    EXPECT_EQ(table->cellAt(0, 0).format().background(), QBrush(QColor(51, 51, 51))) << "the header stands out";
+    EXPECT_EQ(table->cellAt(1, 0).format().background(), QBrush());
+    EXPECT_EQ(table->format().borderBrush(), QBrush(QColor(97, 97, 97)));
     int links = 0;
     for (QTextBlock block = page().document()->begin(); block.isValid(); block = block.next())
         for (const QTextLayout::FormatRange& range : block.textFormats()) {
@@ -281,6 +282,16 @@ TEST_F(Help, ItsLookFollowsTheDesktop) {
         }
     EXPECT_GT(links, 0);
     QApplication::setPalette(before);
+}
+
+TEST_F(Help, ItsTextHasAirAndItsContentsAColumn) {
+    openHelp();
+    EXPECT_NEAR(part<QTreeWidget>().width(), 260, 5);
+    const auto gap = [] { return page().document()->begin().blockFormat(); };
+    EXPECT_EQ(gap().lineHeightType(), QTextBlockFormat::LineDistanceHeight);
+    EXPECT_EQ(gap().lineHeight(), 3);
+    pressInHelp(Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_NEAR(gap().lineHeight(), 3.45, 0.01) << "in larger type";
 }
 
 TEST_F(Help, IsClosedByItsKeysAndOpensAgain) {
