@@ -17,7 +17,6 @@ namespace platform::qt {
 namespace {
 
 constexpr QSize firstSize(1000, 720);  // pixels, where the screen has room
-constexpr int contentsWidth = 260;     // pixels, at first
 constexpr int wantedWidth = 220;       // pixels
 constexpr int chapterLevel = 2;        // of a heading
 constexpr QRgb matchBack = 0xFFFFE680, shownMatchBack = 0xFFFFA030, matchFore = 0xFF000000;
@@ -46,7 +45,6 @@ HelpWindow::HelpWindow(MakeHelpPicture makePicture)
     halves->addWidget(contents_);
     halves->addWidget(page_);
     halves->setStretchFactor(1, 1);
-    halves->setSizes({contentsWidth, width() - contentsWidth});
     setCentralWidget(halves);
     contents_->setHeaderHidden(true);
     contents_->setAccessibleName("Contents");
