@@ -241,6 +241,16 @@ TEST_F(Printing, AColumnIsACharacterOfTheFontFromTheEdge) {
     }
 }
 
+TEST_F(Printing, ABoldLineIsBold) {
+    for (const bool bold : {false, true}) {
+        platform::printer().font.bold = bold;
+        printLines({{{1, "a"}}});
+        const std::string fonts = outputOf("pdffonts", {QString::fromStdString(document("Velmora.pdf"))});
+        EXPECT_EQ(fonts.find("Bold") != std::string::npos, bold) << fonts;
+        QFile::remove(QString::fromStdString(document("Velmora.pdf")));
+    }
+}
+
 TEST_F(Printing, EveryLetterTakesOneColumn) {
     struct {
         const char* what;

@@ -223,6 +223,15 @@ class Variable {
     std::optional<std::string> before_;
 };
 
+TEST_F(Sound, SoundsAtOnceAreNoLouderThanTheLoudest) {
+    const auto thunder = write("thunder.wav", plateau(300));
+    for (int sound = 0; sound < 6; ++sound) thread_->playSound(thunder);  // A quarter of the loudest each.
+    constexpr float loudest = 2;                                          // left and right together
+    await("thunder", [&] { return ear_->heard().peak(0, ear_->now()) > 0.9F * loudest; });
+    awaitFrames(framesIn(200));
+    EXPECT_LE(ear_->heard().peak(0, ear_->now()), loudest);
+}
+
 TEST_F(Sound, WhatCannotBeHeardIsSilence) {
     const std::string notes = piece(organ, {{0, 900, 60}}, 1000);
     const std::string good = write("good.mid", notes);

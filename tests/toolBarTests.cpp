@@ -136,7 +136,13 @@ TEST_F(ToolBarKeys, TheKeysAreTheToolbarsUntilItIsLeft) {
         std::function<void()> leave;
     } ways[] = {
         {"Esc", [this] { press(Qt::Key_Escape); }},
-        {"F10", [this] { press(Qt::Key_F10); }},
+        {"F10, held",
+         [this] {
+             QTest::keyPress(window, Qt::Key_F10);
+             QKeyEvent again(QEvent::KeyPress, Qt::Key_F10, Qt::NoModifier, QString(), true);
+             QApplication::sendEvent(window, &again);
+             QTest::keyRelease(window, Qt::Key_F10);
+         }},
         {"a click on the board",
          [this] {
              QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, {600, 500});

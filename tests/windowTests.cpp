@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QMessageBox>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -278,6 +280,19 @@ TEST_F(Window, TheFallWaitsWhileThePlayerIsAway) {
     game->CellTable[12][4].fill(game->TileKinds[1]);
     press(Qt::Key_Down);
     EXPECT_TRUE(waitFor([&] { return asked && gfrmChooseTiles.empty(); })) << "an offer stays open";
+}
+
+TEST_F(Window, AMessageStandsAsItIsUnderItsWholeTitle) {
+    const QString title = "Error in a procedure with a name that is very long indeed";
+    QPointer<QMessageBox> box;
+    once([&] { return (box = qobject_cast<QMessageBox*>(QApplication::activeWindow())) != nullptr; },
+         [&] {
+             EXPECT_EQ(box->textFormat(), Qt::PlainText) << "else the path loses a folder";
+             EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance(title) + 140) << "the title bar's buttons";
+             box->close();
+         });
+    platform::messageBox(title.toStdString(), "/games/<b>/file");
+    EXPECT_TRUE(box.isNull());
 }
 
 TEST_F(Window, AnySwiftKeysAndClicksLeaveASoundGame) {
