@@ -19,7 +19,7 @@ class DrawnControls : public Contract {
 
     QImage seen() { return qt::windowOf(main_->form)->grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
-    /// One letter for each point from the corner of a panel inward: lighter than its grey, darker, or the same.
+    /// One letter for each point from the corner of a panel inward: the light shade, the dark one, or its grey itself.
     std::string shades(const Place& place, bool fromTopLeft, int count) {
         const QImage image = seen();
         std::string letters;
@@ -27,7 +27,7 @@ class DrawnControls : public Contract {
             const int x = fromTopLeft ? place.left + i : place.left + place.width - 1 - i;
             const int y = fromTopLeft ? place.top + i : place.top + place.height - 1 - i;
             const int shade = qGray(image.pixel(x, y));
-            letters += shade > qGray(grey) ? 'L' : shade < qGray(grey) ? 'D' : '.';
+            letters += shade == 0xEF ? 'L' : shade == 0x6A ? 'D' : shade == qGray(grey) ? '.' : '?';
         }
         return letters;
     }

@@ -83,6 +83,8 @@ TEST(SurfaceContract, ClearGivesTheBackgroundBack) {
     EXPECT_EQ(*(surface.row(0) + gridWidth), 0xFF000000) << "beside the background lies black";
     EXPECT_EQ(*surface.row(gridHeight), 0xFF000000) << "and below it";
     EXPECT_EQ(surface.point(0, gridHeight + 1), 0U) << "outside";
+    surface.resize(gridWidth - 1, gridHeight);
+    EXPECT_EQ(surface.point(2, 2), original.point(2, 2)) << "in its row also where it is narrower";
 }
 
 int widthOf(const Font& font, const std::string& text) {

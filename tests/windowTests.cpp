@@ -282,6 +282,14 @@ TEST_F(Window, TheFallWaitsWhileThePlayerIsAway) {
     EXPECT_TRUE(waitFor([&] { return asked && gfrmChooseTiles.empty(); })) << "an offer stays open";
 }
 
+TEST_F(Window, ItHasAnIconForTitleBarsAndLists) {
+    for (const int side : {16, 24, 32, 48, 64}) {
+        const QImage file(QString(VELMORA_ASSETS "/icons/velmora-%1.png").arg(side));
+        const QImage icon = window->windowIcon().pixmap(side, side).toImage();
+        EXPECT_EQ(icon, file.convertToFormat(icon.format())) << side;
+    }
+}
+
 TEST_F(Window, AMessageStandsAsItIsUnderItsWholeTitle) {
     const QString title = "Error in a procedure with a name that is very long indeed";
     QPointer<QMessageBox> box;
