@@ -84,19 +84,6 @@ TEST_F(Announcements, AnOfferIsToldWithItsHighlight) {
     }
 }
 
-TEST_F(Announcements, ThePointerIsToldToo) {
-    sim::setScreenReader(true);
-    beginHand();
-    setBoard({"c1 c1 . . . . . . ."});
-    land("c1", 3, [] {
-        sim::movePointer(150, 20);
-        sim::movePointer(152, 20);
-        EXPECT_EQ(sim::announcements().size(), 2u);
-        EXPECT_EQ(sim::announcements().back(), "three 1 of Circles");
-        sim::clickAt(220, 20);
-    });
-}
-
 TEST_F(Announcements, NothingIsMadeWhileNobodyListens) {
     letEnter("b3");
     game->form.announce([]() -> std::string {

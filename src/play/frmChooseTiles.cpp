@@ -35,7 +35,6 @@ frmChooseTiles::frmChooseTiles() {
     form.onLoad = [this] { Form_Load(); };
     form.onKeyDown = [this](int& keyCode) { Form_KeyDown(keyCode); };
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
-    form.onPoint = [this](int x, int y) { return Form_Point(x, y); };
     form.onUnload = [this] { Form_Unload(); };
     form.setCaption("Select Tiles");
     Shape1.setBorder(borderWidth, red);
@@ -110,10 +109,6 @@ void frmChooseTiles::Form_KeyDown(int keyCode) {
         default:
             break;
     }
-    msGoTo(entry);
-}
-
-void frmChooseTiles::msGoTo(int entry) {
     const bool isOther = entry != mintCurEntry;
     mintCurEntry = narrow16(entry);
     msHiLiteTiles(mintCurEntry);
@@ -143,27 +138,13 @@ int frmChooseTiles::mintfAbove(int entry) const {
     return lowest;
 }
 
-bool frmChooseTiles::Form_Point(int x, int y) {
-    return guarded("Form_Point", [&] {
-        for (int entry = 1; entry <= std::min<int>(mintNumEntries, candidatePlaces); ++entry) {
-            if (!mudtfFrame(entry).contains(x, y)) continue;
-            if (entry != mintCurEntry) msGoTo(entry);
-            return true;
-        }
-        return false;
-    });
-}
-
-platform::Place frmChooseTiles::mudtfFrame(int entry) const {
-    const int width = entry == mintNumEntries ? entryWidth : tileWidth * mintfTilesOf(entry);
-    const CellInfo& place = PossibleTiles[entry][1];
-    return {place.X - borderWidth, place.Y - borderWidth, width + 2 * borderWidth, tileHeight + 2 * borderWidth};
-}
-
 void frmChooseTiles::msHiLiteTiles(int16_t entry) {
     guarded("msHiLiteTiles", [&] {
         mintNumTiles = mintfTilesOf(entry);
-        Shape1.setPlace(mudtfFrame(entry));
+        const int width = entry == mintNumEntries ? entryWidth : tileWidth * mintNumTiles;
+        const CellInfo& place = PossibleTiles[entry][1];
+        Shape1.setPlace(
+            {place.X - borderWidth, place.Y - borderWidth, width + 2 * borderWidth, tileHeight + 2 * borderWidth});
         if (!Shape1.visible()) Shape1.setVisible(true);
     });
 }

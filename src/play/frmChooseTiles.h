@@ -34,20 +34,14 @@ struct frmChooseTiles {
 
     /// Builds the picture over a copy of the table, and highlights the first entry.
     void Form_Load();
-    /// Moves the highlight by the code of a key.
+    /// Moves the highlight by the code of a key, and has another entry said.
     void Form_KeyDown(int keyCode);
-    /// Moves the highlight to the entry at that point of the form; false if none is there.
-    bool Form_Point(int x, int y);
     /// Answers with the highlighted entry on Enter.
     void Form_KeyPress(int keyAscii);
     /// Empties the rows and columns of the candidates.
     void Form_Unload();
     /// Paints the candidates, each tile in the view that it has on the board, and Pass, and counts the entries.
     void msLoadTiles();
-    /// The highlight's place round an entry.
-    platform::Place mudtfFrame(int entry) const;
-    /// Moves the highlight to an entry and has it said, if it is another one.
-    void msGoTo(int entry);
     /// An entry in words.
     std::string mstrfEntry(int entry) const;
     /// All entries in words, and which of them is highlighted.
