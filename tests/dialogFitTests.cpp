@@ -1,4 +1,4 @@
-// The texts of the order form and the about box in the real window: they stand in their places, whole and apart.
+// The real window at every scale: the texts of the order form and the about box stand in their places, whole and apart.
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -12,6 +12,8 @@
 #include <QStyleOptionComboBox>
 #include <QTemporaryDir>
 #include <QTest>
+#include <cmath>
+#include <set>
 #include <vector>
 
 #include "forms/frmAbout.h"
@@ -224,6 +226,19 @@ TEST_F(DialogFit, AScreenReaderTellsWhatEachFieldIs) {
              press(Qt::Key_Return);
          });
     gfrmGetName.showModal();
+}
+
+TEST_F(DialogFit, ThePictureIsSmoothedWhereAPixelIsNoWholeNumberOfDots) {
+    const QImage file = QImage(VELMORA_ASSETS "/pictures/101.png").convertToFormat(QImage::Format_RGB32);
+    std::set<QRgb> colors;
+    for (int y = 0; y < file.height(); ++y)
+        for (int x = 0; x < file.width(); ++x) colors.insert(file.pixel(x, y));
+    const QImage seen = window->grab({400, 440, 300, 120}).toImage().convertToFormat(QImage::Format_RGB32);
+    int mixed = 0;
+    for (int y = 0; y < seen.height(); ++y)
+        for (int x = 0; x < seen.width(); ++x) mixed += colors.contains(seen.pixel(x, y)) ? 0 : 1;
+    const double scale = window->devicePixelRatio();
+    EXPECT_EQ(mixed > 0, scale != std::floor(scale)) << mixed << " at scale " << scale;
 }
 
 /// Passes the tests of that name in a process of its own that has another setting in its environment.
