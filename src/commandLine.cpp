@@ -18,11 +18,11 @@ Keys in play
 
 Keys in the tile chooser and in the draw of seats
   arrow keys     move the highlight
-  Enter          take what is highlighted
+  Enter          take what is highlighted; a click draws a seat as well
 
 4, 6, 2 and 8 of the number pad are arrow keys too. Enter or Esc closes the
 break-down, the summary, the high scores and the about box; a click closes the
-first three, and draws the seat that it falls on.
+first three.
 
 Options
   --help         show this text and end

@@ -1,7 +1,5 @@
 #include "play/frmChooseTiles.h"
 
-#include <algorithm>
-
 #include "frmMain.h"
 #include "modZQT.h"
 #include "platform/desktop.h"
