@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <fstream>
 #include <map>
-#include <regex>
 
 #include "presentation/frmBitmaps.h"
 #include "presentation/helpPictures.h"
@@ -52,9 +51,11 @@ std::vector<Row> rowsUnder(const Row& header) {
 
 /// The pictures that a text asks for, by name.
 std::vector<std::string> picturesIn(const std::string& text) {
-    static const std::regex picture(R"(!\[[^\]]+\]\(([^)]*)\))");
     std::vector<std::string> names;
-    for (std::sregex_iterator at(text.begin(), text.end(), picture), end; at != end; ++at) names.push_back((*at)[1]);
+    for (size_t mark = text.find("!["); mark != std::string::npos; mark = text.find("![", mark + 1)) {
+        const size_t name = text.find("](", mark) + 2;
+        names.push_back(text.substr(name, text.find(')', name) - name));
+    }
     return names;
 }
 
@@ -202,6 +203,15 @@ TEST_F(HelpText, TellsWhatIsThePlayersOwn) {
             for (const char* item : {"Own Wind Trio", "Own Season Tile", "Own Flower Tile"})
                 EXPECT_TRUE(scored(item)) << row[0] << ": " << item;
         }
+}
+
+TEST_F(HelpText, HasNoRowWithoutItsTable) {
+    const std::vector<std::string> lines = linesOfHelp();
+    for (size_t i = 1; i + 1 < lines.size(); ++i) {
+        const bool begins = lines[i].starts_with('|') && !lines[i - 1].starts_with('|');
+        EXPECT_TRUE(!begins || lines[i + 1].find_first_not_of("|-:") == std::string::npos)
+            << "no rule under: " << lines[i];
+    }
 }
 
 TEST_F(HelpText, HasAPictureForEveryNameThatItAsksFor) {
