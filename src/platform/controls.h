@@ -104,16 +104,23 @@ class Control {
     std::unique_ptr<Impl> impl_;
 };
 
-/// A 3-D push button: a click, Space or Enter on it presses it, and so does Alt with its access key. It has the focus
-/// then.
-class CommandButton : public Control {
+/// What all controls have in common that are pressed: by a click, by Space and by Alt with their access key. They have
+/// the focus then.
+class CaptionButton : public Control {
   public:
-    CommandButton(Panel& panel, const Place& place);  ///< On a panel, which must live as long.
-    ~CommandButton();
-
     std::function<void()> onClick;  ///< It was pressed, by a key that is held once.
 
-    void setCaption(const std::string& text);  ///< One line of UTF-8, in the middle; "&" stands before the access key.
+    void setCaption(const std::string& text);  ///< One line of UTF-8; "&" stands before the access key.
+
+  protected:
+    explicit CaptionButton(std::unique_ptr<Impl> impl);
+};
+
+/// A 3-D push button with its caption in the middle; Enter on it presses it too.
+class CommandButton : public CaptionButton {
+  public:
+    CommandButton(Panel& panel, const Place& place);  ///< On a panel, which must live as long.
+
     void makeDefault();  ///< Enter presses it from anywhere on the form but another command button.
     void makeCancel();   ///< Escape presses it from anywhere on the form.
 };

@@ -7,34 +7,34 @@
 
 namespace platform {
 
-/// One line of text to type in, at the left. Text is UTF-8; places and lengths in it count its characters. Tab selects
-/// all of the text that it comes to.
-class TextBox : public Control {
+/// What all controls have in common that a text is typed into. It is UTF-8; places and lengths in it count its
+/// characters.
+class EditField : public Control {
   public:
-    TextBox(Panel& panel, const Place& place);  ///< Empty, on a panel, which must live as long.
-    ~TextBox();
-
     std::string text() const;
-    void setText(const std::string& text);  ///< Cut to the limit; the caret stands at its end.
-    void setMaxLength(int characters);      ///< What is typed, pasted or set later keeps to it; 0 is no limit.
-    void setAlign(Align align);             ///< Of the text in the box.
-
     int selStart() const;                      ///< The first character of the selection, from 0, or the caret's place.
     int selLength() const;                     ///< 0 without a selection.
     void select(int selStart, int selLength);  ///< Cut to the text; what is typed next takes its place.
+
+  protected:
+    using Control::Control;
 };
 
-/// A text box with a place for each sign of a mask, "#" for a digit; a place where nothing was typed is a blank.
-class MaskEdBox : public Control {
+/// One line of text to type in, at the left. Tab selects all of the text that it comes to.
+class TextBox : public EditField {
+  public:
+    TextBox(Panel& panel, const Place& place);  ///< Empty, on a panel, which must live as long.
+
+    void setText(const std::string& text);  ///< Cut to the limit; the caret stands at its end.
+    void setMaxLength(int characters);      ///< What is typed, pasted or set later keeps to it; 0 is no limit.
+    void setAlign(Align align);             ///< Of the text in the box.
+};
+
+/// A text box with a place for each sign of a mask, "#" for a digit; a place where nothing was typed is a blank, so
+/// that its text has as many characters as the mask has signs.
+class MaskEdBox : public EditField {
   public:
     MaskEdBox(Panel& panel, const Place& place, const std::string& mask);  ///< On a panel, which must live as long.
-    ~MaskEdBox();
-
-    std::string text() const;  ///< As many characters as the mask has signs.
-
-    int selStart() const;                      ///< As of a text box.
-    int selLength() const;                     ///< As of a text box.
-    void select(int selStart, int selLength);  ///< As of a text box.
 };
 
 /// A list that drops down and shows the row chosen. A letter chooses the next row that begins with it, Up and Down the
@@ -42,7 +42,6 @@ class MaskEdBox : public Control {
 class ComboBox : public Control {
   public:
     ComboBox(Panel& panel, const Place& place);  ///< Without rows, on a panel, which must live as long.
-    ~ComboBox();
 
     void clear();                           ///< Without rows, and none is chosen.
     void addItem(const std::string& text);  ///< The next row, in UTF-8.
@@ -54,29 +53,21 @@ class ComboBox : public Control {
 };
 
 /// A box to tick, with a caption at its right, for which it grows if it must.
-class CheckBox : public Control {
+class CheckBox : public CaptionButton {
   public:
     CheckBox(Panel& panel, const Place& place);  ///< Not ticked, on a panel, which must live as long.
-    ~CheckBox();
 
-    std::function<void()> onClick;  ///< A click or a key has ticked or cleared it.
-
-    void setCaption(const std::string& text);  ///< One line of UTF-8; "&" stands before the access key.
     void setValue(bool ticked);
     bool value() const;
 };
 
 /// One of several buttons of which one at most is chosen: those on the same panel. Tab goes to the one that is chosen,
 /// and the arrow keys go from it to the others and choose them. It grows to the right where its caption finds no room.
-class OptionButton : public Control {
+class OptionButton : public CaptionButton {
   public:
     OptionButton(Panel& panel, const Place& place);  ///< Not chosen, on a panel, which must live as long.
-    ~OptionButton();
 
-    std::function<void()> onClick;  ///< A click or a key has chosen it.
-
-    void setCaption(const std::string& text);  ///< One line of UTF-8; "&" stands before the access key.
-    void setValue(bool chosen);                ///< Choosing it clears the others on its panel.
+    void setValue(bool chosen);  ///< Choosing it clears the others on its panel.
     bool value() const;
 };
 

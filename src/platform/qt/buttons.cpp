@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QKeyEvent>
 #include <QProxyStyle>
@@ -70,16 +71,23 @@ class Arrows : public QAbstractSpinBox {
 
 }  // namespace
 
+CaptionButton::CaptionButton(std::unique_ptr<Impl> impl) : Control(std::move(impl)) {
+    auto* const button = qt::faceOf<QAbstractButton>(*this);
+    // An access key reaches a button without the focus, also on a form that lies under another one.
+    QObject::connect(button, &QAbstractButton::pressed, button, [this, button] {
+        if (!qt::formStack().blocks(button)) setFocus();
+    });
+    QObject::connect(button, &QAbstractButton::clicked, button, [this, button] { qt::answer(button, onClick); });
+}
+
+void CaptionButton::setCaption(const std::string& text) {
+    auto* const button = qt::faceOf<QAbstractButton>(*this);
+    button->setText(QString::fromStdString(text));
+    if (button->isCheckable()) qt::makeRoom(*button);
+}
+
 CommandButton::CommandButton(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, new QPushButton, panel, place)) {
-    qt::connectPress(*this, onClick);
-}
-
-CommandButton::~CommandButton() = default;
-
-void CommandButton::setCaption(const std::string& text) {
-    qt::faceOf<QPushButton>(*this)->setText(QString::fromStdString(text));
-}
+    : CaptionButton(std::make_unique<Impl>(*this, new QPushButton, panel, place)) {}
 
 void CommandButton::makeDefault() {
     qt::faceOf<QPushButton>(*this)->setDefault(true);

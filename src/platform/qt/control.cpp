@@ -1,7 +1,7 @@
 #include "platform/qt/control.h"
 
-#include <QAbstractButton>
 #include <QStyleFactory>
+#include <algorithm>
 
 #include "platform/qt/fonts.h"
 #include "platform/qt/images.h"
@@ -29,17 +29,12 @@ void qt::setPlace(QWidget& widget, const Place& place) {
 
 Place qt::placeOf(const QWidget& widget) { return {widget.x(), widget.y(), widget.width(), widget.height()}; }
 
-Qt::Alignment qt::alignmentOf(Align align) {
-    return align == Align::Left ? Qt::AlignLeft : align == Align::Right ? Qt::AlignRight : Qt::AlignHCenter;
+void qt::makeRoom(QWidget& widget) {
+    widget.resize(std::max(widget.width(), widget.sizeHint().width()), widget.height());
 }
 
-void qt::connectPress(Control& control, const std::function<void()>& onClick) {
-    auto* const button = faceOf<QAbstractButton>(control);
-    // An access key reaches a button without the focus, also on a form that lies under another one.
-    QObject::connect(button, &QAbstractButton::pressed, button, [&control, button] {
-        if (!formStack().blocks(button)) control.setFocus();
-    });
-    QObject::connect(button, &QAbstractButton::clicked, button, [&onClick, button] { answer(button, onClick); });
+Qt::Alignment qt::alignmentOf(Align align) {
+    return align == Align::Left ? Qt::AlignLeft : align == Align::Right ? Qt::AlignRight : Qt::AlignHCenter;
 }
 
 Control::Impl::Impl(Control& control, QWidget* widget, Panel& panel, const Place& place)

@@ -28,6 +28,9 @@ void setPlace(QWidget& widget, const Place& place);
 /// The widget's place on its parent.
 Place placeOf(const QWidget& widget);
 
+/// Gives the widget, at its right, the room that its texts lack.
+void makeRoom(QWidget& widget);
+
 /// Where a text stands in its width, as Qt has it.
 Qt::Alignment alignmentOf(Align align);
 
@@ -83,9 +86,6 @@ struct Control::Impl {
 };
 
 namespace qt {
-
-/// Runs the handler whenever the control, a button of Qt's, is pressed in any way; the button gets the focus first.
-void connectPress(Control& control, const std::function<void()>& onClick);
 
 /// The widget of a control, of that kind.
 template <class Widget>

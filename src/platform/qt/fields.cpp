@@ -39,19 +39,6 @@ QString maskOf(const std::string& mask) {
 
 QLineEdit* lineOf(const Control& field) { return qt::faceOf<QLineEdit>(field); }
 
-int selStartOf(const Control& field) {
-    const QLineEdit* const line = lineOf(field);
-    return line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
-}
-
-int selLengthOf(const Control& field) { return lineOf(field)->selectionLength(); }
-
-void selectIn(const Control& field, int selStart, int selLength) {
-    const int size = static_cast<int>(lineOf(field)->displayText().size());
-    const int start = std::clamp(selStart, 0, size);
-    lineOf(field)->setSelection(start, std::clamp(selLength, 0, size - start));
-}
-
 /// The rows of a list. A letter that is pressed again and again goes from row to row, however fast; Qt would look for a
 /// row that begins with all of them.
 class Rows : public QListView {
@@ -92,23 +79,28 @@ class Rows : public QListView {
 
 QComboBox* listOf(const ComboBox& list) { return qt::faceOf<QComboBox>(list); }
 
-/// Gives a field, at its right, the room that its texts lack.
-void makeRoom(const Control& field) {
-    QWidget* const face = field.impl().face.get();
-    face->resize(std::max(face->width(), face->sizeHint().width()), face->height());
-}
-
 }  // namespace
 
+std::string EditField::text() const { return lineOf(*this)->displayText().toStdString(); }
+
+int EditField::selStart() const {
+    const QLineEdit* const line = lineOf(*this);
+    return line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
+}
+
+int EditField::selLength() const { return lineOf(*this)->selectionLength(); }
+
+void EditField::select(int selStart, int selLength) {
+    const int size = static_cast<int>(lineOf(*this)->displayText().size());
+    const int start = std::clamp(selStart, 0, size);
+    lineOf(*this)->setSelection(start, std::clamp(selLength, 0, size - start));
+}
+
 TextBox::TextBox(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, new QLineEdit, panel, place)) {
+    : EditField(std::make_unique<Impl>(*this, new QLineEdit, panel, place)) {
     lineOf(*this)->setValidator(new OneLine(lineOf(*this)));
     setMaxLength(0);
 }
-
-TextBox::~TextBox() = default;
-
-std::string TextBox::text() const { return lineOf(*this)->text().toStdString(); }
 
 void TextBox::setText(const std::string& text) { lineOf(*this)->setText(QString::fromStdString(text)); }
 
@@ -116,26 +108,10 @@ void TextBox::setMaxLength(int characters) { lineOf(*this)->setMaxLength(charact
 
 void TextBox::setAlign(Align align) { lineOf(*this)->setAlignment(qt::alignmentOf(align)); }
 
-int TextBox::selStart() const { return selStartOf(*this); }
-
-int TextBox::selLength() const { return selLengthOf(*this); }
-
-void TextBox::select(int selStart, int selLength) { selectIn(*this, selStart, selLength); }
-
 MaskEdBox::MaskEdBox(Panel& panel, const Place& place, const std::string& mask)
-    : Control(std::make_unique<Impl>(*this, new QLineEdit, panel, place)) {
+    : EditField(std::make_unique<Impl>(*this, new QLineEdit, panel, place)) {
     lineOf(*this)->setInputMask(maskOf(mask));
 }
-
-MaskEdBox::~MaskEdBox() = default;
-
-std::string MaskEdBox::text() const { return lineOf(*this)->displayText().toStdString(); }
-
-int MaskEdBox::selStart() const { return selStartOf(*this); }
-
-int MaskEdBox::selLength() const { return selLengthOf(*this); }
-
-void MaskEdBox::select(int selStart, int selLength) { selectIn(*this, selStart, selLength); }
 
 ComboBox::ComboBox(Panel& panel, const Place& place)
     : Control(std::make_unique<Impl>(*this, new QComboBox, panel, place)) {
@@ -143,15 +119,13 @@ ComboBox::ComboBox(Panel& panel, const Place& place)
     new Rows(listOf(*this));
 }
 
-ComboBox::~ComboBox() = default;
-
 void ComboBox::clear() { listOf(*this)->clear(); }
 
 void ComboBox::addItem(const std::string& text) {
     const int chosen = listIndex();
     listOf(*this)->addItem(QString::fromStdString(text));
     listOf(*this)->setCurrentIndex(chosen);  // Qt chooses the first row by itself.
-    makeRoom(*this);
+    qt::makeRoom(*listOf(*this));
 }
 
 int ComboBox::listCount() const { return listOf(*this)->count(); }
@@ -171,32 +145,14 @@ void ComboBox::setListIndex(int row) {
 std::string ComboBox::text() const { return listOf(*this)->currentText().toStdString(); }
 
 CheckBox::CheckBox(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, new QCheckBox, panel, place)) {
-    qt::connectPress(*this, onClick);
-}
-
-CheckBox::~CheckBox() = default;
-
-void CheckBox::setCaption(const std::string& text) {
-    qt::faceOf<QCheckBox>(*this)->setText(QString::fromStdString(text));
-    makeRoom(*this);
-}
+    : CaptionButton(std::make_unique<Impl>(*this, new QCheckBox, panel, place)) {}
 
 void CheckBox::setValue(bool ticked) { qt::faceOf<QCheckBox>(*this)->setChecked(ticked); }
 
 bool CheckBox::value() const { return qt::faceOf<QCheckBox>(*this)->isChecked(); }
 
 OptionButton::OptionButton(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, new QRadioButton, panel, place)) {
-    qt::connectPress(*this, onClick);
-}
-
-OptionButton::~OptionButton() = default;
-
-void OptionButton::setCaption(const std::string& text) {
-    qt::faceOf<QRadioButton>(*this)->setText(QString::fromStdString(text));
-    makeRoom(*this);
-}
+    : CaptionButton(std::make_unique<Impl>(*this, new QRadioButton, panel, place)) {}
 
 void OptionButton::setValue(bool chosen) {
     auto* const button = qt::faceOf<QRadioButton>(*this);

@@ -368,13 +368,13 @@ void Control::setTabStop(bool tabStop) { impl_->tabStop = tabStop; }
 bool Control::tabStop() const { return impl_->tabStop; }
 void Control::setAccessibleName(const std::string& /*name*/) {}
 
-CommandButton::CommandButton(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Button, panel.impl(), place)) {
-    impl_->onPress = &onClick;
-}
-CommandButton::~CommandButton() = default;
+CaptionButton::CaptionButton(std::unique_ptr<Impl> impl) : Control(std::move(impl)) { impl_->onPress = &onClick; }
 
-void CommandButton::setCaption(const std::string& text) { impl_->caption = text; }
+void CaptionButton::setCaption(const std::string& text) { impl_->caption = text; }
+
+CommandButton::CommandButton(Panel& panel, const Place& place)
+    : CaptionButton(std::make_unique<Impl>(*this, Impl::Kind::Button, panel.impl(), place)) {}
+
 void CommandButton::makeDefault() { impl_->isDefault = true; }
 void CommandButton::makeCancel() { impl_->isCancel = true; }
 

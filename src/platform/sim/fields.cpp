@@ -150,11 +150,19 @@ void Panel::Impl::fit() {
     place.height = linesOf(caption, font, place.width - bevels) * lineHeight + bevels;
 }
 
-TextBox::TextBox(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Text, panel.impl(), place)) {}
-TextBox::~TextBox() = default;
+std::string EditField::text() const { return sim::utf8Of(impl_->text); }
+int EditField::selStart() const { return static_cast<int>(impl_->selStart); }
+int EditField::selLength() const { return static_cast<int>(impl_->selLength); }
 
-std::string TextBox::text() const { return sim::utf8Of(impl_->text); }
+void EditField::select(int selStart, int selLength) {
+    const int size = static_cast<int>(impl_->text.size());
+    const int start = std::clamp(selStart, 0, size);
+    impl_->selStart = static_cast<size_t>(start);
+    impl_->selLength = static_cast<size_t>(std::clamp(selLength, 0, size - start));
+}
+
+TextBox::TextBox(Panel& panel, const Place& place)
+    : EditField(std::make_unique<Impl>(*this, Impl::Kind::Text, panel.impl(), place)) {}
 
 void TextBox::setText(const std::string& text) {
     impl_->text.clear();
@@ -165,35 +173,13 @@ void TextBox::setText(const std::string& text) {
 void TextBox::setMaxLength(int characters) { impl_->maxLength = static_cast<size_t>(characters); }
 void TextBox::setAlign(Align /*align*/) {}
 
-namespace {
-
-void selectIn(Control::Impl& field, int selStart, int selLength) {
-    const int size = static_cast<int>(field.text.size());
-    const int start = std::clamp(selStart, 0, size);
-    field.selStart = static_cast<size_t>(start);
-    field.selLength = static_cast<size_t>(std::clamp(selLength, 0, size - start));
-}
-
-}  // namespace
-
-int TextBox::selStart() const { return static_cast<int>(impl_->selStart); }
-int TextBox::selLength() const { return static_cast<int>(impl_->selLength); }
-void TextBox::select(int selStart, int selLength) { selectIn(*impl_, selStart, selLength); }
-
 MaskEdBox::MaskEdBox(Panel& panel, const Place& place, const std::string& mask)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Mask, panel.impl(), place)) {
+    : EditField(std::make_unique<Impl>(*this, Impl::Kind::Mask, panel.impl(), place)) {
     impl_->text.assign(mask.size(), U' ');
 }
-MaskEdBox::~MaskEdBox() = default;
-
-std::string MaskEdBox::text() const { return sim::utf8Of(impl_->text); }
-int MaskEdBox::selStart() const { return static_cast<int>(impl_->selStart); }
-int MaskEdBox::selLength() const { return static_cast<int>(impl_->selLength); }
-void MaskEdBox::select(int selStart, int selLength) { selectIn(*impl_, selStart, selLength); }
 
 ComboBox::ComboBox(Panel& panel, const Place& place)
     : Control(std::make_unique<Impl>(*this, Impl::Kind::List, panel.impl(), place)) {}
-ComboBox::~ComboBox() = default;
 
 void ComboBox::clear() {
     impl_->rows.clear();
@@ -218,22 +204,13 @@ void ComboBox::setListIndex(int row) {
 std::string ComboBox::text() const { return impl_->listIndex < 0 ? "" : list(impl_->listIndex); }
 
 CheckBox::CheckBox(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Check, panel.impl(), place)) {
-    impl_->onPress = &onClick;
-}
-CheckBox::~CheckBox() = default;
+    : CaptionButton(std::make_unique<Impl>(*this, Impl::Kind::Check, panel.impl(), place)) {}
 
-void CheckBox::setCaption(const std::string& text) { impl_->caption = text; }
 void CheckBox::setValue(bool ticked) { impl_->value = ticked; }
 bool CheckBox::value() const { return impl_->value; }
 
 OptionButton::OptionButton(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Option, panel.impl(), place)) {
-    impl_->onPress = &onClick;
-}
-OptionButton::~OptionButton() = default;
-
-void OptionButton::setCaption(const std::string& text) { impl_->caption = text; }
+    : CaptionButton(std::make_unique<Impl>(*this, Impl::Kind::Option, panel.impl(), place)) {}
 
 void OptionButton::setValue(bool chosen) {
     if (chosen && impl_->form != nullptr)
