@@ -15,18 +15,40 @@ class Shape {
     ~Shape();                    ///< Takes it off its form.
 
     void setBorder(int width, Color color);  ///< So many pixels, from 0, from the edge inward.
-    int borderWidth() const;                 ///< Pixels.
-    Color borderColor() const;               ///< As it was set last.
-    void setPlace(const Place& place);       ///< On the form's surface; what lies beyond it isn't seen.
-    Place place() const;                     ///< As it was set last.
-    void setVisible(bool visible);           ///< Shows or hides it.
-    bool visible() const;                    ///< Whether it was shown last.
+    int borderWidth() const { return width_; }
+    Color borderColor() const { return color_; }
+    void setPlace(const Place& place);  ///< On the form's surface; what lies beyond it isn't seen.
+    Place place() const { return place_; }
+    void setVisible(bool visible);
+    bool visible() const { return visible_; }
 
     struct Impl;
 
   private:
+    void present();  // on the form, as it is now
+
     std::unique_ptr<Impl> impl_;
+    Place place_;
+    int width_ = 1;  // pixels
+    Color color_ = 0;
+    bool visible_ = false;
 };
+
+inline void Shape::setBorder(int width, Color color) {
+    width_ = width;
+    color_ = color;
+    present();
+}
+
+inline void Shape::setPlace(const Place& place) {
+    place_ = place;
+    present();
+}
+
+inline void Shape::setVisible(bool visible) {
+    visible_ = visible;
+    present();
+}
 
 /// Whether an edge seems to lie under what is round it or above it.
 enum class Bevel { None, Inset, Raised };

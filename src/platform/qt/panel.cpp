@@ -26,45 +26,25 @@ QColor towards(const QColor& color, const QColor& other, double part) {
 
 struct Shape::Impl {
     qt::Owned<QFrame> frame;
-    int border = 1;
-    Color color = 0;
-    bool visible = false;
 };
 
 Shape::Shape(Form& form) : impl_(new Impl{qt::Owned(new QFrame(qt::windowOf(form)))}) {
     impl_->frame->setStyle(qt::classicStyle());
     impl_->frame->setFrameStyle(QFrame::Box | QFrame::Plain);
     impl_->frame->setAttribute(Qt::WA_TransparentForMouseEvents);
-    setBorder(impl_->border, impl_->color);
-    setPlace({});
-    setVisible(false);
+    present();
 }
 
 Shape::~Shape() = default;
 
-void Shape::setBorder(int width, Color color) {
-    impl_->border = width;
-    impl_->color = color;
+void Shape::present() {
     QPalette palette;
-    palette.setColor(QPalette::WindowText, qt::colorOf(color));
+    palette.setColor(QPalette::WindowText, qt::colorOf(color_));
     impl_->frame->setPalette(palette);
-    impl_->frame->setLineWidth(width);
+    impl_->frame->setLineWidth(width_);
+    qt::setPlace(*impl_->frame.get(), place_);
+    impl_->frame->setVisible(visible_);
 }
-
-int Shape::borderWidth() const { return impl_->border; }
-
-Color Shape::borderColor() const { return impl_->color; }
-
-void Shape::setPlace(const Place& place) { qt::setPlace(*impl_->frame.get(), place); }
-
-Place Shape::place() const { return qt::placeOf(*impl_->frame.get()); }
-
-void Shape::setVisible(bool visible) {
-    impl_->visible = visible;
-    impl_->frame->setVisible(visible);
-}
-
-bool Shape::visible() const { return impl_->visible; }
 
 /// A label of Qt's with two bevels round its text.
 class Panel::Impl::Face : public QLabel {

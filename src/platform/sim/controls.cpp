@@ -237,41 +237,14 @@ void clickSpinDown() {
 
 namespace platform {
 
-struct Shape::Impl {
-    Place place;
-    int border = 1;  ///< Pixels.
-    Color color = 0;
-    bool visible = false;
+struct Shape::Impl {};
 
-    void noteFrame() const {
-        if (visible) sim::note("frame", place.left, place.top, place.width, place.height);
-    }
-};
-
-Shape::Shape(Form& /*form*/) : impl_(std::make_unique<Impl>()) {}
+Shape::Shape(Form& /*form*/) {}
 Shape::~Shape() = default;
 
-void Shape::setBorder(int width, Color color) {
-    impl_->border = width;
-    impl_->color = color;
+void Shape::present() {
+    if (visible_) sim::note("frame", place_.left, place_.top, place_.width, place_.height);
 }
-
-int Shape::borderWidth() const { return impl_->border; }
-Color Shape::borderColor() const { return impl_->color; }
-
-void Shape::setPlace(const Place& place) {
-    impl_->place = place;
-    impl_->noteFrame();
-}
-
-Place Shape::place() const { return impl_->place; }
-
-void Shape::setVisible(bool visible) {
-    impl_->visible = visible;
-    impl_->noteFrame();
-}
-
-bool Shape::visible() const { return impl_->visible; }
 
 Panel::Impl::Impl(Form::Impl* itsForm, const Place& itsPlace) : form(itsForm), place(itsPlace) {
     form->panels.push_back(this);
