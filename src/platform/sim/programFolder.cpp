@@ -35,15 +35,11 @@ std::unique_ptr<OwnFolder>& ownFolder() {
 
 }  // namespace
 
-void setProgramFolder(const std::string& path) { state().programFolder = path; }
-
 void emptyProgramFolder() { ownFolder().reset(); }
 
 }  // namespace sim
 
 std::string platform::programFile(const std::string& name) {
-    const std::string& chosen = sim::state().programFolder;
-    if (!chosen.empty()) return chosen + "/" + name;
     if (!sim::ownFolder()) sim::ownFolder() = std::make_unique<sim::OwnFolder>();
     return sim::ownFolder()->path() + "/" + name;
 }

@@ -27,14 +27,10 @@ struct NothingLeft : std::logic_error {
 /// the seed, the program in an empty folder of its own. Forms, timers and controls that were made before must be gone.
 void switchOn(uint32_t seed, double secondOfDay = 36000);
 
-/// Another folder in which the program seems to lie until the desktop is switched on anew.
-void setProgramFolder(const std::string& path);
-
 /// How long each piece of music lasts, in milliseconds, 120000 until it is set; 0 if its file isn't there.
 void setPieceLength(double milliseconds);
 void setSoundDevice(bool present);  ///< Whether there is one; there is until it is set.
 bool pieceSounds();                 ///< Whether the piece is heard now.
-double piecePosition();             ///< Where it plays or stands, in milliseconds from its beginning.
 
 double now();  ///< Milliseconds of virtual time since switchOn.
 

@@ -12,15 +12,16 @@ namespace {
 /// The last performance, if it is that one.
 Music* musicOf(uint64_t performance) { return state().music.performance == performance ? &state().music : nullptr; }
 
-}  // namespace
-
-void setPieceLength(double milliseconds) { state().music.length = milliseconds; }
-void setSoundDevice(bool present) { state().music.device = present; }
-
+/// Where the piece plays or stands, in milliseconds from its beginning.
 double piecePosition() {
     const Music& music = state().music;
     return music.playing ? std::min(music.length, music.start + state().now - music.since) : music.start;
 }
+
+}  // namespace
+
+void setPieceLength(double milliseconds) { state().music.length = milliseconds; }
+void setSoundDevice(bool present) { state().music.device = present; }
 
 bool pieceSounds() {
     const Music& music = state().music;

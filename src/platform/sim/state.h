@@ -100,7 +100,6 @@ struct State {
     std::vector<std::string> messages;
     bool screenReader = false;
     std::vector<std::string> announcements;
-    std::string programFolder;  ///< Empty as long as the program lies in a folder of its own.
     std::string helpFile;       ///< What the help window shows; empty while it isn't open.
 
     platform::Printer printer;
