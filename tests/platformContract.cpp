@@ -451,7 +451,7 @@ TEST_F(Contract, MenuIsAnsweredOrLeft) {
     EXPECT_EQ(trace_, "chosen 2, closed, closed");
     EXPECT_TRUE(menu.checked(2));
     EXPECT_FALSE(menu.checked(3));
-    EXPECT_EQ(menu.caption(3), "Hard");
+    EXPECT_EQ(menu.itemCaption(3), "Hard");
 }
 
 /// The number of the failure that the action meets; 0 if it meets none.
@@ -479,7 +479,7 @@ TEST_F(Contract, NumberOfNoButtonOrItemFails) {
         {"a button's image", [&](int button) { bar.setButtonImage(button, 1); }},
         {"a button's tool-tip", [&](int button) { bar.toolTip(button); }},
         {"a button's new tool-tip", [&](int button) { bar.setToolTip(button, "Stop"); }},
-        {"an item's caption", [&](int item) { menu.caption(item); }},
+        {"an item's caption", [&](int item) { menu.itemCaption(item); }},
         {"an item's mark", [&](int item) { menu.checked(item); }},
         {"an item's new mark", [&](int item) { menu.setChecked(item, true); }},
     };

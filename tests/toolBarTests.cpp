@@ -60,6 +60,7 @@ TEST_F(ToolBarKeys, TheLevelMenuMarksTheLevelInPlay) {
              [&] {
                  auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
                  ASSERT_NE(menu, nullptr);
+                 EXPECT_EQ(menu->accessibleName(), "Level");
                  for (const QAction* item : menu->actions())
                      items.push_back((item->isChecked() ? "*" : "") + item->text().toStdString());
                  menu->actions().at(choice)->trigger();

@@ -2,13 +2,13 @@
 
 namespace platform {
 
-void PopupMenu::addItem(const std::string& caption) {
+void PopupMenu::addItem(const std::string& itemCaption) {
     items_.resize(items_.count() + 1);
-    items_[items_.count()].caption = caption;
+    items_[items_.count()].caption = itemCaption;
 }
 
 int PopupMenu::itemCount() const { return items_.count(); }
-std::string PopupMenu::caption(int item) const { return items_[item].caption; }
+std::string PopupMenu::itemCaption(int item) const { return items_[item].caption; }
 void PopupMenu::setChecked(int item, bool checked) { items_[item].checked = checked; }
 bool PopupMenu::checked(int item) const { return items_[item].checked; }
 

@@ -51,16 +51,18 @@ class ToolBar {
 /// number that no item has fails with number 9.
 class PopupMenu {
   public:
-    explicit PopupMenu(Form& form);  ///< Without items.
+    explicit PopupMenu(Form& form);  ///< Without items and caption.
     ~PopupMenu();                    ///< Nothing is chosen any more, even if it is open.
 
     std::function<void(int item)> onClick;  ///< An item was chosen.
 
-    void addItem(const std::string& caption);  ///< The next one down, in UTF-8, without a mark.
-    int itemCount() const;                     ///< From 0.
-    std::string caption(int item) const;       ///< As it was added.
-    void setChecked(int item, bool checked);   ///< Sets or removes the mark at it; the others keep theirs.
-    bool checked(int item) const;              ///< Whether it has the mark.
+    std::string caption;  ///< Of the whole menu, which a screen reader says, in UTF-8.
+
+    void addItem(const std::string& itemCaption);  ///< The next one down, in UTF-8, without a mark.
+    int itemCount() const;                         ///< From 0.
+    std::string itemCaption(int item) const;       ///< As it was added.
+    void setChecked(int item, bool checked);       ///< Sets or removes the mark at it; the others keep theirs.
+    bool checked(int item) const;                  ///< Whether it has the mark.
     void popUp();  ///< Opens, and returns when an item was chosen or the menu was left; timers go on.
 
     struct Impl;

@@ -27,7 +27,7 @@ struct ButtonRow {
 
 constexpr State noState = nullptr;
 constexpr Command noCommand = nullptr;
-constexpr State levelState = [](const frmMain& m) { return m.mnuLevel.caption(m.mlngLevel); };
+constexpr State levelState = [](const frmMain& m) { return m.mnuLevel.itemCaption(m.mlngLevel); };
 constexpr State breakDownState = [](const frmMain& m) { return onOff(m.mblnBreakDown); };
 constexpr State musicState = [](const frmMain& m) { return onOff(m.mblnMusicOn); };
 constexpr State peekState = [](const frmMain& m) { return onOff(m.mblnPeek); };
@@ -69,6 +69,7 @@ platform::ImageList ImageList1() {
 }
 
 void frmMain::msSetUpToolbar() {
+    mnuLevel.caption = "Level";
     for (const LevelRow& level : levels) mnuLevel.addItem(level.caption);
     mnuLevel.setChecked(1, true);
     for (const ButtonRow& row : buttons) tbrZQT.setButtonImage(row.button, row.image);

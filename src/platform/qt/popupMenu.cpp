@@ -32,8 +32,9 @@ PopupMenu::~PopupMenu() {
 
 void PopupMenu::popUp() {
     const QPointer<QMenu> menu = new QMenu(impl_->window);  // Null when the form took it along.
+    menu->setAccessibleName(QString::fromStdString(caption));
     for (int item = 1; item <= itemCount(); ++item) {
-        QAction* const action = menu->addAction(QString::fromStdString(caption(item)));
+        QAction* const action = menu->addAction(QString::fromStdString(itemCaption(item)));
         action->setCheckable(true);
         action->setChecked(checked(item));
         if (checked(item)) menu->setActiveAction(action);  // The arrow keys move on from it.
