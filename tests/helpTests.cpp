@@ -342,7 +342,13 @@ TEST_F(Help, TouchesNothingOfTheGame) {
     nextTile(1);
     const int interval = game->Timer1.interval();
     openHelp();
-    EXPECT_TRUE(game->Timer1.enabled()) << "the fall waits all the same";
+    const int row = game->mintCurRow;
+    QTest::qWait(2 * interval);
+    EXPECT_EQ(game->mintCurRow, row) << "the fall waits";
+    bringToFront();
+    EXPECT_TRUE(waitFor([&] { return game->mintCurRow > row; })) << "and goes on";
+    openHelp();
+    EXPECT_TRUE(game->Timer1.enabled());
     EXPECT_EQ(game->Timer1.interval(), interval);
     click("Pause");
     pressInHelp(Qt::Key_Escape);

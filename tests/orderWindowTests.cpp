@@ -218,22 +218,4 @@ TEST_F(OrderWindow, EscapeClosesTheOpenListBeforeTheForm) {
     });
 }
 
-using OrderWindowDeathTest = OrderWindow;
-
-TEST_F(OrderWindowDeathTest, ClosingTheMainWindowDiscardsTheOrder) {
-    ::testing::FLAGS_gtest_death_test_style = "threadsafe";
-    EXPECT_EXIT(
-        {
-            startMatch();
-            nextTile(1);
-            once([] { return gfrmOrder.isOpen(); },
-                 [this] {
-                     type("Ann");
-                     window->close();
-                 });
-            click("Order");
-        },
-        ::testing::ExitedWithCode(0), "");
-}
-
 }  // namespace

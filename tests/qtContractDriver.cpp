@@ -138,6 +138,7 @@ void pressKey(int keyCode) {
 
 void keyDown(int keyCode) {
     const bool repeat = !person().held.insert(keyCode).second;
+    if (repeat) send(keyEvent(QEvent::KeyRelease, keyCode, true));  // As Qt tells of a held key.
     send(keyEvent(QEvent::KeyPress, keyCode, repeat));
 }
 
