@@ -5,7 +5,6 @@
 #include "match/frmGameSummary.h"
 #include "modZQT.h"
 #include "platform/sim/simulation.h"
-#include "play/frmChooseTiles.h"
 #include "presentation/buttons.h"
 #include "scoring/frmBreakDown.h"
 #include "tests/gameFixture.h"
@@ -17,23 +16,6 @@ using Clicks = GameFixture;
 struct Pixel {
     int x, y;
 };
-
-TEST_F(Clicks, AnOfferIsAnsweredByKeysAlone) {
-    beginHand();
-    setBoard({"c1 c1 . . . . . . ."});
-    bool asked = false;
-    land("c1", 3, [&] {
-        asked = true;
-        for (const Pixel at : {Pixel{20, 20}, Pixel{150, 20}, Pixel{220, 20}, Pixel{100, 100}}) {
-            sim::clickAt(at.x, at.y);
-            EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 1) << at.x;
-            ASSERT_EQ(sim::modalDepth(), 1) << at.x;
-        }
-        sim::pressKey(platform::key::Enter);
-    });
-    EXPECT_TRUE(asked);
-    EXPECT_EQ(game->mintHandCount, 2);
-}
 
 TEST_F(Clicks, AClickDrawsTheTileUnderIt) {
     const int lefts[] = {47, 89, 131, 173};  // of the frames, 36 wide and 45 high from 105

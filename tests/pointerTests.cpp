@@ -11,11 +11,8 @@
 
 #include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
-#include "match/frmGameSummary.h"
-#include "modZQT.h"
 #include "platform/desktop.h"
 #include "play/frmChooseTiles.h"
-#include "scoring/frmBreakDown.h"
 #include "tests/windowFixture.h"
 
 namespace {
@@ -106,42 +103,6 @@ TEST_F(Pointer, AtRestItChoosesNothing) {
          });
     game->msStartAnew();
     EXPECT_TRUE(asked);
-}
-
-TEST_F(Pointer, AClickClosesWhatIsOnlyRead) {
-    const struct {
-        const char* what;
-        void (*show)();
-        bool (*isOpen)();
-        QPoint places[3];
-    } dialogs[] = {
-        {"break-down",
-         [] { gfrmBreakDown.showModal(); },
-         [] { return gfrmBreakDown.isOpen(); },
-         {{65, 222}, {400, 300}, {730, 550}}},
-        {"summary",
-         [] { gfrmGameSummary->msLoadFormVariables(4, 17, 5), gfrmGameSummary.showModal(); },
-         [] { return gfrmGameSummary.isOpen(); },
-         {{222, 152}, {400, 280}, {475, 350}}},
-        {"high scores",
-         [] { gfrmHiScore.showModal(); },
-         [] { return gfrmHiScore.isOpen(); },
-         {{148, 116}, {400, 280}, {646, 465}}},
-    };
-    for (const auto& dialog : dialogs)
-        for (const QPoint& at : dialog.places) {
-            bool closed = false;
-            once(dialog.isOpen, [&] {
-                clickAt({60, 40});
-                clickAt(at, Qt::RightButton);
-                EXPECT_TRUE(dialog.isOpen()) << dialog.what;
-                clickAt(at);
-                closed = !dialog.isOpen();
-                if (!closed) press(Qt::Key_Escape);
-            });
-            dialog.show();
-            EXPECT_TRUE(closed) << dialog.what << ' ' << at.x() << ' ' << at.y();
-        }
 }
 
 TEST_F(Pointer, AToolButtonUnderItRisesUnlessSomethingIsOnTop) {
