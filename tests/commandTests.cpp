@@ -1,4 +1,4 @@
-// The toolbar's commands, the Level menu and the ways out.
+// The toolbar's commands and the Level menu.
 
 #include "platform/sim/simulation.h"
 #include "tests/gameFixture.h"
@@ -6,20 +6,6 @@
 namespace {
 
 class Commands : public GameFixture {};
-
-TEST_F(Commands, TheBarIsFilledAndTellsItsState) {
-    const char* const toolTips[] = {
-        "Start Anew",     "Level:Easy",         "Break Down:On", "Music:On", "High Scores",
-        "Rounds Setting", "Round:(In Chinese)", "Peek:Off",      "Pause",    "Stop",
-        "Order",          "About Velmora...",   "Help",          "",         "Exit",
-    };
-    int width = 0;
-    for (int button = 1; button <= 15; ++button) {
-        EXPECT_EQ(game->tbrZQT.toolTip(button), toolTips[button - 1]);
-        width += game->tbrZQT.buttonWidth(button);
-    }
-    EXPECT_EQ(width, 795);
-}
 
 TEST_F(Commands, TogglesRewriteTheirToolTipAndComeBack) {
     struct {
@@ -109,46 +95,6 @@ TEST_F(Commands, StartAnewDropsTheGameAtHand) {
     EXPECT_EQ(game->mlngScore, 0);
     EXPECT_EQ(game->mintCurRow, noRow);
     EXPECT_TRUE(board().empty());
-}
-
-TEST_F(Commands, TheWaysOutEndTheProcessFromAnywhere) {
-    struct {
-        const char* what;
-        std::function<void()> leave;
-    } const ways[] = {
-        {"the Exit button", [] { sim::clickToolButton(Button::Exit); }},
-        {"the window's close button", [] { sim::closeMainWindow(); }},
-    };
-    for (const auto& way : ways) {
-        EXPECT_THROW(way.leave(), sim::ProcessEnded) << way.what << ", idle";
-        TearDown();
-        SetUp();
-        startMatch();
-        sim::runFor(2000);
-        EXPECT_THROW(way.leave(), sim::ProcessEnded) << way.what << ", a tile falling";
-        TearDown();
-        SetUp();
-        startMatch();
-        sim::runFor(2000);
-        sim::post(way.leave);
-        EXPECT_THROW(game->Timer1_Timer(), sim::ProcessEnded) << way.what << ", inside a tick";
-        TearDown();
-        SetUp();
-    }
-}
-
-TEST_F(Commands, TheWindowClosesOverAnyDialog) {
-    sim::post([] { sim::closeMainWindow(); });
-    EXPECT_THROW(sim::clickToolButton(Button::StartAnew), sim::ProcessEnded);
-    TearDown();
-    SetUp();
-    sim::post([] { sim::closeMainWindow(); });
-    EXPECT_THROW(sim::clickToolButton(Button::RoundsSetting), sim::ProcessEnded);
-    TearDown();
-    SetUp();
-    beginHand();
-    setBoard({"c1 c2 . . . . . . ."});
-    EXPECT_THROW(land("c3", 3, [] { sim::closeMainWindow(); }), sim::ProcessEnded);
 }
 
 }  // namespace

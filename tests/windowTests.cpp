@@ -15,6 +15,7 @@
 #include "frmMain.h"
 #include "hiscores/frmGetName.h"
 #include "hiscores/frmHiScore.h"
+#include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
 #include "platform/desktop.h"
 #include "platform/qt/control.h"
@@ -277,38 +278,37 @@ TEST_F(Window, AMatchEntersTheTableAndTheNextRunShowsIt) {
 
 using WindowDeathTest = Window;
 
-TEST_F(WindowDeathTest, TheWindowClosesAtOnceIdleFallingAndOverADialog) {
+TEST_F(WindowDeathTest, TheWaysOutEndTheProgramFromAnywhere) {
     ::testing::FLAGS_gtest_death_test_style = "threadsafe";
-    const auto ended = ::testing::ExitedWithCode(0);
-    EXPECT_EXIT(window->close(), ended, "");
-    EXPECT_EXIT(click("Exit"), ended, "");
-    EXPECT_EXIT(
-        {
-            startMatch();
-            nextTile(1);
-            window->close();
-        },
-        ended, "");
-    EXPECT_EXIT(
-        {
-            once([] { return gfrmOrder.isOpen(); },
-                 [this] {
-                     QTest::keyClicks(window, "Ann");
-                     window->close();
-                 });
-            click("Order");
-        },
-        ended, "");
-    EXPECT_EXIT(
-        {
-            startMatch();
-            nextTile(1);
-            game->CellTable[12][4].fill(game->TileKinds[1]);
-            once([] { return gfrmChooseTiles.isOpen(); }, [this] { window->close(); });
-            press(Qt::Key_Down);
-            waitFor([] { return false; });
-        },
-        ended, "");
+    const auto letATileFall = [this] {
+        startMatch();
+        nextTile(1);
+    };
+    const auto closeOnce = [this](bool (*isOpen)()) { once(isOpen, [this] { window->close(); }); };
+    struct {
+        const char* what;
+        std::function<void()> leave;
+    } const ways[] = {
+        {"idle", [&] { window->close(); }},
+        {"the Exit button", [&] { click("Exit"); }},
+        {"a tile falling", [&] { letATileFall(), window->close(); }},
+        {"the Exit button, a tile falling", [&] { letATileFall(), click("Exit"); }},
+        {"over the draw of the seat", [&] { closeOnce([] { return gfrmChooseSeat.isOpen(); }), click("Start Anew"); }},
+        {"over an order, half typed",
+         [&] {
+             once([] { return gfrmOrder.isOpen(); }, [&] { QTest::keyClicks(window, "Ann"), window->close(); });
+             click("Order");
+         }},
+        {"over an offer",
+         [&] {
+             letATileFall();
+             game->CellTable[12][4].fill(game->TileKinds[1]);
+             closeOnce([] { return gfrmChooseTiles.isOpen(); });
+             press(Qt::Key_Down);
+             waitFor([] { return false; });
+         }},
+    };
+    for (const auto& way : ways) EXPECT_EXIT(way.leave(), ::testing::ExitedWithCode(0), "") << way.what;
 }
 
 }  // namespace
