@@ -116,32 +116,6 @@ TEST_F(Sheet, WhatWasPrintedBeforeAFailureGoesOutWhenTheDocumentIsEnded) {
     EXPECT_EQ(sheet(), fullSheet.substr(0, fullSheet.find("  3 Copies")));
 }
 
-TEST_F(Sheet, AFailingPrinterIsTold) {
-    struct {
-        const char* what;
-        int line;
-        bool atEnd;
-        size_t lines;  // that come out when the document is ended after the failure
-    } const cases[] = {
-        {"at the fifth line", 5, false, 4}, {"at the first line", 1, false, 0}, {"at the end", 0, true, 0}};
-    for (const auto& row : cases) {
-        SetUp();
-        sim::breakPrinter(row.line, row.atEnd);
-        try {
-            print(fullOrder());
-            ADD_FAILURE() << row.what;
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.number(), 482) << row.what;
-            EXPECT_STREQ(error.what(), "Printer error") << row.what;
-        }
-        platform::printer().endDoc();
-        EXPECT_EQ(sim::sheets().empty() ? 0 : sim::sheets().front().size(), row.lines) << row.what;
-        sim::breakPrinter(0);
-        print(fullOrder());
-        EXPECT_EQ(sim::sheets().back().size(), 29u) << row.what;
-    }
-}
-
 TEST_F(Sheet, ThePrintersFontComesBack) {
     struct {
         platform::Font before;
