@@ -84,13 +84,4 @@ TEST_F(Announcements, AnOfferIsToldWithItsHighlight) {
     }
 }
 
-TEST_F(Announcements, NothingIsMadeWhileNobodyListens) {
-    letEnter("b3");
-    game->form.announce([]() -> std::string {
-        ADD_FAILURE() << "a text was made";
-        return "";
-    });
-    EXPECT_TRUE(sim::announcements().empty());
-}
-
 }  // namespace

@@ -123,24 +123,6 @@ TEST_F(GameSound, ThePieceIsRepeatedUntilItIsStopped) {
     EXPECT_FALSE(ear->deviceOpen()) << "nothing begins it again";
 }
 
-TEST_F(GameSound, MusicOffIsSilenceAndOnBeginsAnew) {
-    take(piece(woodBlock, {{0, 50, 60}, {1500, 50, 60}}, 9000));
-    press(Button::StartAnew);
-    awaitSound();
-    awaitFrames(framesIn(700));
-    const size_t off = ear->now();
-    press(Button::Music);
-    awaitFrames(framesIn(500));
-    EXPECT_LT(ear->heard().lastAbove(0), off + framesIn(300));
-    const size_t on = ear->now();
-    press(Button::Music);
-    awaitFrames(framesIn(2200));
-    const std::vector<size_t> begun = knocks(ear->heard(), on);
-    ASSERT_EQ(begun.size(), 2U);
-    EXPECT_LT(begun[0], on + framesIn(300));
-    EXPECT_NEAR(static_cast<double>(begun[1] - begun[0]), framesIn(1500), framesIn(20));
-}
-
 TEST_F(GameSound, TheGamesOwnMusicAndThunderAreHeard) {
     press(Button::StartAnew);
     awaitSound();

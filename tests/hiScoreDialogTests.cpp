@@ -5,7 +5,6 @@
 
 #include "hiscores/frmGetName.h"
 #include "hiscores/frmHiScore.h"
-#include "match/frmGameSummary.h"
 #include "modZQT.h"
 #include "platform/desktop.h"
 #include "platform/pictures.h"
@@ -201,22 +200,6 @@ TEST_F(HiScoreDialogs, TheNameDialogTellsTheScoreAndBeginsEmpty) {
     EXPECT_EQ(gfrmGetName.hold().get(), object);
     EXPECT_FALSE(gfrmGetName.isOpen());
     gfrmGetName->txtName.setEnabled(true);
-}
-
-TEST_F(HiScoreDialogs, APressOfEnterAnswersOneDialogAlone) {
-    beginHand();
-    game->mlngScore = 5;
-    gintNumRounds = game->mintRoundsPlayed = 1;
-    std::string opened;
-    sim::setHands([&] {
-        if (sim::modalDepth() == 0) return;
-        opened += gfrmGameSummary.isOpen() ? "s" : gfrmGetName.isOpen() ? "n" : "t";
-        if (opened.size() % 5 == 0) sim::keyUp(Enter);
-        sim::keyDown(Enter);  // held over many turns
-    });
-    sim::runFor(1000);
-    sim::setHands({});
-    EXPECT_EQ(opened, "snnnnttttt");
 }
 
 }  // namespace
