@@ -8,10 +8,18 @@
 
 #include "platform/desktop.h"
 #include "platform/form.h"
+#include "platform/timer.h"
 #include "platform/toolbar.h"
 #include "tests/contractDriver.h"
 
 constexpr double twips = 15;  ///< A pixel.
+
+/// Lets a timer tick from now on.
+inline void start(platform::Timer& timer, int interval, std::function<void()> onTick) {
+    timer.onTick = std::move(onTick);
+    timer.setInterval(interval);
+    timer.setEnabled(true);
+}
 
 /// What the attempt gives back, made anew when a busy machine has held it up: it may last so many milliseconds.
 template <class Attempt>

@@ -12,6 +12,8 @@
 namespace {
 
 using namespace platform;
+using namespace driver;
+using namespace key;
 
 class ControlContract : public Contract {};
 
@@ -38,33 +40,33 @@ struct Setting {
 };
 
 TEST_F(ControlContract, KeysWorkTheControls) {
-    constexpr int tab = key::Tab;
+    constexpr int tab = Tab;
     struct {
         std::vector<int> keys;
         const char* trace;
         int swallowedDown = 0;
         int swallowedPress = 0;
     } const rows[] = {
-        {{key::Enter}, "OK"},
-        {{key::Space}, "OK"},
-        {{key::Escape}, "Cancel"},
+        {{Enter}, "OK"},
+        {{Space}, "OK"},
+        {{Escape}, "Cancel"},
         {{'A'}, ""},
-        {{key::Up}, ""},
-        {{key::Up, key::Up}, "up"},
-        {{key::Right, key::Space}, "Cancel"},
-        {{key::Down, key::Left, key::Space}, "OK"},
-        {{tab, key::Space}, "Cancel"},
-        {{tab, key::Enter}, "Cancel"},
-        {{tab, tab, key::Up, key::Up, key::Down}, "up, up, down"},
-        {{tab, tab, key::Pad8, key::Pad2, key::Pad2}, "up, down, down"},
-        {{tab, tab, key::Left, key::Right, key::Pad4, key::Pad6, key::Up}, "up"},
-        {{tab, tab, key::Enter}, "OK"},
-        {{tab, tab, key::Space}, ""},
-        {{tab, tab, tab, key::Space}, "OK"},
-        {{key::Enter, key::Escape}, "Cancel", key::Enter, 0},
-        {{key::Enter, key::Escape}, "Cancel", 0, key::Enter},
-        {{tab, tab, key::Up, key::Down}, "down", key::Up, 0},
-        {{tab, key::Space}, "OK", tab, 0},
+        {{Up}, ""},
+        {{Up, Up}, "up"},
+        {{Right, Space}, "Cancel"},
+        {{Down, Left, Space}, "OK"},
+        {{tab, Space}, "Cancel"},
+        {{tab, Enter}, "Cancel"},
+        {{tab, tab, Up, Up, Down}, "up, up, down"},
+        {{tab, tab, Pad8, Pad2, Pad2}, "up, down, down"},
+        {{tab, tab, Left, Right, Pad4, Pad6, Up}, "up"},
+        {{tab, tab, Enter}, "OK"},
+        {{tab, tab, Space}, ""},
+        {{tab, tab, tab, Space}, "OK"},
+        {{Enter, Escape}, "Cancel", Enter, 0},
+        {{Enter, Escape}, "Cancel", 0, Enter},
+        {{tab, tab, Up, Down}, "down", Up, 0},
+        {{tab, Space}, "OK", tab, 0},
     };
     showMain();
     for (const auto& row : rows) {
@@ -73,7 +75,7 @@ TEST_F(ControlContract, KeysWorkTheControls) {
         setting.form.onKeyDown = [&](int& code) { code = code == row.swallowedDown ? 0 : code; };
         setting.form.onKeyPress = [&](int& character) { character = character == row.swallowedPress ? 0 : character; };
         inDialog(setting.form, [&] {
-            for (const int keyCode : row.keys) driver::pressKey(keyCode);
+            for (const int keyCode : row.keys) pressKey(keyCode);
         });
         EXPECT_EQ(trace_, row.trace) << "in row " << &row - rows;
     }
@@ -85,38 +87,25 @@ TEST_F(ControlContract, HeldKeysAndThePointer) {
         void (*act)(Setting&);
         const char* trace;
     } const rows[] = {
-        {"Enter presses once", [](Setting&) { driver::keyDown(key::Enter), driver::keyDown(key::Enter); }, "OK"},
-        {"Escape presses once", [](Setting&) { driver::keyDown(key::Escape), driver::keyDown(key::Escape); }, "Cancel"},
-        {"Space waits until it is let go", [](Setting&) { driver::keyDown(key::Space), driver::keyDown(key::Space); },
-         ""},
-        {"and then presses once",
-         [](Setting&) { driver::keyDown(key::Space), driver::keyDown(key::Space), driver::keyUp(key::Space); }, "OK"},
-        {"Space let go on another control",
-         [](Setting&) { driver::keyDown(key::Space), driver::pressKey(key::Tab), driver::keyUp(key::Space); }, ""},
-        {"an arrow spins again and again",
-         [](Setting& s) { s.spin.setFocus(), driver::keyDown(key::Up), driver::keyDown(key::Up); }, "up, up"},
-        {"a held Tab goes round",
-         [](Setting&) { driver::keyDown(key::Tab), driver::keyDown(key::Tab), driver::pressKey(key::Down); }, "down"},
-        {"Shift+Tab goes back",
-         [](Setting&) {
-             driver::pressShiftTab(), driver::pressKey(key::Up), driver::pressShiftTab(), driver::pressKey(key::Space);
-         },
+        {"Enter presses once", [](Setting&) { keyDown(Enter), keyDown(Enter); }, "OK"},
+        {"Escape presses once", [](Setting&) { keyDown(Escape), keyDown(Escape); }, "Cancel"},
+        {"Space waits until it is let go", [](Setting&) { keyDown(Space), keyDown(Space); }, ""},
+        {"and then presses once", [](Setting&) { keyDown(Space), keyDown(Space), keyUp(Space); }, "OK"},
+        {"Space let go on another control", [](Setting&) { keyDown(Space), pressKey(Tab), keyUp(Space); }, ""},
+        {"an arrow spins again and again", [](Setting& s) { s.spin.setFocus(), keyDown(Up), keyDown(Up); }, "up, up"},
+        {"a held Tab goes round", [](Setting&) { keyDown(Tab), keyDown(Tab), pressKey(Down); }, "down"},
+        {"Shift+Tab goes back", [](Setting&) { pressShiftTab(), pressKey(Up), pressShiftTab(), pressKey(Space); },
          "up, Cancel"},
-        {"a click gives the focus", [](Setting& s) { driver::click(s.cancel), driver::pressKey(key::Enter); },
-         "Cancel, Cancel"},
-        {"Enter on a clicked spin button", [](Setting& s) { s.spin.setFocus(), driver::pressKey(key::Enter); }, "OK"},
-        {"a disabled button isn't pressed",
-         [](Setting& s) { s.ok.setEnabled(false), driver::click(s.ok), driver::pressKey(key::Escape); }, "Cancel"},
-        {"and answers no Enter",
-         [](Setting& s) { s.ok.setEnabled(false), s.spin.setFocus(), driver::pressKey(key::Enter); }, ""},
-        {"the focus leaves what is disabled", [](Setting& s) { s.ok.setEnabled(false), driver::pressKey(key::Space); },
+        {"a click gives the focus", [](Setting& s) { click(s.cancel), pressKey(Enter); }, "Cancel, Cancel"},
+        {"Enter on a clicked spin button", [](Setting& s) { s.spin.setFocus(), pressKey(Enter); }, "OK"},
+        {"a disabled button isn't pressed", [](Setting& s) { s.ok.setEnabled(false), click(s.ok), pressKey(Escape); },
          "Cancel"},
-        {"Tab passes by what is no stop",
-         [](Setting& s) { s.cancel.setTabStop(false), driver::pressKey(key::Tab), driver::pressKey(key::Up); }, "up"},
-        {"another tab order",
-         [](Setting& s) { s.spin.setTabIndex(1), driver::pressKey(key::Tab), driver::pressKey(key::Up); }, "up"},
-        {"the pressed button has the focus",
-         [](Setting&) { driver::pressKey(key::Escape), driver::pressKey(key::Space); }, "Cancel, Cancel"},
+        {"and answers no Enter", [](Setting& s) { s.ok.setEnabled(false), s.spin.setFocus(), pressKey(Enter); }, ""},
+        {"the focus leaves what is disabled", [](Setting& s) { s.ok.setEnabled(false), pressKey(Space); }, "Cancel"},
+        {"Tab passes by what is no stop", [](Setting& s) { s.cancel.setTabStop(false), pressKey(Tab), pressKey(Up); },
+         "up"},
+        {"another tab order", [](Setting& s) { s.spin.setTabIndex(1), pressKey(Tab), pressKey(Up); }, "up"},
+        {"the pressed button has the focus", [](Setting&) { pressKey(Escape), pressKey(Space); }, "Cancel, Cancel"},
     };
     showMain();
     for (const auto& row : rows) {
@@ -124,7 +113,7 @@ TEST_F(ControlContract, HeldKeysAndThePointer) {
         Setting setting([this](const std::string& what) { note(what); });
         inDialog(setting.form, [&] { row.act(setting); });
         EXPECT_EQ(trace_, row.trace) << row.what;
-        for (const int code : {key::Enter, key::Escape, key::Space, key::Up, key::Tab}) driver::keyUp(code);
+        for (const int code : {Enter, Escape, Space, Up, Tab}) keyUp(code);
     }
 }
 
@@ -134,18 +123,18 @@ TEST_F(ControlContract, NothingOfAPressBeforeADialogReachesIt) {
     Setting above([this](const std::string& what) { note("above " + what); });
     inDialog(below.form, [&] {
         below.spin.setFocus();
-        driver::keyDown(key::Space);
+        keyDown(Space);
         inDialog(above.form, [&] {
             EXPECT_TRUE(above.ok.hasFocus());
-            driver::keyDown(key::Space);
-            driver::keyUp(key::Space);
+            keyDown(Space);
+            keyUp(Space);
             EXPECT_EQ(trace_, "") << "begun below";
-            for (const int code : {key::Tab, key::Space}) driver::pressKey(code);
-            for (int i = 0; i < 2; ++i) driver::pressKey(key::Tab);
+            for (const int code : {Tab, Space}) pressKey(code);
+            for (int i = 0; i < 2; ++i) pressKey(Tab);
             EXPECT_TRUE(above.ok.hasFocus()) << "round and round within the form";
         });
         EXPECT_TRUE(below.spin.hasFocus()) << "the focus is where it was";
-        driver::pressKey(key::Down);
+        pressKey(Down);
     });
     EXPECT_EQ(trace_, "above Cancel, below down");
 }
@@ -157,10 +146,10 @@ TEST_F(ControlContract, ClickedButtonBelongsToTheFormOnTop) {
     below.cancel.setCaption("Leave");
     inDialog(below.form, [&] {
         inDialog(above.form, [] {
-            driver::clickButton("Cancel");
-            driver::clickButton("Leave");
+            clickButton("Cancel");
+            clickButton("Leave");
         });
-        driver::clickButton("Leave");
+        clickButton("Leave");
     });
     EXPECT_EQ(trace_, "above Cancel, below Cancel");
 }
@@ -221,54 +210,50 @@ TEST_F(FieldContract, TypedTextPassesTheHandlersAndPastedTextKeepsToTheLimit) {
         std::function<void(Entry&)> act;
         const char* text;
     } const rows[] = {
-        {"typed", [](Entry&) { driver::typeText("Ann Lee, 7"); }, "Ann Lee, 7"},
-        {"other letters", [](Entry&) { driver::typeText("Zo\u00EB \u0141\u4E2D"); }, "Zo\u00EB \u0141\u4E2D"},
-        {"the box swallows", [](Entry& e) { e.name.onKeyPress = swallowDigits, driver::typeText("a1b2"); }, "ab"},
-        {"the form swallows", [](Entry& e) { e.form.onKeyPress = swallowDigits, driver::typeText("a1b2"); }, "ab"},
+        {"typed", [](Entry&) { typeText("Ann Lee, 7"); }, "Ann Lee, 7"},
+        {"other letters", [](Entry&) { typeText("Zo\u00EB \u0141\u4E2D"); }, "Zo\u00EB \u0141\u4E2D"},
+        {"the box swallows", [](Entry& e) { e.name.onKeyPress = swallowDigits, typeText("a1b2"); }, "ab"},
+        {"the form swallows", [](Entry& e) { e.form.onKeyPress = swallowDigits, typeText("a1b2"); }, "ab"},
         {"the form swallows a key",
          [](Entry& e) {
              e.form.onKeyDown = [](int& code) { code = code == 'B' ? 0 : code; };
-             driver::typeText("abc");
+             typeText("abc");
          },
          "ac"},
         {"the box gives another character",
          [](Entry& e) {
              e.name.onKeyPress = [](int& c) { c = c == 'a' ? 'b' : c == 'o' ? 0xF6 : c; };
-             driver::typeText("aoc");
+             typeText("aoc");
          },
          "b\u00F6c"},
         {"a character outside Latin-1 is none of it",
          [](Entry& e) {
-             e.name.onKeyPress = [](int& c) { c = c == key::OtherCharacter ? 0 : c; };
-             driver::typeText("\u0141\u4E2Dx\u00FF");
+             e.name.onKeyPress = [](int& c) { c = c == OtherCharacter ? 0 : c; };
+             typeText("\u0141\u4E2Dx\u00FF");
          },
          "x\u00FF"},
-        {"an eleventh character", [](Entry& e) { e.name.setMaxLength(10), driver::typeText("abcdefghijk"); },
-         "abcdefghij"},
-        {"pasted", [](Entry&) { driver::pasteText("Caf\u00E9"); }, "Caf\u00E9"},
-        {"pasted past the filter", [](Entry& e) { e.name.onKeyPress = swallowDigits, driver::pasteText("a1"); }, "a1"},
-        {"pasted past the limit", [](Entry& e) { e.name.setMaxLength(5), driver::pasteText("abcdefghi"); }, "abcde"},
-        {"pasted lines", [](Entry&) { driver::pasteText("one\ntwo\tthree"); }, "one two three"},
+        {"an eleventh character", [](Entry& e) { e.name.setMaxLength(10), typeText("abcdefghijk"); }, "abcdefghij"},
+        {"pasted", [](Entry&) { pasteText("Caf\u00E9"); }, "Caf\u00E9"},
+        {"pasted past the filter", [](Entry& e) { e.name.onKeyPress = swallowDigits, pasteText("a1"); }, "a1"},
+        {"pasted past the limit", [](Entry& e) { e.name.setMaxLength(5), pasteText("abcdefghi"); }, "abcde"},
+        {"pasted lines", [](Entry&) { pasteText("one\ntwo\tthree"); }, "one two three"},
         {"set past the limit", [](Entry& e) { e.name.setMaxLength(3), e.name.setText("abcdef"); }, "abc"},
-        {"behind a set text", [](Entry& e) { e.name.setText("ab"), driver::typeText("c"); }, "abc"},
-        {"instead of a selection",
-         [](Entry& e) { e.name.setText("abcd"), e.name.select(1, 2), driver::typeText("xyz"); }, "axyzd"},
-        {"all is selected", [](Entry& e) { e.name.setText("abcd"), e.name.select(0, 4), driver::pasteText("x"); }, "x"},
-        {"Tab selects all",
-         [](Entry& e) {
-             e.name.setText("abcd"), driver::pressKey(key::Tab), driver::pressShiftTab(), driver::typeText("x");
-         },
+        {"behind a set text", [](Entry& e) { e.name.setText("ab"), typeText("c"); }, "abc"},
+        {"instead of a selection", [](Entry& e) { e.name.setText("abcd"), e.name.select(1, 2), typeText("xyz"); },
+         "axyzd"},
+        {"all is selected", [](Entry& e) { e.name.setText("abcd"), e.name.select(0, 4), pasteText("x"); }, "x"},
+        {"Tab selects all", [](Entry& e) { e.name.setText("abcd"), pressKey(Tab), pressShiftTab(), typeText("x"); },
          "x"},
-        {"Backspace", [](Entry&) { driver::typeText("abc"), driver::pressKey(8); }, "ab"},
+        {"Backspace", [](Entry&) { typeText("abc"), pressKey(8); }, "ab"},
         {"Backspace passes filters",
          [](Entry& e) {
              e.name.setText("12");
              e.name.onKeyPress = [](int& c) { c = c > 31 ? 0 : c; };
-             driver::pressKey(8);
+             pressKey(8);
          },
          "1"},
-        {"a disabled box", [](Entry& e) { e.name.setEnabled(false), driver::typeText("a"); }, ""},
-        {"the box without the focus", [](Entry& e) { e.town.setFocus(), driver::typeText("a"); }, ""},
+        {"a disabled box", [](Entry& e) { e.name.setEnabled(false), typeText("a"); }, ""},
+        {"the box without the focus", [](Entry& e) { e.town.setFocus(), typeText("a"); }, ""},
     };
     for (const auto& row : rows)
         inEntry([&](Entry& entry) {
@@ -291,22 +276,22 @@ TEST_F(FieldContract, TheHandlersOfAControlFollowTheFocus) {
         std::function<void(Entry&)> act;
         const char* trace;
     } const rows[] = {
-        {"Tab", [](Entry&) { driver::pressKey(key::Tab); }, "name leaves, town gets it, town up 9"},
-        {"a click", [](Entry& e) { driver::click(e.town); }, "name leaves, town gets it"},
+        {"Tab", [](Entry&) { pressKey(Tab); }, "name leaves, town gets it, town up 9"},
+        {"a click", [](Entry& e) { click(e.town); }, "name leaves, town gets it"},
         {"the program", [](Entry& e) { e.zip.setFocus(); }, "name leaves, zip gets it"},
-        {"where it is already", [](Entry& e) { e.name.setFocus(), driver::click(e.name); }, ""},
-        {"an access key", [](Entry& e) { e.print.setCaption("&Print"), driver::pressAccessKey('P'); }, "name leaves"},
-        {"a key", [](Entry&) { driver::typeText("a"); }, "name up 65"},
+        {"where it is already", [](Entry& e) { e.name.setFocus(), click(e.name); }, ""},
+        {"an access key", [](Entry& e) { e.print.setCaption("&Print"), pressAccessKey('P'); }, "name leaves"},
+        {"a key", [](Entry&) { typeText("a"); }, "name up 65"},
         {"a Tab that a handler asks for",
          [this](Entry& e) {
              e.name.onKeyPress = [this](int& c) {
-                 if (c != key::Enter) return;
+                 if (c != Enter) return;
                  c = 0;
                  sendTab();
                  note("asked");
              };
-             driver::pressKey(key::Enter);
-             driver::run(20);
+             pressKey(Enter);
+             run(20);
          },
          "asked, name up 13, name leaves, town gets it, town up 9"},
     };
@@ -314,7 +299,7 @@ TEST_F(FieldContract, TheHandlersOfAControlFollowTheFocus) {
         inEntry([&](Entry& entry) {
             notePlaces(entry);
             row.act(entry);
-            driver::run(1);
+            run(1);
             EXPECT_EQ(trace_, row.trace) << row.what;
         });
 }
@@ -329,7 +314,7 @@ TEST_F(FieldContract, TheSelectionIsWhatWasSelected) {
         e.name.select(4, 99);
         EXPECT_EQ(e.name.selStart(), 4);
         EXPECT_EQ(e.name.selLength(), 3);
-        driver::typeText("Ng");
+        typeText("Ng");
         EXPECT_EQ(e.name.text(), "Zo\u00EB Ng");
         EXPECT_EQ(e.name.selStart(), 6);
     });
@@ -342,13 +327,12 @@ TEST_F(FieldContract, TheMaskTakesDigitsAtItsPlaces) {
         const char* text;
     } const rows[] = {
         {"nothing", [](Entry&) {}, "     "},
-        {"three digits", [](Entry&) { driver::typeText("907"); }, "907  "},
-        {"no letters", [](Entry&) { driver::typeText("9a0-7"); }, "907  "},
-        {"no sixth digit", [](Entry&) { driver::typeText("123456"); }, "12345"},
-        {"over all that is selected",
-         [](Entry& e) { driver::typeText("12345"), e.zip.select(0, 5), driver::typeText("7"); }, "7    "},
-        {"Backspace leaves a blank", [](Entry&) { driver::typeText("123"), driver::pressKey(8); }, "12   "},
-        {"the filter comes first", [](Entry& e) { e.zip.onKeyPress = swallowDigits, driver::typeText("12"); }, "     "},
+        {"three digits", [](Entry&) { typeText("907"); }, "907  "},
+        {"no letters", [](Entry&) { typeText("9a0-7"); }, "907  "},
+        {"no sixth digit", [](Entry&) { typeText("123456"); }, "12345"},
+        {"over all that is selected", [](Entry& e) { typeText("12345"), e.zip.select(0, 5), typeText("7"); }, "7    "},
+        {"Backspace leaves a blank", [](Entry&) { typeText("123"), pressKey(8); }, "12   "},
+        {"the filter comes first", [](Entry& e) { e.zip.onKeyPress = swallowDigits, typeText("12"); }, "     "},
     };
     for (const auto& row : rows)
         inEntry([&](Entry& entry) {
@@ -367,22 +351,17 @@ TEST_F(FieldContract, KeysChooseARow) {
         int row;
     } const rows[] = {
         {"nothing", [](Entry&) {}, -1},
-        {"a letter", [](Entry&) { driver::typeText("a"); }, 1},
-        {"the same letter again", [](Entry&) { driver::typeText("a"), driver::run(pause), driver::typeText("A"); }, 2},
-        {"and round",
-         [](Entry&) {
-             driver::typeText("a"), driver::run(pause), driver::typeText("a"), driver::run(pause),
-                 driver::typeText("a");
-         },
-         1},
-        {"the same letter at once", [](Entry&) { driver::typeText("aA"); }, 2},
-        {"and round at once", [](Entry&) { driver::typeText("aaa"); }, 1},
-        {"another letter", [](Entry&) { driver::typeText("n"); }, 3},
-        {"a letter of no row", [](Entry& e) { e.state.setListIndex(2), driver::typeText("x"); }, 2},
-        {"Down", [](Entry&) { driver::pressKey(key::Down), driver::pressKey(key::Down); }, 1},
-        {"Up", [](Entry& e) { e.state.setListIndex(2), driver::pressKey(key::Up); }, 1},
-        {"Down at the end", [](Entry& e) { e.state.setListIndex(3), driver::pressKey(key::Down); }, 3},
-        {"a swallowed letter", [](Entry& e) { e.state.onKeyPress = [](int& c) { c = 0; }, driver::typeText("a"); }, -1},
+        {"a letter", [](Entry&) { typeText("a"); }, 1},
+        {"the same letter again", [](Entry&) { typeText("a"), run(pause), typeText("A"); }, 2},
+        {"and round", [](Entry&) { typeText("a"), run(pause), typeText("a"), run(pause), typeText("a"); }, 1},
+        {"the same letter at once", [](Entry&) { typeText("aA"); }, 2},
+        {"and round at once", [](Entry&) { typeText("aaa"); }, 1},
+        {"another letter", [](Entry&) { typeText("n"); }, 3},
+        {"a letter of no row", [](Entry& e) { e.state.setListIndex(2), typeText("x"); }, 2},
+        {"Down", [](Entry&) { pressKey(Down), pressKey(Down); }, 1},
+        {"Up", [](Entry& e) { e.state.setListIndex(2), pressKey(Up); }, 1},
+        {"Down at the end", [](Entry& e) { e.state.setListIndex(3), pressKey(Down); }, 3},
+        {"a swallowed letter", [](Entry& e) { e.state.onKeyPress = [](int& c) { c = 0; }, typeText("a"); }, -1},
     };
     for (const auto& row : rows)
         inEntry([&](Entry& entry) {
@@ -411,27 +390,22 @@ TEST_F(FieldContract, BoxesAndOptionsAreTickedAndChosen) {
         const char* values;  // of the box, then of the options
     } const rows[] = {
         {"nothing", [](Entry&) {}, "", "000"},
-        {"a click ticks", [](Entry& e) { driver::click(e.copy); }, "copy", "100"},
-        {"and clears", [](Entry& e) { driver::click(e.copy), driver::click(e.copy); }, "copy, copy", "000"},
-        {"Space ticks", [](Entry& e) { e.copy.setFocus(), driver::pressKey(key::Space); }, "copy", "100"},
-        {"its access key", [](Entry& e) { e.copy.setCaption("Cop&y"), driver::pressAccessKey('Y'); }, "copy", "100"},
+        {"a click ticks", [](Entry& e) { click(e.copy); }, "copy", "100"},
+        {"and clears", [](Entry& e) { click(e.copy), click(e.copy); }, "copy, copy", "000"},
+        {"Space ticks", [](Entry& e) { e.copy.setFocus(), pressKey(Space); }, "copy", "100"},
+        {"its access key", [](Entry& e) { e.copy.setCaption("Cop&y"), pressAccessKey('Y'); }, "copy", "100"},
         {"the program ticks silently", [](Entry& e) { e.copy.setValue(true); }, "", "100"},
-        {"a click chooses", [](Entry& e) { driver::click(e.near); }, "near", "010"},
-        {"and another one", [](Entry& e) { driver::click(e.near), driver::click(e.far); }, "near, far", "001"},
-        {"the program clears what was chosen", [](Entry& e) { driver::click(e.far), e.far.setValue(false); }, "far",
-         "000"},
+        {"a click chooses", [](Entry& e) { click(e.near); }, "near", "010"},
+        {"and another one", [](Entry& e) { click(e.near), click(e.far); }, "near, far", "001"},
+        {"the program clears what was chosen", [](Entry& e) { click(e.far), e.far.setValue(false); }, "far", "000"},
         {"the program chooses silently", [](Entry& e) { e.far.setValue(true), e.near.setValue(true); }, "", "010"},
-        {"an arrow chooses the next one", [](Entry& e) { driver::click(e.near), driver::pressKey(key::Right); },
-         "near, far", "001"},
+        {"an arrow chooses the next one", [](Entry& e) { click(e.near), pressKey(Right); }, "near, far", "001"},
         {"Tab passes by those that aren't chosen",
-         [](Entry& e) {
-             e.far.setValue(true), e.copy.setFocus(), driver::pressKey(key::Tab), driver::pressKey(key::Tab),
-                 driver::pressKey(key::Space);
-         },
+         [](Entry& e) { e.far.setValue(true), e.copy.setFocus(), pressKey(Tab), pressKey(Tab), pressKey(Space); },
          "print", "001"},
-        {"Space chooses", [](Entry& e) { e.near.setFocus(), driver::pressKey(key::Space); }, "near", "010"},
-        {"a disabled option", [](Entry& e) { e.far.setEnabled(false), driver::click(e.far); }, "", "000"},
-        {"a disabled box", [](Entry& e) { e.copy.setEnabled(false), driver::click(e.copy); }, "", "000"},
+        {"Space chooses", [](Entry& e) { e.near.setFocus(), pressKey(Space); }, "near", "010"},
+        {"a disabled option", [](Entry& e) { e.far.setEnabled(false), click(e.far); }, "", "000"},
+        {"a disabled box", [](Entry& e) { e.copy.setEnabled(false), click(e.copy); }, "", "000"},
     };
     for (const auto& row : rows)
         inEntry([&](Entry& e) {
@@ -440,7 +414,7 @@ TEST_F(FieldContract, BoxesAndOptionsAreTickedAndChosen) {
             e.far.onClick = [&] { note("far"); };
             e.print.onClick = [&] { note("print"); };
             row.act(e);
-            driver::run(200);
+            run(200);
             EXPECT_EQ(trace_, row.trace) << row.what;
             const bool values[] = {e.copy.value(), e.near.value(), e.far.value()};
             for (int i = 0; i < 3; ++i) EXPECT_EQ(values[i], row.values[i] == '1') << row.what;
@@ -456,7 +430,7 @@ TEST_F(FieldContract, TabFollowsTheTabOrder) {
         e.zip.setTabIndex(2);
         EXPECT_EQ(index(e.town), 3);
         for (Control* next : std::array<Control*, 4>{&e.print, &e.zip, &e.town, &e.state}) {
-            driver::pressKey(key::Tab);
+            pressKey(Tab);
             EXPECT_TRUE(next->hasFocus()) << next->tabIndex();
         }
     });
@@ -467,14 +441,14 @@ TEST_F(FieldContract, AccessKeysPressTheirButton) {
         e.print.setCaption("&Print");
         e.print.onClick = [&] { note("print"); };
         e.form.onKeyPress = [&](int&) { note("press"); };
-        driver::pressAccessKey('P');
-        driver::run(200);
+        pressAccessKey('P');
+        run(200);
         EXPECT_EQ(trace_, "print");
         EXPECT_TRUE(e.print.hasFocus());
         e.name.setFocus();
         e.print.setEnabled(false);
-        driver::clickButton("&Print");
-        driver::run(200);
+        clickButton("&Print");
+        run(200);
         EXPECT_EQ(trace_, "print") << "not while it is disabled";
     });
 }

@@ -12,20 +12,21 @@
 namespace {
 
 using namespace platform;
+using namespace driver;
 
 TEST_F(Contract, StatusEventsComeAtTheirInterval) {
     const auto [between, after] = inTime(320, [] {
         int events = 0;
         MMControl music;
         music.onStatusUpdate = [&] { ++events; };
-        driver::run(20);
+        run(20);
         music.setUpdateInterval(100);
-        driver::run(60);
+        run(60);
         music.setUpdateInterval(100);
-        driver::run(60);
+        run(60);
         const int early = events;
         music.setUpdateInterval(0);
-        driver::run(180);
+        run(180);
         return std::pair(early, events);
     });
     EXPECT_EQ(between, 1) << "the same interval goes on";
@@ -38,13 +39,13 @@ TEST_F(Contract, StatusEventsComeWhileThePlayerIsAway) {
     music.onStatusUpdate = [&] { ++events; };
     showMain();
     music.setUpdateInterval(20);
-    driver::goAway();
+    goAway();
     events = 0;
-    driver::run(200);
+    run(200);
     EXPECT_GE(events, 4);
-    driver::comeBack();
+    comeBack();
     events = 0;
-    driver::run(100);
+    run(100);
     EXPECT_GE(events, 2) << "nor late after it";
 }
 
@@ -70,7 +71,7 @@ TEST_F(Contract, MusicIsOpenedIfItIsThere) {
     for (const auto& row : rows) {
         MMControl music;
         EXPECT_EQ(music.mode(), 524) << row.what;
-        openPiece(music, row.length >= 0 ? driver::pieceOfMusic(row.length) : "", row.deviceType);
+        openPiece(music, row.length >= 0 ? pieceOfMusic(row.length) : "", row.deviceType);
         EXPECT_EQ(music.mode(), row.mode) << row.what;
         music.setCommand("Play");
         EXPECT_EQ(music.mode(), row.mode == 525 ? 526 : row.mode) << row.what;
@@ -84,7 +85,7 @@ TEST_F(Contract, MusicIsOpenedIfItIsThere) {
 /// Milliseconds until the music has come to its end.
 double playingTime(MMControl& music) {
     const double start = secondsOfDay();
-    for (int i = 0; i < 500 && music.mode() == 526; ++i) driver::run(10);
+    for (int i = 0; i < 500 && music.mode() == 526; ++i) run(10);
     return (secondsOfDay() - start) * 1000;
 }
 
@@ -111,7 +112,7 @@ TEST_F(Contract, MusicPlaysFromWhereItStands) {
         {1300, {"Next", "Play"}, 526, whole},
     };
     MMControl music;
-    openPiece(music, driver::pieceOfMusic(length));
+    openPiece(music, pieceOfMusic(length));
     music.setCommand("Play");
     playingTime(music);  // The first time a font is loaded.
     for (const auto& row : rows) {
@@ -120,7 +121,7 @@ TEST_F(Contract, MusicPlaysFromWhereItStands) {
             music.setCommand("Open");
             music.setCommand("Prev");
             music.setCommand("Play");
-            driver::run(row.after);
+            run(row.after);
             for (const char* command : row.commands) music.setCommand(command);
             const int32_t then = music.mode();
             return std::pair(then, playingTime(music));

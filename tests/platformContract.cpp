@@ -12,7 +12,6 @@
 #include "platform/help.h"
 #include "platform/runtime.h"
 #include "platform/sound.h"
-#include "platform/timer.h"
 #include "platform/toolbar.h"
 #include "tests/contractFixture.h"
 
@@ -21,13 +20,15 @@
 namespace {
 
 using namespace platform;
+using namespace driver;
+using namespace key;
 
-TEST_F(Contract, TimerPropertiesActAtOnce) {
+TEST_F(Contract, ATimerMindsWhatIsChangedAndStandsStillWhileThePlayerIsAway) {
     struct {
         const char* what;
-        void (*change)(Timer&);  // 60 ms after a timer of 100 ms was enabled
-        int ticksAt120;
-        int ticksAt240;
+        void (*change)(Timer&);  // 60 ms after a timer of 100 ms was enabled, perhaps while the player is away
+        int ticksAfter60;        // since then, or of being back
+        int ticksAfter180;
     } const rows[] = {
         {"a changed interval counts from the change", [](Timer& t) { t.setInterval(120); }, 0, 1},
         {"the same interval goes on", [](Timer& t) { t.setInterval(100); }, 1, 2},
@@ -35,23 +36,30 @@ TEST_F(Contract, TimerPropertiesActAtOnce) {
         {"a disabled timer is silent", [](Timer& t) { t.setEnabled(false); }, 0, 0},
         {"enabling anew counts a whole interval", [](Timer& t) { t.setEnabled(false), t.setEnabled(true); }, 0, 1},
     };
-    for (const auto& row : rows) {
-        const auto [at120, at240] = inTime(240, [&] {
-            int ticks = 0;
-            Timer timer;
-            timer.onTick = [&] { ++ticks; };
-            timer.setInterval(100);
-            timer.setEnabled(true);
-            driver::run(60);
-            row.change(timer);
-            driver::run(60);
-            const int early = ticks;
-            driver::run(120);
-            return std::pair(early, ticks);
-        });
-        EXPECT_EQ(at120, row.ticksAt120) << row.what;
-        EXPECT_EQ(at240, row.ticksAt240) << row.what;
-    }
+    showMain();
+    for (const auto& row : rows)
+        for (const bool away : {false, true}) {
+            SCOPED_TRACE(std::string(row.what) + (away ? ", away" : ""));
+            const auto [whileAway, after60, after180] = inTime(away ? 390 : 240, [&] {
+                int ticks = 0;
+                Timer timer;
+                start(timer, 100, [&] { ++ticks; });
+                run(60);
+                if (away) goAway();
+                run(away ? 75 : 0);
+                row.change(timer);
+                run(away ? 75 : 0);
+                const int before = ticks;
+                if (away) comeBack();
+                run(60);
+                const int early = ticks;
+                run(120);
+                return std::tuple(before, early, ticks);
+            });
+            EXPECT_EQ(whileAway, 0);
+            EXPECT_EQ(after60, row.ticksAfter60);
+            EXPECT_EQ(after180, row.ticksAfter180);
+        }
 }
 
 TEST_F(Contract, TickInsideItsHandlerIsKeptOnce) {
@@ -68,18 +76,16 @@ TEST_F(Contract, TickInsideItsHandlerIsKeptOnce) {
         const int ticks = inTime(360, [&] {
             int count = 0, depth = 0;
             Timer timer;
-            timer.onTick = [&] {
+            start(timer, 100, [&] {
                 EXPECT_EQ(depth++, 0) << row.what << ": a tick came inside its own handler";
                 if (++count == 1) {
-                    driver::run(230);
+                    run(230);
                     row.change(timer);
                 }
                 --depth;
-            };
-            timer.setInterval(100);
-            timer.setEnabled(true);
-            driver::run(120);
-            driver::run(30);
+            });
+            run(120);
+            run(30);
             return count;
         });
         EXPECT_EQ(ticks, row.ticks) << row.what;
@@ -90,10 +96,8 @@ TEST_F(Contract, FastTimerKeepsItsPace) {
     const int ticks = inTime(200, [&] {
         int count = 0;
         Timer timer;
-        timer.onTick = [&] { ++count; };
-        timer.setInterval(5);
-        timer.setEnabled(true);
-        driver::run(200);
+        start(timer, 5, [&] { ++count; });
+        run(200);
         return count;
     });
     EXPECT_GE(ticks, 30);
@@ -102,17 +106,15 @@ TEST_F(Contract, FastTimerKeepsItsPace) {
 
 TEST_F(Contract, DoEventsServesWhatIsPendingOnce) {
     Timer timer;
-    timer.onTick = [&] {
+    start(timer, 10, [&] {
         timer.setEnabled(false);
-        driver::post(0, [&] { note("event"); });
+        post(0, [&] { note("event"); });
         note("before");
         doEvents();
         note("after");
         doEvents();
-    };
-    timer.setInterval(10);
-    timer.setEnabled(true);
-    driver::run(60);
+    });
+    run(60);
     EXPECT_EQ(trace_, "before, event, after");
 }
 
@@ -120,53 +122,13 @@ TEST_F(Contract, WaitingByDoEventsEnds) {
     const int ticks = inTime(100, [&] {
         int count = 0;
         Timer timer;
-        timer.onTick = [&] { ++count; };
-        timer.setInterval(20);
-        timer.setEnabled(true);
+        start(timer, 20, [&] { ++count; });
         const double start = secondsOfDay();
         while (secondsOfDay() >= start && secondsOfDay() < start + 0.1) doEvents();
         return count;
     });
     EXPECT_GE(ticks, 2) << "timers go on during the wait";
     EXPECT_LE(ticks, 6);
-}
-
-TEST_F(Contract, ATimerStandsStillWhileThePlayerIsAway) {
-    struct {
-        const char* what;
-        void (*change)(Timer&);  // while away, 60 ms after a timer of 100 ms was enabled
-        int ticksAfter60;        // of being back
-        int ticksAfter180;
-    } const rows[] = {
-        {"it goes on with what was left", [](Timer&) {}, 1, 2},
-        {"a changed interval counts from the return", [](Timer& t) { t.setInterval(130); }, 0, 1},
-        {"so does enabling anew", [](Timer& t) { t.setEnabled(false), t.setEnabled(true); }, 0, 1},
-        {"a disabled timer stays so", [](Timer& t) { t.setEnabled(false); }, 0, 0},
-    };
-    showMain();
-    for (const auto& row : rows) {
-        const auto [whileAway, after60, after180] = inTime(390, [&] {
-            int ticks = 0;
-            Timer timer;
-            timer.onTick = [&] { ++ticks; };
-            timer.setInterval(100);
-            timer.setEnabled(true);
-            driver::run(60);
-            driver::goAway();
-            driver::run(75);
-            row.change(timer);
-            driver::run(75);
-            const int away = ticks;
-            driver::comeBack();
-            driver::run(60);
-            const int early = ticks;
-            driver::run(120);
-            return std::tuple(away, early, ticks);
-        });
-        EXPECT_EQ(whileAway, 0) << row.what;
-        EXPECT_EQ(after60, row.ticksAfter60) << row.what;
-        EXPECT_EQ(after180, row.ticksAfter180) << row.what;
-    }
 }
 
 TEST_F(Contract, FormRunsItsHandlersOncePerShow) {
@@ -197,11 +159,9 @@ TEST_F(Contract, ModalShowWaitsForTheUnload) {
     showMain();
     int ticks = 0;
     Timer timer;
-    timer.onTick = [&] { ++ticks; };
-    timer.setInterval(20);
-    timer.setEnabled(true);
+    start(timer, 20, [&] { ++ticks; });
     Form outer, inner;
-    driver::post(100, [&] {
+    post(100, [&] {
         note("inner");
         inDialog(inner, [&] { note(std::to_string(outer.loaded() && inner.loaded())); });
         note("inner gone");
@@ -226,11 +186,11 @@ TEST_F(Contract, FormMayBeLetGoOfWhileItUnloads) {
         reference->form.unload();
     };
     reference->form.onUnload = [&] { reference.reset(); };
-    driver::post(10, [] { driver::pressKey(key::Enter); });
+    post(10, [] { pressKey(Enter); });
     const auto held = reference;
     held->form.showModal();
     EXPECT_EQ(reference, nullptr);
-    EXPECT_EQ(held->answer, key::Enter);
+    EXPECT_EQ(held->answer, Enter);
     EXPECT_FALSE(held->form.loaded());
 }
 
@@ -239,36 +199,26 @@ TEST_F(Contract, KeysArriveAsCodesAndCharacters) {
         int key;
         const char* trace;
     } const rows[] = {
-        {key::Left, "main down 37"},
-        {key::Down, "main down 40"},
+        {Left, "main down 37"},
+        {Down, "main down 40"},
         {'A', "main down 65, main press 97"},
         {'7', "main down 55, main press 55"},
-        {key::Enter, "main down 13, main press 13"},
-        {key::Escape, "main down 27, main press 27"},
-        {key::Space, "main down 32, main press 32"},
+        {Enter, "main down 13, main press 13"},
+        {Escape, "main down 27, main press 27"},
+        {Space, "main down 32, main press 32"},
     };
     showMain();
     noteKeys(main_->form, "main");
     for (const auto& row : rows) {
         trace_.clear();
-        driver::pressKey(row.key);
+        pressKey(row.key);
         EXPECT_EQ(trace_, row.trace);
     }
-    for (const int pad : {key::Pad2, key::Pad4, key::Pad6, key::Pad8}) {
+    for (const int pad : {Pad2, Pad4, Pad6, Pad8}) {
         trace_.clear();
-        driver::pressKey(pad);
+        pressKey(pad);
         EXPECT_EQ(trace_.rfind("main down " + std::to_string(pad), 0), 0U) << trace_;
     }
-}
-
-TEST_F(Contract, KeysGoToTheFormOnTop) {
-    showMain();
-    noteKeys(main_->form, "main");
-    Form dialog;
-    noteKeys(dialog, "dialog");
-    inDialog(dialog, [] { driver::pressKey(key::Left); });
-    driver::pressKey(key::Right);
-    EXPECT_EQ(trace_, "dialog down 37, main down 39");
 }
 
 TEST_F(Contract, KeyThatUnloadsItsFormGoesNoFurther) {
@@ -277,33 +227,16 @@ TEST_F(Contract, KeyThatUnloadsItsFormGoesNoFurther) {
     Form dialog;
     dialog.onKeyDown = [&](int&) { dialog.unload(); };
     dialog.onKeyPress = [&](int&) { note("dialog press"); };
-    driver::post(10, [] { driver::pressKey(key::Enter); });
+    post(10, [] { pressKey(Enter); });
     dialog.showModal();
     EXPECT_EQ(trace_, "");
-}
-
-TEST_F(Contract, HeldKeyDoesNothingInADialogUntilItIsLetGo) {
-    showMain();
-    Form dialog;
-    noteKeys(dialog, "dialog");
-    driver::keyDown(key::Down);
-    inDialog(dialog, [&] {
-        driver::keyDown(key::Down);
-        driver::keyDown(key::Down);
-        EXPECT_EQ(trace_, "") << "repeats of a press that began before";
-        driver::keyUp(key::Down);
-        driver::keyDown(key::Down);
-        driver::keyDown(key::Down);
-        driver::keyUp(key::Down);
-    });
-    EXPECT_EQ(trace_, "dialog down 40, dialog down 40");
 }
 
 TEST_F(Contract, AHeldKeySaysThatItRepeatsUntilItIsLetGo) {
     showMain();
     Form& form = main_->form;
     form.onKeyDown = [&](int& code) {
-        if (code == key::Up) driver::pressKey(key::Right);  // another key, while this one is still being served
+        if (code == Up) pressKey(Right);  // another key, while this one is still being served
         note(std::to_string(code) + (form.keyRepeats() ? " again" : ""));
     };
     Form dialog;
@@ -312,37 +245,37 @@ TEST_F(Contract, AHeldKeySaysThatItRepeatsUntilItIsLetGo) {
         std::function<void()> happens;
         const char* told;
     } const rows[] = {
-        {"a press", [] { driver::keyDown(key::Down); }, "40"},
-        {"its repeats", [] { driver::keyDown(key::Down), driver::keyDown(key::Down); }, "40 again, 40 again"},
-        {"another key", [] { driver::keyDown(key::Pad2); }, "98"},
-        {"both held", [] { driver::keyDown(key::Down), driver::keyDown(key::Pad2); }, "40 again, 98 again"},
-        {"let go and pressed", [] { driver::keyUp(key::Down), driver::keyDown(key::Down); }, "40"},
-        {"let go in a dialog", [&] { inDialog(dialog, [] { driver::keyUp(key::Down); }); }, ""},
-        {"pressed after it", [] { driver::keyDown(key::Down); }, "40"},
-        {"held through a dialog", [&] { inDialog(dialog, [] { driver::keyDown(key::Down); }); }, ""},
-        {"still held", [] { driver::keyDown(key::Down); }, "40 again"},
-        {"held with a key inside", [] { driver::keyDown(key::Up), driver::keyDown(key::Up); }, "39, 38, 39, 38 again"},
+        {"a press", [] { keyDown(Down); }, "40"},
+        {"its repeats", [] { keyDown(Down), keyDown(Down); }, "40 again, 40 again"},
+        {"another key", [] { keyDown(Pad2); }, "98"},
+        {"both held", [] { keyDown(Down), keyDown(Pad2); }, "40 again, 98 again"},
+        {"let go and pressed", [] { keyUp(Down), keyDown(Down); }, "40"},
+        {"let go in a dialog", [&] { inDialog(dialog, [] { keyUp(Down); }); }, ""},
+        {"pressed after it", [] { keyDown(Down); }, "40"},
+        {"held through a dialog", [&] { inDialog(dialog, [] { keyDown(Down); }); }, ""},
+        {"still held", [] { keyDown(Down); }, "40 again"},
+        {"held with a key inside", [] { keyDown(Up), keyDown(Up); }, "39, 38, 39, 38 again"},
     };
     for (const auto& row : rows) {
         trace_.clear();
         row.happens();
         EXPECT_EQ(trace_, row.told) << row.what;
     }
-    for (const int code : {key::Down, key::Pad2, key::Up}) driver::keyUp(code);
+    for (const int code : {Down, Pad2, Up}) keyUp(code);
 }
 
 TEST_F(Contract, AHeldKeyIsLetGoWhenThePlayerGoesAway) {
     showMain();
     noteKeys(main_->form, "main");
-    driver::keyDown(key::Down);
-    driver::goAway();
-    driver::comeBack();
-    driver::keyDown(key::Down);
-    driver::keyDown(key::Down);
+    keyDown(Down);
+    goAway();
+    comeBack();
+    keyDown(Down);
+    keyDown(Down);
     EXPECT_EQ(trace_, "main down 40") << "it goes on to repeat, but for nobody";
-    driver::keyUp(key::Down);
-    driver::keyDown(key::Down);
-    driver::keyUp(key::Down);
+    keyUp(Down);
+    keyDown(Down);
+    keyUp(Down);
     EXPECT_EQ(trace_, "main down 40, main down 40");
 }
 
@@ -357,24 +290,24 @@ TEST_F(Contract, OnePressOfEnterAnswersOneDialog) {
         note("first answered");
         first.unload();
         inDialog(second, [&] {
-            driver::keyDown(key::Enter);
+            keyDown(Enter);
             note("still open");
-            driver::keyUp(key::Enter);
-            driver::keyDown(key::Enter);
+            keyUp(Enter);
+            keyDown(Enter);
         });
     };
-    driver::post(10, [] { driver::keyDown(key::Enter); });
+    post(10, [] { keyDown(Enter); });
     first.showModal();
-    driver::keyUp(key::Enter);
+    keyUp(Enter);
     EXPECT_EQ(trace_, "first answered, still open, second answered");
 }
 
 TEST_F(Contract, ToolbarRefusesClicksUnderADialog) {
     showMain();
     Form dialog;
-    driver::clickToolButton(1);
-    inDialog(dialog, [] { driver::clickToolButton(2); });
-    driver::clickToolButton(3);
+    clickToolButton(1);
+    inDialog(dialog, [] { clickToolButton(2); });
+    clickToolButton(3);
     EXPECT_EQ(trace_, "tool 1, tool 3");
 }
 
@@ -395,26 +328,21 @@ TEST_F(Contract, AHandlerMayLetGoOfWhatCallsIt) {
         void (*arm)(Caller&, Handler);
         void (*provoke)();
     } const rows[] = {
-        {"timer",
-         [](Caller& caller, Handler handler) {
-             caller.timer.onTick = std::move(handler);
-             caller.timer.setInterval(10);
-             caller.timer.setEnabled(true);
-         },
-         [] { driver::run(50); }},
+        {"timer", [](Caller& caller, Handler handler) { start(caller.timer, 10, std::move(handler)); },
+         [] { run(50); }},
         {"status event",
          [](Caller& caller, Handler handler) {
              caller.music.onStatusUpdate = std::move(handler);
              caller.music.setUpdateInterval(10);
          },
-         [] { driver::run(50); }},
+         [] { run(50); }},
         {"button", [](Caller& caller, Handler handler) { caller.button.onClick = std::move(handler); },
-         [] { driver::clickButton("Go"); }},
+         [] { clickButton("Go"); }},
         {"tool button",
          [](Caller& caller, Handler handler) {
              caller.bar.onButtonClick = [handler = std::move(handler)](int) { handler(); };
          },
-         [] { driver::clickToolButton(1); }},
+         [] { clickToolButton(1); }},
     };
     for (const auto& row : rows) {
         auto caller = std::make_unique<Caller>();
@@ -444,7 +372,7 @@ TEST_F(Contract, MenuIsAnsweredOrLeft) {
         for (int each = 1; each <= menu.itemCount(); ++each) menu.setChecked(each, each == item);
     };
     for (const int item : {2, 0}) {
-        driver::chooseMenuItem(item);
+        chooseMenuItem(item);
         menu.popUp();
         note("closed");
     }
@@ -494,20 +422,20 @@ TEST_F(Contract, HelpOpensBesideTheWindowAndGoesWithIt) {
     showMain();
     help(HELP_QUIT);
     help(HELP_INDEX + 1);
-    EXPECT_FALSE(driver::helpIsOpen());
+    EXPECT_FALSE(helpIsOpen());
     help(HELP_INDEX);
     help(HELP_INDEX);
-    EXPECT_TRUE(driver::helpIsOpen());
-    driver::clickToolButton(1);
+    EXPECT_TRUE(helpIsOpen());
+    clickToolButton(1);
     EXPECT_EQ(trace_, "tool 1") << "the window beside it takes clicks";
     help(HELP_QUIT);
-    EXPECT_FALSE(driver::helpIsOpen());
+    EXPECT_FALSE(helpIsOpen());
     help(HELP_INDEX);
     Form dialog;
-    inDialog(dialog, [] { EXPECT_TRUE(driver::helpIsOpen()); });
-    EXPECT_TRUE(driver::helpIsOpen()) << "a dialog comes and goes without it";
+    inDialog(dialog, [] { EXPECT_TRUE(helpIsOpen()); });
+    EXPECT_TRUE(helpIsOpen()) << "a dialog comes and goes without it";
     main_->form.unload();
-    EXPECT_FALSE(driver::helpIsOpen());
+    EXPECT_FALSE(helpIsOpen());
 }
 
 TEST_F(Contract, UncaughtErrorIsReportedAndTheLoopGoesOn) {
@@ -517,20 +445,14 @@ TEST_F(Contract, UncaughtErrorIsReportedAndTheLoopGoesOn) {
         std::function<void(Contract::Window&, Timer&, const Fault&)> arm;
         std::function<void()> provoke;
     } const rows[] = {
-        {"timer",
-         [](Window&, Timer& timer, const Fault& fault) {
-             timer.onTick = fault;
-             timer.setInterval(50);
-             timer.setEnabled(true);
-         },
-         [] { driver::run(70); }},
+        {"timer", [](Window&, Timer& timer, const Fault& fault) { start(timer, 50, fault); }, [] { run(70); }},
         {"key down", [](Window& main, Timer&, const Fault& fault) { main.form.onKeyDown = [=](int&) { fault(); }; },
-         [] { driver::pressKey(key::Left); }},
+         [] { pressKey(Left); }},
         {"key press", [](Window& main, Timer&, const Fault& fault) { main.form.onKeyPress = [=](int&) { fault(); }; },
-         [] { driver::pressKey(key::Enter); }},
+         [] { pressKey(Enter); }},
         {"tool button",
          [](Window& main, Timer&, const Fault& fault) { main.bar.onButtonClick = [=](int) { fault(); }; },
-         [] { driver::clickToolButton(1); }},
+         [] { clickToolButton(1); }},
         {"load", [](Window& main, Timer&, const Fault& fault) { main.form.onLoad = fault; }, [] {}},
     };
     const std::pair<Fault, const char*> faults[] = {
@@ -540,7 +462,7 @@ TEST_F(Contract, UncaughtErrorIsReportedAndTheLoopGoesOn) {
     };
     for (const auto& row : rows) {
         for (const auto& [fault, message] : faults) {
-            driver::begin();
+            begin();
             showMain();
             Timer timer;
             row.arm(*main_, timer, fault);
@@ -548,10 +470,10 @@ TEST_F(Contract, UncaughtErrorIsReportedAndTheLoopGoesOn) {
             main_->form.show();
             row.provoke();
             timer.setEnabled(false);
-            EXPECT_EQ(driver::lastMessage(), message) << row.what;
+            EXPECT_EQ(lastMessage(), message) << row.what;
             trace_.clear();
-            driver::post(0, [this] { note("next"); });
-            driver::run(20);
+            post(0, [this] { note("next"); });
+            run(20);
             EXPECT_EQ(trace_, "next") << row.what;
             main_.reset();
         }

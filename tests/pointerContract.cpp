@@ -7,6 +7,8 @@
 namespace {
 
 using namespace platform;
+using namespace driver;
+using namespace key;
 
 class PointerContract : public Contract {
   protected:
@@ -29,19 +31,18 @@ TEST_F(PointerContract, AClickIsEnterWhereTheFormHasAUseForIt) {
         const char* trace;
         const char* at;
     } const rows[] = {
-        {"a way", [] { driver::movePointer(10, 20), driver::movePointer(60, 30); }, "", "60 30"},
-        {"a click", [] { driver::buttonDown(10, 20), driver::buttonUp(12, 21); }, "d down 13, d press 13", "12 21"},
+        {"a way", [] { movePointer(10, 20), movePointer(60, 30); }, "", "60 30"},
+        {"a click", [] { buttonDown(10, 20), buttonUp(12, 21); }, "d down 13, d press 13", "12 21"},
         {"two clicks",
          [] {
-             for (int i = 0; i < 2; ++i) driver::buttonDown(10, 20), driver::buttonUp(10, 20);
+             for (int i = 0; i < 2; ++i) buttonDown(10, 20), buttonUp(10, 20);
          },
          "d down 13, d press 13, d down 13, d press 13", "10 20"},
-        {"a click at no use", [] { driver::buttonDown(50, 20), driver::buttonUp(50, 20); }, "", "50 20"},
-        {"let go elsewhere", [] { driver::buttonDown(49, 20), driver::buttonUp(51, 20); }, "", "51 20"},
-        {"begun elsewhere", [] { driver::buttonDown(51, 20), driver::buttonUp(49, 20); }, "", "49 20"},
-        {"beside the form", [] { driver::buttonDown(40, 60), driver::buttonUp(40, 60); }, "", ""},
-        {"let go beside the form",
-         [] { driver::movePointer(40, 40), driver::buttonDown(40, 40), driver::buttonUp(40, 60); }, "", "40 40"},
+        {"a click at no use", [] { buttonDown(50, 20), buttonUp(50, 20); }, "", "50 20"},
+        {"let go elsewhere", [] { buttonDown(49, 20), buttonUp(51, 20); }, "", "51 20"},
+        {"begun elsewhere", [] { buttonDown(51, 20), buttonUp(49, 20); }, "", "49 20"},
+        {"beside the form", [] { buttonDown(40, 60), buttonUp(40, 60); }, "", ""},
+        {"let go beside the form", [] { movePointer(40, 40), buttonDown(40, 40), buttonUp(40, 60); }, "", "40 40"},
     };
     showMain();
     for (const auto& row : rows) {
@@ -49,7 +50,7 @@ TEST_F(PointerContract, AClickIsEnterWhereTheFormHasAUseForIt) {
         Form dialog;
         answerLeftHalf(dialog, "d");
         inDialog(dialog, [&] {
-            driver::movePointer(0, 0);
+            movePointer(0, 0);
             at_.clear();
             row.act();
         });
@@ -71,8 +72,8 @@ TEST_F(PointerContract, FramesAndPanelsLetClicksThrough) {
     inDialog(dialog, [&] {
         for (const int x : {12, 42, 48}) {
             at_.clear();
-            driver::buttonDown(x, 20);
-            driver::buttonUp(x, 21);
+            buttonDown(x, 20);
+            buttonUp(x, 21);
             EXPECT_EQ(at_, std::to_string(x) + " 21");
         }
     });
@@ -85,23 +86,23 @@ TEST_F(PointerContract, AClickBelongsToOneForm) {
     answerLeftHalf(below, "below");
     answerLeftHalf(above, "above");
     inDialog(below, [&] {
-        driver::buttonDown(10, 20);
+        buttonDown(10, 20);
         inDialog(above, [] {
-            driver::buttonUp(10, 20);
-            driver::buttonDown(11, 20);
-            driver::buttonUp(11, 20);
-            driver::buttonDown(12, 20);
+            buttonUp(10, 20);
+            buttonDown(11, 20);
+            buttonUp(11, 20);
+            buttonDown(12, 20);
         });
-        driver::buttonUp(10, 20);
-        driver::buttonDown(10, 20);
+        buttonUp(10, 20);
+        buttonDown(10, 20);
         inDialog(above, [] {});
-        driver::buttonUp(10, 20);
-        driver::buttonDown(10, 20);
+        buttonUp(10, 20);
+        buttonDown(10, 20);
         messageBox("Program", "Stop");
-        driver::buttonUp(10, 20);
+        buttonUp(10, 20);
         note("again");
-        driver::buttonDown(10, 20);
-        driver::buttonUp(10, 20);
+        buttonDown(10, 20);
+        buttonUp(10, 20);
     });
     EXPECT_EQ(trace_, "above down 13, above press 13, again, below down 13, below press 13");
 }
@@ -111,7 +112,7 @@ TEST_F(PointerContract, AFormMayGoWithAClick) {
     auto dialog = std::make_unique<Form>();
     answerLeftHalf(*dialog, "d");
     dialog->onKeyPress = [&](int&) { dialog.reset(); };
-    driver::post(10, [] { driver::buttonDown(10, 20), driver::buttonUp(10, 20); });
+    post(10, [] { buttonDown(10, 20), buttonUp(10, 20); });
     dialog->resize(100 * twips, 50 * twips);
     dialog->showModal();
     EXPECT_EQ(dialog, nullptr);

@@ -10,7 +10,6 @@
 #include "platform/desktop.h"
 #include "platform/qt/control.h"
 #include "platform/qt/formWindow.h"
-#include "platform/timer.h"
 #include "tests/contractFixture.h"
 
 namespace {
@@ -20,9 +19,7 @@ using namespace platform;
 class Presence : public Contract {
   protected:
     Presence() {
-        timer_.onTick = [this] { ++ticks_; };
-        timer_.setInterval(10);
-        timer_.setEnabled(true);
+        start(timer_, 10, [this] { ++ticks_; });
     }
 
     QWidget* window() { return qt::windowOf(main_->form); }
