@@ -155,13 +155,12 @@ TEST_F(Accessible, DialogsHaveNamesAndTheirControlsToo) {
 
 TEST_F(Accessible, NothingIsKnownOfWhatIsGone) {
     QAccessible::Id button = 0;
-    once([] { return gfrmRoundsSetting.isOpen(); },
-         [&] {
-             for (QWidget* face : dialog()->findChildren<QWidget*>())
-                 if (nameOf(face) == "OK") button = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(face));
-             EXPECT_NE(QAccessible::accessibleInterface(button), nullptr);
-             press(Qt::Key_Escape);
-         });
+    whenOpen(gfrmRoundsSetting, [&] {
+        for (QWidget* face : dialog()->findChildren<QWidget*>())
+            if (nameOf(face) == "OK") button = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(face));
+        EXPECT_NE(QAccessible::accessibleInterface(button), nullptr);
+        press(Qt::Key_Escape);
+    });
     click("Rounds Setting");
     gfrmRoundsSetting.clear();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -176,18 +175,17 @@ TEST_F(Accessible, TilesAndOffersAreTold) {
     EXPECT_EQ(reader.told, (std::vector<std::string>{"3 of Bamboo", "3 of Bamboo"}));
     EXPECT_EQ(nameOf(window), "Velmora");
     bool asked = false;
-    once([] { return gfrmChooseTiles.isOpen(); },
-         [&] {
-             asked = true;
-             EXPECT_EQ(treeOf(dialog()),
-                       "dialog: Select tiles: a pair of 1 of Circles; three 1 of Circles; Pass. "
-                       "Highlighted: a pair of 1 of Circles\n");
-             press(Qt::Key_Right);
-             EXPECT_EQ(reader.told.back(), "three 1 of Circles");
-             press(Qt::Key_Right);
-             EXPECT_EQ(reader.told.back(), "Pass");
-             press(Qt::Key_Return);
-         });
+    whenOpen(gfrmChooseTiles, [&] {
+        asked = true;
+        EXPECT_EQ(treeOf(dialog()),
+                  "dialog: Select tiles: a pair of 1 of Circles; three 1 of Circles; Pass. "
+                  "Highlighted: a pair of 1 of Circles\n");
+        press(Qt::Key_Right);
+        EXPECT_EQ(reader.told.back(), "three 1 of Circles");
+        press(Qt::Key_Right);
+        EXPECT_EQ(reader.told.back(), "Pass");
+        press(Qt::Key_Return);
+    });
     nextTile(1);
     for (const int column : {3, 4}) game->CellTable[12][column].fill(game->TileKinds[1]);
     for (int row = 9; row <= 12; ++row) game->CellTable[row][5].empty();

@@ -92,12 +92,11 @@ class DialogFit : public Window {
     template <class Dialog>
     void inDialog(const char* toolTip, FormRef<Dialog>& dialog, const std::function<void(QWidget&)>& action) {
         bool done = false;
-        once([&] { return dialog.isOpen(); },
-             [&] {
-                 action(*platform::qt::windowOf(dialog->form));
-                 done = true;
-                 press(Qt::Key_Escape);
-             });
+        whenOpen(dialog, [&] {
+            action(*platform::qt::windowOf(dialog->form));
+            done = true;
+            press(Qt::Key_Escape);
+        });
         click(toolTip);
         EXPECT_TRUE(done);
     }
@@ -220,11 +219,10 @@ TEST_F(DialogFit, AScreenReaderTellsWhatEachFieldIs) {
         for (const TextRow& row : aboutTexts) EXPECT_EQ(spokenOf(faceAt(form, row)), row.text);
     });
     gfrmGetName->msLoadFormVariables(640);
-    once([] { return gfrmGetName.isOpen(); },
-         [&] {
-             EXPECT_EQ(spokenOf(gfrmGetName->txtName.impl().face.get()), "Your name");
-             press(Qt::Key_Return);
-         });
+    whenOpen(gfrmGetName, [&] {
+        EXPECT_EQ(spokenOf(gfrmGetName->txtName.impl().face.get()), "Your name");
+        press(Qt::Key_Return);
+    });
     gfrmGetName.showModal();
 }
 
@@ -241,22 +239,13 @@ TEST_F(DialogFit, ThePictureIsSmoothedWhereAPixelIsNoWholeNumberOfDots) {
     EXPECT_EQ(mixed > 0, scale != std::floor(scale)) << mixed << " at scale " << scale;
 }
 
-/// Passes the tests of that name in a process of its own that has another setting in its environment.
-void passWith(const QString& setting) {
-    outputOf("env", {setting, QApplication::applicationFilePath(), "--gtest_filter=DialogFit.The*"});
-}
-
 TEST_F(DialogFit, ScaledByTwoAndOneAndAHalf) {
-    for (const char* scale : {"2", "1.5"}) passWith(QString("QT_SCALE_FACTOR=") + scale);
+    for (const char* scale : {"2", "1.5"}) passWith(QString("QT_SCALE_FACTOR=") + scale, "DialogFit.The*");
 }
 
 TEST_F(DialogFit, OnADesktopWithoutFonts) {
     const QTemporaryDir folder;
-    QFile settings(folder.filePath("fonts.conf"));
-    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
-    settings.write(QString("<fontconfig><dir>%1</dir></fontconfig>").arg(folder.path()).toUtf8());
-    settings.close();
-    passWith("FONTCONFIG_FILE=" + settings.fileName());
+    passWith(withoutFonts(folder.path()), "DialogFit.The*");
 }
 
 }  // namespace

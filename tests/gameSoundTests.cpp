@@ -16,8 +16,8 @@
 
 #include "frmMain.h"
 #include "match/frmChooseSeat.h"
-#include "platform/qt/application.h"
 #include "presentation/buttons.h"
+#include "tests/application.h"
 #include "tests/ear.h"
 #include "tests/soundFiles.h"
 
@@ -25,14 +25,6 @@ namespace {
 
 constexpr float audible = 0.002F;
 constexpr int longEnough = 20000;  // milliseconds that anything here may take at most
-
-void setUpApplication() {
-    static int argc = 1;
-    static char name[] = "velmora_sound_tests";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const platform::Application application(argc, argv, "Velmora", "velmora");
-}
 
 class GameSound : public testing::Test {
   protected:

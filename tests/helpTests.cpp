@@ -374,21 +374,20 @@ TEST_F(Help, EachWindowKeepsItsKeys) {
     for (int i = 0; i < 4; ++i) press(Qt::Key_Left);
     EXPECT_EQ(game->mintCurCol, 1);
     bool asked = false;
-    once([] { return gfrmChooseTiles.isOpen(); },
-         [&] {
-             asked = true;
-             help()->activateWindow();
-             ASSERT_TRUE(QTest::qWaitForWindowActive(help()));
-             pressInHelp(Qt::Key_Return);
-             pressInHelp(Qt::Key_Right);
-             EXPECT_TRUE(gfrmChooseTiles.isOpen()) << "an offer isn't answered from the help";
-             EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 1);
-             QTest::keyClicks(&part<QLineEdit>(), "tile");
-             EXPECT_EQ(part<QLineEdit>().text(), "tile");
-             window->activateWindow();
-             ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-             press(Qt::Key_Return);
-         });
+    whenOpen(gfrmChooseTiles, [&] {
+        asked = true;
+        help()->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(help()));
+        pressInHelp(Qt::Key_Return);
+        pressInHelp(Qt::Key_Right);
+        EXPECT_TRUE(gfrmChooseTiles.isOpen()) << "an offer isn't answered from the help";
+        EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 1);
+        QTest::keyClicks(&part<QLineEdit>(), "tile");
+        EXPECT_EQ(part<QLineEdit>().text(), "tile");
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+        press(Qt::Key_Return);
+    });
     press(Qt::Key_Down);
     EXPECT_EQ(page().verticalScrollBar()->value(), scrolled);
     EXPECT_TRUE(waitFor([&] { return asked && gfrmChooseTiles.empty(); }));

@@ -41,12 +41,11 @@ class OrderWindow : public Window {
     /// Opens the form by its button and does something there; it is closed afterwards if it is still open.
     void inForm(const std::function<void()>& action) {
         bool done = false;
-        once([] { return gfrmOrder.isOpen(); },
-             [&] {
-                 action();
-                 done = true;
-                 if (gfrmOrder.isOpen()) gfrmOrder->form.unload();
-             });
+        whenOpen(gfrmOrder, [&] {
+            action();
+            done = true;
+            if (gfrmOrder.isOpen()) gfrmOrder->form.unload();
+        });
         click("Order");
         EXPECT_TRUE(done);
         EXPECT_TRUE(gfrmOrder.empty());

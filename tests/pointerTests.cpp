@@ -46,15 +46,14 @@ class Pointer : public Window {
 
 TEST_F(Pointer, AClickDrawsASeat) {
     int kind = 0;
-    once([] { return gfrmChooseSeat.isOpen(); },
-         [&] {
-             kind = gfrmChooseSeat->malngSeatTiles[3];
-             clickAt({270 + 10, 163 + 10});
-             clickAt({270 + 134 + 15, 163 + 108 + 20}, Qt::RightButton);
-             EXPECT_FALSE(gfrmChooseSeat->mblnDrawn);
-             EXPECT_EQ(gfrmChooseSeat->mintSelTile, 3);
-             clickAt({270 + 134 + 15, 163 + 108 + 20});
-         });
+    whenOpen(gfrmChooseSeat, [&] {
+        kind = gfrmChooseSeat->malngSeatTiles[3];
+        clickAt({270 + 10, 163 + 10});
+        clickAt({270 + 134 + 15, 163 + 108 + 20}, Qt::RightButton);
+        EXPECT_FALSE(gfrmChooseSeat->mblnDrawn);
+        EXPECT_EQ(gfrmChooseSeat->mintSelTile, 3);
+        clickAt({270 + 134 + 15, 163 + 108 + 20});
+    });
     click("Start Anew");
     EXPECT_EQ(game->mlngSeat, kind - 27);
 }
@@ -62,16 +61,15 @@ TEST_F(Pointer, AClickDrawsASeat) {
 TEST_F(Pointer, AnOfferIsAnsweredByKeysAlone) {
     startMatch();
     bool asked = false;
-    once([] { return gfrmChooseTiles.isOpen(); },
-         [&] {
-             asked = true;
-             for (const QPoint& at : {QPoint(365, 460), QPoint(470, 460), QPoint(560, 460)}) {
-                 clickAt(at);
-                 ASSERT_TRUE(gfrmChooseTiles.isOpen()) << at.x();
-                 EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 1) << at.x();
-             }
-             press(Qt::Key_Return);
-         });
+    whenOpen(gfrmChooseTiles, [&] {
+        asked = true;
+        for (const QPoint& at : {QPoint(365, 460), QPoint(470, 460), QPoint(560, 460)}) {
+            clickAt(at);
+            ASSERT_TRUE(gfrmChooseTiles.isOpen()) << at.x();
+            EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 1) << at.x();
+        }
+        press(Qt::Key_Return);
+    });
     nextTile(1);
     for (const int column : {3, 4}) game->CellTable[12][column].fill(game->TileKinds[1]);
     press(Qt::Key_Down);
@@ -87,20 +85,19 @@ TEST_F(Pointer, AtRestItChoosesNothing) {
         QApplication::processEvents();
     }
     bool asked = false;
-    once([] { return gfrmChooseSeat.isOpen(); },
-         [&] {
-             asked = true;
-             EXPECT_EQ(gfrmChooseSeat->mintSelTile, 1);
-             restAt(onThird);
-             EXPECT_EQ(gfrmChooseSeat->mintSelTile, 1);
-             moveTo(onThird + QPoint(1, 0));
-             EXPECT_EQ(gfrmChooseSeat->mintSelTile, 3);
-             press(Qt::Key_Left);
-             EXPECT_EQ(gfrmChooseSeat->mintSelTile, 2);
-             moveTo(besideThem);
-             EXPECT_EQ(gfrmChooseSeat->mintSelTile, 2);
-             press(Qt::Key_Enter);
-         });
+    whenOpen(gfrmChooseSeat, [&] {
+        asked = true;
+        EXPECT_EQ(gfrmChooseSeat->mintSelTile, 1);
+        restAt(onThird);
+        EXPECT_EQ(gfrmChooseSeat->mintSelTile, 1);
+        moveTo(onThird + QPoint(1, 0));
+        EXPECT_EQ(gfrmChooseSeat->mintSelTile, 3);
+        press(Qt::Key_Left);
+        EXPECT_EQ(gfrmChooseSeat->mintSelTile, 2);
+        moveTo(besideThem);
+        EXPECT_EQ(gfrmChooseSeat->mintSelTile, 2);
+        press(Qt::Key_Enter);
+    });
     game->msStartAnew();
     EXPECT_TRUE(asked);
 }
@@ -121,7 +118,7 @@ TEST_F(Pointer, AToolButtonUnderItRisesUnlessSomethingIsOnTop) {
         EXPECT_EQ(edgeOnScreen(), flat);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     };
-    once([] { return gfrmHiScore.isOpen(); }, seeFlat);
+    whenOpen(gfrmHiScore, seeFlat);
     clickAt(middle);
     EXPECT_NE(edgeOnScreen(), flat);
     const auto boxHasKeys = [] { return dynamic_cast<QPushButton*>(QApplication::focusWidget()) != nullptr; };

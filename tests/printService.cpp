@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/prctl.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QLocalSocket>
@@ -100,4 +101,14 @@ std::string sheetIn(const std::string& pdf) {
     }
     while (text.ends_with("\n\n")) text.pop_back();
     return text;
+}
+
+void passWith(const QString& setting, const QString& tests) {
+    outputOf("env", {setting, QCoreApplication::applicationFilePath(), "--gtest_filter=" + tests});
+}
+
+QString withoutFonts(const QString& folder) {
+    const QString settings = folder + "/fonts.conf";
+    writeFile(settings, QString("<fontconfig><dir>%1</dir></fontconfig>").arg(folder), QFile::ReadOwner);
+    return "FONTCONFIG_FILE=" + settings;
 }

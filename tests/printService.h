@@ -28,3 +28,9 @@ std::string outputOf(const QString& program, const QStringList& arguments);
 
 /// The text of a PDF in its columns, from the first line that holds any; a form feed stands before each further page.
 std::string sheetIn(const std::string& pdf);
+
+/// Passes these tests of the same program in a process of its own that has another setting in its environment.
+void passWith(const QString& setting, const QString& tests);
+
+/// The setting of a desktop that has no fonts; its file is written into the folder.
+QString withoutFonts(const QString& folder);

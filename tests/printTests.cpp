@@ -24,10 +24,10 @@
 #include "forms/orderSheet.h"
 #include "platform/form.h"
 #include "platform/printer.h"
-#include "platform/qt/application.h"
 #include "platform/qt/modules.h"
 #include "platform/qt/printing.h"
 #include "platform/runtime.h"
+#include "tests/application.h"
 #include "tests/expectedSheet.h"
 #include "tests/printService.h"
 
@@ -54,19 +54,11 @@ class Reader : public QObject {
     }
 };
 
-void setUpApplication() {
-    static int argc = 1;
-    static char name[] = "velmora_print_tests";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("LC_ALL", qEnvironmentVariable("VELMORA_TEST_LOCALE", "C.UTF-8").toLocal8Bit());
-    static const platform::Application application(argc, argv, "Velmora", "velmora");
-}
-
 /// A user with a home of their own and no printer.
 class Printing : public ::testing::Test {
   protected:
     void SetUp() override {
+        qputenv("LC_ALL", qEnvironmentVariable("VELMORA_TEST_LOCALE", "C.UTF-8").toLocal8Bit());
         setUpApplication();
         ASSERT_TRUE(home.isValid());
         qputenv("HOME", home.path().toLocal8Bit());
@@ -298,20 +290,12 @@ TEST_F(Printing, ThePaperIsTheUsualOne) {
     EXPECT_NE(text.find(width), std::string::npos) << text;
 }
 
-/// Passes one of these tests in a process of its own that has another setting in its environment.
-void passWith(const QString& setting, const QString& test) {
-    outputOf("env", {setting, QApplication::applicationFilePath(), "--gtest_filter=Printing." + test});
+TEST_F(Printing, ThePaperIsLetterInAmerica) {
+    passWith("VELMORA_TEST_LOCALE=en_US.UTF-8", "Printing.ThePaperIsTheUsualOne");
 }
 
-TEST_F(Printing, ThePaperIsLetterInAmerica) { passWith("VELMORA_TEST_LOCALE=en_US.UTF-8", "ThePaperIsTheUsualOne"); }
-
 TEST_F(Printing, ADesktopWithoutFontsPrintsInTheProgramsOwn) {
-    QFile settings(home.filePath("fonts.conf"));
-    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
-    settings.write(QString("<fontconfig><dir>%1</dir></fontconfig>").arg(home.path()).toUtf8());
-    settings.close();
-    for (const char* test : {"AColumnIsACharacterOfTheFontFromTheEdge", "EveryLetterTakesOneColumn"})
-        passWith("FONTCONFIG_FILE=" + settings.fileName(), test);
+    passWith(withoutFonts(home.path()), "Printing.AColumnIs*:Printing.EveryLetter*");
 }
 
 TEST_F(Printing, ASlowServiceKeepsTheFormWaitingAndServed) {

@@ -16,11 +16,11 @@
 #include <set>
 
 #include "platform/form.h"
-#include "platform/qt/application.h"
 #include "platform/qt/control.h"
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
 #include "platform/utf8.h"
+#include "tests/application.h"
 #include "tests/contractDriver.h"
 #include "tests/soundFiles.h"
 
@@ -79,12 +79,8 @@ class Person : public QObject {
 };
 
 Person& person() {
-    static int argc = 1;
-    static char name[] = "velmora_qt_contract";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("SDL_AUDIODRIVER", "dummy");
-    static const platform::Application application(argc, argv, "Program", "program");
+    setUpApplication("offscreen", "Program");
     static Person thePerson;
     return thePerson;
 }

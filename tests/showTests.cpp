@@ -10,7 +10,7 @@
 #include <cstdlib>
 
 #include "frmMain.h"
-#include "platform/qt/application.h"
+#include "tests/application.h"
 #include "tools/album/hands.h"
 #include "tools/album/player.h"
 
@@ -85,11 +85,7 @@ class Onlooker : public QObject {
 };
 
 TEST(Show, LeavesTheWholePictureOnTheScreenEachTime) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int argc = 1;
-    static char name[] = "velmora_show_tests";
-    static char* argv[] = {name, nullptr};
-    platform::Application application(argc, argv, "Velmora", "velmora");
+    setUpApplication();
     const auto game = gfrmMain.hold();
     game->form.show();
     const QWidgetList windows = QApplication::topLevelWidgets();

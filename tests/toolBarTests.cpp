@@ -124,8 +124,7 @@ TEST_F(ToolBarKeys, TheKeysAreTheToolbarsUntilItIsLeft) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Enter}) {
         const bool peek = game->mblnPeek;
         QTest::keyPress(window, key);
-        QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
-        QApplication::sendEvent(window, &again);
+        repeat(key);
         QTest::keyRelease(window, key);
         EXPECT_EQ(game->mblnPeek, !peek) << key;
         EXPECT_EQ(marked(), peek ? "Peek:Off" : "Peek:On");
@@ -140,8 +139,7 @@ TEST_F(ToolBarKeys, TheKeysAreTheToolbarsUntilItIsLeft) {
         {"F10, held",
          [this] {
              QTest::keyPress(window, Qt::Key_F10);
-             QKeyEvent again(QEvent::KeyPress, Qt::Key_F10, Qt::NoModifier, QString(), true);
-             QApplication::sendEvent(window, &again);
+             repeat(Qt::Key_F10);
              QTest::keyRelease(window, Qt::Key_F10);
          }},
         {"a click on the board",
@@ -173,18 +171,16 @@ TEST_F(ToolBarKeys, ADialogTakesTheKeys) {
     startMatch();
     nextTile(1);
     bool shown = false;
-    once([] { return gfrmHiScore.isOpen(); },
-         [&] {
-             shown = true;
-             QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
-             QApplication::sendEvent(window, &again);
-             EXPECT_TRUE(gfrmHiScore.isOpen()) << "held since before it opened";
-             QTest::keyRelease(window, Qt::Key_Return);
-             EXPECT_EQ(marked(), "");
-             press(Qt::Key_F10);
-             EXPECT_EQ(marked(), "");
-             press(Qt::Key_Escape);
-         });
+    whenOpen(gfrmHiScore, [&] {
+        shown = true;
+        repeat(Qt::Key_Return);
+        EXPECT_TRUE(gfrmHiScore.isOpen()) << "held since before it opened";
+        QTest::keyRelease(window, Qt::Key_Return);
+        EXPECT_EQ(marked(), "");
+        press(Qt::Key_F10);
+        EXPECT_EQ(marked(), "");
+        press(Qt::Key_Escape);
+    });
     goTo("High Scores");
     QTest::keyPress(window, Qt::Key_Return);
     EXPECT_TRUE(shown);
@@ -192,13 +188,12 @@ TEST_F(ToolBarKeys, ADialogTakesTheKeys) {
     EXPECT_EQ(marked(), "");
     EXPECT_TRUE(boardHasKeys());
 
-    once([] { return gfrmRoundsSetting.isOpen(); },
-         [this] {
-             press(Qt::Key_Up);
-             press(Qt::Key_F10);
-             press(Qt::Key_Up);
-             press(Qt::Key_Return);
-         });
+    whenOpen(gfrmRoundsSetting, [this] {
+        press(Qt::Key_Up);
+        press(Qt::Key_F10);
+        press(Qt::Key_Up);
+        press(Qt::Key_Return);
+    });
     gintNumRounds = 4;
     goTo("Rounds Setting");
     press(Qt::Key_Space);

@@ -6,24 +6,16 @@
 
 #include "match/frmChooseSeat.h"
 #include "platform/help.h"
-#include "platform/qt/application.h"
+#include "tests/application.h"
 
 namespace {
 
 constexpr int longEnough = 10000;  // milliseconds that anything here may take at most
 
-void setUpApplication(const char* desktop) {
-    static int argc = 1;
-    static char name[] = "velmora_window_tests";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", desktop);
-    qputenv("SDL_AUDIODRIVER", "dummy");
-    static const platform::Application application(argc, argv, "Velmora", "velmora");
-}
-
 }  // namespace
 
 void Window::SetUp() {
+    qputenv("SDL_AUDIODRIVER", "dummy");
     setUpApplication(desktop);
     game = gfrmMain.hold();
     game->form.show();
@@ -47,6 +39,11 @@ void Window::click(const QString& toolTip) {
 
 void Window::press(Qt::Key key, Qt::KeyboardModifiers modifiers) { QTest::keyClick(window, key, modifiers); }
 
+void Window::repeat(Qt::Key key) {
+    QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(window, &again);
+}
+
 void Window::once(std::function<bool()> condition, std::function<void()> action) {
     auto* timer = new QTimer(window);
     QObject::connect(timer, &QTimer::timeout, window, [=] {
@@ -66,7 +63,7 @@ void Window::bringToFront() {
 }
 
 void Window::startMatch() {
-    once([] { return gfrmChooseSeat.isOpen(); }, [this] { press(Qt::Key_Enter); });
+    whenOpen(gfrmChooseSeat, [this] { press(Qt::Key_Enter); });
     click("Start Anew");
     EXPECT_EQ(game->mintCurRow, noRow);
 }

@@ -18,8 +18,15 @@ class Window : public ::testing::Test {
     void click(const QString& toolTip);
     /// Presses a key with the game's window in front, and lets it go.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// The key is held since it was pressed, and repeats.
+    void repeat(Qt::Key key);
     /// Does something as soon as the condition holds, also inside a dialog's own loop.
     void once(std::function<bool()> condition, std::function<void()> action);
+    /// Does something as soon as the dialog has opened.
+    template <class Dialog>
+    void whenOpen(const FormRef<Dialog>& dialog, std::function<void()> action) {
+        once([&] { return dialog.isOpen(); }, std::move(action));
+    }
     /// False if the condition doesn't come to hold for longer than anything here may take.
     bool waitFor(const std::function<bool()>& condition);
 

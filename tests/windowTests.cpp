@@ -39,22 +39,20 @@ TEST_F(Window, AHandIsPlayedToItsEndAndTheNextBegins) {
     EXPECT_EQ(game->mintCurCol, 3);
 
     bool offered = false;
-    once([] { return gfrmChooseTiles.isOpen(); },
-         [&] {
-             offered = true;
-             EXPECT_EQ(gfrmChooseTiles->mintNumEntries, 2);
-             press(Qt::Key_Right);
-             EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 2);
-             press(Qt::Key_Left, Qt::KeypadModifier);
-             press(Qt::Key_Enter, Qt::KeypadModifier);
-         });
+    whenOpen(gfrmChooseTiles, [&] {
+        offered = true;
+        EXPECT_EQ(gfrmChooseTiles->mintNumEntries, 2);
+        press(Qt::Key_Right);
+        EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 2);
+        press(Qt::Key_Left, Qt::KeypadModifier);
+        press(Qt::Key_Enter, Qt::KeypadModifier);
+    });
     bool brokenDown = false;
-    once([] { return gfrmBreakDown.isOpen(); },
-         [&] {
-             brokenDown = true;
-             EXPECT_FALSE(game->Timer1.enabled());
-             press(Qt::Key_Escape);
-         });
+    whenOpen(gfrmBreakDown, [&] {
+        brokenDown = true;
+        EXPECT_FALSE(game->Timer1.enabled());
+        press(Qt::Key_Escape);
+    });
     press(Qt::Key_Down);
     EXPECT_TRUE(waitFor([&] { return game->mintGamesWon == 1; }));
     EXPECT_TRUE(waitFor([&] { return brokenDown; }));
@@ -113,16 +111,15 @@ TEST_F(Window, TheWindowShowsThePictureAndTheChooserLiesOverItsPanel) {
     press(Qt::Key_Left);
     press(Qt::Key_Left);
     bool looked = false;
-    once([] { return gfrmChooseTiles.isOpen(); },
-         [&] {
-             looked = true;
-             EXPECT_EQ(differences(gfrmChooseTiles->picWork, 353, 436, 400, 2), 0);
-             platform::Surface below(400, 80);
-             platform::BitBlt(below, 0, 0, 400, 80, gfrmChooseTiles->picWork, 0, 60, platform::SRCCOPY);
-             EXPECT_EQ(differences(below, 353, 436 + 60, 400, 80), 0);
-             EXPECT_EQ(window->grab().toImage().pixel(353 + 4, 436 + 4), qRgb(255, 0, 0)) << "the highlight";
-             press(Qt::Key_Enter);
-         });
+    whenOpen(gfrmChooseTiles, [&] {
+        looked = true;
+        EXPECT_EQ(differences(gfrmChooseTiles->picWork, 353, 436, 400, 2), 0);
+        platform::Surface below(400, 80);
+        platform::BitBlt(below, 0, 0, 400, 80, gfrmChooseTiles->picWork, 0, 60, platform::SRCCOPY);
+        EXPECT_EQ(differences(below, 353, 436 + 60, 400, 80), 0);
+        EXPECT_EQ(window->grab().toImage().pixel(353 + 4, 436 + 4), qRgb(255, 0, 0)) << "the highlight";
+        press(Qt::Key_Enter);
+    });
     press(Qt::Key_Down);
     EXPECT_TRUE(waitFor([&] { return looked && gfrmChooseTiles.empty(); }));
 }
@@ -242,26 +239,24 @@ TEST_F(Window, AMatchEntersTheTableAndTheNextRunShowsIt) {
     game->mlngScore = 640;
     game->mintRoundsPlayed = gintNumRounds;
     // Enter is held from the summary on: it closes nothing more until it is let go.
-    once([] { return gfrmGameSummary.isOpen(); }, [&] { QTest::keyPress(window, Qt::Key_Return); });
+    whenOpen(gfrmGameSummary, [&] { QTest::keyPress(window, Qt::Key_Return); });
     bool named = false, shown = false;
-    once([] { return gfrmGetName.isOpen(); },
-         [&] {
-             QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
-             QApplication::sendEvent(window, &again);
-             EXPECT_TRUE(gfrmGetName.isOpen());
-             QTest::keyRelease(window, Qt::Key_Return);
-             QTest::keyClicks(QApplication::focusWidget(), "Zoe x12345678");
-             EXPECT_EQ(gfrmGetName->txtName.text(), "Zoe x12345");
-             named = true;
-             press(Qt::Key_Return);
-         });
+    whenOpen(gfrmGetName, [&] {
+        repeat(Qt::Key_Return);
+        EXPECT_TRUE(gfrmGetName.isOpen());
+        QTest::keyRelease(window, Qt::Key_Return);
+        QTest::keyClicks(QApplication::focusWidget(), "Zoe x12345678");
+        EXPECT_EQ(gfrmGetName->txtName.text(), "Zoe x12345");
+        named = true;
+        press(Qt::Key_Return);
+    });
     const auto lookAtTable = [&] {
         shown = true;
         EXPECT_EQ(platform::qt::windowOf(gfrmHiScore->form)->accessibleName().toStdString(),
                   "Top five high scores. 1: Zoe x12345, rounds played 4, Level 1, score 640");
         press(Qt::Key_Escape);
     };
-    once([] { return gfrmHiScore.isOpen(); }, lookAtTable);
+    whenOpen(gfrmHiScore, lookAtTable);
     EXPECT_TRUE(waitFor([&] { return shown && gfrmHiScore.empty(); }));
     EXPECT_TRUE(named);
 
@@ -269,7 +264,7 @@ TEST_F(Window, AMatchEntersTheTableAndTheNextRunShowsIt) {
     gaudtHiScore = {};
     SetUp();
     shown = false;
-    once([] { return gfrmHiScore.isOpen(); }, lookAtTable);
+    whenOpen(gfrmHiScore, lookAtTable);
     click("High Scores");
     EXPECT_TRUE(shown);
     EXPECT_EQ(gaudtHiScore[1].strName.text(), "Zoe x12345");
@@ -284,26 +279,26 @@ TEST_F(WindowDeathTest, TheWaysOutEndTheProgramFromAnywhere) {
         startMatch();
         nextTile(1);
     };
-    const auto closeOnce = [this](bool (*isOpen)()) { once(isOpen, [this] { window->close(); }); };
+    const auto close = [this] { window->close(); };
     struct {
         const char* what;
         std::function<void()> leave;
     } const ways[] = {
-        {"idle", [&] { window->close(); }},
+        {"idle", close},
         {"the Exit button", [&] { click("Exit"); }},
-        {"a tile falling", [&] { letATileFall(), window->close(); }},
+        {"a tile falling", [&] { letATileFall(), close(); }},
         {"the Exit button, a tile falling", [&] { letATileFall(), click("Exit"); }},
-        {"over the draw of the seat", [&] { closeOnce([] { return gfrmChooseSeat.isOpen(); }), click("Start Anew"); }},
+        {"over the draw of the seat", [&] { whenOpen(gfrmChooseSeat, close), click("Start Anew"); }},
         {"over an order, half typed",
          [&] {
-             once([] { return gfrmOrder.isOpen(); }, [&] { QTest::keyClicks(window, "Ann"), window->close(); });
+             whenOpen(gfrmOrder, [&] { QTest::keyClicks(window, "Ann"), window->close(); });
              click("Order");
          }},
         {"over an offer",
          [&] {
              letATileFall();
              game->CellTable[12][4].fill(game->TileKinds[1]);
-             closeOnce([] { return gfrmChooseTiles.isOpen(); });
+             whenOpen(gfrmChooseTiles, close);
              press(Qt::Key_Down);
              waitFor([] { return false; });
          }},
