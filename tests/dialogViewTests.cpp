@@ -165,8 +165,7 @@ TEST_F(DialogViews, TheBreakDownListsItsItemsOnTheTable) {
     gstrScoreDesc.clear();
     for (const char* const item : items) gstrScoreDesc += (gstrScoreDesc.empty() ? "" : ",") + std::string(item);
     glngHandPoints = 1638400;
-    auto expected = ExpectedTable().score("0").tile(5, 1, "c1").seats(1, 1, 1);
-    expected =
+    auto expected =
         ExpectedTable().seats(1, 1, 1).score("0").tile(5, 1, "c1").dialog("102", 64, 222).repeatRow(64, 550, 667);
     const auto print = [&](int x, int y, int shadowX, const std::string& text, bool shadow) {
         expected.text({text,

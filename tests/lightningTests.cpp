@@ -166,16 +166,12 @@ TEST_F(Lightning, AnyKeyEndsItAndStillWorks) {
 }
 
 TEST_F(Lightning, AnOfferEndsIt) {
-    struct {
-        const char* what;
-        bool due, shown;
-    } const cases[] = {{"due", true, false}, {"shown", false, true}};
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.what);
+    for (const bool shown : {false, true}) {
+        SCOPED_TRACE(shown ? "shown" : "due");
         beginHand();
         setBoard({"c1 c2 . . . . . . ."});
         game->mblnLightningDue = true;
-        if (row.shown) game->msDrawLightning();
+        if (shown) game->msDrawLightning();
         bool looked = false;
         land("c3", 3, [&] {
             looked = true;

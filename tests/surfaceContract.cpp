@@ -164,6 +164,7 @@ TEST(SurfaceContract, WhatHasChangedIsKnownAndNothingElse) {
     const Grid one(0x10305), two(0x5070B);
     const Surface other(two.picture), mask(gridWidth, gridHeight);  // the mask is black all over
     Surface surface(one.picture);
+    const auto paintsMasked = [&] { paintMasked(surface, {5, 0, 2, 2}, {mask, 0, 0}, {other, 0, 0}); };
     struct {
         const char* what;
         std::function<void()> draws;
@@ -171,16 +172,8 @@ TEST(SurfaceContract, WhatHasChangedIsKnownAndNothingElse) {
     } const cases[] = {
         {"a copy", [&] { BitBlt(surface, 1, 2, 3, 2, other, 0, 0, SRCCOPY); }, {{1, 2, 3, 2}}},
         {"the same copy", [&] { BitBlt(surface, 1, 2, 3, 2, other, 0, 0, SRCCOPY); }, {}},
-        {"a masked picture",
-         [&] {
-             paintMasked(surface, {5, 0, 2, 2}, {mask, 0, 0}, {other, 0, 0});
-         },
-         {{5, 0, 2, 2}}},
-        {"the same picture",
-         [&] {
-             paintMasked(surface, {5, 0, 2, 2}, {mask, 0, 0}, {other, 0, 0});
-         },
-         {}},
+        {"a masked picture", paintsMasked, {{5, 0, 2, 2}}},
+        {"the same picture", paintsMasked, {}},
         {"a cut one", [&] { BitBlt(surface, -1, -1, 2, 2, mask, 0, 0, SRCAND); }, {{0, 0, 1, 1}}},
         {"nothing", [] {}, {}},
         {"a clear", [&] { surface.clear(); }, {{0, 0, gridWidth, gridHeight}}},

@@ -61,24 +61,18 @@ TEST_F(Table, LandedTilesStayInTheirViews) {
         ExpectedTable().seats(3, 1, 1).score("0").board({"c1 . . b5 N w9 . . R"}).tile(5, 1, "G").isSeenOn(shown));
 }
 
-TEST_F(Table, ABoardThatIsFullIsSeenToItsEdges) {
-    beginHand(2);
-    const std::vector<std::string> full(12, "c1 . . . E . . . w9");
-    setBoard(full);
-    game->msDrawPlayArea();
-    game->msShowPicture();
-    EXPECT_TRUE(ExpectedTable().board(full).isSeenOn(shown));
-}
-
-TEST_F(Table, EveryFaceIsTheOneOfItsKind) {
-    beginHand(2);
-    const std::vector<std::string> rows = {"c1 c2 c3 c4 c5 c6 c7 c8 c9", "b1 b2 b3 b4 b5 b6 b7 b8 b9",
-                                           "w1 w2 w3 w4 w5 w6 w7 w8 w9", "E S W N R G B s1 s2",
-                                           "s3 s4 f1 f2 f3 f4 . . ."};
-    setBoard(rows);
-    game->msDrawPlayArea();
-    game->msShowPicture();
-    EXPECT_TRUE(ExpectedTable().board(rows).isSeenOn(shown));
+TEST_F(Table, EveryFaceIsTheOneOfItsKindAndAFullBoardIsSeenToItsEdges) {
+    const std::vector<std::string> boards[] = {
+        {"c1 c2 c3 c4 c5 c6 c7 c8 c9", "b1 b2 b3 b4 b5 b6 b7 b8 b9", "w1 w2 w3 w4 w5 w6 w7 w8 w9",
+         "E S W N R G B s1 s2", "s3 s4 f1 f2 f3 f4 . . ."},
+        std::vector<std::string>(12, "c1 . . . E . . . w9")};
+    for (const auto& rows : boards) {
+        beginHand(2);
+        setBoard(rows);
+        game->msDrawPlayArea();
+        game->msShowPicture();
+        EXPECT_TRUE(ExpectedTable().board(rows).isSeenOn(shown)) << rows[0];
+    }
 }
 
 TEST_F(Table, TheNextTileShowsWithPeekFromTheNextShowOn) {
