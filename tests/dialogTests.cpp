@@ -1,6 +1,5 @@
 // The dialogs as a person meets them: keys, focus, and what they leave.
 
-#include "match/frmChooseSeat.h"
 #include "platform/sim/simulation.h"
 #include "play/frmChooseTiles.h"
 #include "tests/gameFixture.h"
@@ -89,64 +88,6 @@ TEST_F(Dialogs, TheChooserStaysUntilEnterAndTheFallStands) {
     const double entered = sim::now();
     while (game->mintCurRow == 1) sim::step();
     EXPECT_DOUBLE_EQ(sim::now() - entered, 400) << "the next tile stands in its first row as long as in any";
-}
-
-TEST_F(Dialogs, AKeyHeldSinceBeforeADialogDoesNothingInIt) {
-    beginHand();
-    sim::runFor(500);
-    const TileKind& face = game->TileKinds[game->TileKindOf[game->mintCurTile]];
-    ASSERT_EQ(face.Bonus, 0) << "the seed's first tile pairs";
-    game->CellTable[12][4].fill(face);
-    game->CellTable[12][6].fill(face);
-    bool asked = false;
-    sim::setHands([&] {
-        if (sim::modalDepth() == 0 || asked) return;
-        asked = true;
-        EXPECT_EQ(gfrmChooseTiles->mintNumEntries, 4);
-        for (int repeat = 0; repeat < 3; ++repeat) {
-            sim::keyDown(Right);
-            EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 1);
-        }
-        sim::keyUp(Right);
-        sim::keyDown(Right);
-        EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 2);
-        sim::keyUp(Right);
-        sim::pressKey(Enter);
-    });
-    sim::pressKey(Down);
-    sim::keyDown(Right);
-    sim::runFor(200);
-    EXPECT_TRUE(asked);
-}
-
-TEST_F(Dialogs, TheSeatIsTheWindUnderTheFrame) {
-    struct {
-        std::vector<int> keys;
-        int tile;
-    } const cases[] = {
-        {{}, 1}, {{Left}, 4}, {{Right}, 2}, {{Left, Right}, 1}, {{Pad4, 'A'}, 4}, {{Right, Pad6, Right}, 4}};
-    for (const auto& row : cases) {
-        int expected = 0;
-        sim::setHands([&] {
-            if (sim::modalDepth() == 0 || gfrmChooseSeat->mblnDrawn) return;
-            for (const int key : row.keys) sim::pressKey(key);
-            EXPECT_EQ(gfrmChooseSeat->mintSelTile, row.tile);
-            expected = gfrmChooseSeat->malngSeatTiles[row.tile] - 27;
-            const double before = sim::now();
-            // Keys during the two seconds of turned tiles change nothing.
-            sim::postAfter(1000, [] {
-                for (const int key : {int{Right}, int{Enter}, int{Escape}}) sim::pressKey(key);
-            });
-            sim::pressKey(Enter);
-            EXPECT_NEAR(sim::now() - before, 2000, 50);
-        });
-        sim::clickToolButton(Button::StartAnew);
-        sim::setHands({});
-        EXPECT_EQ(game->mlngSeat, expected);
-        EXPECT_GE(game->mlngSeat, 1);
-        EXPECT_LE(game->mlngSeat, 4);
-        EXPECT_EQ(game->mlngHouse, 1);
-    }
 }
 
 TEST_F(Dialogs, RoundsSettingAnswersTheKeyboard) {

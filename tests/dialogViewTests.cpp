@@ -134,9 +134,11 @@ TEST_F(DialogViews, TheSeatDrawTurnsItsTilesOver) {
         auto faceDown = dialog();
         for (const int left : lefts) faceDown.tileBack(270 + left, 163 + 108);
         EXPECT_TRUE(faceDown.isSeenOn(shown));
-        for (const int left : lefts) {
-            expectFrame(gfrmChooseSeat->shpSeat, left - 3, 105, 36, 45, 3, 0xFF00FF);
-            sim::pressKey(Right);
+        for (const int key : {Right, Pad6}) {
+            for (const int left : lefts) {
+                expectFrame(gfrmChooseSeat->shpSeat, left - 3, 105, 36, 45, 3, 0xFF00FF);
+                sim::pressKey(key);
+            }
         }
         expectDeaf({Escape, Space, Tab, Up, Down, 'S', '1'});
         int32_t kind = 32;
@@ -145,10 +147,13 @@ TEST_F(DialogViews, TheSeatDrawTurnsItsTilesOver) {
             auto open = dialog();
             for (int i = 0; i < 4; ++i) open.straightTile(270 + lefts[i], 163 + 108, std::string(1, "NWSE"[i]));
             EXPECT_TRUE(open.isSeenOn(shown));
-            expectDeaf({Enter, Escape});
+            expectDeaf({Enter, Escape, Right});
+            expectFrame(gfrmChooseSeat->shpSeat, 173, 105, 36, 45, 3, 0xFF00FF);
         });
-        sim::pressKey(Left);
+        for (const int key : {Left, Pad4, Right}) sim::pressKey(key);
+        const double turned = sim::now();
         sim::pressKey(Enter);
+        EXPECT_NEAR(sim::now() - turned, 2000, 50);
     });
     sim::clickToolButton(Button::StartAnew);
     EXPECT_TRUE(looked);
