@@ -406,11 +406,4 @@ TEST_F(HelpDeathTest, ItGoesWithTheProgram) {
         ::testing::ExitedWithCode(0), "");
 }
 
-TEST_F(Help, GoesWithTheWindowThatItWasOpenedFor) {
-    openHelp();
-    game->form.onUnload = nullptr;
-    game->form.unload();
-    EXPECT_EQ(help(), nullptr);
-}
-
 }  // namespace
