@@ -1,4 +1,4 @@
-// The toolbar's commands and the Level menu.
+// The toolbar's commands.
 
 #include "platform/sim/simulation.h"
 #include "tests/gameFixture.h"
@@ -25,17 +25,6 @@ TEST_F(Commands, TogglesRewriteTheirToolTipAndComeBack) {
         EXPECT_NE(row.option, before);
         sim::clickToolButton(row.button);
         EXPECT_EQ(game->tbrZQT.toolTip(row.button), row.back);
-    }
-}
-
-TEST_F(Commands, TheLevelMenuHasOneCheckMark) {
-    for (const int item : {3, 3, 0, 5, 1}) {
-        const int expected = item > 0 ? item : game->mlngLevel;
-        sim::post([item] { sim::chooseMenuItem(item); });
-        sim::clickToolButton(Button::Level);
-        EXPECT_EQ(game->mlngLevel, expected);
-        EXPECT_EQ(game->tbrZQT.toolTip(Button::Level), std::string("Level:") + levels[expected - 1].caption);
-        for (int i = 1; i <= levelCount; ++i) EXPECT_EQ(game->mnuLevel.checked(i), i == expected) << i;
     }
 }
 
@@ -83,18 +72,6 @@ TEST_F(Commands, NothingBeginsBeforeStartAnew) {
         EXPECT_EQ(game->mintTilesDropped, 0) << button;
     }
     EXPECT_TRUE(sim::messages().empty());
-}
-
-TEST_F(Commands, StartAnewDropsTheGameAtHand) {
-    startMatch();
-    sim::runFor(3000);
-    game->mlngScore = 12;
-    const uint32_t hand = game->mlngHandNumber;
-    startMatch();
-    EXPECT_EQ(game->mlngHandNumber, hand + 1);
-    EXPECT_EQ(game->mlngScore, 0);
-    EXPECT_EQ(game->mintCurRow, noRow);
-    EXPECT_TRUE(board().empty());
 }
 
 }  // namespace

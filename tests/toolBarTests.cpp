@@ -28,6 +28,12 @@ class ToolBarKeys : public Window {
         EXPECT_EQ(marked(), toolTip);
     }
 
+    /// Does something in the next menu that opens.
+    void inMenu(const std::function<void(QMenu&)>& action) {
+        once([] { return QApplication::activePopupWidget() != nullptr; },
+             [action] { action(dynamic_cast<QMenu&>(*QApplication::activePopupWidget())); });
+    }
+
     /// Whether the keys go to the board: an arrow steers the tile.
     bool boardHasKeys() {
         const int column = game->mintCurCol;
@@ -56,16 +62,13 @@ TEST_F(ToolBarKeys, EachButtonShowsItsPictureOnTheStrip) {
 TEST_F(ToolBarKeys, TheLevelMenuMarksTheLevelInPlay) {
     const auto marks = [&](int choice) {
         std::vector<std::string> items;
-        once([] { return QApplication::activePopupWidget() != nullptr; },
-             [&] {
-                 auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-                 ASSERT_NE(menu, nullptr);
-                 EXPECT_EQ(menu->accessibleName(), "Level");
-                 for (const QAction* item : menu->actions())
-                     items.push_back((item->isChecked() ? "*" : "") + item->text().toStdString());
-                 menu->actions().at(choice)->trigger();
-                 menu->close();
-             });
+        inMenu([&](QMenu& menu) {
+            EXPECT_EQ(menu.accessibleName(), "Level");
+            for (const QAction* item : menu.actions())
+                items.push_back((item->isChecked() ? "*" : "") + item->text().toStdString());
+            menu.actions().at(choice)->trigger();
+            menu.close();
+        });
         for (QToolButton* button : window->findChildren<QToolButton*>())
             if (button->toolTip().startsWith("Level:")) button->click();
         return items;
@@ -204,13 +207,11 @@ TEST_F(ToolBarKeys, ADialogTakesTheKeys) {
 TEST_F(ToolBarKeys, TheLevelMenuOpensUnderItsButton) {
     const auto menuPlace = [this](const std::function<void()>& open) {
         QPoint place;
-        once([] { return QApplication::activePopupWidget() != nullptr; },
-             [&] {
-                 QWidget* const menu = QApplication::activePopupWidget();
-                 place = window->mapFromGlobal(menu->pos());
-                 QTest::keyClick(menu, Qt::Key_Down);
-                 QTest::keyClick(menu, Qt::Key_Return);
-             });
+        inMenu([&](QMenu& menu) {
+            place = window->mapFromGlobal(menu.pos());
+            QTest::keyClick(&menu, Qt::Key_Down);
+            QTest::keyClick(&menu, Qt::Key_Return);
+        });
         open();
         return place;
     };
