@@ -142,7 +142,7 @@ TEST_F(Search, TakingASetClosesTheGapAndSearchesAroundIt) {
 
 TEST_F(Search, TheFourteenthTileEndsTheLanding) {
     beginHand();
-    setBoard({"c1 c2 . . . . . . .", "b5 b5 . . . . . . ."});
+    setBoard({"c1 c2 . . . . . . .", "f1 . . . . . . . ."});  // The flower would be offered if it went on.
     game->mintHandCount = game->mintEarnedCount = 11;
     game->mblnPairTaken = true;
     game->mintPairSlot = 1;
