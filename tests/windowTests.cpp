@@ -163,6 +163,26 @@ TEST_F(Window, AMessageStandsAsItIsUnderItsWholeTitle) {
     EXPECT_TRUE(box.isNull());
 }
 
+TEST_F(Window, AHeldEnterAnswersNoMessage) {
+    const auto enter = [](QWidget* face, QEvent::Type type, bool repeat) {
+        QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier, "\r", repeat);
+        QApplication::sendEvent(face, &event);
+    };
+    bool stayed = false;
+    once([] { return qobject_cast<QMessageBox*>(QApplication::activeWindow()) != nullptr; },
+         [&] {
+             auto* const box = qobject_cast<QMessageBox*>(QApplication::activeWindow());
+             QWidget* const ok = box->button(QMessageBox::Ok);
+             enter(ok, QEvent::KeyPress, true);
+             stayed = box->isVisible();
+             enter(ok, QEvent::KeyRelease, false);
+             enter(ok, QEvent::KeyPress, false);
+         });
+    enter(window, QEvent::KeyPress, false);
+    platform::messageBox("Title", "Text");
+    EXPECT_TRUE(stayed);
+}
+
 TEST_F(Window, AnySwiftKeysAndClicksLeaveASoundGame) {
     startMatch();
     const Qt::Key keys[] = {Qt::Key_Down,   Qt::Key_Left, Qt::Key_Right, Qt::Key_Down,   Qt::Key_Up,    Qt::Key_Enter,
