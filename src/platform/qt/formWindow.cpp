@@ -138,8 +138,7 @@ void FormWindow::unload() {
     if (!loaded || unloading_) return;
     unloading_ = true;
     const QPointer<FormWindow> self(this);
-    formStack().unloadAbove(this);
-    if (self && form) callSlot(form->onUnload);
+    if (form) callSlot(form->onUnload);
     if (self) leave();
 }
 

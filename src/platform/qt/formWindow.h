@@ -29,7 +29,7 @@ class FormWindow : public QWidget {
     void place();         ///< Puts the window where left and top say.
     void showAsMain();    ///< Loads the form and shows it as the main window. Nothing if it is loaded.
     void runAsDialog();   ///< Loads the form, shows it and returns when it has been unloaded. Nothing if it is loaded.
-    void unload();        ///< Unloads the dialogs over it, then the form. Nothing if it isn't loaded.
+    void unload();        ///< Runs onUnload and leaves the screen. Nothing if it isn't loaded.
     void retire();        ///< The form is gone: leaves the screen at once and the memory later.
 
     void announce(const QString& text);  ///< Has a screen reader say it.
