@@ -124,7 +124,6 @@ void FormWindow::runAsDialog() {
     if (accessibleName().isEmpty()) setAccessibleName(windowTitle());  // Its loading may have told more.
     nameFields();
     show();
-    raise();
     const QPointer<FormWindow> self(this);
     activate();
     if (!self || !loaded) return;
