@@ -204,7 +204,7 @@ struct frmMain {
     void msCheckForFlowers();
     /// Scores the tile of a slot if it is the player's own, which depends on who holds the House.
     void msLookAtBonusTile(int16_t slot);
-    /// Scores a tile that is the player's own while seat 1 holds the House.
+    /// Scores a tile that is the player's own while seat 1, another than his, holds the House.
     void msHouseIsEast(int16_t slot);
     /// The same for seat 2.
     void msHouseIsSouth(int16_t slot);
@@ -212,7 +212,7 @@ struct frmMain {
     void msHouseIsWest(int16_t slot);
     /// The same for seat 4.
     void msHouseIsNorth(int16_t slot);
-    /// Scores a tile that is the player's own while that seat holds the House.
+    /// Scores a tile that is the player's own while that seat, another than his, holds the House.
     void msOwnTiles(int16_t slot, int32_t house);
     /// Scores a tile that is one of these two, given as Bonus.
     void msFlowerAndSeason(int16_t slot, int32_t ownFlower, int32_t ownSeason);
@@ -322,7 +322,7 @@ struct frmMain {
     void msShowOrder();
     /// Holds the fall for the about box.
     void msShowAbout();
-    /// Opens the help, or brings it to the front; the game goes on.
+    /// Opens the help, or brings it to the front. It holds nothing: the fall waits as for any other window.
     void msShowHelp();
     /// Stops the fall of a running match while a dialog is open.
     void msHoldFall();

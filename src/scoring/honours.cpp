@@ -20,13 +20,13 @@ int32_t distance(int32_t fromSeat, int32_t toSeat) { return (toSeat - fromSeat +
 
 std::string listed(ScoringItem item) { return scoringItem(item).text + std::string(","); }
 
-/// Puts the new text in the place of the item in the list, with its comma; false if the item isn't there.
+/// Puts the new text wherever the item stands in the list, with its comma; false if the item isn't there.
 bool replaceInList(ScoringItem item, const std::string& newText) {
     const std::string text = listed(item);
-    const size_t place = gstrScoreDesc.find(text);
-    if (place == std::string::npos) return false;
-    gstrScoreDesc.replace(place, text.size(), newText);
-    return true;
+    const size_t first = gstrScoreDesc.find(text);
+    for (size_t place = first; place != std::string::npos; place = gstrScoreDesc.find(text, place + newText.size()))
+        gstrScoreDesc.replace(place, text.size(), newText);
+    return first != std::string::npos;
 }
 
 }  // namespace
@@ -81,7 +81,7 @@ void frmMain::msHouseIsNorth(int16_t slot) {
 
 void frmMain::msOwnTiles(int16_t slot, int32_t house) {
     const int32_t season = distance(house, mlngSeat) + 1;
-    msFlowerAndSeason(slot, seasonCount + season, season);
+    if (mlngSeat != house) msFlowerAndSeason(slot, seasonCount + season, season);
 }
 
 void frmMain::msFlowerAndSeason(int16_t slot, int32_t ownFlower, int32_t ownSeason) {
