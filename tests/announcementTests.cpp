@@ -1,6 +1,5 @@
 // What a screen reader is given to say while a hand is played.
 
-#include "match/frmChooseSeat.h"
 #include "platform/sim/simulation.h"
 #include "play/frmChooseTiles.h"
 #include "play/tileNames.h"

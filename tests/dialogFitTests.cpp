@@ -1,20 +1,18 @@
 // The real window at every scale: the texts of the order form and the about box stand in their places, whole and apart.
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAccessible>
-#include <QApplication>
 #include <QComboBox>
 #include <QFontInfo>
 #include <QLabel>
 #include <QLineEdit>
-#include <QRadioButton>
 #include <QStyle>
 #include <QStyleOptionComboBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <cmath>
 #include <set>
-#include <vector>
 
 #include "forms/frmAbout.h"
 #include "forms/frmOrder.h"

@@ -2,7 +2,6 @@
 
 #include "platform/pictures.h"
 #include "platform/sim/simulation.h"
-#include "play/frmChooseTiles.h"
 #include "tests/gameFixture.h"
 
 namespace {

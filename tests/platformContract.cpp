@@ -4,7 +4,6 @@
 #include <stdexcept>
 #include <tuple>
 #include <utility>
-#include <vector>
 
 #include "platform/controls.h"
 #include "platform/desktop.h"

@@ -4,21 +4,18 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <csignal>
-#include <functional>
-#include <memory>
 #include <regex>
-#include <set>
 #include <thread>
 
 #include "forms/orderSheet.h"
