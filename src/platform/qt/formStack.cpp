@@ -71,6 +71,7 @@ void FormStack::openDialog(FormWindow* window) {
     if (main_) main_->takeKeysBack();
     dialogs_.push_back(window);
     ++changes_;
+    ++openings_;
     clicked_ = nullptr;
     repaintTools();
     pointer_ = QCursor::pos();  // A window that comes up under a pointer at rest gets a move too.
@@ -100,6 +101,7 @@ void FormStack::leave(FormWindow* window) {
 
 void FormStack::openBox() {
     ++boxes_;
+    ++openings_;
     clicked_ = nullptr;
     repaintTools();
 }

@@ -42,6 +42,7 @@ void PopupMenu::popUp() {
         QObject::connect(action, &QAction::triggered, menu, [slot = onClick, item] { qt::callSlot(slot, item); });
     }
     impl_->open = menu;
+    qt::formStack().openMenu();
     menu->exec(openingPlace(impl_->window));
     delete menu.data();
 }

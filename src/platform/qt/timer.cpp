@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "platform/qt/formStack.h"
 #include "platform/qt/presence.h"
 #include "platform/qt/slots.h"
 
@@ -41,6 +42,7 @@ struct Timer::Impl : QObject {
     Presence::Clock::time_point now() const { return waits ? presence().now() : Presence::Clock::now(); }
     bool standsStill() const { return waits && presence().isAway(); }
     void await();
+    void skipMissedTicks();
     void timerEvent(QTimerEvent* event) override;
 };
 
@@ -53,14 +55,20 @@ void Timer::Impl::await() {
     wait.start(static_cast<int>(left.count()), Qt::PreciseTimer, this);
 }
 
+void Timer::Impl::skipMissedTicks() {
+    for (const auto start = now(); interval > milliseconds::zero() && due <= start;) due += interval;
+}
+
 void Timer::Impl::timerEvent(QTimerEvent* /*event*/) {
     wait.stop();
     due += interval;
     inHandler = true;
     const QPointer<Impl> self(this);
+    const int openings = qt::formStack().openings();
     qt::callSlot(owner.onTick);
     if (!self) return;
     inHandler = false;
+    if (qt::formStack().openings() != openings) skipMissedTicks();
     await();
 }
 

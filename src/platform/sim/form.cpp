@@ -179,6 +179,7 @@ Form::Impl::~Impl() {
 
 void Form::Impl::open(bool asModal) {
     modal = asModal;
+    if (modal) ++sim::state().openings;
     focus = nullptr;
     sim::state().forms.push_back(this);
     sim::state().clicked = 0;

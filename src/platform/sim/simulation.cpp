@@ -26,20 +26,24 @@ class InHandler {
   public:
     explicit InHandler(Ticker& ticker) : serial_(ticker.serial) { ticker.inHandler = true; }
     ~InHandler() {
-        for (Ticker* ticker : state().tickers)
-            if (ticker->serial == serial_) ticker->inHandler = false;
+        for (Ticker* ticker : state().tickers) {
+            if (ticker->serial != serial_) continue;
+            ticker->inHandler = false;
+            if (state().openings != openings_) ticker->skipMissedTicks();
+        }
     }
     InHandler(const InHandler&) = delete;
     InHandler& operator=(const InHandler&) = delete;
 
   private:
     Serial serial_;
+    int openings_ = state().openings;
 };
 
 void tick(Ticker& ticker) {
     State& d = state();
     d.now = std::max(d.now, ticker.due);
-    ticker.due += ticker.interval * (std::floor((d.now - ticker.due) / ticker.interval) + 1);
+    ticker.skipMissedTicks();
     arrive();
     const InHandler mark(ticker);
     deliver(ticker.onTick);
@@ -186,6 +190,7 @@ void seedRandom() {
 double random() { return static_cast<double>(sim::state().generator()) / randomRange; }
 
 void messageBox(const std::string& title, const std::string& text) {
+    ++sim::state().openings;
     sim::note("message", title + ": " + text);
     sim::state().clicked = 0;
     sim::state().messages.push_back(title + ": " + text);

@@ -31,7 +31,8 @@ Serial nextSerial();  ///< A new one, from 1 upward.
 struct Ticker {
     Ticker(const std::function<void()>& handler, bool doesWait);  ///< Disabled; the handler lives as long.
     ~Ticker();                                                    ///< It never ticks again.
-    void restart();  ///< Counts a whole interval from now; a kept tick is dropped.
+    void restart();          ///< Counts a whole interval from now; a kept tick is dropped.
+    void skipMissedTicks();  ///< The next one is the first that falls due later than now.
     bool runs() const;
 
     const Serial serial = nextSerial();
@@ -90,6 +91,7 @@ struct State {
     uint64_t postings = 0;
     std::vector<Ticker*> tickers;
 
+    int openings = 0;                          ///< How many dialogs, menus and message boxes have opened.
     std::vector<platform::Form::Impl*> forms;  ///< The open ones, the one on top last.
     platform::ToolBar::Impl* toolBar = nullptr;
     platform::PopupMenu::Impl* menu = nullptr;         ///< The open one.
@@ -100,7 +102,7 @@ struct State {
     std::vector<std::string> messages;
     bool screenReader = false;
     std::vector<std::string> announcements;
-    std::string helpFile;       ///< What the help window shows; empty while it isn't open.
+    std::string helpFile;  ///< What the help window shows; empty while it isn't open.
 
     platform::Printer printer;
     int printerFailsAtLine = 0;  ///< Of a document, from 1; 0 at none.

@@ -1,5 +1,7 @@
 #include "platform/timer.h"
 
+#include <cmath>
+
 #include "platform/sim/state.h"
 
 namespace sim {
@@ -11,6 +13,11 @@ Ticker::Ticker(const std::function<void()>& handler, bool doesWait) : onTick(han
 Ticker::~Ticker() { std::erase(state().tickers, this); }
 
 void Ticker::restart() { due = (waits ? state().awaySince.value_or(state().now) : state().now) + interval; }
+
+void Ticker::skipMissedTicks() {
+    const double now = state().now;
+    if (interval > 0 && due <= now) due += interval * (std::floor((now - due) / interval) + 1);
+}
 
 bool Ticker::runs() const {
     const bool standsStill = waits && state().awaySince;

@@ -50,6 +50,7 @@ PopupMenu::~PopupMenu() {
 
 void PopupMenu::popUp() {
     sim::state().menu = impl_.get();
+    ++sim::state().openings;
     sim::note("menu opens");
     const sim::Serial self = impl_->serial;
     sim::serveWhile([&] { return sim::taker() == self; });
