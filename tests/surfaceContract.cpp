@@ -164,6 +164,10 @@ TEST(SurfaceContract, WhatHasChangedIsKnownAndNothingElse) {
     const Grid one(0x10305), two(0x5070B);
     const Surface other(two.picture), mask(gridWidth, gridHeight);  // the mask is black all over
     Surface surface(one.picture);
+    const auto drawsMuch = [&] {
+        for (int i = 0; i < 33; ++i)
+            for (const Surface* const each : {&mask, &other}) BitBlt(surface, i % 4, 0, 1, 1, *each, 0, 0, SRCCOPY);
+    };
     const auto paintsMasked = [&] { paintMasked(surface, {5, 0, 2, 2}, {mask, 0, 0}, {other, 0, 0}); };
     struct {
         const char* what;
@@ -177,6 +181,7 @@ TEST(SurfaceContract, WhatHasChangedIsKnownAndNothingElse) {
         {"a cut one", [&] { BitBlt(surface, -1, -1, 2, 2, mask, 0, 0, SRCAND); }, {{0, 0, 1, 1}}},
         {"nothing", [] {}, {}},
         {"a clear", [&] { surface.clear(); }, {{0, 0, gridWidth, gridHeight}}},
+        {"more than it remembers", drawsMuch, {{0, 0, gridWidth, gridHeight}}},
     };
     for (const auto& row : cases) {
         const Changes::Moment before = surface.changes().now();
