@@ -11,6 +11,15 @@ inline void gsReportError(int32_t number, const std::string& description, const 
     platform::reportFailure(number, description, procedure);
 }
 
+/// Runs a body of which a failure is passed over: nobody is told, and the caller goes on.
+template <class Body>
+void unreported(Body&& body) {
+    try {
+        body();
+    } catch (const RuntimeError&) {
+    }
+}
+
 /// The common error path: runs the body; a failure in it is reported under the procedure's name, and the result is
 /// then false, 0 or empty.
 template <class Body>

@@ -1,16 +1,14 @@
 #include <cmath>
 
 #include "platform/printer.h"
-#include "platform/runtime.h"
+#include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 
 void gsSavePrinterSettings() {
     const platform::Font& font = platform::printer().font;
     gstrPrtFontName = font.name;
-    try {
-        gintPrtFontSize = narrow16(std::nearbyint(font.points));
-    } catch (const RuntimeError&) {  // A size beyond all measure: the last one that was remembered stays.
-    }
+    // With a size beyond all measure the last one that was remembered stays.
+    unreported([&] { gintPrtFontSize = narrow16(std::nearbyint(font.points)); });
     gblnPrtFontBold = font.bold;
 }
 
