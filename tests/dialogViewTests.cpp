@@ -78,9 +78,11 @@ TEST_F(DialogViews, AnOfferStandsOnTheTable) {
                         .pass(2)
                         .isSeenOn(shown));
         expectFrame(gfrmChooseTiles->Shape1, 3, 3, 96, 45, 3, 0x0000FF);
+        expectFrame(gfrmChooseTiles->shpOnBoard, 37, 489, 96, 45, 3, 0x0000FF);
         expectDeaf({Escape, Space, Tab, Up, Down, Pad8, Pad2, 'P', '1'});
         sim::pressKey(Right);
         expectFrame(gfrmChooseTiles->Shape1, 101, 3, 96, 45, 3, 0x0000FF);
+        EXPECT_FALSE(gfrmChooseTiles->shpOnBoard.visible()) << "Pass lies nowhere";
         sim::pressKey(Enter);
     });
     ticks(12, 5);

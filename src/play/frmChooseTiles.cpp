@@ -1,6 +1,5 @@
 #include "play/frmChooseTiles.h"
 
-#include "frmMain.h"
 #include "modZQT.h"
 #include "platform/desktop.h"
 #include "play/tileNames.h"
@@ -21,6 +20,11 @@ int16_t mintfTilesOf(int entry) {
     return tiles;
 }
 
+/// The frame round tiles that lie side by side from that point on, so many pixels wide in all.
+platform::Place frameRound(const PixelPoint& point, int width) {
+    return {point.X - borderWidth, point.Y - borderWidth, width + 2 * borderWidth, tileHeight + 2 * borderWidth};
+}
+
 /// Covers a surface with the part of the table that the chooser lies over.
 void showTable(platform::Surface& surface, platform::Form& main) {
     platform::BitBlt(surface, 0, 0, surface.width(), surface.height(), main.surface(), chooserPlace.left,
@@ -36,6 +40,7 @@ frmChooseTiles::frmChooseTiles() {
     form.onUnload = [this] { Form_Unload(); };
     form.setCaption("Select Tiles");
     Shape1.setBorder(borderWidth, red);
+    shpOnBoard.setBorder(borderWidth, red);
 }
 
 void frmChooseTiles::msLoadFormVariables(const DynamicTable<int16_t>& aintRows, const DynamicTable<int16_t>& aintCols) {
@@ -141,10 +146,16 @@ void frmChooseTiles::msHiLiteTiles(int16_t entry) {
         mintNumTiles = mintfTilesOf(entry);
         const int width = entry == mintNumEntries ? entryWidth : tileWidth * mintNumTiles;
         const CellInfo& place = PossibleTiles[entry][1];
-        Shape1.setPlace(
-            {place.X - borderWidth, place.Y - borderWidth, width + 2 * borderWidth, tileHeight + 2 * borderWidth});
+        Shape1.setPlace(frameRound({place.X, place.Y}, width));
         if (!Shape1.visible()) Shape1.setVisible(true);
+        msMarkOnBoard(entry);
     });
+}
+
+void frmChooseTiles::msMarkOnBoard(int16_t entry) {
+    const bool marks = entry < mintNumEntries;
+    if (marks) shpOnBoard.setPlace(frameRound(cellPoint(maintRows[entry], maintCols[entry]), tileWidth * mintNumTiles));
+    shpOnBoard.setVisible(marks);
 }
 
 void frmChooseTiles::Form_KeyPress(int keyAscii) {
@@ -158,6 +169,7 @@ void frmChooseTiles::Form_KeyPress(int keyAscii) {
 }
 
 void frmChooseTiles::Form_Unload() {
+    shpOnBoard.setVisible(false);
     maintRows.clear();
     maintCols.clear();
 }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "frmMain.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/runtime.h"
@@ -25,6 +26,7 @@ struct frmChooseTiles {
     platform::Form form;
     platform::Surface picWork;                           // the dialog's picture
     platform::Shape Shape1{form};                        // the highlight
+    platform::Shape shpOnBoard{gfrmMain->form};          // the same round the tiles as they lie on the board
     DynamicTable<int16_t> maintRows;                     // row on the board of each candidate
     DynamicTable<int16_t> maintCols;                     // its left column
     int16_t mintNumEntries = 0;                          // candidates and Pass
@@ -46,8 +48,10 @@ struct frmChooseTiles {
     std::string mstrfEntry(int entry) const;
     /// All entries in words, and which of them is highlighted.
     std::string mstrfOffer() const;
-    /// Lays the highlight round an entry and counts its tiles.
+    /// Lays the highlight round an entry, and round its tiles on the board, and counts them.
     void msHiLiteTiles(int16_t entry);
+    /// Lays the frame on the board round the tiles of an entry; for Pass there is none.
+    void msMarkOnBoard(int16_t entry);
     /// The entry a line further down in the same column, or else the one in the first line.
     int mintfBelow(int entry) const;
     /// The entry a line further up in the same column, or else the one in the last line that has one there.
