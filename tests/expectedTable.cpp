@@ -100,6 +100,11 @@ ExpectedTable& ExpectedTable::score(const std::string& digits) {
     return text({digits, 454, 237, {"Wonton ICG", 18, true}, red});
 }
 
+ExpectedTable& ExpectedTable::strike() {
+    paintMasked({580, 0, 200, 233}, "picLightningMask", 0, "picLightning", 0, 0);
+    return *this;
+}
+
 ExpectedTable& ExpectedTable::offer(int entry, int column, const std::string& names) {
     int left = 353 + 6 + 98 * ((entry - 1) % 4);
     for (const std::string& name : words(names)) {

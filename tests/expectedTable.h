@@ -25,6 +25,8 @@ class ExpectedTable {
     ExpectedTable& seats(int player, int house, int wind, bool inChinese = true);
     ExpectedTable& score(const std::string& digits);
 
+    ExpectedTable& strike();  ///< Lightning. What stands over it comes later.
+
     /// One entry of the chooser, from 1: its tiles as they lie on the board from that column on.
     ExpectedTable& offer(int entry, int column, const std::string& names);
     ExpectedTable& pass(int entry);

@@ -126,6 +126,20 @@ TEST_F(Table, AllEarnedTilesStandInTheirTwoRows) {
     EXPECT_TRUE(ExpectedTable().seats(1, 1, 1).score("0").tile(5, 1, "c1").earned(names).isSeenOn(shown));
 }
 
+TEST_F(Table, AStrikeStandsUnderTheEarnedTilesAndNothingElseIsShownWithIt) {
+    dealHand("c1", 1);
+    setHand("c1 c2 c3 c4 c5 c6 R R R b1 b1 b1 *E E | s1 s2 s3 s4 f1 f2 f3 f4");
+    nextTile();
+    const auto table = [] { return ExpectedTable().seats(1, 1, 1).score("0").tile(5, 1, "c1"); };
+    const std::string earned = "c1 c2 c3 c4 c5 c6 R R R b1 b1 b1 E E | s1 s2 s3 s4 f1 f2 f3 f4";
+    platform::BitBlt(game->picWork, 300, 240, 290, 360, platform::Surface(290, 360), 0, 0, platform::SRCCOPY);
+    game->mblnLightningDue = true;
+    game->msDrawLightning();
+    EXPECT_TRUE(table().strike().earned(earned).isSeenOn(shown));
+    game->msDrawLightning();
+    EXPECT_TRUE(table().earned(earned).isSeenOn(shown));
+}
+
 TEST_F(Table, SeatHouseAndWindAreThoseOfTheHandInBothLanguages) {
     for (int seat = 1; seat <= 4; ++seat)
         for (int house = 1; house <= 4; ++house) {
