@@ -91,8 +91,10 @@ struct frmMain {
     // play/newGame.cpp: the start of the program and of a hand
     /// Sets up window, pictures, tables and options; the window then stands idle.
     void Form_Load();
-    /// Loads the table's picture, keeps what lies under the next tile, and shows it all.
+    /// Loads the table's picture, which is the window's background too, and keeps what lies under the lightning.
     void msLoadTable();
+    /// Keeps what lies under the next tile. Call before anything is drawn.
+    void msCaptureNextTileGround();
     /// Fills all places, kinds and tile numbers.
     void msInitVar();
     /// Gives the places of the board, of candidates and of earned tiles their pixels.
@@ -256,7 +258,7 @@ struct frmMain {
     void msDrawEarnedTiles();
 
     // presentation/lightning.cpp: a bolt over the table, now and then
-    /// Keeps the bare table under the strikes. While nothing is drawn on the picture yet.
+    /// Keeps the bare table under the strikes. Call before anything is drawn.
     void msCaptureLightningGround();
     /// Lets the quiet seconds of a hand begin.
     void msResetLightning();

@@ -69,7 +69,8 @@ class Surface {
     /// Gives it another size in pixels, below 0 as 0; all drawing is lost, the background stays at the top left, the
     /// rest is black.
     void resize(int width, int height);
-    void clear();  ///< Removes all drawing and leaves the background.
+    void clear();                                              ///< Removes all drawing and leaves the background.
+    const Picture& background() const { return background_; }  ///< Of no size while there is none.
 
     Font font;                                     ///< Stays set from one text to the next.
     Color foreColor = 0;                           ///< Colour of text.

@@ -36,10 +36,11 @@ frmMain::frmMain() : tbrZQT(form, toolbarHeight, toolbarButtons, ImageList1()) {
 void frmMain::Form_Load() {
     guarded("Form_Load", [&] {
         form.setCaption("Velmora");
+        msLoadTable();
         gsSetClientSize(0, 0, clientRight, clientBottom, form);
         msSetUpToolbar();
         gsCenterForm(form);
-        msLoadTable();
+        msCaptureNextTileGround();
         msAssignSeatPsns();
         mblnMusicReady = gblnfInitMCI(mmcZQT, true, false, 0, platform::programFile("mendel1.mid"), "Sequencer");
         msInitVar();
@@ -55,9 +56,12 @@ void frmMain::Form_Load() {
 void frmMain::msLoadTable() {
     gsLoadPicture(picWork, tablePicture);
     msCaptureLightningGround();
+    form.setPicture(picWork.background());
+}
+
+void frmMain::msCaptureNextTileGround() {
     platform::BitBlt(picBlankNextTile, 0, 0, nextTilePlace.width, nextTilePlace.height, picWork, nextTilePlace.left,
                      nextTilePlace.top, platform::SRCCOPY);
-    msShowPicture();
 }
 
 void frmMain::msInitVar() {
