@@ -4,6 +4,7 @@
 #include <string>
 
 #include "modZQT.h"
+#include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/runtime.h"
 #include "platform/sound.h"
@@ -11,6 +12,7 @@
 #include "platform/timer.h"
 #include "platform/toolbar.h"
 #include "presentation/buttons.h"
+#include "presentation/layout.h"
 #include "toolkit/formRef.h"
 
 enum class ScoringItem;
@@ -22,10 +24,12 @@ struct frmMain {
     frmMain();
 
     platform::Form form;
-    platform::Timer Timer1;              // the drop timer, disabled at first
-    platform::ToolBar tbrZQT;            // all commands
-    platform::PopupMenu mnuLevel{form};  // behind the Level button
-    platform::MMControl mmcZQT;          // the music
+    platform::Timer Timer1;                    // the drop timer, disabled at first
+    platform::ToolBar tbrZQT;                  // all commands
+    platform::PopupMenu mnuLevel{form};        // behind the Level button
+    platform::MMControl mmcZQT;                // the music
+    platform::Label lblHint{form, hintPlace};  // the line that tells the player how things stand
+    platform::Timer tmrHint;                   // takes a hint off that is told for a moment
 
     // The surfaces: filled by Form_Load, drawn on for the run
     platform::Surface picWork;  // everything that the window shows, with the table as background
@@ -270,6 +274,14 @@ struct frmMain {
     void msShowLightning();
     /// Takes off a strike, also one that is only due.
     void msEndLightning();
+
+    // presentation/hints.cpp: the line that tells how things stand
+    /// Sets up the line and tells how a match begins.
+    void msSetUpHint();
+    /// Shows a hint until another one takes its place, and has a screen reader say it; an empty one ends the last.
+    void msShowHint(const std::string& hint);
+    /// Shows a hint for two seconds.
+    void msShowHintBriefly(const std::string& hint);
 
     // presentation/indicators.cpp: seats and winds on the table
     /// Paints the large marker with the wind of the round.

@@ -118,7 +118,8 @@ TEST_F(Accessible, TheMainWindowHasItsToolbar) {
               "    button: Order\n"
               "    button: About Velmora...\n"
               "    button: Help\n"
-              "    button: Exit\n");
+              "    button: Exit\n"
+              "  text: Start Anew (F2) begins a match\n");
 }
 
 TEST_F(Accessible, DialogsHaveNamesAndTheirControlsToo) {

@@ -57,6 +57,91 @@ TEST_F(Commands, WhatHoldsAndWhatSetsGoing) {
     }
 }
 
+TEST_F(Commands, TheLineTellsHowThingsStand) {
+    const auto press = [](int button) { return [button] { sim::clickToolButton(button); }; };
+    const auto end = [this](int row, int tilesDropped, int handCount) {
+        return [=, this] {
+            game->mblnBreakDown = false;
+            game->CellTable[row][entryColumn].Filled = true;
+            game->mintTilesDropped = narrow16(tilesDropped);
+            game->mintHandCount = narrow16(handCount);
+            game->mintCurRow = noRow;
+            game->Timer1_Timer();
+        };
+    };
+    const auto highScores = [] {
+        sim::post([] { sim::pressKey(platform::key::Escape); });
+        sim::clickToolButton(Button::HighScores);
+    };
+    const auto pass = [this] { land("c3", 3); };
+    const struct {
+        const char* what;
+        std::function<void()> action;
+        const char* told;
+    } rows[] = {
+        {"as it opens", [] {}, "Start Anew (F2) begins a match"},
+        {"Pause before a match", press(Button::Pause), "Start Anew (F2) begins a match"},
+        {"Stop before a match", press(Button::Stop), "Start Anew (F2) begins a match"},
+        {"a match begins", [this] { startMatch(); }, ""},
+        {"Pause", press(Button::Pause), "Paused"},
+        {"Pause again", press(Button::Pause), ""},
+        {"Stop", press(Button::Stop), "Stopped"},
+        {"a dialog sets the game going", highScores, ""},
+        {"an offer was passed", pass, ""},
+        {"a won hand", end(12, 20, 14), ""},
+        {"the entry is taken", end(1, 20, 13), "The hand is lost: the entry is taken"},
+        {"not yet two seconds", [] { sim::runFor(1999); }, "The hand is lost: the entry is taken"},
+        {"two seconds", [] { sim::runFor(1); }, ""},
+        {"the last tile", end(12, 143, 13), "The hand is lost: it was the last tile"},
+        {"Pause at once", press(Button::Pause), "Paused"},
+        {"Pause stays", [] { sim::runFor(3000); }, "Paused"},
+        {"another match", [this] { startMatch(); }, ""},
+    };
+    std::vector<std::string> told;
+    sim::setScreenReader(true);
+    for (const auto& row : rows) {
+        const std::string before = game->lblHint.text();
+        row.action();
+        EXPECT_EQ(game->lblHint.text(), row.told) << row.what;
+        if (before != row.told && *row.told != 0) told.push_back(row.told);
+    }
+    for (const std::string& text : told)
+        EXPECT_EQ(std::ranges::count(sim::announcements(), text), std::ranges::count(told, text)) << text;
+}
+
+TEST_F(Commands, AfterWhatOpensInsideATickTheNextStepComesAtTheNextBeat) {
+    for (const int button : {int{Button::RoundsSetting}, int{Button::Level}}) {
+        beginHand();
+        game->Timer1.setInterval(100);
+        sim::runFor(100);  // A tile has come in, and falls a row each 400 ms.
+        sim::postAfter(400, [button] {
+            sim::postAfter(1000, [] {
+                sim::chooseMenuItem(0);
+                sim::pressKey(platform::key::Escape);
+            });
+            sim::clickToolButton(button);
+        });
+        sim::runFor(1400);
+        EXPECT_EQ(game->mintCurRow, 2) << button;
+        sim::runFor(199);
+        EXPECT_EQ(game->mintCurRow, 2) << button;
+        sim::runFor(1);
+        EXPECT_EQ(game->mintCurRow, 3) << button;
+    }
+}
+
+TEST_F(Commands, TheFallStandsWhileTheSeatIsDrawn) {
+    beginHand();
+    sim::runFor(1000);
+    const int row = game->mintCurRow;
+    sim::postAfter(2000, [&] {
+        EXPECT_EQ(game->mintCurRow, row);
+        sim::pressKey(platform::key::Enter);
+    });
+    sim::clickToolButton(Button::StartAnew);
+    EXPECT_EQ(game->mintCurRow, noRow) << "another hand";
+}
+
 TEST_F(Commands, NothingBeginsBeforeStartAnew) {
     for (int button = Button::Level; button <= Button::Gap; ++button) {
         sim::post([button] {

@@ -1,6 +1,7 @@
 // When the desktop says that the player is away from the game, and when it says nothing.
 
 #include <QApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QTest>
@@ -51,6 +52,8 @@ TEST_F(Presence, AMinimisedGameWaitsWhoeverHasTheKeyboard) {
 TEST_F(Presence, MenusAndMessageBoxesAreTheGamesOwn) {
     showMain();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    Label label(main_->form, {0, 50, 100, 20});
+    label.setText("Paused");
     QMenu menu(window());
     menu.addAction("Easy");
     QMessageBox box(QMessageBox::Warning, "Program", "Text", QMessageBox::Ok, window());
@@ -61,6 +64,7 @@ TEST_F(Presence, MenusAndMessageBoxesAreTheGamesOwn) {
         each->activateWindow();
         ASSERT_TRUE(QTest::qWaitFor([&] { return QGuiApplication::focusWindow() == each->windowHandle(); }));
         EXPECT_EQ(ticks(), each != &elsewhere) << qPrintable(each->windowTitle());
+        EXPECT_EQ(window()->findChild<QLabel*>()->isVisible(), each != &elsewhere) << "a label goes with the player";
         each->hide();
         window()->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window()));

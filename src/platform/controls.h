@@ -50,6 +50,23 @@ inline void Shape::setVisible(bool visible) {
     present();
 }
 
+/// A line of text on a form, drawn over its surface and centred in its height; empty at first. It takes no clicks, and
+/// it isn't seen while the player is away.
+class Label {
+  public:
+    Label(Form& form, const Place& place);  ///< On the form's surface; what lies beyond its place isn't seen.
+    ~Label();                               ///< Takes it off its form.
+
+    void setLook(const Font& font, Color color);  ///< Of its text.
+    void setText(const std::string& text);        ///< UTF-8.
+    std::string text() const;                     ///< As it was set last.
+
+    struct Impl;
+
+  private:
+    std::unique_ptr<Impl> impl_;
+};
+
 /// Whether an edge seems to lie under what is round it or above it.
 enum class Bevel { None, Inset, Raised };
 /// Where a caption stands in its width.

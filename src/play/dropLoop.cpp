@@ -4,6 +4,7 @@
 #include "platform/desktop.h"
 #include "platform/form.h"
 #include "play/tileNames.h"
+#include "presentation/hints.h"
 #include "scoring/frmBreakDown.h"
 #include "toolkit/failures.h"
 
@@ -55,8 +56,8 @@ bool frmMain::mblnfTileFalls() {
     const uint32_t thisHand = mlngHandNumber;
     platform::doEvents();
     // What was served just now can have changed what this tick was about to do. Start Anew has begun another hand: its
-    // first tile enters at a tick of its own. Pause, Stop or a dialog has held the game: the tile stays in its row. A
-    // sideways key has put the tile over a place that is taken: it lands there at the next tick.
+    // first tile enters at a tick of its own. Pause or Stop has held the game: the tile stays in its row. A sideways
+    // key has put the tile over a place that is taken: it lands there at the next tick.
     if (thisHand != mlngHandNumber || !Timer1.enabled() || !mblnfDropOK()) return false;
     msEraseTile();
     ++mintCurRow;
@@ -77,7 +78,9 @@ void frmMain::msEndHand(bool won) {
         Timer1.setEnabled(false);
         gfrmBreakDown.showModal();
     }
+    const bool entryTaken = mintCurRow != 1;
     msInitNewGame();
+    if (!won) msShowHintBriefly(entryTaken ? hint::lostAtEntry : hint::lostAtLastTile);
 }
 
 void frmMain::msCountHand(bool won) {

@@ -50,6 +50,7 @@ void frmMain::Form_Load() {
         mblnRoundInChinese = true;
         gintNumRounds = startRounds;
         msSetToolTipText();
+        msSetUpHint();
     });
 }
 

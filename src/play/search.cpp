@@ -2,6 +2,7 @@
 
 #include "frmMain.h"
 #include "play/frmChooseTiles.h"
+#include "presentation/hints.h"
 #include "toolkit/failures.h"
 
 /// How far a landing has come. After a tile has landed, the search looks at the windows of 1, 2 and 3 places in its row
@@ -63,7 +64,9 @@ void frmMain::msSearchPass(Landing& landing, int16_t intNumCheck) {
 void frmMain::msOffer(Landing& landing) {
     msEndLightning();
     gfrmChooseTiles->msLoadFormVariables(landing.aintRows, landing.aintCols);
+    msShowHint(hint::offer);
     gfrmChooseTiles.showModal();
+    msShowHint(hint::none);
     landing.intTakenCol = gfrmChooseTiles->mprpCellTableCol();
     landing.intRow = gfrmChooseTiles->mprpCellTableRow();
     landing.intTakenNum = gfrmChooseTiles->mprpNumTiles();

@@ -11,6 +11,7 @@
 #include "play/frmChooseTiles.h"
 #include "presentation/frmBitmaps.h"
 #include "presentation/helpPictures.h"
+#include "presentation/hints.h"
 #include "scoring/frmBreakDown.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
@@ -28,6 +29,7 @@ void gsClearAllForms() {
 
 void frmMain::msStartAnew() {
     Timer1.setEnabled(false);
+    msShowHint(hint::none);
     gfrmChooseSeat.showModal();
     mlngSeat = gfrmChooseSeat->mprpSeat();
     gfrmChooseSeat.clear();
@@ -82,11 +84,13 @@ void frmMain::msTogglePeek() {
 void frmMain::msPause() {
     if (!mblnGameRunning) return;  // No hand to hold before the first match and after the last.
     Timer1.setEnabled(!Timer1.enabled());
+    msShowHint(Timer1.enabled() ? hint::none : hint::paused);
 }
 
 void frmMain::msStop() {
     Timer1.setEnabled(false);
     msMusicStop();
+    if (mblnGameRunning) msShowHint(hint::stopped);
 }
 
 void frmMain::msShowOrder() {
@@ -111,7 +115,9 @@ void frmMain::msHoldFall() {
 }
 
 void frmMain::msResumeFall() {
-    if (mblnGameRunning) Timer1.setEnabled(true);
+    if (!mblnGameRunning) return;
+    Timer1.setEnabled(true);
+    msShowHint(hint::none);
 }
 
 void frmMain::msExit() { form.unload(); }
@@ -124,8 +130,11 @@ void frmMain::mnuLevelItem_Click(int item) {
 void frmMain::Form_Unload() { msExitProgram(); }
 
 void frmMain::msExitProgram() {
-    if (mmcZQT.mode() == platform::modeOpen) mmcZQT.setCommand("Close");
-    gsClearAllForms();
-    platform::WinHelpA(form, helpFile, platform::HELP_QUIT, 0);
+    // No step may keep the program from its end.
+    unreported([this] {
+        if (mmcZQT.mode() == platform::modeOpen) mmcZQT.setCommand("Close");
+    });
+    unreported(gsClearAllForms);
+    unreported([this] { platform::WinHelpA(form, helpFile, platform::HELP_QUIT, 0); });
     platform::endProcess();
 }

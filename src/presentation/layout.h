@@ -15,6 +15,7 @@ constexpr PixelPoint scorePlace{454, 237};                     ///< The score's 
 constexpr platform::Place roundMarkerPlace{428, 306, 64, 66};  ///< The large marker with the wind of the round.
 constexpr platform::Place smallTablePlace{592, 304, 64, 64};   ///< The seats stand round it.
 constexpr platform::Place chooserPlace{353, 436, 400, 140};    ///< The tile chooser lies over it.
+constexpr platform::Place hintPlace{484, 404, 268, 24};        ///< The hint, at the right of the words Select Tiles.
 constexpr platform::Place lightningPlace{580, 0, 200, 233};    ///< A strike; the toolbar covers its top.
 
 static_assert(boardPlace.width == columnCount * tileWidth && boardPlace.height == bottomRow * tileHeight);

@@ -8,6 +8,7 @@
 #include "platform/qt/control.h"
 #include "platform/qt/fonts.h"
 #include "platform/qt/images.h"
+#include "platform/qt/presence.h"
 
 namespace platform {
 namespace {
@@ -45,6 +46,43 @@ void Shape::present() {
     qt::setPlace(*impl_->frame.get(), place_);
     impl_->frame->setVisible(visible_);
 }
+
+struct Label::Impl {
+    explicit Impl(QWidget* form) : face(new QLabel(form)) {
+        qt::presence().watch(this, [this] { present(); });
+    }
+    ~Impl() { qt::presence().forget(this); }
+
+    void present() {
+        if (face.get() != nullptr) face->setVisible(!face->text().isEmpty() && !qt::presence().isAway());
+    }
+
+    qt::Owned<QLabel> face;
+};
+
+Label::Label(Form& form, const Place& place) : impl_(new Impl(qt::windowOf(form))) {
+    impl_->face->setStyle(qt::classicStyle());
+    impl_->face->setTextFormat(Qt::PlainText);
+    impl_->face->setAttribute(Qt::WA_TransparentForMouseEvents);
+    qt::setPlace(*impl_->face.get(), place);
+    impl_->present();
+}
+
+Label::~Label() = default;
+
+void Label::setLook(const Font& font, Color color) {
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, qt::colorOf(color));
+    impl_->face->setPalette(palette);
+    impl_->face->setFont(qt::letteringOf(font).font);
+}
+
+void Label::setText(const std::string& text) {
+    impl_->face->setText(QString::fromStdString(text));
+    impl_->present();
+}
+
+std::string Label::text() const { return impl_->face->text().toStdString(); }
 
 /// A label of Qt's with two bevels round its text.
 class Panel::Impl::Face : public QLabel {

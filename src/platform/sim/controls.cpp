@@ -246,6 +246,16 @@ void Shape::present() {
     if (visible_) sim::note("frame", place_.left, place_.top, place_.width, place_.height);
 }
 
+struct Label::Impl {
+    std::string text;
+};
+
+Label::Label(Form& /*form*/, const Place& /*place*/) : impl_(std::make_unique<Impl>()) {}
+Label::~Label() = default;
+void Label::setLook(const Font& /*font*/, Color /*color*/) {}
+void Label::setText(const std::string& text) { impl_->text = text; }
+std::string Label::text() const { return impl_->text; }
+
 Panel::Impl::Impl(Form::Impl* itsForm, const Place& itsPlace) : form(itsForm), place(itsPlace) {
     form->panels.push_back(this);
 }
