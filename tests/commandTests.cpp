@@ -73,7 +73,13 @@ TEST_F(Commands, TheLineTellsHowThingsStand) {
         sim::post([] { sim::pressKey(platform::key::Escape); });
         sim::clickToolButton(Button::HighScores);
     };
-    const auto pass = [this] { land("c3", 3); };
+    const auto pass = [this] {
+        setBoard({"c3 c3 . . . . . . ."});
+        land("c3", 3, [this] {
+            EXPECT_EQ(game->lblHint.text(), "Left and Right choose, Enter takes");
+            for (const int key : {platform::key::Left, platform::key::Enter}) sim::pressKey(key);
+        });
+    };
     const struct {
         const char* what;
         std::function<void()> action;
