@@ -92,17 +92,17 @@ struct frmMain {
     int16_t mintPossibleCount = 0;           // candidates in PossibleTiles
     DynamicTable<TileKind> maudtCheckTiles;  // the tiles of the window that is looked at
 
-    // play/newGame.cpp: the start of the program and of a hand
+    // frmMain.cpp: the start and the end of the program
     /// Sets up window, pictures, tables and options; the window then stands idle.
     void Form_Load();
-    /// Loads the table's picture, which is the window's background too, and keeps what lies under the lightning.
-    void msLoadTable();
-    /// Keeps what lies under the next tile. Call before anything is drawn.
-    void msCaptureNextTileGround();
+    /// Ends the program with the window.
+    void Form_Unload();
+    /// Lets go of every form and ends the process.
+    [[noreturn]] void msExitProgram();
+
+    // play/newGame.cpp: the start of a hand
     /// Fills all places, kinds and tile numbers.
     void msInitVar();
-    /// Gives the places of the board, of candidates and of earned tiles their pixels.
-    void msPlaceCells();
     /// Gives each of the 144 tiles its kind.
     void msAssignTileBmpIdx();
     /// Empties the candidates and their count.
@@ -115,22 +115,12 @@ struct frmMain {
     // play/dropLoop.cpp: the tick, the keys and the ends of a hand and of a match
     /// One tick: brings a tile in, moves it down a row or lands it, or ends the hand or the match.
     void Timer1_Timer();
-    /// Brings in the next tile; false if the hand is over instead.
-    bool mblnfTileEnters();
-    /// Moves the tile down by a row, or lands it; true if it is to be painted at a new place.
-    bool mblnfTileFalls();
     /// Lets the timer count a whole interval from now, so that the next tile doesn't come out of a dialog at once.
     void msRestartTimer();
-    /// Counts the hand, moves the House, shows the break-down and begins the next hand.
-    void msEndHand(bool won);
     /// Adds a hand to those of the match.
     void msCountHand(bool won);
-    /// Stops the fall and the music, and shows the summary; a high score then enters the table, which is shown.
-    void msEndMatch();
     /// Steers the falling tile by the code of a key.
     void Form_KeyDown(int keyCode);
-    /// Moves the tile a column to the left, -1, or right, 1, if the place beside it is free.
-    void msMoveSideways(int16_t step);
     /// True if the falling tile can go a row down.
     bool mblnfDropOK();
     /// Milliseconds a row for the next tile, by Level and hand.
@@ -139,15 +129,8 @@ struct frmMain {
     void msEraseTile();
 
     // play/search.cpp: what a landed tile completes
-    struct Landing;
     /// Makes the landed tile part of the board, and lets the player take what it completes, one set after the other.
     void msMarkCellTable();
-    /// Looks for candidates around the landed tile or the set just taken.
-    void msSearch(Landing& landing);
-    /// Tries all windows of 1, 2 or 3 tiles, from the starting row up the board.
-    void msSearchPass(Landing& landing, int16_t intNumCheck);
-    /// Lets the player choose among the candidates, and takes what was chosen.
-    void msOffer(Landing& landing);
     /// Gives the first and last left column of the windows of a pass.
     void msGetColumns(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat, int16_t intNumCheck,
                       int16_t intTakenNum);
@@ -178,14 +161,8 @@ struct frmMain {
     // scoring/tally.cpp: points of sets and of a won hand
     /// Adds the points of a taken set, values the hand if asked to, and prints the score.
     void msUpdateScore(int32_t lngSetKind, bool blnTally);
-    /// Adds to the score; an overflow fails and leaves it as it was.
-    void msAddPoints(int32_t points);
-    /// Prints the score on the picture.
-    void msPrintScore();
     /// Values a hand of 14 tiles: its items, doubles and points.
     void msTallyScore();
-    /// Appends an item and a comma to the list of items.
-    void msListItem(ScoringItem item);
     /// Adds the doubles of an item.
     void msAddDoubles(ScoringItem item);
     /// Lists an item and adds its doubles.
@@ -208,18 +185,11 @@ struct frmMain {
     // scoring/honours.cpp: flowers and seasons, dragons, winds
     /// Scores the single flowers and seasons.
     void msCheckForFlowers();
-    /// Scores the tile of a slot if it is the player's own, which depends on who holds the House.
-    void msLookAtBonusTile(int16_t slot);
-    /// Scores a tile that is the player's own while seat 1, another than his, holds the House.
+    // Each scores the bonus tile of a slot if it is the player's own while that other seat holds the House.
     void msHouseIsEast(int16_t slot);
-    /// The same for seat 2.
     void msHouseIsSouth(int16_t slot);
-    /// The same for seat 3.
     void msHouseIsWest(int16_t slot);
-    /// The same for seat 4.
     void msHouseIsNorth(int16_t slot);
-    /// Scores a tile that is the player's own while that seat, another than his, holds the House.
-    void msOwnTiles(int16_t slot, int32_t house);
     /// Scores a tile that is one of these two, given as Bonus.
     void msFlowerAndSeason(int16_t slot, int32_t ownFlower, int32_t ownSeason);
     /// Scores trios of dragons.
@@ -270,8 +240,6 @@ struct frmMain {
     void msGenerateLightning();
     /// Paints a strike that is due, or takes off the one that stands, with thunder.
     void msDrawLightning();
-    /// Puts the earned tiles over the rectangle of the strikes and shows it.
-    void msShowLightning();
     /// Takes off a strike, also one that is only due.
     void msEndLightning();
 
@@ -290,6 +258,8 @@ struct frmMain {
     void msDrawHouseIndicator();
     /// Paints the small table, the names of the seats and the small marker.
     void msDrawSeats();
+    /// Prints the score on the picture.
+    void msPrintScore();
 
     // presentation/music.cpp: the music
     /// Plays the music or stops it, as the player wants it; nothing before the first match.
@@ -346,10 +316,6 @@ struct frmMain {
     void msExit();
     /// Sets the Level, 1 to 5, and its check mark.
     void mnuLevelItem_Click(int item);
-    /// Ends the program with the window.
-    void Form_Unload();
-    /// Lets go of every form and ends the process.
-    [[noreturn]] void msExitProgram();
 };
 
 inline FormRef<frmMain> gfrmMain;

@@ -8,6 +8,71 @@
 #include "scoring/frmBreakDown.h"
 #include "toolkit/failures.h"
 
+namespace {
+
+/// Counts the hand, moves the House, shows the break-down and begins the next hand.
+void endHand(frmMain& m, bool won) {
+    m.msCountHand(won);
+    m.msUpdateHouse(won);
+    m.msUpdateRound();
+    if (won && m.mblnBreakDown) {
+        m.Timer1.setEnabled(false);
+        gfrmBreakDown.showModal();
+    }
+    const bool entryTaken = m.mintCurRow != 1;
+    m.msInitNewGame();
+    if (!won) m.msShowHintBriefly(entryTaken ? hint::lostAtEntry : hint::lostAtLastTile);
+}
+
+/// Brings in the next tile; false if the hand is over instead.
+bool tileEnters(frmMain& m) {
+    m.Timer1.setInterval(m.mintfSetTimeInterval());
+    ++m.mintTilesDropped;
+    m.mintCurTile = m.TileOrder[m.mintTilesDropped];
+    m.mintCurCol = entryColumn;
+    if (m.mblnfDropOK()) {
+        m.mintCurRow = 0;
+        if (m.mblnfDropOK()) m.mintCurRow = 1;
+    }
+    const bool won = m.mintHandCount == handTiles;
+    if (m.mintCurRow != 1 || won || m.mintTilesDropped == tileCount) {
+        endHand(m, won);
+        return false;
+    }
+    m.form.announce([&m] { return gstrfKindName(m.TileKindOf[m.mintCurTile]); });
+    return true;
+}
+
+/// Moves the tile down by a row, or lands it; true if it is to be painted at a new place.
+bool tileFalls(frmMain& m) {
+    if (!m.mblnfDropOK()) {
+        m.msMarkCellTable();
+        m.mintCurRow = noRow;
+        return false;
+    }
+    const uint32_t thisHand = m.mlngHandNumber;
+    platform::doEvents();
+    // What was served just now can have changed what this tick was about to do. Start Anew has begun another hand: its
+    // first tile enters at a tick of its own. Pause or Stop has held the game: the tile stays in its row. A sideways
+    // key has put the tile over a place that is taken: it lands there at the next tick.
+    if (thisHand != m.mlngHandNumber || !m.Timer1.enabled() || !m.mblnfDropOK()) return false;
+    m.msEraseTile();
+    ++m.mintCurRow;
+    return true;
+}
+
+/// Stops the fall and the music, and shows the summary; a high score then enters the table, which is shown.
+void endMatch(frmMain& m) {
+    m.Timer1.setEnabled(false);
+    m.mblnGameRunning = false;
+    m.msMusicStop();
+    gfrmGameSummary->msLoadFormVariables(m.mintRoundsPlayed, m.mintGamesPlayed, m.mintGamesWon);
+    gfrmGameSummary.showModal();
+    if (m.mlngScore != 0 && m.mblnfHiScore()) gfrmHiScore.showModal();
+}
+
+}  // namespace
+
 /// A tick isn't always over before the next one is due: the tile chooser and the break-down are open inside it, and it
 /// serves events once while a tile falls. The ticks that come meanwhile must not move the game on, so they return at
 /// once as long as `mblnInTimerTick` is set. A new hand clears it, also if it begins inside a tick; that tick finds out
@@ -16,11 +81,11 @@ void frmMain::Timer1_Timer() {
     if (mblnInTimerTick) return;
     mblnInTimerTick = true;
     if (mintRoundsPlayed == gintNumRounds) {
-        msEndMatch();
+        endMatch(*this);
         return;  // The guard stays set: the next match's first hand clears it.
     }
     msGenerateLightning();
-    if (mintCurRow == noRow ? mblnfTileEnters() : mblnfTileFalls()) {
+    if (mintCurRow == noRow ? tileEnters(*this) : tileFalls(*this)) {
         msDrawLightning();
         msDrawNexTile();
         msDrawEarnedTiles();
@@ -29,58 +94,10 @@ void frmMain::Timer1_Timer() {
     mblnInTimerTick = false;
 }
 
-bool frmMain::mblnfTileEnters() {
-    Timer1.setInterval(mintfSetTimeInterval());
-    ++mintTilesDropped;
-    mintCurTile = TileOrder[mintTilesDropped];
-    mintCurCol = entryColumn;
-    if (mblnfDropOK()) {
-        mintCurRow = 0;
-        if (mblnfDropOK()) mintCurRow = 1;
-    }
-    const bool won = mintHandCount == handTiles;
-    if (mintCurRow != 1 || won || mintTilesDropped == tileCount) {
-        msEndHand(won);
-        return false;
-    }
-    form.announce([this] { return gstrfKindName(TileKindOf[mintCurTile]); });
-    return true;
-}
-
-bool frmMain::mblnfTileFalls() {
-    if (!mblnfDropOK()) {
-        msMarkCellTable();
-        mintCurRow = noRow;
-        return false;
-    }
-    const uint32_t thisHand = mlngHandNumber;
-    platform::doEvents();
-    // What was served just now can have changed what this tick was about to do. Start Anew has begun another hand: its
-    // first tile enters at a tick of its own. Pause or Stop has held the game: the tile stays in its row. A sideways
-    // key has put the tile over a place that is taken: it lands there at the next tick.
-    if (thisHand != mlngHandNumber || !Timer1.enabled() || !mblnfDropOK()) return false;
-    msEraseTile();
-    ++mintCurRow;
-    return true;
-}
-
 void frmMain::msRestartTimer() {
     if (!Timer1.enabled()) return;
     Timer1.setEnabled(false);
     Timer1.setEnabled(true);
-}
-
-void frmMain::msEndHand(bool won) {
-    msCountHand(won);
-    msUpdateHouse(won);
-    msUpdateRound();
-    if (won && mblnBreakDown) {
-        Timer1.setEnabled(false);
-        gfrmBreakDown.showModal();
-    }
-    const bool entryTaken = mintCurRow != 1;
-    msInitNewGame();
-    if (!won) msShowHintBriefly(entryTaken ? hint::lostAtEntry : hint::lostAtLastTile);
 }
 
 void frmMain::msCountHand(bool won) {
@@ -91,14 +108,18 @@ void frmMain::msCountHand(bool won) {
     });
 }
 
-void frmMain::msEndMatch() {
-    Timer1.setEnabled(false);
-    mblnGameRunning = false;
-    msMusicStop();
-    gfrmGameSummary->msLoadFormVariables(mintRoundsPlayed, mintGamesPlayed, mintGamesWon);
-    gfrmGameSummary.showModal();
-    if (mlngScore != 0 && mblnfHiScore()) gfrmHiScore.showModal();
+namespace {
+
+/// Moves the tile a column to the left, -1, or right, 1, if the place beside it is free.
+void moveSideways(frmMain& m, int16_t step) {
+    const int column = m.mintCurCol + step;
+    if (column < 1 || column > columnCount || m.CellTable[m.mintCurRow][column].Filled) return;
+    m.msEraseTile();
+    m.mintCurCol = narrow16(column);
+    m.msDrawTile();
 }
+
+}  // namespace
 
 void frmMain::Form_KeyDown(int keyCode) {
     guarded("Form_KeyDown", [&] {
@@ -107,11 +128,11 @@ void frmMain::Form_KeyDown(int keyCode) {
         switch (keyCode) {
             case platform::key::Left:
             case platform::key::Pad4:
-                msMoveSideways(-1);
+                moveSideways(*this, -1);
                 break;
             case platform::key::Right:
             case platform::key::Pad6:
-                msMoveSideways(1);
+                moveSideways(*this, 1);
                 break;
             case platform::key::Down:
             case platform::key::Pad2:
@@ -123,14 +144,6 @@ void frmMain::Form_KeyDown(int keyCode) {
                 break;
         }
     });
-}
-
-void frmMain::msMoveSideways(int16_t step) {
-    const int column = mintCurCol + step;
-    if (column < 1 || column > columnCount || CellTable[mintCurRow][column].Filled) return;
-    msEraseTile();
-    mintCurCol = narrow16(column);
-    msDrawTile();
 }
 
 bool frmMain::mblnfDropOK() {

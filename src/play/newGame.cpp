@@ -4,70 +4,28 @@
 #include "platform/desktop.h"
 #include "presentation/layout.h"
 #include "toolkit/failures.h"
-#include "toolkit/modScreen.h"
 
 namespace {
-
-constexpr const char* tablePicture = "101";
-constexpr int clientRight = 794;    // pixels
-constexpr int clientBottom = 560;   // pixels; the sizing adds a menu bar's 20
-constexpr int toolbarHeight = 28;   // pixels
-constexpr int firstInterval = 500;  // milliseconds
-constexpr int16_t startRounds = 4;
 
 void put(CellInfo& cell, const PixelPoint& point) {
     cell.X = point.X;
     cell.Y = point.Y;
 }
 
+/// Gives the places of the board, of candidates and of earned tiles their pixels.
+void placeCells(frmMain& m) {
+    for (int row = 0; row <= bottomRow; ++row)
+        for (int col = 1; col <= columnCount; ++col) put(m.CellTable[row][col], cellPoint(row, col));
+    for (int i = 1; i <= candidatePlaces; ++i)
+        for (int j = 1; j <= setTiles; ++j) put(PossibleTiles[i][j], entryPoint(i, j));
+    for (int i = 1; i <= slotCount; ++i) put(m.EarnedTiles[i], slotPoint(i));
+}
+
 }  // namespace
-
-frmMain::frmMain() : tbrZQT(form, toolbarHeight, toolbarButtons, ImageList1()) {
-    form.onLoad = [this] { Form_Load(); };
-    form.onUnload = [this] { Form_Unload(); };
-    form.onKeyDown = [this](int& keyCode) { Form_KeyDown(keyCode); };
-    tbrZQT.onButtonClick = [this](int button) { tbrZQT_ButtonClick(button); };
-    mnuLevel.onClick = [this](int item) { mnuLevelItem_Click(item); };
-    Timer1.setInterval(firstInterval);
-    Timer1.onTick = [this] { Timer1_Timer(); };
-    mmcZQT.onStatusUpdate = [this] { msMusicStatus(); };
-}
-
-void frmMain::Form_Load() {
-    guarded("Form_Load", [&] {
-        form.setCaption("Velmora");
-        msLoadTable();
-        gsSetClientSize(0, 0, clientRight, clientBottom, form);
-        msSetUpToolbar();
-        gsCenterForm(form);
-        msCaptureNextTileGround();
-        msAssignSeatPsns();
-        mblnMusicReady = gblnfInitMCI(mmcZQT, true, false, 0, platform::programFile("mendel1.mid"), "Sequencer");
-        msInitVar();
-        mblnMusicOn = true;
-        mblnBreakDown = true;
-        mlngLevel = 1;
-        mblnRoundInChinese = true;
-        gintNumRounds = startRounds;
-        msSetToolTipText();
-        msSetUpHint();
-    });
-}
-
-void frmMain::msLoadTable() {
-    gsLoadPicture(picWork, tablePicture);
-    msCaptureLightningGround();
-    form.setPicture(picWork.background());
-}
-
-void frmMain::msCaptureNextTileGround() {
-    platform::BitBlt(picBlankNextTile, 0, 0, nextTilePlace.width, nextTilePlace.height, picWork, nextTilePlace.left,
-                     nextTilePlace.top, platform::SRCCOPY);
-}
 
 void frmMain::msInitVar() {
     guarded("msInitVar", [&] {
-        msPlaceCells();
+        placeCells(*this);
         for (const KindRun& run : kindRuns)
             for (int16_t k = run.firstKind; k <= run.lastKind; ++k) {
                 const int32_t step = k - run.firstKind;
@@ -76,14 +34,6 @@ void frmMain::msInitVar() {
             }
         msAssignTileBmpIdx();
     });
-}
-
-void frmMain::msPlaceCells() {
-    for (int row = 0; row <= bottomRow; ++row)
-        for (int col = 1; col <= columnCount; ++col) put(CellTable[row][col], cellPoint(row, col));
-    for (int i = 1; i <= candidatePlaces; ++i)
-        for (int j = 1; j <= setTiles; ++j) put(PossibleTiles[i][j], entryPoint(i, j));
-    for (int i = 1; i <= slotCount; ++i) put(EarnedTiles[i], slotPoint(i));
 }
 
 void frmMain::msAssignTileBmpIdx() {

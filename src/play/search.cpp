@@ -5,11 +5,13 @@
 #include "presentation/hints.h"
 #include "toolkit/failures.h"
 
+namespace {
+
 /// How far a landing has come. After a tile has landed, the search looks at the windows of 1, 2 and 3 places in its row
 /// that hold it. If the player takes a set, tiles drop into its place, and the search goes on among what they may have
 /// completed: the windows that overlap the set's columns, from its row upward. So it goes on until a search finds
 /// nothing, the player passes or the hand is complete.
-struct frmMain::Landing {
+struct Landing {
     bool blnDone = false;
     bool blnRepeat = false;          // false: around the landed tile; true: around the set just taken
     int16_t intRow = 0;              // where the search starts
@@ -19,41 +21,18 @@ struct frmMain::Landing {
     DynamicTable<int16_t> aintCols;  // its left column
 };
 
-void frmMain::msMarkCellTable() {
-    guarded("msMarkCellTable", [&] {
-        CellTable[mintCurRow][mintCurCol].fill(TileKinds[TileKindOf[mintCurTile]]);
-        Landing landing;
-        while (!landing.blnDone) {
-            msSearch(landing);
-            if (landing.aintRows.count() == 0)
-                landing.blnDone = true;
-            else
-                msOffer(landing);
-            msInitTileSet(PossibleTiles);
-            landing.aintRows.clear();
-            landing.aintCols.clear();
-        }
-        mblnDropKeyUsed = false;
-        maudtCheckTiles.clear();
-    });
-}
-
-void frmMain::msSearch(Landing& landing) {
-    if (!landing.blnRepeat) landing.intRow = mintCurRow;
-    for (int16_t intNumCheck = 1; intNumCheck <= setTiles; ++intNumCheck) msSearchPass(landing, intNumCheck);
-}
-
-void frmMain::msSearchPass(Landing& landing, int16_t intNumCheck) {
-    const int16_t lowest = landing.blnRepeat ? int16_t{1} : mintCurRow;
+/// Tries all windows of 1, 2 or 3 tiles, from the starting row up the board.
+void searchPass(frmMain& m, Landing& landing, int16_t intNumCheck) {
+    const int16_t lowest = landing.blnRepeat ? int16_t{1} : m.mintCurRow;
     int16_t intColFrom = 0;
     int16_t intColTo = 0;
-    msGetColumns(landing.blnRepeat ? landing.intTakenCol : mintCurCol, intColFrom, intColTo, landing.blnRepeat,
-                 intNumCheck, landing.intTakenNum);
+    m.msGetColumns(landing.blnRepeat ? landing.intTakenCol : m.mintCurCol, intColFrom, intColTo, landing.blnRepeat,
+                   intNumCheck, landing.intTakenNum);
     for (int16_t row = landing.intRow; row >= lowest; --row)
         for (int16_t col = intColFrom; col <= intColTo; ++col) {
             const int found = landing.aintRows.count();
             if (found == candidateLimit) return;  // What lies further up would have no entry in the chooser.
-            if (!mblnfTileConnection(row, col, intNumCheck)) continue;
+            if (!m.mblnfTileConnection(row, col, intNumCheck)) continue;
             landing.aintRows.resize(found + 1);
             landing.aintCols.resize(found + 1);
             landing.aintRows[found + 1] = row;
@@ -61,21 +40,49 @@ void frmMain::msSearchPass(Landing& landing, int16_t intNumCheck) {
         }
 }
 
-void frmMain::msOffer(Landing& landing) {
-    msEndLightning();
+/// Looks for candidates around the landed tile or the set just taken.
+void search(frmMain& m, Landing& landing) {
+    if (!landing.blnRepeat) landing.intRow = m.mintCurRow;
+    for (int16_t intNumCheck = 1; intNumCheck <= setTiles; ++intNumCheck) searchPass(m, landing, intNumCheck);
+}
+
+/// Lets the player choose among the candidates, and takes what was chosen.
+void offer(frmMain& m, Landing& landing) {
+    m.msEndLightning();
     gfrmChooseTiles->msLoadFormVariables(landing.aintRows, landing.aintCols);
-    msShowHint(hint::offer);
+    m.msShowHint(hint::offer);
     gfrmChooseTiles.showModal();
-    msShowHint(hint::none);
+    m.msShowHint(hint::none);
     landing.intTakenCol = gfrmChooseTiles->mprpCellTableCol();
     landing.intRow = gfrmChooseTiles->mprpCellTableRow();
     landing.intTakenNum = gfrmChooseTiles->mprpNumTiles();
     gfrmChooseTiles.clear();
-    msRestartTimer();
+    m.msRestartTimer();
 
     landing.blnRepeat = landing.intTakenCol != 0;
-    if (landing.blnRepeat) msTakeSet(landing.intRow, landing.intTakenCol, landing.intTakenNum);
-    landing.blnDone = !landing.blnRepeat || mintHandCount == handTiles;
+    if (landing.blnRepeat) m.msTakeSet(landing.intRow, landing.intTakenCol, landing.intTakenNum);
+    landing.blnDone = !landing.blnRepeat || m.mintHandCount == handTiles;
+}
+
+}  // namespace
+
+void frmMain::msMarkCellTable() {
+    guarded("msMarkCellTable", [&] {
+        CellTable[mintCurRow][mintCurCol].fill(TileKinds[TileKindOf[mintCurTile]]);
+        Landing landing;
+        while (!landing.blnDone) {
+            search(*this, landing);
+            if (landing.aintRows.count() == 0)
+                landing.blnDone = true;
+            else
+                offer(*this, landing);
+            msInitTileSet(PossibleTiles);
+            landing.aintRows.clear();
+            landing.aintCols.clear();
+        }
+        mblnDropKeyUsed = false;
+        maudtCheckTiles.clear();
+    });
 }
 
 void frmMain::msGetColumns(int16_t intCol, int16_t& intColFrom, int16_t& intColTo, bool blnRepeat, int16_t intNumCheck,

@@ -1,31 +1,13 @@
 #include "forms/frmAbout.h"
 #include "forms/frmOrder.h"
 #include "frmMain.h"
-#include "hiscores/frmGetName.h"
 #include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
-#include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
-#include "platform/desktop.h"
 #include "platform/help.h"
-#include "play/frmChooseTiles.h"
-#include "presentation/frmBitmaps.h"
 #include "presentation/helpPictures.h"
 #include "presentation/hints.h"
-#include "scoring/frmBreakDown.h"
-#include "toolkit/failures.h"
-#include "toolkit/modScreen.h"
-
-namespace {
-
-constexpr char helpFile[] = "ZQT.hlp";
-
-}  // namespace
-
-void gsClearAllForms() {
-    gsClearObjects(gfrmAbout, gfrmBitmaps, gfrmBreakDown, gfrmChooseSeat, gfrmChooseTiles, gfrmGameSummary, gfrmGetName,
-                   gfrmHiScore, gfrmOrder, gfrmRoundsSetting, gfrmMain);
-}
+#include "product.h"
 
 void frmMain::msStartAnew() {
     Timer1.setEnabled(false);
@@ -107,7 +89,7 @@ void frmMain::msShowAbout() {
 
 void frmMain::msShowHelp() {
     platform::setHelpPictures(gudtfHelpPicture);
-    platform::WinHelpA(form, helpFile, platform::HELP_INDEX, 0);
+    platform::WinHelpA(form, productFile::help, platform::HELP_INDEX, 0);
 }
 
 void frmMain::msHoldFall() {
@@ -125,16 +107,4 @@ void frmMain::msExit() { form.unload(); }
 void frmMain::mnuLevelItem_Click(int item) {
     mlngLevel = item;
     for (int i = 1; i <= mnuLevel.itemCount(); ++i) mnuLevel.setChecked(i, i == item);
-}
-
-void frmMain::Form_Unload() { msExitProgram(); }
-
-void frmMain::msExitProgram() {
-    // No step may keep the program from its end.
-    unreported([this] {
-        if (mmcZQT.mode() == platform::modeOpen) mmcZQT.setCommand("Close");
-    });
-    unreported(gsClearAllForms);
-    unreported([this] { platform::WinHelpA(form, helpFile, platform::HELP_QUIT, 0); });
-    platform::endProcess();
 }

@@ -6,7 +6,8 @@
 
 namespace {
 
-constexpr int16_t nameSize = 18;  // points
+constexpr int16_t nameSize = 18;   // points
+constexpr int16_t scoreSize = 18;  // points
 
 /// Paints a wind's marker; a cell of the sheet is as large as the mask.
 void paintMarker(platform::Surface& surface, const PixelPoint& place, const platform::Surface& mask,
@@ -46,4 +47,8 @@ void frmMain::msDrawSeats() {
         gsPrintShadowed(picWork, place.X, place.Y, text, isPlayer ? white : blue, scriptFont, nameSize, false);
     }
     msDrawHouseIndicator();
+}
+
+void frmMain::msPrintScore() {
+    gsPrintShadowed(picWork, scorePlace.X, scorePlace.Y, std::to_string(mlngScore), red, scriptFont, scoreSize, true);
 }

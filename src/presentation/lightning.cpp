@@ -5,6 +5,7 @@
 #include "platform/sound.h"
 #include "presentation/frmBitmaps.h"
 #include "presentation/layout.h"
+#include "product.h"
 #include "toolkit/failures.h"
 
 namespace {
@@ -37,6 +38,18 @@ void frmMain::msGenerateLightning() {
     });
 }
 
+namespace {
+
+/// Puts the earned tiles over the rectangle of the strikes and shows it.
+void showLightning(frmMain& m) {
+    m.msDrawEarnedTiles();
+    platform::BitBlt(m.form.surface(), lightningPlace.left, lightningPlace.top, m.mintLightningWidth,
+                     m.mintLightningHeight, m.picWork, lightningPlace.left, lightningPlace.top, platform::SRCCOPY);
+    m.form.refresh();
+}
+
+}  // namespace
+
 void frmMain::msDrawLightning() {
     guarded("msDrawLightning", [&] {
         if (mblnLightningDue) {
@@ -46,23 +59,16 @@ void frmMain::msDrawLightning() {
             platform::paintMasked(picWork,
                                   {lightningPlace.left, lightningPlace.top, mintLightningWidth, mintLightningHeight},
                                   {gfrmBitmaps->picLightningMask, 0, 0}, {gfrmBitmaps->picLightning, 0, 0});
-            msShowLightning();
+            showLightning(*this);
         } else if (mblnLightningShown) {
             mblnLightningShown = false;
             platform::BitBlt(picWork, lightningPlace.left, lightningPlace.top, mintLightningWidth, mintLightningHeight,
                              gfrmBitmaps->picBlankLightning, 0, 0, platform::SRCCOPY);
-            msShowLightning();
-            platform::sndPlaySoundA(platform::programFile("Thunder2.wav"),
+            showLightning(*this);
+            platform::sndPlaySoundA(platform::programFile(productFile::thunder),
                                     platform::SND_ASYNC | platform::SND_NODEFAULT);
         }
     });
-}
-
-void frmMain::msShowLightning() {
-    msDrawEarnedTiles();
-    platform::BitBlt(form.surface(), lightningPlace.left, lightningPlace.top, mintLightningWidth, mintLightningHeight,
-                     picWork, lightningPlace.left, lightningPlace.top, platform::SRCCOPY);
-    form.refresh();
 }
 
 void frmMain::msEndLightning() {

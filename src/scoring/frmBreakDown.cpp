@@ -4,6 +4,7 @@
 
 #include "frmMain.h"
 #include "modZQT.h"
+#include "product.h"
 #include "scoring/scoringItems.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
@@ -34,7 +35,7 @@ void frmBreakDown::Form_Load() {
     guarded("Form_Load", [&] {
         gsFitDialog(form, formWidth, formHeight, gfrmMain->form, below);
         gsLayGround(form, ground);
-        form.setCaption("Velmora");
+        form.setCaption(PRODUCT_NAME);
         msInitPrtPsns();
         msBreakDown();
     });

@@ -29,6 +29,29 @@ bool replaceInList(ScoringItem item, const std::string& newText) {
     return first != std::string::npos;
 }
 
+/// Scores a tile that is the player's own while that seat, another than his, holds the House.
+void lookForOwnTiles(frmMain& m, int16_t slot, int32_t house) {
+    const int32_t season = distance(house, m.mlngSeat) + 1;
+    if (m.mlngSeat != house) m.msFlowerAndSeason(slot, seasonCount + season, season);
+}
+
+/// Scores the tile of a slot if it is the player's own, which depends on who holds the House.
+void lookAtBonusTile(frmMain& m, int16_t slot) {
+    if (m.mlngHouse == m.mlngSeat) return m.msFlowerAndSeason(slot, seasonCount + 1, 1);
+    switch (m.mlngHouse) {
+        case 1:
+            return m.msHouseIsEast(slot);
+        case 2:
+            return m.msHouseIsSouth(slot);
+        case 3:
+            return m.msHouseIsWest(slot);
+        case 4:
+            return m.msHouseIsNorth(slot);
+        default:
+            return;
+    }
+}
+
 }  // namespace
 
 void frmMain::msCheckForFlowers() {
@@ -38,7 +61,7 @@ void frmMain::msCheckForFlowers() {
         for (int16_t slot = firstBonusSlot; slot <= slotCount; ++slot) {
             if (!EarnedTiles[slot].Filled) continue;
             ++held;
-            msLookAtBonusTile(slot);
+            lookAtBonusTile(*this, slot);
             holds[EarnedTiles[slot].Tile.Bonus] = true;
         }
         if (holds[1] && holds[2] && holds[3] && holds[4]) msScoreItem(ScoringItem::FourSeasons);
@@ -47,41 +70,20 @@ void frmMain::msCheckForFlowers() {
     });
 }
 
-void frmMain::msLookAtBonusTile(int16_t slot) {
-    if (mlngHouse == mlngSeat) return msFlowerAndSeason(slot, seasonCount + 1, 1);
-    switch (mlngHouse) {
-        case 1:
-            return msHouseIsEast(slot);
-        case 2:
-            return msHouseIsSouth(slot);
-        case 3:
-            return msHouseIsWest(slot);
-        case 4:
-            return msHouseIsNorth(slot);
-        default:
-            return;
-    }
-}
-
 void frmMain::msHouseIsEast(int16_t slot) {
-    guarded("msHouseIsEast", [&] { msOwnTiles(slot, 1); });
+    guarded("msHouseIsEast", [&] { lookForOwnTiles(*this, slot, 1); });
 }
 
 void frmMain::msHouseIsSouth(int16_t slot) {
-    guarded("msHouseIsSouth", [&] { msOwnTiles(slot, 2); });
+    guarded("msHouseIsSouth", [&] { lookForOwnTiles(*this, slot, 2); });
 }
 
 void frmMain::msHouseIsWest(int16_t slot) {
-    guarded("msHouseIsWest", [&] { msOwnTiles(slot, 3); });
+    guarded("msHouseIsWest", [&] { lookForOwnTiles(*this, slot, 3); });
 }
 
 void frmMain::msHouseIsNorth(int16_t slot) {
-    guarded("msHouseIsNorth", [&] { msOwnTiles(slot, 4); });
-}
-
-void frmMain::msOwnTiles(int16_t slot, int32_t house) {
-    const int32_t season = distance(house, mlngSeat) + 1;
-    if (mlngSeat != house) msFlowerAndSeason(slot, seasonCount + season, season);
+    guarded("msHouseIsNorth", [&] { lookForOwnTiles(*this, slot, 4); });
 }
 
 void frmMain::msFlowerAndSeason(int16_t slot, int32_t ownFlower, int32_t ownSeason) {

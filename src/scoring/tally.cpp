@@ -1,7 +1,6 @@
 #include <cmath>
 
 #include "frmMain.h"
-#include "presentation/layout.h"
 #include "scoring/scoringItems.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
@@ -10,8 +9,16 @@ namespace {
 
 constexpr int32_t sequencePoints = 1;
 constexpr int32_t trioPoints = 2;
-constexpr int32_t handBase = 50;   // points of a hand without doubles
-constexpr int16_t scoreSize = 18;  // points of type
+constexpr int32_t handBase = 50;  // points of a hand without doubles
+
+/// Appends an item and a comma to the list of items.
+void listItem(ScoringItem item) {
+    gstrScoreDesc += scoringItem(item).text;
+    gstrScoreDesc += ',';
+}
+
+/// Adds to the score; an overflow fails and leaves it as it was.
+void addPoints(frmMain& m, int32_t points) { m.mlngScore = narrow32(int64_t{m.mlngScore} + points); }
 
 }  // namespace
 
@@ -21,16 +28,10 @@ void frmMain::msUpdateScore(int32_t lngSetKind, bool blnTally) {
         int32_t points = 0;
         if (lngSetKind == sequenceOfTiles) points = base * sequencePoints;
         if (lngSetKind == trioOfTiles) points = base * trioPoints;
-        msAddPoints(points);
+        addPoints(*this, points);
         if (blnTally) msTallyScore();
         msPrintScore();
     });
-}
-
-void frmMain::msAddPoints(int32_t points) { mlngScore = narrow32(int64_t{mlngScore} + points); }
-
-void frmMain::msPrintScore() {
-    gsPrintShadowed(picWork, scorePlace.X, scorePlace.Y, std::to_string(mlngScore), red, scriptFont, scoreSize, true);
 }
 
 void frmMain::msTallyScore() {
@@ -40,29 +41,24 @@ void frmMain::msTallyScore() {
         msCheckForDragons();
         msCheckForWinds();
         if (mblnfPureSuit())
-            msListItem(ScoringItem::PureSuit);
+            listItem(ScoringItem::PureSuit);
         else if (mblnfSemiPureSuit())
-            msListItem(ScoringItem::SemiPureSuit);
+            listItem(ScoringItem::SemiPureSuit);
         const bool triosOnly = mblnfThreeOfAKindOnly();
         const bool sequencesOnly = mblnfSequenceOnly();
         if (!triosOnly && !sequencesOnly) gstrScoreDesc += scoringItem(ScoringItem::Mixed).text;
         gsStripComma(gstrScoreDesc);
 
         const int32_t points = mlngfHandPoints();
-        msAddPoints(points);
+        addPoints(*this, points);
         glngHandPoints = points;
     });
-}
-
-void frmMain::msListItem(ScoringItem item) {
-    gstrScoreDesc += scoringItem(item).text;
-    gstrScoreDesc += ',';
 }
 
 void frmMain::msAddDoubles(ScoringItem item) { mintDoubles = narrow16(mintDoubles + scoringItem(item).doubles); }
 
 void frmMain::msScoreItem(ScoringItem item) {
-    msListItem(item);
+    listItem(item);
     msAddDoubles(item);
 }
 
