@@ -1,6 +1,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "hiscores/scoreFile.h"
 #include "materials.h"
 #include "script.h"
 #include "tableArt.h"
@@ -70,10 +71,10 @@ void paintFramedCloth(QPainter& painter, const QSize& size, int breadth) {
 }
 
 constexpr int breakDownFrame = 14;
-constexpr int gridTop = 46;
-constexpr int gridPitch = 38;
-constexpr int gridRows = 6;
-constexpr int gridLefts[] = {28, 344};
+constexpr int gridTop = breakDownPlaces::firstTop - 9;
+constexpr int gridPitch = breakDownPlaces::pitch;
+constexpr int gridRows = breakDownPlaces::rows;
+constexpr int nameIndent = 10;
 constexpr int gridWidth = 302;
 constexpr int doublesFrom = 211;
 constexpr QRect totals[] = {{198, 281, 130, 25}, {510, 281, 134, 25}};
@@ -108,21 +109,18 @@ constexpr Line seatLines[] = {
 };
 
 constexpr int hiScoreFrame = 18;
-constexpr int hiScoreFirstRow = 138;
-constexpr int hiScorePitch = 32;
-constexpr int hiScoreRows = 5;
+constexpr int hiScoreFirstRow = hiScorePlaces::firstTop;
+constexpr int hiScorePitch = hiScorePlaces::pitch;
 constexpr int rowLinesLeft = 34;
 constexpr int rowLinesRight = 466;
 
 constexpr Line hiScoreLines[] = {
     {"Top Five High Scores", From::middle, 250, 62, 34, script::flowing, &lacquerInk, 0.6},
-    {"Name", From::left, 66, 122, 15, script::plain, &inkOnPaper, 0},
-    {"Rounds", From::left, 230, 105, 15, script::plain, &inkOnPaper, 0},
-    {"Played", From::left, 230, 122, 15, script::plain, &inkOnPaper, 0},
-    {"Level", From::left, 322, 122, 15, script::plain, &inkOnPaper, 0},
-    {"Score", From::right, 445, 122, 15, script::plain, &inkOnPaper, 0},
-    {"Level:  1 Easy   2 Medium   3 Hard   4 Very Hard   5 Super Hard", From::middle, 250, 317, 14, script::plain,
-     &inkOnPaper, 0},
+    {"Name", From::left, hiScorePlaces::nameLeft, 122, 15, script::plain, &inkOnPaper, 0},
+    {"Rounds", From::left, hiScorePlaces::roundsLeft, 105, 15, script::plain, &inkOnPaper, 0},
+    {"Played", From::left, hiScorePlaces::roundsLeft, 122, 15, script::plain, &inkOnPaper, 0},
+    {"Level", From::left, hiScorePlaces::levelLeft, 122, 15, script::plain, &inkOnPaper, 0},
+    {"Score", From::right, hiScorePlaces::scoreRight, 122, 15, script::plain, &inkOnPaper, 0},
 };
 
 void paintPaper(QPainter& painter, const QRect& paper) {
@@ -134,6 +132,15 @@ void paintPaper(QPainter& painter, const QRect& paper) {
     });
     painter.drawImage(paper.topLeft(), image);
     paintHollowShadow(painter, paper, 10, 0.35);
+}
+
+/// The Levels by their numbers, in one line.
+QByteArray levelsInWords() {
+    QByteArray words("Level:  1 ");
+    words += levels[0].caption;
+    for (int level = 2; level <= levelCount; ++level)
+        words += "   " + QByteArray::number(level) + ' ' + levels[level - 1].caption;
+    return words;
 }
 
 void paintHiScoreRows(QPainter& painter) {
@@ -153,7 +160,7 @@ void paintHiScoreRows(QPainter& painter) {
 
 void paintBreakDown(QPainter& painter) {
     paintFramedCloth(painter, breakDownSize, breakDownFrame);
-    for (const int left : gridLefts) paintGridColumn(painter, left);
+    for (const int left : breakDownPlaces::nameLefts) paintGridColumn(painter, left - nameIndent);
     for (const QRect& total : totals) paintTray(painter, total, 0.28);
     for (const Line& line : breakDownLines) paintLine(painter, line);
 }
@@ -173,6 +180,8 @@ void paintHiScore(QPainter& painter) {
     paintHiScoreRows(painter);
     paintRule(painter, {250, 82}, 150);
     for (const Line& line : hiScoreLines) paintLine(painter, line);
+    const QByteArray levels = levelsInWords();
+    paintLine(painter, {levels.constData(), From::middle, 250, 317, 14, script::plain, &inkOnPaper, 0});
 }
 
 }  // namespace tableArt

@@ -14,9 +14,10 @@ constexpr QSize sizeOf(const platform::Place& place) { return {place.width, plac
 
 /// The sizes of the pictures in pixels.
 constexpr QSize tableSize{tablePictureWidth, tablePictureHeight};
-constexpr QSize breakDownSize{667, 329};
-constexpr QSize chooseSeatSize{256, 256};
-constexpr QSize hiScoreSize{500, 350};
+constexpr QSize sizeOf(const Ground& ground) { return {ground.width, ground.height}; }
+constexpr QSize breakDownSize = sizeOf(breakDownGround);
+constexpr QSize chooseSeatSize = sizeOf(seatGround);
+constexpr QSize hiScoreSize = sizeOf(hiScoreGround);
 constexpr QSize tableTopSize = sizeOf(smallTablePlace);
 constexpr QSize lightningSize = sizeOf(lightningPlace);
 

@@ -3,17 +3,12 @@
 #include <string>
 
 #include "frmMain.h"
+#include "presentation/layout.h"
 #include "toolkit/failures.h"
 #include "toolkit/input.h"
 #include "toolkit/modScreen.h"
 
 namespace {
-
-constexpr int ground = 104;
-constexpr int formWidth = 500, formHeight = 351;  // pixels: a line more than the ground has
-
-constexpr int16_t nameX = 66, roundsX = 230, levelX = 322, scoreX = 445;
-constexpr int16_t firstY = 138, pitchY = 32;
 
 constexpr int16_t textSize = 12;  // points
 
@@ -27,8 +22,8 @@ frmHiScore::frmHiScore() {
 }
 
 void frmHiScore::Form_Load() {
-    gsFitDialog(form, formWidth, formHeight, gfrmMain->form);
-    gsLayGround(form, ground);
+    gsFitDialog(form, hiScoreGround.width, hiScoreGround.height + 1, gfrmMain->form);
+    gsLayGround(form, hiScoreGround.number);
     msInitPrtPsns();
     msPrintHiScores();
 }
@@ -36,11 +31,11 @@ void frmHiScore::Form_Load() {
 void frmHiScore::msInitPrtPsns() {
     guarded("msInitPrtPsns", [&] {
         for (int row = 1; row <= hiScoreRows; ++row) {
-            const int16_t y = narrow16(firstY + pitchY * (row - 1));
-            maudtNamePsn[row] = {nameX, y};
-            maudtRoundsPsn[row] = {roundsX, y};
-            maudtLevelPsn[row] = {levelX, y};
-            maudtScorePsn[row] = {scoreX, y};
+            const int16_t y = narrow16(hiScorePlaces::firstTop + hiScorePlaces::pitch * (row - 1));
+            maudtNamePsn[row] = {hiScorePlaces::nameLeft, y};
+            maudtRoundsPsn[row] = {hiScorePlaces::roundsLeft, y};
+            maudtLevelPsn[row] = {hiScorePlaces::levelLeft, y};
+            maudtScorePsn[row] = {hiScorePlaces::scoreRight, y};
         }
     });
 }

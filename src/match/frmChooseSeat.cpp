@@ -12,12 +12,9 @@
 
 namespace {
 
-constexpr int ground = 103;
-constexpr int formSide = 256;                                      // pixels
 constexpr int tilesWidth = 156;                                    // pixels: four tiles and three gaps
 constexpr int tilePitch = 42;                                      // pixels
 constexpr int frameWidth = 36, frameHeight = 45, frameBorder = 3;  // pixels
-constexpr int32_t firstWindKind = 28;
 constexpr double secondsShown = 2;
 
 }  // namespace
@@ -33,8 +30,8 @@ frmChooseSeat::frmChooseSeat() {
 
 void frmChooseSeat::Form_Load() {
     guarded("Form_Load", [&] {
-        gsFitDialog(form, formSide, formSide, gfrmMain->form);
-        gsLayGround(form, ground);
+        gsFitDialog(form, seatGround.width, seatGround.height, gfrmMain->form);
+        gsLayGround(form, seatGround.number);
         mintSelTile = 1;
         msLoadTiles();
         msShuffleTiles();

@@ -25,6 +25,10 @@ constexpr int tileHeight = 39;                       ///< Pixels; also the pitch
 constexpr int16_t noRow = -1;                        ///< `mintCurRow` while no tile is on its way.
 constexpr int16_t dropInterval = 5;                  ///< Milliseconds a tick after the drop key.
 
+// The first kind of each group; the nine kinds of each suit stand before them.
+constexpr int16_t firstWindKind = 28, firstDragonKind = 32, firstSeasonKind = 35, firstFlowerKind = 39;
+constexpr int16_t kindsPerSuit = 9;
+
 using platform::PixelPoint;
 
 /// What a tile is.
@@ -78,11 +82,11 @@ struct KindRun {
 };
 
 constexpr KindRun kindRuns[] = {
-    {1, 9, 1, 1, 0},     // circles
-    {10, 18, 2, 1, 0},   // bamboo
-    {19, 27, 3, 1, 0},   // characters
-    {28, 34, 0, 10, 0},  // East, South, West, North, Red, Green, Blue
-    {35, 42, 0, 0, 1},   // seasons 1 to 4, flowers 5 to 8
+    {1, 9, 1, 1, 0},                                 // circles
+    {10, 18, 2, 1, 0},                               // bamboo
+    {19, 27, 3, 1, 0},                               // characters
+    {firstWindKind, firstSeasonKind - 1, 0, 10, 0},  // East, South, West, North, Red, Green, Blue
+    {firstSeasonKind, kindCount, 0, 0, 1},           // seasons 1 to 4, flowers 5 to 8
 };
 
 /// The runs that the 144 tiles are numbered in: each run goes through its kinds again and again.
@@ -92,7 +96,11 @@ struct TileRun {
 };
 
 constexpr TileRun tileRuns[] = {
-    {1, 36, 1, 9}, {37, 72, 10, 9}, {73, 108, 19, 9}, {109, 136, 28, 7}, {137, 144, 35, 8},
+    {1, 36, 1, kindsPerSuit},
+    {37, 72, 10, kindsPerSuit},
+    {73, 108, 19, kindsPerSuit},
+    {109, 136, firstWindKind, firstSeasonKind - firstWindKind},
+    {137, 144, firstSeasonKind, kindCount - firstSeasonKind + 1},
 };
 
 /// What a Level means for the fall and for the worth of a hand.

@@ -6,24 +6,22 @@
 
 namespace {
 
-constexpr int kindsPerSuit = 9;
 constexpr const char* suitNames[] = {"Circles", "Bamboo", "Characters"};
 
-constexpr int firstNamedKind = 28;
 constexpr const char* kindNames[] = {
     "East Wind",    "South Wind",   "West Wind",     "North Wind",    // winds
     "Red Dragon",   "Green Dragon", "Blue Dragon",                    // dragons
     "Spring",       "Summer",       "Autumn",        "Winter",        // seasons
     "Plum Blossom", "Orchid",       "Chrysanthemum", "Bamboo Flower"  // flowers
 };
-static_assert(firstNamedKind + std::size(kindNames) == kindCount + 1);
+static_assert(firstWindKind + std::size(kindNames) == kindCount + 1);
 
 int numberOf(int16_t kind) { return (kind - 1) % kindsPerSuit + 1; }
 
 }  // namespace
 
 std::string gstrfKindName(int16_t kind) {
-    if (kind >= firstNamedKind) return rowOf(kindNames, kind - firstNamedKind + 1);
+    if (kind >= firstWindKind) return rowOf(kindNames, kind - firstWindKind + 1);
     return std::to_string(numberOf(kind)) + " of " + rowOf(suitNames, (kind - 1) / kindsPerSuit + 1);
 }
 

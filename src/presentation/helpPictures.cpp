@@ -24,8 +24,10 @@ struct NameRun {
 };
 
 constexpr NameRun nameRuns[] = {
-    {'c', 1, 9},  {'b', 10, 9}, {'w', 19, 9}, {'E', 28, 1}, {'S', 29, 1}, {'W', 30, 1},
-    {'N', 31, 1}, {'R', 32, 1}, {'G', 33, 1}, {'B', 34, 1}, {'s', 35, 4}, {'f', 39, 4},
+    {'c', 1, kindsPerSuit},        {'b', 10, kindsPerSuit},     {'w', 19, kindsPerSuit},
+    {'E', firstWindKind, 1},       {'S', firstWindKind + 1, 1}, {'W', firstWindKind + 2, 1},
+    {'N', firstWindKind + 3, 1},   {'R', firstDragonKind, 1},   {'G', firstDragonKind + 1, 1},
+    {'B', firstDragonKind + 2, 1}, {'s', firstSeasonKind, 4},   {'f', firstFlowerKind, 4},
 };
 
 /// The kind with that short name; 0 if there is none.

@@ -38,6 +38,28 @@ constexpr SeatPlaces seatPlaces[] = {
 static_assert(std::size(seatPlaces) == seatCount);
 constexpr int smallMarkerSide = 16;
 
+/// A picture that a dialog lies on: its number, and its size in pixels.
+struct Ground {
+    int number, width, height;
+};
+
+constexpr Ground breakDownGround{102, 667, 329};
+constexpr Ground seatGround{103, 256, 256};
+constexpr Ground hiScoreGround{104, 500, 350};
+
+/// The lines of the break-down stand in two columns.
+namespace breakDownPlaces {
+constexpr int16_t nameLefts[] = {38, 354}, doublesLefts[] = {249, 566};
+constexpr int16_t firstTop = 55, pitch = 38, rows = 6;
+constexpr PixelPoint totalDoubles{208, 284}, totalPoints{520, 284};
+}  // namespace breakDownPlaces
+
+/// The rows of the table of high scores; scores end at their place.
+namespace hiScorePlaces {
+constexpr int16_t nameLeft = 66, roundsLeft = 230, levelLeft = 322, scoreRight = 445;
+constexpr int16_t firstTop = 138, pitch = 32;
+}  // namespace hiScorePlaces
+
 /// The point so many pixels to the right of a place's corner and below it.
 constexpr PixelPoint pointIn(const platform::Place& place, int right, int down) {
     return {narrow16(place.left + right), narrow16(place.top + down)};

@@ -4,6 +4,7 @@
 
 #include "frmMain.h"
 #include "modZQT.h"
+#include "presentation/layout.h"
 #include "product.h"
 #include "scoring/scoringItems.h"
 #include "toolkit/failures.h"
@@ -11,15 +12,7 @@
 
 namespace {
 
-constexpr int ground = 102;
-constexpr int formWidth = 667, formHeight = 330;  // pixels: a line more than the ground has
-constexpr double below = 1440;                    // twips under the centre of the main window
-
-constexpr int entriesPerColumn = 6;
-constexpr int16_t nameX[] = {38, 354};
-constexpr int16_t doublesX[] = {249, 566};
-constexpr int16_t firstY = 55, pitchY = 38;
-
+constexpr double below = 1440;    // twips under the centre of the main window
 constexpr int16_t textSize = 11;  // points
 
 }  // namespace
@@ -33,8 +26,8 @@ frmBreakDown::frmBreakDown() {
 
 void frmBreakDown::Form_Load() {
     guarded("Form_Load", [&] {
-        gsFitDialog(form, formWidth, formHeight, gfrmMain->form, below);
-        gsLayGround(form, ground);
+        gsFitDialog(form, breakDownGround.width, breakDownGround.height + 1, gfrmMain->form, below);
+        gsLayGround(form, breakDownGround.number);
         form.setCaption(PRODUCT_NAME);
         msInitPrtPsns();
         msBreakDown();
@@ -44,13 +37,14 @@ void frmBreakDown::Form_Load() {
 void frmBreakDown::msInitPrtPsns() {
     guarded("msInitPrtPsns", [&] {
         for (int i = 1; i <= entries; ++i) {
-            const int column = (i - 1) / entriesPerColumn;
-            const int16_t y = narrow16(firstY + pitchY * ((i - 1) % entriesPerColumn));
-            maudtItemPsn[i] = {nameX[column], y};
-            maudtDoublePsn[i] = {doublesX[column], y};
+            const int column = (i - 1) / breakDownPlaces::rows;
+            const int row = (i - 1) % breakDownPlaces::rows;
+            const int16_t y = narrow16(breakDownPlaces::firstTop + breakDownPlaces::pitch * row);
+            maudtItemPsn[i] = {breakDownPlaces::nameLefts[column], y};
+            maudtDoublePsn[i] = {breakDownPlaces::doublesLefts[column], y};
         }
-        mudtTotalDoublesPsn = {208, 284};
-        mudtTotalPointsPsn = {520, 284};
+        mudtTotalDoublesPsn = breakDownPlaces::totalDoubles;
+        mudtTotalPointsPsn = breakDownPlaces::totalPoints;
     });
 }
 

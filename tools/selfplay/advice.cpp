@@ -10,7 +10,6 @@ namespace selfplay {
 namespace {
 
 constexpr int copiesOfKind = 4;
-constexpr int firstSingleKind = 35;  // seasons and flowers are there once
 
 /// What lies on the table.
 Holding holdingOf(const frmMain& game) {
@@ -29,7 +28,7 @@ Holding holdingOf(const frmMain& game) {
 Unseen unseenOf(const frmMain& game, const Holding& holding) {
     Unseen unseen;
     for (int kind = 0; kind <= kindCount; ++kind)
-        unseen[kind] = static_cast<int8_t>(kind < firstSingleKind ? copiesOfKind : 1);
+        unseen[kind] = static_cast<int8_t>(kind < firstSeasonKind ? copiesOfKind : 1);
     for (const auto& level : holding.stacks.kind)
         for (const int kind : level) --unseen[kind];
     for (const CellInfo& slot : game.EarnedTiles) --unseen[slot.Tile.KindIdx];

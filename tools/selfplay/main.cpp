@@ -14,14 +14,16 @@
 
 namespace {
 
-constexpr const char* usage =
+const std::string usage =
     "Usage: velmora_selfplay [--seed N] [--hands N | --matches N] [--rounds N] [--level N]\n"
     "                        [--no-referee] [--log FILE]\n"
     "  --seed N           play the game that belongs to this number again\n"
     "  --hands N          play that many hands\n"
     "  --matches N        play that many matches (1)\n"
     "  --rounds N         rounds of a match, 1 to 100 (1)\n"
-    "  --level N          1 Easy to 5 Super Hard (1)\n"
+    "  --level N          1 " +
+    std::string(levels[0].caption) + " to 5 " + levels[levelCount - 1].caption +
+    " (1)\n"
     "  --no-referee       don't check the game after every event\n"
     "  --log FILE         write down everything that a player would notice\n"
     "  --help             show this and do nothing\n";

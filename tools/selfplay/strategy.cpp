@@ -8,9 +8,8 @@ namespace selfplay {
 namespace {
 
 constexpr int topLevel = bottomRow - 1;
-constexpr int lastPairedKind = 34;  // seasons and flowers make no sets
-constexpr int lastSuitedKind = 27;
-constexpr int suitKinds = 9;
+constexpr int lastPairedKind = firstSeasonKind - 1;  // seasons and flowers make no sets
+constexpr int lastSuitedKind = firstWindKind - 1;
 
 // How much a board is worth, in points of judgement. A gap is the number of tiles that must fall on a column before
 // the open place of a window is its next one. Found by play: each is near the best for the others.
@@ -23,7 +22,7 @@ constexpr int heightBurdens[] = {1, 20, 10, 10, 0};  // by distance from the ent
 constexpr int blockedEntry = -1'000'000;
 constexpr int wonHand = 10'000'000;
 
-int suitOf(int kind) { return kind >= 1 && kind <= lastSuitedKind ? (kind - 1) / suitKinds + 1 : 0; }
+int suitOf(int kind) { return kind >= 1 && kind <= lastSuitedKind ? (kind - 1) / kindsPerSuit + 1 : 0; }
 
 bool sameSuit(int kind, int other) { return suitOf(kind) != 0 && suitOf(kind) == suitOf(other); }
 
