@@ -19,6 +19,7 @@ void keyUp(int keyCode);
 void pressShiftTab();
 void pressAccessKey(char letter);              ///< Alt with that key; what it presses may come a moment later.
 void typeText(const std::string& text);        ///< Key by key, each down and up.
+void composeText(const std::string& text);     ///< What dead keys or an input method make of keys, in one go.
 void pasteText(const std::string& text);       ///< The clipboard's text, by the keys for it.
 void click(const platform::Control& control);  ///< With the pointer on it.
 /// The pointer, in pixels from the corner of the form on top, and its left button.

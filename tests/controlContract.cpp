@@ -210,8 +210,7 @@ TEST_F(FieldContract, TypedTextPassesTheHandlersAndPastedTextKeepsToTheLimit) {
         std::function<void(Entry&)> act;
         const char* text;
     } const rows[] = {
-        {"typed", [](Entry&) { typeText("Ann Lee, 7"); }, "Ann Lee, 7"},
-        {"other letters", [](Entry&) { typeText("Zo\u00EB \u0141\u4E2D"); }, "Zo\u00EB \u0141\u4E2D"},
+        {"typed", [](Entry&) { typeText("Zo\u00EB \u0141\u4E2D, 7"); }, "Zo\u00EB \u0141\u4E2D, 7"},
         {"the box swallows", [](Entry& e) { e.name.onKeyPress = swallowDigits, typeText("a1b2"); }, "ab"},
         {"the form swallows", [](Entry& e) { e.form.onKeyPress = swallowDigits, typeText("a1b2"); }, "ab"},
         {"the form swallows a key",
@@ -229,15 +228,33 @@ TEST_F(FieldContract, TypedTextPassesTheHandlersAndPastedTextKeepsToTheLimit) {
         {"a character outside Latin-1 is none of it",
          [](Entry& e) {
              e.name.onKeyPress = [](int& c) { c = c == OtherCharacter ? 0 : c; };
-             typeText("\u0141\u4E2Dx\u00FF");
+             typeText("\u0141\u4E2Dx\u200D\U0001F004\u00FF");
          },
          "x\u00FF"},
-        {"an eleventh character", [](Entry& e) { e.name.setMaxLength(10), typeText("abcdefghijk"); }, "abcdefghij"},
+        {"composed", [](Entry&) { composeText("Zo\u00EB\n \U0001F004"); }, "Zo\u00EB \U0001F004"},
+        {"the box swallows what is composed", [](Entry& e) { e.name.onKeyPress = swallowDigits, composeText("a1b2"); },
+         "ab"},
+        {"and the form too", [](Entry& e) { e.form.onKeyPress = swallowDigits, composeText("1a2b"); }, "ab"},
+        {"the box gives another one for what is composed",
+         [](Entry& e) {
+             e.name.onKeyPress = [](int& c) { c = c == OtherCharacter ? 0xF6 : c; };
+             composeText("a\u0151");
+         },
+         "a\u00F6"},
+        {"a fourth of the second plane", [](Entry& e) { e.name.setMaxLength(3), typeText("\U0001F004\U0001F005bc"); },
+         "\U0001F004\U0001F005b"},
+        {"composed past the limit", [](Entry& e) { e.name.setMaxLength(2), composeText("a\U0001F004b"); },
+         "a\U0001F004"},
+        {"pasted past it in the middle",
+         [](Entry& e) {
+             e.name.setMaxLength(4), e.name.setText("a\U0001F004b"), e.name.select(2, 0), pasteText("xyz");
+         },
+         "a\U0001F004xb"},
+        {"set past it", [](Entry& e) { e.name.setMaxLength(2), e.name.setText("\U0001F004\U0001F005\U0001F006"); },
+         "\U0001F004\U0001F005"},
         {"pasted", [](Entry&) { pasteText("Caf\u00E9"); }, "Caf\u00E9"},
         {"pasted past the filter", [](Entry& e) { e.name.onKeyPress = swallowDigits, pasteText("a1"); }, "a1"},
-        {"pasted past the limit", [](Entry& e) { e.name.setMaxLength(5), pasteText("abcdefghi"); }, "abcde"},
         {"pasted lines", [](Entry&) { pasteText("one\ntwo\tthree"); }, "one two three"},
-        {"set past the limit", [](Entry& e) { e.name.setMaxLength(3), e.name.setText("abcdef"); }, "abc"},
         {"behind a set text", [](Entry& e) { e.name.setText("ab"), typeText("c"); }, "abc"},
         {"instead of a selection", [](Entry& e) { e.name.setText("abcd"), e.name.select(1, 2), typeText("xyz"); },
          "axyzd"},
@@ -288,6 +305,7 @@ TEST_F(FieldContract, TheHandlersOfAControlFollowTheFocus) {
          },
          "name leaves, print"},
         {"a key", [](Entry&) { typeText("a"); }, "name up 65"},
+        {"what is composed", [](Entry&) { composeText("\u0151"); }, "name up 255"},
         {"a Tab that a handler asks for",
          [this](Entry& e) {
              e.name.onKeyPress = [this](int& c) {
@@ -312,7 +330,7 @@ TEST_F(FieldContract, TheHandlersOfAControlFollowTheFocus) {
 
 TEST_F(FieldContract, TheSelectionIsWhatWasSelected) {
     inEntry([](Entry& e) {
-        e.name.setText("Zo\u00EB Lee");
+        e.name.setText("Zo\U0001F004 Lee");
         EXPECT_EQ(e.name.selStart(), 7) << "the caret stands behind a text that was set";
         EXPECT_EQ(e.name.selLength(), 0);
         e.name.select(0, 7);
@@ -321,7 +339,7 @@ TEST_F(FieldContract, TheSelectionIsWhatWasSelected) {
         EXPECT_EQ(e.name.selStart(), 4);
         EXPECT_EQ(e.name.selLength(), 3);
         typeText("Ng");
-        EXPECT_EQ(e.name.text(), "Zo\u00EB Ng");
+        EXPECT_EQ(e.name.text(), "Zo\U0001F004 Ng");
         EXPECT_EQ(e.name.selStart(), 6);
     });
 }

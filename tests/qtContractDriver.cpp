@@ -156,6 +156,13 @@ void typeText(const std::string& text) {
     }
 }
 
+void composeText(const std::string& text) {
+    QInputMethodEvent shown(QStringLiteral("..."), {});
+    QInputMethodEvent made;
+    made.setCommitString(QString::fromStdString(text));
+    for (QInputMethodEvent* event : {&shown, &made}) QCoreApplication::sendEvent(QApplication::focusWidget(), event);
+}
+
 void pasteText(const std::string& text) {
     QGuiApplication::clipboard()->setText(QString::fromStdString(text));
     pressAndRelease(Qt::Key_V, Qt::ControlModifier, QStringLiteral("\x16"));

@@ -21,6 +21,7 @@ void keyUp(int keyCode) { sim::keyUp(keyCode); }
 void pressShiftTab() { sim::pressShiftTab(); }
 void pressAccessKey(char letter) { sim::pressAccessKey(letter); }
 void typeText(const std::string& text) { sim::typeText(text); }
+void composeText(const std::string& text) { sim::typeText(text); }
 void pasteText(const std::string& text) { sim::pasteText(text); }
 void click(const platform::Control& control) { sim::click(control); }
 void movePointer(int x, int y) { sim::movePointer(x, y); }

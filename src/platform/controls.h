@@ -118,9 +118,11 @@ class Control {
     std::function<void()> onGotFocus;  ///< The focus has come to it.
     std::function<void()> onValidate;  ///< The focus goes from it to another control of its form.
     /// A key with a character, as the form's onKeyPress, which comes before: setting it to 0 swallows the key, another
-    /// character of Latin-1 takes its place. Text that is pasted, or composed by an input method, doesn't come here.
+    /// character of Latin-1 takes its place. What is composed, with dead keys or by an input method, comes to both a
+    /// character at a time as if it were typed; text that is pasted doesn't.
     std::function<void(int& character)> onKeyPress;
-    std::function<void(int keyCode)> onKeyUp;  ///< A key was let go that had been pressed in the same form.
+    /// A key was let go that had been pressed in the same form; also after each character that was composed.
+    std::function<void(int keyCode)> onKeyUp;
 
     void setFont(const Font& font);  ///< Of its text.
     void setEnabled(bool enabled);   ///< Without it the control is grey and takes neither clicks nor the focus.

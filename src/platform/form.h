@@ -25,7 +25,7 @@ constexpr int OtherCharacter = 256;
 /// to onKeyPress, then to the control with the focus: its own onKeyPress, and what it does with the key. Setting the
 /// code or the character to 0 swallows the key; another character of Latin-1 takes the place of the one typed. A press
 /// that began before a form opened does nothing in it until it has been let go. Alt with an access key goes to its
-/// button alone.
+/// button alone. What is composed in a field goes the way of a typed character, from onKeyPress on.
 class Form {
   public:
     Form();

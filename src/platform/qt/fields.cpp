@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -13,24 +14,86 @@
 #include <limits>
 
 #include "platform/qt/control.h"
+#include "platform/qt/keys.h"
 #include "platform/runtime.h"
 
 namespace platform {
 namespace {
 
-/// Makes blanks of the line ends and other control characters that a pasted text may have.
+constexpr int longest = std::numeric_limits<int16_t>::max();  // characters of a text box without a limit
+constexpr int mostUnits = 2;  // that Qt counts for one character: for those outside the first plane
+
+int charactersIn(const QString& text) { return static_cast<int>(text.toStdU32String().size()); }
+
+QString firstCharacters(const QString& text, int count) {
+    return QString::fromStdU32String(text.toStdU32String().substr(0, static_cast<size_t>(count)));
+}
+
+/// Makes blanks of the line ends and other control characters that a pasted text may have, and keeps the text to its
+/// limit: of what has just gone in before the caret, the end stays out. Qt's own limit would cut characters in half.
 class OneLine : public QValidator {
   public:
     using QValidator::QValidator;
 
-    State validate(QString& text, int& /*caret*/) const override {
+    int limit = longest;  // characters
+
+    State validate(QString& text, int& caret) const override {
         for (QChar& character : text)
             if (character.category() == QChar::Other_Control) character = QLatin1Char(' ');
+        const int excess = charactersIn(text) - limit;
+        if (excess > 0) {
+            const QString before = text.left(caret);
+            const QString kept = firstCharacters(before, charactersIn(before) - excess);
+            text = kept + text.mid(caret);
+            caret = static_cast<int>(kept.size());
+            if (text == last_) return Invalid;  // Qt takes the change back and can still undo those before it.
+        }
+        last_ = text;
         return Acceptable;
     }
+
+  private:
+    mutable QString last_;  // as it was last found or made to be right
 };
 
-constexpr int longest = std::numeric_limits<int16_t>::max();  // characters of a text box without a limit
+/// One line of text. What an input method composes goes in a character at a time, past the handlers that a typed one
+/// passes; Qt would put it into the text itself.
+class Line : public QLineEdit {
+  protected:
+    void inputMethodEvent(QInputMethodEvent* event) override {
+        if (event->commitString().isEmpty()) return QLineEdit::inputMethodEvent(event);
+        QInputMethodEvent composed;
+        composed.setCommitString(QString(), event->replacementStart(), event->replacementLength());
+        QLineEdit::inputMethodEvent(&composed);
+        const QPointer<Line> self(this);
+        for (const char32_t character : event->commitString().toStdU32String())
+            if (self) type(QString::fromUcs4(&character, 1));
+        QInputMethodEvent goesOn(event->preeditString(), event->attributes());
+        if (self) QLineEdit::inputMethodEvent(&goesOn);
+    }
+
+  private:
+    /// The control while its form takes keys; null when a form or a box has come over it, and when it is gone.
+    const Control* owner() {
+        qt::FormWindow* const window = qt::formWindowOf(this);
+        if (window != qt::formStack().top() || qt::formStack().blocks(this)) return nullptr;
+        const Control::Impl* const control = window->controlOf(this);
+        return control != nullptr ? &control->owner : nullptr;
+    }
+
+    void type(const QString& text) {
+        const QKeyEvent key(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, text);
+        qt::Stroke stroke = qt::strokeOf(key, false);
+        const int typed = stroke.character;
+        const QPointer<Line> self(this);
+        const auto taker = [&] { return self ? owner() : nullptr; };
+        if (typed == 0 || taker() == nullptr) return;
+        qt::callSlot(qt::formWindowOf(this)->form->onKeyPress, stroke.character);
+        if (stroke.character != 0 && taker() != nullptr) qt::callSlot(taker()->onKeyPress, stroke.character);
+        if (stroke.character != 0 && taker() != nullptr) insert(qt::eventFor(key, stroke, typed).text());
+        if (taker() != nullptr) qt::callSlot(taker()->onKeyUp, stroke.code);
+    }
+};
 
 /// A mask of Qt's: an optional digit for each "#", with blanks where none was typed.
 QString maskOf(const std::string& mask) {
@@ -38,6 +101,8 @@ QString maskOf(const std::string& mask) {
 }
 
 QLineEdit* lineOf(const Control& field) { return qt::faceOf<QLineEdit>(field); }
+
+OneLine* validatorOf(const TextBox& box) { return lineOf(box)->findChild<OneLine*>(); }
 
 /// The rows of a list. A letter that is pressed again and again goes from row to row, however fast; Qt would look for a
 /// row that begins with all of them.
@@ -85,31 +150,41 @@ std::string EditField::text() const { return lineOf(*this)->displayText().toStdS
 
 int EditField::selStart() const {
     const QLineEdit* const line = lineOf(*this);
-    return line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
+    const int start = line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
+    return charactersIn(line->displayText().left(start));
 }
 
-int EditField::selLength() const { return lineOf(*this)->selectionLength(); }
+int EditField::selLength() const { return charactersIn(lineOf(*this)->selectedText()); }
 
 void EditField::select(int selStart, int selLength) {
-    const int size = static_cast<int>(lineOf(*this)->displayText().size());
+    const QString text = lineOf(*this)->displayText();
+    const int size = charactersIn(text);
     const int start = std::clamp(selStart, 0, size);
-    lineOf(*this)->setSelection(start, std::clamp(selLength, 0, size - start));
+    const auto before = firstCharacters(text, start).size();
+    const auto end = firstCharacters(text, start + std::clamp(selLength, 0, size - start)).size();
+    lineOf(*this)->setSelection(static_cast<int>(before), static_cast<int>(end - before));
 }
 
-TextBox::TextBox(Panel& panel, const Place& place)
-    : EditField(std::make_unique<Impl>(*this, new QLineEdit, panel, place)) {
+TextBox::TextBox(Panel& panel, const Place& place) : EditField(std::make_unique<Impl>(*this, new Line, panel, place)) {
     lineOf(*this)->setValidator(new OneLine(lineOf(*this)));
     setMaxLength(0);
 }
 
-void TextBox::setText(const std::string& text) { lineOf(*this)->setText(QString::fromStdString(text)); }
+void TextBox::setText(const std::string& text) {
+    lineOf(*this)->setText(firstCharacters(QString::fromStdString(text), validatorOf(*this)->limit));
+}
 
-void TextBox::setMaxLength(int characters) { lineOf(*this)->setMaxLength(characters > 0 ? characters : longest); }
+void TextBox::setMaxLength(int characters) {
+    const int limit = characters > 0 ? characters : longest;
+    validatorOf(*this)->limit = limit;
+    lineOf(*this)->setMaxLength(mostUnits * limit);
+    setText(text());
+}
 
 void TextBox::setAlign(Align align) { lineOf(*this)->setAlignment(qt::alignmentOf(align)); }
 
 MaskEdBox::MaskEdBox(Panel& panel, const Place& place, const std::string& mask)
-    : EditField(std::make_unique<Impl>(*this, new QLineEdit, panel, place)) {
+    : EditField(std::make_unique<Impl>(*this, new Line, panel, place)) {
     lineOf(*this)->setInputMask(maskOf(mask));
 }
 

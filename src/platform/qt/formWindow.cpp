@@ -217,11 +217,12 @@ void FormWindow::takeKeysBack() {
     QToolTip::hideText();
 }
 
-Control::Impl* FormWindow::focusedControl() const {
-    const auto found =
-        std::ranges::find(controls_, keyTarget(), [](const auto* control) { return control->face.get(); });
+Control::Impl* FormWindow::controlOf(const QWidget* face) const {
+    const auto found = std::ranges::find(controls_, face, [](const auto* control) { return control->face.get(); });
     return found != controls_.end() ? *found : nullptr;
 }
+
+Control::Impl* FormWindow::focusedControl() const { return controlOf(keyTarget()); }
 
 bool FormWindow::answersAt(const QPoint& at) {
     bool answered = false;

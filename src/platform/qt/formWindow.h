@@ -43,10 +43,11 @@ class FormWindow : public QWidget {
     void setDefaultButton(QPushButton* button) { default_ = button; }  ///< Answers Enter.
     void setCancelButton(QPushButton* button) { cancel_ = button; }    ///< Answers Escape.
 
-    QWidget* keyTarget() const;             ///< The widget to which the form's keys go: one on it, or itself.
-    bool toolsHaveKeys() const;             ///< Whether that is a tool button.
-    void takeKeysBack();                    ///< From a tool button, if one has them.
-    Control::Impl* focusedControl() const;  ///< The control to which they go; null if it is none.
+    QWidget* keyTarget() const;  ///< The widget to which the form's keys go: one on it, or itself.
+    bool toolsHaveKeys() const;  ///< Whether that is a tool button.
+    void takeKeysBack();         ///< From a tool button, if one has them.
+    Control::Impl* controlOf(const QWidget* face) const;  ///< The form's control with that face; null if it is none.
+    Control::Impl* focusedControl() const;                ///< The control to which they go; null if it is none.
     bool answersAt(const QPoint& at);    ///< Tells the form where the pointer is; whether Enter means something there.
     bool answers(const Stroke& stroke);  ///< Whether a button answers the key for the whole form; it is pressed.
     void followFocus();                  ///< Tells the controls when the focus has gone from one to another.

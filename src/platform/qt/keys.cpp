@@ -78,7 +78,7 @@ int characterOf(const QKeyEvent& event, int code) {
     const QString text = event.text();
     if (text.isEmpty()) return 0;
     const QChar first = text.front();
-    if (!first.isPrint() && !first.isSurrogate()) return 0;
+    if (first.category() == QChar::Other_Control) return 0;
     return text.size() == 1 && first.unicode() < key::OtherCharacter ? first.unicode() : key::OtherCharacter;
 }
 
