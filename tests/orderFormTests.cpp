@@ -4,7 +4,6 @@
 #include <functional>
 
 #include "forms/frmOrder.h"
-#include "platform/desktop.h"
 #include "platform/printer.h"
 #include "platform/sim/simulation.h"
 #include "presentation/buttons.h"
@@ -64,20 +63,6 @@ class OrderForm : public GameFixture {
         type(order, Box::Copies, "3");
         ship(order, Ship::Usa);
         EXPECT_TRUE(order.cmdPrint.enabled());
-    }
-
-    /// The controls in the order of the keyboard; the second way of shipping shares a stop with the first.
-    static std::vector<platform::Control*> inTabOrder(frmOrder& order) {
-        auto& boxes = order.txtOrderInfo;
-        return {&boxes[0],           &boxes[1],      &boxes[2], &boxes[3], &boxes[4],       &order.cboOrderInfo,
-                &order.mskOrderInfo, &boxes[5],      &boxes[6], &boxes[7], &order.chkECopy, &order.optShipCost[0],
-                &order.cmdPrint,     &order.cmdClose};
-    }
-
-    /// Enter, and what follows from it.
-    static void enter() {
-        sim::pressKey(Enter);
-        platform::doEvents();
     }
 
     static std::string sheet(size_t number) {
@@ -330,36 +315,6 @@ TEST_F(OrderForm, AddressLinesCloseUpAsABoxIsLeft) {
                         << left;
                 EXPECT_FALSE(order.txtOrderInfo[left].hasFocus());
             });
-}
-
-TEST_F(OrderForm, EnterGoesOnFieldByFieldAndNeverPrints) {
-    inForm([](frmOrder& order) {
-        complete(order);
-        order.txtOrderInfo[0].setFocus();
-        for (const platform::Control* field : inTabOrder(order)) {
-            if (field == &order.optShipCost[0]) break;
-            EXPECT_TRUE(field->hasFocus()) << field->tabIndex();
-            enter();
-        }
-        EXPECT_TRUE(order.chkECopy.hasFocus()) << "where Enter does nothing";
-        EXPECT_FALSE(order.chkECopy.value());
-        order.optShipCost[0].setFocus();
-        enter();
-        EXPECT_TRUE(sim::sheets().empty());
-        EXPECT_TRUE(gfrmOrder.isOpen());
-    });
-}
-
-TEST_F(OrderForm, TabGoesRoundTheForm) {
-    inForm([](frmOrder& order) {
-        complete(order);
-        order.txtOrderInfo[0].setFocus();
-        for (const platform::Control* field : inTabOrder(order)) {
-            EXPECT_TRUE(field->hasFocus()) << field->tabIndex();
-            sim::pressKey(Tab);
-        }
-        EXPECT_TRUE(order.txtOrderInfo[0].hasFocus());
-    });
 }
 
 TEST_F(OrderForm, AllThatWasFilledInIsPrintedAsOftenAsWanted) {

@@ -148,10 +148,17 @@ TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
         key(Qt::Key_Down);
         EXPECT_EQ(shownAt(1440, 4320), "+");
         EXPECT_EQ(shownAt(1680, 4680), "$43");
-        key(Qt::Key_Up);
-        EXPECT_EQ(shownAt(1440, 4080), "+");
+        for (int i = 0; i < 2; ++i) key(Qt::Key_Backtab, Qt::ShiftModifier);
+        type("  ");
+        key(Qt::Key_Tab);
+        type(" ");
+        EXPECT_EQ(shownAt(1680, 4680), "$40") << "Tab comes to the first of them again";
         key(Qt::Key_Return);
-        EXPECT_EQ(focusPlace(), QPoint(1440, 4080));
+        for (const QPoint& next : {QPoint(1440, 4080), QPoint(1440, 4320), QPoint(4440, 6600), QPoint(5760, 6600)}) {
+            EXPECT_EQ(focusPlace(), next);
+            key(Qt::Key_Tab);
+        }
+        EXPECT_EQ(focusPlace(), QPoint(1440, 720)) << "and round";
 
         EXPECT_TRUE(nothingIsPrinted());
         EXPECT_TRUE(told.empty());

@@ -61,8 +61,9 @@ class CheckBox : public CaptionButton {
     bool value() const;
 };
 
-/// One of several buttons of which one at most is chosen: those on the same panel. Tab goes to the one that is chosen,
-/// and the arrow keys go from it to the others and choose them. It grows to the right where its caption finds no room.
+/// One of several buttons of which one at most is chosen: those on the same panel. Tab comes to each of them, chosen or
+/// not. The arrow keys go from one to the other, and from the one that is chosen they choose it. It grows to the right
+/// where its caption finds no room.
 class OptionButton : public CaptionButton {
   public:
     OptionButton(Panel& panel, const Place& place);  ///< Not chosen, on a panel, which must live as long.

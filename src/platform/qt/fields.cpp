@@ -142,6 +142,12 @@ class Rows : public QListView {
     QElapsedTimer sinceLetter_;
 };
 
+/// A button of a group, all of which are stops of Tab; Qt would keep to the one that had the focus last.
+class Option : public QRadioButton {
+  protected:
+    void focusInEvent(QFocusEvent* event) override { QWidget::focusInEvent(event); }
+};
+
 QComboBox* listOf(const ComboBox& list) { return qt::faceOf<QComboBox>(list); }
 
 }  // namespace
@@ -227,7 +233,7 @@ void CheckBox::setValue(bool ticked) { qt::faceOf<QCheckBox>(*this)->setChecked(
 bool CheckBox::value() const { return qt::faceOf<QCheckBox>(*this)->isChecked(); }
 
 OptionButton::OptionButton(Panel& panel, const Place& place)
-    : CaptionButton(std::make_unique<Impl>(*this, new QRadioButton, panel, place)) {}
+    : CaptionButton(std::make_unique<Impl>(*this, new Option, panel, place)) {}
 
 void OptionButton::setValue(bool chosen) {
     auto* const button = qt::faceOf<QRadioButton>(*this);

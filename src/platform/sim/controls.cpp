@@ -302,13 +302,7 @@ Control::Impl::~Impl() {
     if (form->focus == this) form->focus = nullptr;
 }
 
-bool Control::Impl::takesFocus() const {
-    const auto chosenBeside = [this](const Impl* other) {
-        return other->kind == Kind::Option && other->panel == panel && other->value && other->enabled;
-    };
-    if (!enabled || !tabStop) return false;
-    return kind != Kind::Option || value || !std::any_of(form->controls.begin(), form->controls.end(), chosenBeside);
-}
+bool Control::Impl::takesFocus() const { return enabled && tabStop; }
 
 char Control::Impl::accessKey() const {
     const size_t mark = caption.find('&');
