@@ -50,7 +50,7 @@ constexpr TextRow orderTexts[] = {
     {"$0", 1680, 4680, 810, 255},
     {"* Check must be in U.S. currency and drawn against a U.S. bank.           Please do not send cash.", 480, 5160,
      5535, 465},
-    {"* Make check payable to", 480, 5760, 2070, 240},  // and this one by one
+    {"* Make check payable to", 480, 5760, 2055, 240},
     {"Tavin Orlec", 2520, 5760, 1095, 240},
     {"* Allow up to two weeks for delivery.", 480, 6120, 3255, 240},
     {"Thank You.", 2880, 6600, 1095, 240},

@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 
 #include "forms/frmOrder.h"
 #include "tests/expectedSheet.h"
@@ -95,6 +96,16 @@ class OrderWindow : public Window {
         return (face->mapTo(face->window(), QPoint(0, 0)) - formPlace) * 15;
     }
 
+    /// The darkest shade, of 256, that is painted at that place of the form, in pixels.
+    int darkest(const QRect& place) const {
+        const QImage seen =
+            window->grab(place.translated(formPlace)).toImage().convertToFormat(QImage::Format_Grayscale8);
+        int shade = 255;
+        for (int y = 0; y < seen.height(); ++y)
+            shade = std::min<int>(shade, *std::min_element(seen.scanLine(y), seen.scanLine(y) + seen.width()));
+        return shade;
+    }
+
     bool nothingIsPrinted() const { return !QDir(home.filePath("Documents")).exists(); }
 
     QTemporaryDir home;
@@ -112,6 +123,7 @@ TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
         EXPECT_FALSE(game->Timer1.enabled());
         EXPECT_EQ(shownAt(1680, 4680), "$0");
         EXPECT_EQ(shownAt(4440, 6600), "grey");
+        EXPECT_EQ(darkest({100, 171, 120, 16}), 255) << "the list of states is as white as a box";
         struct {
             const char* typed;
             Qt::Key on;

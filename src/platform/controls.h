@@ -84,6 +84,7 @@ struct PanelLook {
     Color fore = 0;
     Align align = Align::Center;
     Fit fit = Fit::Cut;
+    int closer = 0;  ///< Pixels by which the words of the caption stand closer together than its font has them.
 };
 
 /// A 3-D panel with a caption; it can hold other controls.

@@ -9,6 +9,8 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QRadioButton>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <QValidator>
 #include <algorithm>
 #include <limits>
@@ -142,6 +144,23 @@ class Rows : public QListView {
     QElapsedTimer sinceLetter_;
 };
 
+/// A list whose field is white as that of a text box; the style would paint it in the colour of the arrow beside it.
+class List : public QComboBox {
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QStylePainter painter(this);
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        option.palette.setBrush(QPalette::Button, option.palette.base());
+        option.subControls = QStyle::SC_ComboBoxFrame | QStyle::SC_ComboBoxEditField;
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        option.palette = palette();
+        option.subControls = QStyle::SC_ComboBoxArrow;
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    }
+};
+
 /// A button of a group, all of which are stops of Tab; Qt would keep to the one that had the focus last.
 class Option : public QRadioButton {
   protected:
@@ -194,8 +213,7 @@ MaskEdBox::MaskEdBox(Panel& panel, const Place& place, const std::string& mask)
     lineOf(*this)->setInputMask(maskOf(mask));
 }
 
-ComboBox::ComboBox(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, new QComboBox, panel, place)) {
+ComboBox::ComboBox(Panel& panel, const Place& place) : Control(std::make_unique<Impl>(*this, new List, panel, place)) {
     listOf(*this)->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     new Rows(listOf(*this));
 }

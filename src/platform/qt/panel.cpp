@@ -125,6 +125,9 @@ void Panel::Impl::Face::setLook(const PanelLook& look) {
 }
 
 void Panel::Impl::Face::fit() {
+    QFont spaced = font();
+    spaced.setWordSpacing(-look_.closer);
+    QLabel::setFont(spaced);
     const int textWidth = static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(text())));
     if (look_.fit == Fit::Width) resize(textWidth + width() - contentsRect().width(), height());
     if (look_.fit == Fit::Height) resize(width(), heightForWidth(width()));
