@@ -39,7 +39,7 @@ class OrderWindow : public Window {
         reader.start(10);
     }
 
-    /// Opens the form by its button and does something there; it is closed afterwards if it is still open.
+    /// Opens the form by its button and does something there; it is closed afterwards if it is still open, but kept.
     void inForm(const std::function<void()>& action) {
         bool done = false;
         whenOpen(gfrmOrder, [&] {
@@ -49,7 +49,7 @@ class OrderWindow : public Window {
         });
         click("Order");
         EXPECT_TRUE(done);
-        EXPECT_TRUE(gfrmOrder.empty());
+        EXPECT_TRUE(!gfrmOrder.empty() && !gfrmOrder.isOpen());
     }
 
     /// Closes the message box that has the keys, if there is one, and keeps what it said.
@@ -185,7 +185,7 @@ TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
         EXPECT_TRUE(gfrmOrder.isOpen());
         EXPECT_EQ(shownAt(1440, 720), "Ann B. Carter") << "nothing typed is lost";
         key(Qt::Key_C, Qt::AltModifier);
-        EXPECT_TRUE(waitFor([] { return gfrmOrder.empty(); }));
+        EXPECT_TRUE(waitFor([] { return !gfrmOrder.isOpen(); }));
     });
     EXPECT_TRUE(game->Timer1.enabled());
     EXPECT_EQ(game->mintCurRow, row);
@@ -195,6 +195,7 @@ TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
     inForm([&] {
         for (const QPoint& place : {QPoint(1440, 720), QPoint(1440, 2520), QPoint(1440, 3720), QPoint(1440, 4080)})
             EXPECT_EQ(shownAt(place.x(), place.y()), "") << "at " << place.y() << " it still holds something";
+        EXPECT_EQ(focusPlace(), QPoint(1440, 720));
         key(Qt::Key_Escape);
     });
 }

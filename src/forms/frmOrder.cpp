@@ -164,7 +164,6 @@ void layButtons(frmOrder& order) {
     }
     order.cmdPrint.setFont(buttonFont);
     order.cmdPrint.setCaption("&Print");
-    order.cmdPrint.setEnabled(false);
     order.cmdPrint.onClick = [&order] { order.cmdPrint_Click(); };
     order.cmdClose.setFont(buttonFont);
     order.cmdClose.setCaption("&Close");
@@ -189,7 +188,6 @@ frmOrder::frmOrder()
     form.setCaption("Order form");
     form.onLoad = [this] { Form_Load(); };
     form.onActivate = [this] { Form_Activate(); };
-    form.onUnload = [this] { Form_Unload(); };
     layPanels(*this);
     layBoxes(*this);
     layButtons(*this);
@@ -201,6 +199,7 @@ void frmOrder::Form_Load() {
     mintShipOption = noOption;
     msSetMaxLength();
     pnlAmtDue.setCaption("$0");
+    msEmptyFields();
 }
 
 void frmOrder::Form_Activate() {
@@ -223,8 +222,6 @@ void frmOrder::Form_Activate() {
     };
     gsSetTabOrder(order);
 }
-
-void frmOrder::Form_Unload() { gsClearObjects(gfrmOrder); }
 
 void frmOrder::txtOrderInfo_GotFocus(int Index) { txtOrderInfo[Index].select(0, boxes[Index].limit); }
 
@@ -291,6 +288,19 @@ void frmOrder::msSetMaxLength() {
     guarded("msSetMaxLength", [&] {
         for (int i = 0; i < orderBoxes; ++i) txtOrderInfo[i].setMaxLength(boxes[i].limit);
     });
+}
+
+void frmOrder::msEmptyFields() {
+    for (platform::TextBox& box : txtOrderInfo) box.setText("");
+    mskOrderInfo.clear();
+    chkECopy.setValue(false);
+    for (platform::OptionButton& option : optShipCost) {
+        option.setValue(false);
+        option.setEnabled(true);
+    }
+    cmdPrint.setEnabled(false);
+    mlngAmtDue = 0;
+    mlngShipCharge = 0;
 }
 
 void frmOrder::msCalcAmtDue() {

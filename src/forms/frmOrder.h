@@ -10,7 +10,8 @@
 #include "platform/form.h"
 #include "toolkit/formRef.h"
 
-/// The order of copies of the game by mail, which ends as a printed sheet. Each showing begins with an empty form.
+/// The order of copies of the game by mail, which ends as a printed sheet. The object stays once made, but each showing
+/// begins with an empty form.
 struct frmOrder {
     frmOrder();
 
@@ -30,12 +31,10 @@ struct frmOrder {
     int16_t mintShipOption = 0;  // index of the option that is chosen, or -1
     int32_t mlngShipCharge = 0;  // dollars, as worked out last
 
-    /// Sizes and places the form and empties what was chosen.
+    /// Sizes and places the form and empties it.
     void Form_Load();
     /// Sets the tab order.
     void Form_Activate();
-    /// Lets go of the form, and with it of what was typed.
-    void Form_Unload();
     /// Selects all that the box holds.
     void txtOrderInfo_GotFocus(int Index);
     /// Lets through what the box may hold; Enter goes on to the next field.
@@ -61,6 +60,8 @@ struct frmOrder {
 
     /// Gives the boxes their limits.
     void msSetMaxLength();
+    /// Makes the fields as if they were new: nothing typed, ticked or chosen, and nothing to print.
+    void msEmptyFields();
     /// Works out the charge for shipping and the amount due; an overflow leaves the amount as it was.
     void msCalcAmtDue();
     /// True if all is there that an order needs.

@@ -35,6 +35,8 @@ class TextBox : public EditField {
 class MaskEdBox : public EditField {
   public:
     MaskEdBox(Panel& panel, const Place& place, const std::string& mask);  ///< On a panel, which must live as long.
+
+    void clear();  ///< Blank at all its places.
 };
 
 /// A list that drops down and shows the row chosen. A letter chooses the next row that begins with it, Up and Down the

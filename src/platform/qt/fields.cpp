@@ -213,6 +213,8 @@ MaskEdBox::MaskEdBox(Panel& panel, const Place& place, const std::string& mask)
     lineOf(*this)->setInputMask(maskOf(mask));
 }
 
+void MaskEdBox::clear() { lineOf(*this)->clear(); }
+
 ComboBox::ComboBox(Panel& panel, const Place& place) : Control(std::make_unique<Impl>(*this, new List, panel, place)) {
     listOf(*this)->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     new Rows(listOf(*this));

@@ -144,6 +144,7 @@ void FormWindow::unload() {
 void FormWindow::leave() {
     loaded = false;
     unloading_ = false;
+    focused_ = nullptr;
     if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
     hide();
     setParent(nullptr);  // A dialog outlives the main window if its owner does.

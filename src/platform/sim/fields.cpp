@@ -178,6 +178,8 @@ MaskEdBox::MaskEdBox(Panel& panel, const Place& place, const std::string& mask)
     impl_->text.assign(mask.size(), U' ');
 }
 
+void MaskEdBox::clear() { impl_->text.assign(impl_->text.size(), U' '); }
+
 ComboBox::ComboBox(Panel& panel, const Place& place)
     : Control(std::make_unique<Impl>(*this, Impl::Kind::List, panel.impl(), place)) {}
 
