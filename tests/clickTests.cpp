@@ -1,5 +1,6 @@
 // What the pointer does in the dialogs that Enter answers.
 
+#include "forms/frmAbout.h"
 #include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
@@ -55,6 +56,7 @@ TEST_F(Clicks, AClickAnywhereClosesWhatIsOnlyRead) {
         {"break-down", [] { gfrmBreakDown.showModal(); }, 667, 330},
         {"summary", [] { gfrmGameSummary->msLoadFormVariables(4, 17, 5), gfrmGameSummary.showModal(); }, 353, 279},
         {"high scores", [] { gfrmHiScore.showModal(); }, 500, 351},
+        {"about box", [] { gfrmAbout.showModal(); }, 273, 153},
     };
     for (const auto& dialog : dialogs)
         for (const Pixel at : {Pixel{0, 0}, Pixel{100, 90}, Pixel{dialog.width - 1, dialog.height - 1}}) {

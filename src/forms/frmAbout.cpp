@@ -28,6 +28,7 @@ constexpr PanelRow panels[] = {
 frmAbout::frmAbout() : SSPanel1(form, outerPlace) {
     form.onLoad = [this] { Form_Load(); };
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
+    form.onPoint = [](int, int) { return true; };  // A click anywhere closes it.
     form.onUnload = [this] { Form_Unload(); };
     form.setCaption("About Velmora");
     SSPanel1.setLook(outerLook);
