@@ -1,6 +1,7 @@
 // What panels and frames look like where the back end draws them.
 
 #include <QImage>
+#include <QPainter>
 #include <QWidget>
 
 #include "platform/controls.h"
@@ -87,6 +88,39 @@ TEST_F(DrawnControls, ACaptionStandsWhereItsLookSaysInItsColour) {
     panel.setFont({"Times New Roman", 10, true});
     const auto [smallFirst, smallLast] = columnsWith(Align::Left);
     EXPECT_NEAR(smallLast - smallFirst, inkWidth / 2, 6) << "half the size";
+}
+
+TEST_F(DrawnControls, ACaptionHigherThanItsPanelLosesItsTopAndLeavesTheBevels) {
+    constexpr Place place{20, 90, 100, 20};
+    constexpr int bevel = 2, room = place.height - 2 * bevel;
+    PanelLook look{Bevel::Raised, Bevel::None, bevel, 0xC0C0C0, 0x0000FF, Align::Left, Fit::Height};
+    Panel high(main_->form, {20, 30, 100, 0}), low(main_->form, place);
+    for (Panel* const panel : {&high, &low}) {
+        panel->setLook(look);
+        panel->setFont({"Times New Roman", 20, true});
+        look.fit = Fit::Cut;
+    }
+    high.setCaption("\u00C9gy");
+    const int foot = high.place().top + high.place().height - bevel;
+    EXPECT_GT(high.place().height, place.height + 5);
+    QImage expected = seen().copy(place.left, place.top, place.width, place.height);
+    QPainter(&expected).drawImage(0, bevel, seen(), 20, foot - room, place.width, room);
+    low.setCaption("\u00C9gy");
+    EXPECT_EQ(seen().copy(place.left, place.top, place.width, place.height), expected);
+}
+
+TEST_F(DrawnControls, AnArrowThatThePointerHoldsGoesOn) {
+    Panel panel(main_->form, {20, 30, 100, 60});
+    SpinButton spin(panel, {10, 10, 25, 41});
+    std::string spun;
+    spin.onSpinUp = [&] { spun += '+'; };
+    spin.onSpinDown = [&] { spun += '-'; };
+    driver::buttonDown(40, 75);
+    for (int tenths = 0; tenths < 100 && spun.size() < 3; ++tenths) driver::run(100);
+    driver::buttonUp(40, 75);
+    EXPECT_EQ(spun, "---");
+    driver::run(500);
+    EXPECT_EQ(spun, "---") << "until it lets go";
 }
 
 TEST_F(DrawnControls, AFrameIsDrawnInsideItsPlace) {

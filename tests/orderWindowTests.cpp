@@ -146,6 +146,7 @@ TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
             key(field.on);
             EXPECT_EQ(focusPlace(), QPoint(field.left, field.top)) << "after " << field.typed;
         }
+        EXPECT_TRUE(darkest({98, 250, 24, 15}) == 255 && darkest({122, 250, 13, 15}) < 64) << "copies at the right";
         EXPECT_EQ(shownAt(4200, 3720), "+");
         EXPECT_EQ(shownAt(1440, 4080) + shownAt(1440, 4320), "greygrey");
         EXPECT_EQ(shownAt(1680, 4680), "$36");
