@@ -19,7 +19,8 @@ void seedRandom();
 /// A random value from 0 to below 1.
 double random();
 
-/// The path of the file with that name in the folder in which the program lies.
+/// The path of the file with that name in the folder in which the program lies, in the system's own bytes. Any thread
+/// may ask.
 std::string programFile(const std::string& name);
 
 /// Shows a message with one OK button and an exclamation mark, and waits for the answer.

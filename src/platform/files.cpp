@@ -34,6 +34,11 @@ bool isThere(const std::string& path) {
     struct stat status {};
     return ::lstat(path.c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
 }
+bool isOrdinaryFile(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
 
 File::File(const std::string& path) : path_(path), handle_(openForBoth(path)) {}
 File::~File() { ::close(handle_); }

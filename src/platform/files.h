@@ -9,6 +9,9 @@ namespace platform {
 /// nothing. True as well where the folder doesn't let itself be looked into.
 bool isThere(const std::string& path);
 
+/// True if that is an ordinary file, or a link to one: what can be read without the danger of waiting.
+bool isOrdinaryFile(const std::string& path);
+
 /// An ordinary file, open for reading and writing as long as this lives.
 class File {
   public:

@@ -11,8 +11,10 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <limits>
 #include <random>
+#include <system_error>
 
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
@@ -54,8 +56,10 @@ double random() {
     return static_cast<double>(randomSource()() >> spareBits) * std::numeric_limits<double>::epsilon() / 2;
 }
 
+// A folder's name is bytes, and what isn't UTF-8 in it would be lost in Qt's texts.
 std::string programFile(const std::string& name) {
-    return (QCoreApplication::applicationDirPath() + QLatin1Char('/')).toStdString() + name;
+    std::error_code failure;
+    return std::filesystem::read_symlink("/proc/self/exe", failure).replace_filename(name).string();
 }
 
 void messageBox(const std::string& title, const std::string& text) {

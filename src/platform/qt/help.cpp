@@ -1,10 +1,11 @@
 #include "platform/help.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QPointer>
+#include <fstream>
+#include <iterator>
 
 #include "platform/desktop.h"
+#include "platform/files.h"
 #include "platform/qt/control.h"
 #include "platform/qt/formWindow.h"
 #include "platform/qt/helpWindow.h"
@@ -17,16 +18,15 @@ QPointer<qt::HelpWindow> viewer;  // made when the help is first asked for; clos
 
 /// The text of the help file, or one that tells that there is none.
 QString helpText(const std::string& file) {
-    const QString path = QString::fromStdString(programFile(file));
-    QFile source(path);
-    // Anything but a plain file might keep the reader waiting.
-    if (QFileInfo(path).isFile() && source.open(QIODevice::ReadOnly)) {
-        const QString text = QString::fromUtf8(source.readAll());
+    const std::string path = programFile(file);
+    if (isOrdinaryFile(path)) {
+        std::ifstream source(path, std::ios::binary);
+        const QString text = QString::fromStdString({std::istreambuf_iterator<char>(source), {}});
         if (!text.trimmed().isEmpty()) return text;
     }
     return QString(
                "## There is no help text\n\nIt should be in this file, which is missing or can't be read:\n\n`%1`\n")
-        .arg(path);
+        .arg(QString::fromStdString(path));
 }
 
 }  // namespace

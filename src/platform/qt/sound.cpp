@@ -1,20 +1,13 @@
 #include "platform/sound.h"
 
-#include <QFileInfo>
-
+#include "platform/files.h"
 #include "platform/qt/soundThread.h"
 #include "platform/sequencer.h"
 
 namespace platform {
-namespace {
-
-bool isThere(const std::string& file) { return QFileInfo(QString::fromStdString(file)).isFile(); }
-
-}  // namespace
-
 namespace sequencer {
 
-bool canOpen(const std::string& file) { return isThere(file); }
+bool canOpen(const std::string& file) { return isOrdinaryFile(file); }
 uint64_t begin(const std::string& file) { return qt::soundThread().begin(file); }
 void pause(uint64_t performance) { qt::soundThread().setPlaying(performance, false); }
 void resume(uint64_t performance) { qt::soundThread().setPlaying(performance, true); }
@@ -23,7 +16,7 @@ State stateOf(uint64_t performance) { return qt::soundThread().stateOf(performan
 }  // namespace sequencer
 
 bool sndPlaySoundA(const std::string& file, uint32_t /*flags*/) {
-    if (!isThere(file)) return false;
+    if (!isOrdinaryFile(file)) return false;
     qt::soundThread().playSound(file);
     return true;
 }
