@@ -1,5 +1,7 @@
 #include "hiscores/scoreFile.h"
 
+#include <utility>
+
 #include "platform/desktop.h"
 #include "platform/files.h"
 #include "toolkit/failures.h"
@@ -9,7 +11,6 @@ namespace {
 // A record of the file; its numbers are little-endian.
 constexpr size_t nameAt = 0, roundsAt = 10, levelAt = 12, scoreAt = 14;
 constexpr size_t recordLength = 18;
-constexpr size_t tableLength = hiScoreRows * recordLength;
 constexpr int bitsOfAByte = 8;
 
 std::string scoreFilePath() { return platform::programFile("HiScore.dat"); }
@@ -43,11 +44,10 @@ bool gblnfHiScoreFileIsThere() { return platform::isThere(scoreFilePath()); }
 
 bool gblnfReadHiScoreFile() {
     return guarded("gblnfReadHiScoreFile", [&] {
-        const std::string bytes = platform::File(scoreFilePath()).read(tableLength);
+        const platform::File file(scoreFilePath());
         for (int row = 1; row <= hiScoreRows; ++row) {
-            const size_t at = static_cast<size_t>(row - 1) * recordLength;
-            const bool whole = at + recordLength <= bytes.size();
-            gaudtHiScore[row] = whole ? recordFrom(bytes.substr(at, recordLength)) : HiScoreRecord{};
+            const std::string record = file.read(recordLength, static_cast<size_t>(row - 1) * recordLength);
+            gaudtHiScore[row] = record.size() == recordLength ? recordFrom(record) : HiScoreRecord{};
         }
         return true;
     });
@@ -55,13 +55,15 @@ bool gblnfReadHiScoreFile() {
 
 void gsSaveHiScore() {
     guarded("gsSaveHiScore", [&] {
+        const auto table = std::exchange(gaudtHiScore, {});  // No row is shown that could not be stored.
         std::string bytes;
-        for (const HiScoreRecord& record : gaudtHiScore) {
+        for (const HiScoreRecord& record : table) {
             bytes += record.strName.bytes();
             appendNumber(bytes, record.intRounds);
             appendNumber(bytes, record.intLevel);
             appendNumber(bytes, record.lngScore);
         }
         platform::File(scoreFilePath()).write(bytes);
+        gaudtHiScore = table;
     });
 }

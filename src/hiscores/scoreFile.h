@@ -25,8 +25,10 @@ inline Table<HiScoreRecord, 1, hiScoreRows> gaudtHiScore;
 bool gblnfHiScoreFileIsThere();
 
 /// Fills the table from the file, which is made if it isn't there; rows that a shorter file doesn't hold are blank.
-/// False if that failed, which has been reported, and the table is then as before.
+/// False if that failed, which has been reported: the table then holds the rows that were read before, and behind them
+/// what it held.
 bool gblnfReadHiScoreFile();
 
-/// Writes the whole table over the file's beginning; a failure is reported, and the file is then as before.
+/// Writes the whole table over the file's beginning; a failure is reported, and the file is then as before, the table
+/// blank.
 void gsSaveHiScore();

@@ -23,15 +23,17 @@ class File {
     File(const File&) = delete;
     File& operator=(const File&) = delete;
 
-    /// So many bytes from the beginning, fewer if the file is shorter. Fails with number 57 or 75.
-    std::string read(size_t count) const;
+    /// So many bytes from that place on, counted from 0, fewer if the file is shorter. Fails with number 57 or 75.
+    std::string read(size_t count, size_t from = 0) const;
 
     /// Writes over the beginning in one go; what lies behind it stays. Fails with number 61 if the disk is full, 57 or
-    /// 75 else; a write that was cut off is undone.
+    /// 75 else; a write that was cut off is undone, and so is one that a disk refuses only as the file is closed.
     void write(const std::string& bytes);
 
   private:
-    bool putBack(const std::string& before, size_t written, size_t wanted);
+    size_t put(const std::string& bytes) const;
+    int closeCopy() const;
+    bool putBack(const std::string& before, size_t written, size_t wanted) const;
 
     std::string path_;
     int handle_;
