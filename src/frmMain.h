@@ -214,10 +214,13 @@ struct frmMain {
     void msUpdateRound();
 
     // hiscores/entry.cpp: the score of a match enters the table
-    /// Asks for a name and stores the score, if it is high enough; true if it was stored.
+    /// Asks for a name and stores the score, if it is high enough; true if the table is then worth a look.
     bool mblnfHiScore();
-    /// The first row of the table with a lower score than the match has, or the one behind the last.
-    int16_t mintfHiScoreRow();
+    /// Fills the table from the file and finds the row that the score enters: the first with a lower score, or the one
+    /// behind the last; without a file the first of a blank table. False if the file can't be read.
+    bool mblnfFindHiScoreRow(int& row);
+    /// Enters the score in that row, under the name that was given, and saves the table.
+    void msEnterHiScore(int entered);
 
     // presentation/boardView.cpp: the board and the tiles on the screen
     /// Paints the falling tile, keeping what lay under it, and shows the picture.

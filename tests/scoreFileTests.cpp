@@ -107,6 +107,7 @@ class ScoreFile : public GameFixture {
             if (gfrmHiScore.isOpen()) opened += "table ";
             if (gfrmGetName.isOpen()) {
                 opened += "name ";
+                if (!meanwhile.empty()) put(meanwhile);
                 sim::typeText("Eve");
             }
             sim::pressKey(platform::key::Enter);
@@ -144,7 +145,8 @@ class ScoreFile : public GameFixture {
     }
 
     std::string path;
-    size_t heard = 0;  // messages
+    std::string meanwhile;  // what another program puts there while a name is typed; empty for nothing
+    size_t heard = 0;       // messages
 };
 
 TEST_F(ScoreFile, IsByteForByteAsItIsLaidOut) {
@@ -223,6 +225,7 @@ TEST_F(ScoreFile, AMatchEntersByItsScoreAlone) {
         std::string before;  // empty: no file
         int score;
         std::string after;  // empty: nothing enters
+        std::string meanwhile = {};
     } const cases[] = {
         {"the first ever", "", 1, entered("\1\0") + blankRecord + blankRecord + blankRecord + blankRecord},
         {"no score makes no file", "", 0, ""},
@@ -233,11 +236,18 @@ TEST_F(ScoreFile, AMatchEntersByItsScoreAlone) {
         {"equal to the last row", full, 100, ""},
         {"into a blank row", rows(1, 2) + blankRecord + blankRecord + blankRecord, 1,
          rows(1, 2) + entered("\1\0") + blankRecord + blankRecord},
+        {"below another program's new row", full, 350,
+         rows(1, 1) + entered("\xC2\1") + rows(2, 1) + entered("\x5E\1") + rows(3, 1),
+         rows(1, 1) + entered("\xC2\1") + rows(2, 3)},
+        {"into the file that another program has made", "", 7, rows(1, 3) + entered("\7\0") + blankRecord, rows(1, 3)},
+        {"no more, since another program's row is better", full, 101, rows(1, 4) + entered("\x66\0"),
+         rows(1, 4) + entered("\x66\0")},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
         fs::remove(path);
         if (!row.before.empty()) put(row.before);
+        meanwhile = row.meanwhile;
         const bool enters = !row.after.empty();
         EXPECT_EQ(endMatch(row.score), enters ? "summary name table " : "summary ");
         EXPECT_EQ(bytes(), enters ? row.after : row.before);
@@ -321,6 +331,10 @@ TEST_F(ScoreFile, WhatTheSystemTellsOfACallIsHeard) {
     EXPECT_FALSE(gblnfReadHiScoreFile());
     EXPECT_EQ(told(), "gblnfReadHiScoreFile: Error 57 - Device I/O error: ");
     EXPECT_EQ(scores(), std::vector({500, 400})) << "the rows before the fault";
+    comingErrors() = {{"pread", {0, 0, 0, 0, 0, EIO}}};
+    EXPECT_EQ(endMatch(600), "summary name ") << "a fault as it is read again";
+    EXPECT_EQ(told(), "gblnfReadHiScoreFile: Error 57 - Device I/O error: ");
+    EXPECT_EQ(bytes(), fullTable);
 }
 
 /// Does something without the rights of root.
