@@ -176,16 +176,20 @@ TEST_F(Printing, AFileInTheFoldersPlaceIsTold) {
 TEST_F(Printing, AFolderThatTheUserCannotWriteIsTold) {
     constexpr uid_t nobody = 65534;
     const uid_t self = geteuid();
-    QDir(home.path()).mkdir("Documents");
-    QFile::setPermissions(home.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ExeOther);
-    QFile::setPermissions(QString::fromStdString(documents()), QFile::ReadOwner | QFile::ExeOwner | QFile::ExeOther);
+    constexpr auto locked = QFile::ReadOwner | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
     // Root passes every permission, and a user may not look into root's folders, where the program may lie.
     ASSERT_NE(platform::qt::moduleEntry(platform::qt::printModule, platform::qt::printEntry), nullptr);
-    ASSERT_EQ(seteuid(self == 0 ? nobody : self), 0);
-    const std::string told = failure();
-    ASSERT_EQ(seteuid(self), 0);
-    EXPECT_EQ(told, "70 Permission denied: " + document("Velmora.pdf"));
-    QFile::setPermissions(QString::fromStdString(documents()), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    for (const bool isThere : {true, false}) {
+        if (isThere) QDir(home.path()).mkdir("Documents");
+        for (const QString& folder : {QString::fromStdString(documents()), home.path()})
+            QFile::setPermissions(folder, locked);
+        ASSERT_EQ(seteuid(self == 0 ? nobody : self), 0);
+        const std::string told = failure();
+        ASSERT_EQ(seteuid(self), 0);
+        EXPECT_EQ(told, "70 Permission denied: " + document("Velmora.pdf")) << isThere;
+        QFile::setPermissions(home.path(), locked | QFile::WriteOwner);
+        QDir(home.path()).rmdir("Documents");
+    }
 }
 
 TEST_F(Printing, AFileThatCannotBeFinishedIsToldAndTakenAway) {

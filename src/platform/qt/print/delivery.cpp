@@ -9,6 +9,8 @@
 #include <QStandardPaths>
 #include <QTemporaryFile>
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/fileFailure.h"
 #include "platform/runtime.h"
@@ -40,11 +42,19 @@ void sendJob(const QByteArray& printer, const QByteArray& file, const QByteArray
     if (job == 0) failure::printerError(lastError());
 }
 
+/// Makes a file's folder if it isn't there; fails as the file would.
+void makeFolderOf(const QString& path) {
+    std::error_code error;
+    std::filesystem::create_directories(std::filesystem::path(QFile::encodeName(path).constData()).parent_path(),
+                                        error);
+    if (error) failure::ofFile(error.value(), path.toStdString());
+}
+
 /// Fills a file that has just been made; takes it away again if that fails.
 void fill(int descriptor, const QString& path, const QByteArray& bytes) {
     QFile file;
     const bool written = file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered, QFile::AutoCloseHandle) &&
-                         file.write(bytes) == bytes.size() && fsync(descriptor) == 0;
+                         file.write(bytes) == bytes.size() && TEMP_FAILURE_RETRY(fsync(descriptor)) == 0;
     if (written) return;
     const int reason = errno;
     QFile::remove(path);
@@ -62,11 +72,12 @@ void sendToPrinter(const QString& printer, const QString& title, const QByteArra
 
 QString saveInDocuments(const QString& name, const QByteArray& pdf) {
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    folder.mkpath(".");
+    makeFolderOf(folder.filePath(name + ".pdf"));
     for (int number = 1;; ++number) {
         const QString suffix = number == 1 ? QString() : QString(" %1").arg(number);
         const QString path = folder.filePath(name + suffix + ".pdf");
-        const int descriptor = open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+        const int descriptor = TEMP_FAILURE_RETRY(open(QFile::encodeName(path).constData(), flags, 0666));
         if (descriptor < 0 && errno == EEXIST) continue;
         if (descriptor < 0) failure::ofFile(errno, path.toStdString());
         fill(descriptor, path, pdf);
