@@ -275,12 +275,17 @@ TEST_F(Printing, EveryLetterTakesOneColumn) {
 
 TEST_F(Printing, WhatFindsNoRoom) {
     const std::string ruler = "123456789 123456789 123456789 123456789 123456789 123456789 123456789 123456789 ";
-    std::vector<std::vector<platform::ColumnText>> lines = {{{1, ruler}}, {{1, "too long"}, {5, "for it"}}};
-    for (int line = 4; line <= 52; ++line) lines.push_back({{1, std::to_string(line)}});
+    std::vector<std::vector<platform::ColumnText>> lines = {
+        {{1, ruler}},
+        {{1, "too long"}, {5, "for it"}},
+        {{3, ruler.substr(0, 61)}, {platform::columnBehind, "A Z"}},
+        {{3, ruler.substr(0, 62)}, {platform::columnBehind, "A Z"}}};
+    for (int line = 7; line <= 52; ++line) lines.push_back({{1, std::to_string(line)}});
     printLines(lines);
     const std::string text = sheetIn(document("Velmora.pdf"));
-    EXPECT_EQ(text.substr(0, text.find('4', 70)), ruler.substr(0, 66) + "\ntoo long\n    for it\n")
-        << "cut, not wrapped";
+    EXPECT_EQ(text.substr(0, text.find("7\n")), ruler.substr(0, 66) + "\ntoo long\n    for it\n  " +
+                                                    ruler.substr(0, 61) + "A Z\n  " + ruler.substr(0, 62) +
+                                                    "\n  A Z\n");
     EXPECT_EQ(text.substr(text.find("49\n")), "49\n50\n\f51\n52\n") << "goes on to another page";
 }
 

@@ -26,11 +26,14 @@ std::string rightAligned(const std::string& amount) {
     return std::string(static_cast<size_t>(std::max(0, amountWidth - length)), ' ') + amount;
 }
 
-std::string cityLine(const OrderSheet& order) {
-    const std::string& city = order.txtOrderInfo[City];
+bool hasState(const OrderSheet& order) { return order.cboOrderInfo.size() >= stateCodeLength; }
+
+std::string city(const OrderSheet& order) { return order.txtOrderInfo[City] + (hasState(order) ? ", " : ""); }
+
+std::string stateAndZip(const OrderSheet& order) {
+    if (!hasState(order)) return {};
     const std::string& state = order.cboOrderInfo;
-    if (state.size() < stateCodeLength) return city;
-    return city + ", " + state.substr(state.size() - stateCodeLength) + " " + order.mskOrderInfo;
+    return state.substr(state.size() - stateCodeLength) + " " + order.mskOrderInfo;
 }
 
 std::string copiesText(const OrderSheet& order) {
@@ -58,13 +61,13 @@ bool holds(const OrderSheet& order) {
 
 bool isPosted(const OrderSheet& order) { return !order.chkECopy; }
 
-/// A text at a column: a fixed one, or one that is made of the order.
+/// A text at a column: a fixed one, or one that is made of the order; with neither it is none.
 struct Entry {
     constexpr Entry() = default;
     constexpr Entry(int atColumn, const char* text) : column(atColumn), fixed(text) {}
     constexpr Entry(int atColumn, std::string (*text)(const OrderSheet&)) : column(atColumn), made(text) {}
 
-    int column = 0;  // 0: no text
+    int column = 1;
     const char* fixed = nullptr;
     std::string (*made)(const OrderSheet& order) = nullptr;
 };
@@ -84,7 +87,7 @@ constexpr SheetLine sheetLines[] = {
     {{3, "Address:"},         {15, contentOf<Address1>}},
     {{},                      {15, contentOf<Address2>}, holds<Address2>},
     {{},                      {15, contentOf<Address3>}, holds<Address3>},
-    {{},                      {15, cityLine}},
+    {{15, city},              {platform::columnBehind, stateAndZip}},
     {{},                      {15, contentOf<Country>},  holds<Country>},
     {},
     {{3, "Email:"},           {15, contentOf<Email>},    holds<Email>},
@@ -112,7 +115,7 @@ constexpr SheetLine sheetLines[] = {
 void printLine(const SheetLine& line, const OrderSheet& order, platform::Printer& printer) {
     std::vector<platform::ColumnText> texts;
     for (const Entry& entry : {line.first, line.second})
-        if (entry.column > 0) texts.push_back({entry.column, entry.made ? entry.made(order) : entry.fixed});
+        if (entry.made || entry.fixed) texts.push_back({entry.column, entry.made ? entry.made(order) : entry.fixed});
     printer.print(texts);
 }
 

@@ -7,9 +7,12 @@
 
 namespace platform {
 
+/// In place of a column: directly behind the text before, or below its beginning where the paper has no room there.
+constexpr int columnBehind = 0;
+
 /// A text and the column where it begins, counted from 1 in widths of the font's characters.
 struct ColumnText {
-    int column = 1;
+    int column = 1;    ///< Or columnBehind.
     std::string text;  ///< UTF-8.
 };
 

@@ -11,6 +11,7 @@ namespace sim {
 namespace {
 
 constexpr char32_t firstLetter = U' ', lastLetter = U'~';
+constexpr size_t paperColumns = 66;  // of a font of 14 points on A4
 
 /// The printer's font has the letters of ASCII and no others.
 std::u32string charactersOf(const std::string& text) {
@@ -48,7 +49,7 @@ void Printer::endDoc() {
     if (sim::state().printerFailsAtEnd) failure::printerError();
     sim::Sheet sheet;
     for (const PrintedLine& line : lines)
-        for (const std::u32string& characters : linesInColumns(line.texts, sim::charactersOf))
+        for (const std::u32string& characters : linesInColumns(line.texts, sim::paperColumns, sim::charactersOf))
             sheet.push_back({std::string(characters.begin(), characters.end()), line.font});
     sim::note("sheet of", sheet.size(), "lines");
     sim::state().sheets.push_back(std::move(sheet));

@@ -36,7 +36,8 @@ class Pages {
     QPainter painter_;
     QFontMetricsF metrics_{QFont()};
     qreal columnWidth_ = 1;
-    qreal top_ = 0;  // of the next line, from that of the printable area
+    size_t columns_ = 0;  // that the paper has
+    qreal top_ = 0;       // of the next line, from that of the printable area
 };
 
 void Pages::use(const Font& font) {
@@ -49,6 +50,7 @@ void Pages::use(const Font& font) {
     painter_.setFont(made);
     metrics_ = QFontMetricsF(made, &writer_);
     columnWidth_ = std::max(1.0, metrics_.horizontalAdvance(QLatin1Char('0')));
+    columns_ = static_cast<size_t>(writer_.width() / columnWidth_);
 }
 
 /// What stands for a letter with all its marks: one character that the font has.
@@ -76,8 +78,7 @@ void Pages::printCharacters(const std::u32string& characters) {
         writer_.newPage();
         top_ = 0;
     }
-    const auto columns = std::min(characters.size(), static_cast<size_t>(writer_.width() / columnWidth_));
-    for (size_t i = 0; i < columns; ++i) {
+    for (size_t i = 0; i < std::min(characters.size(), columns_); ++i) {
         if (characters[i] == U' ') continue;
         const QPointF place(static_cast<qreal>(i) * columnWidth_, top_ + metrics_.ascent());
         painter_.drawText(place, QString::fromUcs4(&characters[i], 1));
@@ -88,7 +89,7 @@ void Pages::printCharacters(const std::u32string& characters) {
 void Pages::print(const PrintedLine& line) {
     use(line.font);
     const auto characters = [this](const std::string& text) { return charactersOf(text); };
-    for (const std::u32string& each : linesInColumns(line.texts, characters)) printCharacters(each);
+    for (const std::u32string& each : linesInColumns(line.texts, columns_, characters)) printCharacters(each);
 }
 
 }  // namespace
