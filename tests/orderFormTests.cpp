@@ -7,7 +7,6 @@
 #include "platform/printer.h"
 #include "platform/sim/simulation.h"
 #include "presentation/buttons.h"
-#include "tests/expectedSheet.h"
 #include "tests/gameFixture.h"
 
 namespace {
@@ -288,27 +287,17 @@ TEST_F(OrderForm, AddressLinesCloseUpAsABoxIsLeft) {
 
 TEST_F(OrderForm, AllThatWasFilledInIsPrintedAsOftenAsWanted) {
     inForm([](frmOrder& order) {
-        const char* const typed[] = {"Ann B. Carter", "Apt. #12", "5 High Street",   "Old Town",
-                                     "Salem",         "Canada",   "ann@example.org", "3"};
-        for (int box = 0; box < 8; ++box) type(order, box, typed[box]);
-        order.cboOrderInfo.setFocus();
-        sim::typeText("o");
-        order.mskOrderInfo.setFocus();
-        sim::typeText("97301");
-        ship(order, Ship::Usa);
+        complete(order);
+        type(order, Box::Country, "Canada");
+        type(order, Box::Email, "a@b");
         sim::pressAccessKey('P');
-        EXPECT_EQ(sheet(0), "\n" + expectedSheet(R"(Apt. #12
-              5 High Street
-              Old Town
-              Salem, OH 97301
-              Canada
-)"));
         sim::click(order.chkECopy);
         sim::pressAccessKey('P');
+        EXPECT_NE(sheet(0).find("Salem\n              Canada\n\n  Email:      a@b\n"), std::string::npos) << sheet(0);
+        EXPECT_NE(sheet(0).find("Allow"), std::string::npos);
         EXPECT_EQ(sheet(1).find("Allow"), std::string::npos);
         EXPECT_NE(sheet(1).find("Shipping Charge:                0\n"), std::string::npos);
-        EXPECT_TRUE(gfrmOrder.isOpen());
-        EXPECT_EQ(order.txtOrderInfo[Box::Name].text(), "Ann B. Carter");
+        EXPECT_EQ(order.txtOrderInfo[Box::Name].text(), "Ann");
     });
 }
 

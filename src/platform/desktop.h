@@ -23,8 +23,11 @@ double random();
 /// may ask.
 std::string programFile(const std::string& name);
 
-/// Shows a message with one OK button and an exclamation mark, and waits for the answer.
-void messageBox(const std::string& title, const std::string& text);
+/// What a message shows beside its text.
+enum class Sign { Exclamation, Information };
+
+/// Shows a message with one OK button, and waits for the answer.
+void messageBox(const std::string& title, const std::string& text, Sign sign = Sign::Exclamation);
 
 /// Ends the process at once; nothing after it runs.
 [[noreturn]] void endProcess();

@@ -62,10 +62,10 @@ std::string programFile(const std::string& name) {
     return std::filesystem::read_symlink("/proc/self/exe", failure).replace_filename(name).string();
 }
 
-void messageBox(const std::string& title, const std::string& text) {
-    const QPointer<QMessageBox> box =
-        new QMessageBox(QMessageBox::Warning, QString::fromStdString(title), QString::fromStdString(text),
-                        QMessageBox::Ok, qt::formStack().mainWindow());
+void messageBox(const std::string& title, const std::string& text, Sign sign) {
+    const auto icon = sign == Sign::Information ? QMessageBox::Information : QMessageBox::Warning;
+    const QPointer<QMessageBox> box = new QMessageBox(icon, QString::fromStdString(title), QString::fromStdString(text),
+                                                      QMessageBox::Ok, qt::formStack().mainWindow());
     const QWidget* const window = box;
     box->setTextFormat(Qt::PlainText);
     makeRoomForTitle(*box);

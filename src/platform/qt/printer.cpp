@@ -76,7 +76,7 @@ void Printer::endDoc() {
     const PrintOutcome outcome = printed(job);
     if (outcome.failure != 0) throw RuntimeError(outcome.failure, outcome.description);
     if (!outcome.file.empty())
-        messageBox(program, "No printer is set up. The sheet has been saved as\n" + outcome.file);
+        messageBox(program, "No printer is set up. The sheet has been saved as\n" + outcome.file, Sign::Information);
 }
 
 }  // namespace platform

@@ -189,7 +189,7 @@ void seedRandom() {
 
 double random() { return static_cast<double>(sim::state().generator()) / randomRange; }
 
-void messageBox(const std::string& title, const std::string& text) {
+void messageBox(const std::string& title, const std::string& text, Sign /*sign*/) {
     ++sim::state().openings;
     sim::note("message", title + ": " + text);
     sim::state().clicked = 0;
