@@ -23,6 +23,19 @@ for binary in velmora velmora_print.so velmora_sound.so; do
     ! readelf -d "$folder/$binary" | grep -E 'RPATH|RUNPATH' || fail "$binary looks for libraries in a folder of its own"
 done
 [ "$("$folder/velmora" --version)" = "Velmora 1.0.0" ] || fail "the program doesn't start there"
+# What the README has installed brings each library that is asked for, and nothing else.
+needed=$(readelf -d "$folder"/velmora "$folder"/velmora_*.so | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p' | sort -u)
+fonts=$(grep -aoE '/usr/share/sounds/[[:alnum:]/_.-]+' "$folder/velmora_sound.so")
+read -ra named <<<"$(sed -n 's/.*apt install //p' "$folder/README.txt")"
+read -ra brought <<<"$(apt-cache depends --recurse --installed --important "${named[@]}" | grep '^[^ <]' | paste -sd' ')"
+missing=$(comm -23 <(echo "$needed") <(dpkg -L "${brought[@]}" 2>/dev/null | sed 's|.*/||' | sort -u))
+[ -z "$missing" ] || fail "the README names no package with $missing"
+dpkg -L "${named[@]}" | grep -xF "$fonts" >/dev/null || fail "the README names no package with a sound font"
+for package in "${named[@]}"; do
+    dpkg -L "$package" | grep -xE ".*/($(paste -sd'|' <<<"$needed"))|$(paste -sd'|' <<<"$fonts")" >/dev/null ||
+        fail "the README names $package, which isn't needed"
+done
+
 
 desktop-file-validate "$folder/velmora.desktop"
 appstreamcli validate --no-net "$folder/org.velmora.Velmora.metainfo.xml" >"$place/report" || fail "$(cat "$place/report")"
