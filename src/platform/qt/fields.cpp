@@ -164,7 +164,11 @@ class List : public QComboBox {
 /// A button of a group, all of which are stops of Tab; Qt would keep to the one that had the focus last.
 class Option : public QRadioButton {
   protected:
-    void focusInEvent(QFocusEvent* event) override { QWidget::focusInEvent(event); }
+    void focusInEvent(QFocusEvent* event) override {
+        setAutoExclusive(false);
+        QRadioButton::focusInEvent(event);
+        setAutoExclusive(true);
+    }
 };
 
 QComboBox* listOf(const ComboBox& list) { return qt::faceOf<QComboBox>(list); }
