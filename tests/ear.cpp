@@ -12,6 +12,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <numeric>
 #include <span>
 
@@ -38,6 +39,14 @@ float Heard::peak(size_t from, size_t count) const {
 float Heard::mean(size_t from, size_t count) const {
     const auto window = part(frames, from, count);
     return window.empty() ? 0 : std::reduce(window.begin(), window.end()) / static_cast<float>(window.size());
+}
+
+double Heard::level(size_t from, size_t count) const {
+    constexpr double loudest = 2;  // left and right together
+    const auto window = part(frames, from, count);
+    const double power = std::transform_reduce(window.begin(), window.end(), 0.0, std::plus<>(),
+                                               [](double frame) { return frame * frame; });
+    return 10 * std::log10(power / static_cast<double>(count) / (loudest * loudest));
 }
 
 size_t Heard::firstAbove(float level, size_t from) const {
@@ -92,7 +101,10 @@ Heard Ear::heard() {
     return result;
 }
 
-size_t Ear::now() { return heard().frames.size(); }
+size_t Ear::now() {
+    const std::lock_guard lock(mutex_);
+    return bytes_.size() / (2 * sizeof(float));
+}
 
 bool Ear::deviceOpen() {
     const std::lock_guard lock(mutex_);

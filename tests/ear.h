@@ -13,6 +13,7 @@ struct Heard {
 
     float peak(size_t from, size_t count) const;  ///< The loudest of so many frames.
     float mean(size_t from, size_t count) const;
+    double level(size_t from, size_t count) const;          ///< Decibels, 0 for the loudest square wave.
     size_t firstAbove(float level, size_t from = 0) const;  ///< The first louder frame; frames.size() if none is.
     size_t lastAbove(float level) const;                    ///< The last louder frame; 0 if none is.
 };

@@ -7,12 +7,14 @@
 #include <vector>
 
 #include "platform/qt/sound/device.h"
+#include "platform/qt/sound/limiter.h"
 #include "platform/qt/sound/music.h"
 #include "platform/qt/sound/samples.h"
 
 namespace platform::qt {
 namespace {
 
+constexpr float soundGain = 1.8F;         // thunder is then 13 LU above the music in its loudest moment
 constexpr int framesToRest = sampleRate;  // of silence, until the device may be closed
 
 /// A sound on its way out.
@@ -50,6 +52,7 @@ class ModuleMixer final : public Mixer {
     MixerEvents events_;
     Music music_;
     std::vector<Sound> sounds_;
+    Limiter limiter_;
     int silentFrames_ = 0;
     Device device_;  // last, so that it stops asking before the others go
 };
@@ -91,6 +94,7 @@ void ModuleMixer::playSound(const std::string& file) {
     device_.closeVanished();
     auto samples = samplesOf(file);
     if (samples.empty()) return;
+    for (float& sample : samples) sample *= soundGain;
     {
         const Device::Hold hold(device_);
         add(std::move(samples));
@@ -127,7 +131,7 @@ void ModuleMixer::mix(float* samples, int frames) {
     if (wentOn && !music_.going()) events_.ended(music_.performance());
     for (Sound& sound : sounds_) sound.addTo(out);
     std::erase_if(sounds_, [](const Sound& sound) { return sound.over(); });
-    for (float& sample : out) sample = std::clamp(sample, -loudest, loudest);
+    limiter_.pass(out);
     noteSilence(out);
 }
 

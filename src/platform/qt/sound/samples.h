@@ -7,7 +7,6 @@ namespace platform::qt {
 
 constexpr int sampleRate = 22050;     // frames a second
 constexpr int channels = 2;           // samples a frame, left and right in turn
-constexpr float loudest = 1;          // that a sample may be
 constexpr float inaudible = 0.0001F;  // a sample below is silence
 
 /// Whether there is a file of that name that can be read without waiting: no folder, no pipe.
