@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <utility>
-#include <vector>
 
-#include "platform/desktop.h"
 #include "platform/sound.h"
 #include "tests/contractFixture.h"
 
@@ -79,55 +77,6 @@ TEST_F(Contract, MusicIsOpenedIfItIsThere) {
         EXPECT_EQ(music.mode(), row.mode) << row.what;
         music.setCommand("Close");
         EXPECT_EQ(music.mode(), 524) << row.what;
-    }
-}
-
-/// Milliseconds until the music has come to its end.
-double playingTime(MMControl& music) {
-    const double start = secondsOfDay();
-    for (int i = 0; i < 500 && music.mode() == 526; ++i) run(10);
-    return (secondsOfDay() - start) * 1000;
-}
-
-TEST_F(Contract, MusicPlaysFromWhereItStands) {
-    constexpr int length = 1000;  // milliseconds
-    constexpr int whole = length, rest = 400, nothing = 0;
-    struct {
-        int after;  // milliseconds of playing; from the length on the piece is at its end
-        std::vector<const char*> commands;
-        int32_t mode;  // after them
-        int plays;     // milliseconds from then on
-    } const rows[] = {
-        {600, {"Stop"}, 525, nothing},
-        {600, {"Stop", "Play"}, 526, rest},
-        {600, {"Stop", "Prev", "Play"}, 526, whole},
-        {600, {"Stop", "Next", "Play"}, 526, whole},
-        {600, {"Play"}, 526, rest},
-        {600, {"Next"}, 526, whole},
-        {600, {"Louder"}, 526, rest},
-        {600, {"Close", "Play"}, 524, nothing},
-        {1300, {}, 525, nothing},
-        {1300, {"Play"}, 525, nothing},
-        {1300, {"Stop", "Play", "Stop"}, 525, nothing},
-        {1300, {"Next", "Play"}, 526, whole},
-    };
-    MMControl music;
-    openPiece(music, pieceOfMusic(length));
-    music.setCommand("Play");
-    playingTime(music);  // The first time a font is loaded.
-    for (const auto& row : rows) {
-        const auto [mode, plays] = inTime(row.after + row.plays + 200, [&] {
-            music.setCommand("Stop");
-            music.setCommand("Open");
-            music.setCommand("Prev");
-            music.setCommand("Play");
-            run(row.after);
-            for (const char* command : row.commands) music.setCommand(command);
-            const int32_t then = music.mode();
-            return std::pair(then, playingTime(music));
-        });
-        EXPECT_EQ(mode, row.mode) << "row " << &row - rows;
-        EXPECT_NEAR(plays, row.plays, 250) << "row " << &row - rows;
     }
 }
 

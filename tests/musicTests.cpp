@@ -199,4 +199,42 @@ TEST_F(GameMusic, ADeviceThatStandsOpenIsNotOpenedAgain) {
     EXPECT_EQ(device.command(), "Next");
 }
 
+TEST(MusicDevice, PlaysFromWhereItStands) {
+    constexpr int length = 1000;  // milliseconds
+    constexpr int whole = length, rest = 400, nothing = 0;
+    struct {
+        int after;  // milliseconds of playing; from the length on the piece is at its end
+        std::vector<const char*> commands;
+        int32_t mode;  // after them
+        int plays;     // milliseconds from then on
+    } const rows[] = {
+        {600, {"Stop"}, 525, nothing},
+        {600, {"Stop", "Play"}, 526, rest},
+        {600, {"Stop", "Prev", "Play"}, 526, whole},
+        {600, {"Stop", "Next", "Play"}, 526, whole},
+        {600, {"Play"}, 526, rest},
+        {600, {"Next"}, 526, whole},
+        {600, {"Louder"}, 526, rest},
+        {600, {"Close", "Play"}, 524, nothing},
+        {1300, {}, 525, nothing},
+        {1300, {"Play"}, 525, nothing},
+        {1300, {"Stop", "Play", "Stop"}, 525, nothing},
+        {1300, {"Next", "Play"}, 526, whole},
+    };
+    for (const auto& row : rows) {
+        sim::switchOn(1);
+        sim::setPieceLength(length);
+        platform::MMControl music;
+        music.setDeviceType("Sequencer");
+        music.setFileName("piece.mid");
+        for (const char* command : {"Open", "Play"}) music.setCommand(command);
+        sim::runFor(row.after);
+        for (const char* command : row.commands) music.setCommand(command);
+        EXPECT_EQ(music.mode(), row.mode) << "row " << &row - rows;
+        int plays = 0;
+        for (; music.mode() == 526; plays += 10) sim::runFor(10);
+        EXPECT_EQ(plays, row.plays) << "row " << &row - rows;
+    }
+}
+
 }  // namespace
