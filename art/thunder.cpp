@@ -10,7 +10,7 @@ namespace thunder {
 namespace {
 
 constexpr int length = sampleRate * 43 / 10;
-constexpr int loudest = 22000;  // leaves room for the music that plays on
+constexpr int loudest = 22000;  // of what a sample can be, 32767
 
 /// White noise from a shift register, -32768 to 32767.
 class Noise {

@@ -1,4 +1,4 @@
-#include "tests/midiPiece.h"
+#include "midiPiece.h"
 
 #include <algorithm>
 #include <fstream>
