@@ -5,11 +5,19 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QMenu>
+#include <QMessageBox>
 #include <QTemporaryDir>
+#include <QTextBrowser>
+#include <QToolTip>
 #include <fstream>
+#include <iostream>
+#include <map>
 
 #include "platform/qt/fonts.h"
+#include "platform/qt/helpWindow.h"
 #include "platform/text.h"
+#include "tests/application.h"
 
 namespace {
 
@@ -20,11 +28,7 @@ void startWithoutFonts() {
     std::ofstream(path + "/fonts.conf") << "<fontconfig><dir>" << path << "</dir><cachedir>" << path
                                         << "/cache</cachedir></fontconfig>";
     qputenv("FONTCONFIG_FILE", (path + "/fonts.conf").c_str());
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int argc = 1;
-    static char name[] = "velmora_font_tests";
-    static char* argv[] = {name, nullptr};
-    new QApplication(argc, argv);  // Never deleted: at the very end Qt has let go of the fonts that it would ask for.
+    setUpApplication();
 }
 
 TEST(Lettering, IsTheProgramsOwnWhereTheDesktopHasNone) {
@@ -39,13 +43,36 @@ TEST(Lettering, IsTheProgramsOwnWhereTheDesktopHasNone) {
         {{"Times New Roman", 12, true}, "Liberation Serif", "Rounds Played", 104},
         {{"Courier New", 14, false}, "Liberation Mono", "ORDER FORM", 114},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : cases)
         ASSERT_FALSE(QFontDatabase::families().contains(row.family)) << "the desktop has it already";
+    for (const auto& row : cases) {
         const QFontInfo info(platform::qt::letteringOf(row.font).font);
         EXPECT_EQ(info.family().toStdString(), row.family);
         EXPECT_EQ(info.bold(), row.font.bold) << row.family;
         EXPECT_NEAR(platform::measureText(row.text, row.font), row.width, 1) << row.family;
     }
+}
+
+TEST(DesktopFontDeathTest, IsTheProgramsOwnWhereTheDesktopHasNone) {
+    const std::map<const char*, QWidget* (*)()> windows = {
+        {"a menu", []() -> QWidget* { return new QMenu; }},
+        {"a message box", []() -> QWidget* { return new QMessageBox; }},
+        {"a tool-tip", []() -> QWidget* { return QToolTip::showText({}, "Tip"), QApplication::topLevelWidgets()[0]; }},
+        {"the help", []() -> QWidget* { return (new platform::qt::HelpWindow(nullptr))->findChild<QTextBrowser*>(); }},
+    };
+    // Each in a process of its own, since the first window sees to all that follow.
+    const auto familyIn = [](QWidget* (*make)(), bool lettered) {
+        startWithoutFonts();
+        if (lettered) platform::qt::familyOf("Wonton ICG");
+        QWidget* const window = make();
+        window->ensurePolished();
+        std::cerr << QFontInfo(window->font()).family().toStdString();
+        std::_Exit(0);
+    };
+    for (const auto& [name, make] : windows)
+        for (const bool lettered : {false, true})
+            EXPECT_EXIT(familyIn(make, lettered), testing::ExitedWithCode(0), "Liberation Mono")
+                << name << " on a table that " << (lettered ? "is" : "isn't") << " lettered";
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "platform/qt/accessible.h"
+#include "platform/qt/fonts.h"
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
 #include "platform/qt/images.h"
@@ -36,6 +37,19 @@ void hearOfDisplay(QtMsgType type, const QMessageLogContext& context, const QStr
     std::_Exit(1);
 }
 
+/// Sees to the desktop's font as the first window comes that is lettered in it.
+class FontWatch : public QObject {
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Polish) return false;
+        const auto* const widget = qobject_cast<QWidget*>(watched);
+        if (!widget || !widget->isWindow() || dynamic_cast<const qt::FormWindow*>(widget)) return false;
+        qApp->removeEventFilter(this);
+        deleteLater();
+        qt::makeUpForMissingFonts();
+        return false;
+    }
+};
+
 QApplication* openDisplay(int& argc, char** argv) {
     const QtMessageHandler usual = qInstallMessageHandler(hearOfDisplay);
     QApplication* const application = new QApplication(argc, argv);
@@ -53,6 +67,7 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
     QApplication::setDesktopFileName(QString::fromStdString(id));
     QApplication::setQuitOnLastWindowClosed(false);  // A message box may come and go before the main window is seen.
     QApplication::setWindowIcon(iconOf(id));
+    application->installEventFilter(new FontWatch);
     qt::startAccessibility();
     application->installEventFilter(&qt::formStack());
     QObject::connect(application, &QApplication::focusChanged, [] {

@@ -1,10 +1,12 @@
 #include "platform/qt/fonts.h"
 
+#include <QApplication>
 #include <QFontDatabase>
 #include <algorithm>
 #include <cmath>
 #include <map>
 #include <tuple>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -27,6 +29,7 @@ void provide(const std::string& family) {
         {"Liberation Serif", storedLiberationSerifBold, storedLiberationMono},
         {"Liberation Mono", storedLiberationMono, storedFontsEnd},
     };
+    makeUpForMissingFonts();  // Once the program's own are there, one of them stands in for all that is missing.
     for (StoredFont& font : fonts) {
         if (font.known || family != font.family) continue;
         QFontDatabase::addApplicationFontFromData(QByteArray::fromRawData(font.start, font.end - font.start));
@@ -51,6 +54,14 @@ std::string familyOf(const std::string& fontName) {
     const std::string family = standInFor(fontName);
     provide(family);
     return family;
+}
+
+void makeUpForMissingFonts() {
+    static bool made = false;
+    if (std::exchange(made, true) || QFontMetrics(QApplication::font()).inFont(QChar(u'A'))) return;
+    QFont font = QApplication::font();
+    font.setFamily(QString::fromStdString(familyOf("Courier New")));
+    QApplication::setFont(font);
 }
 
 const Lettering& letteringOf(const Font& font) {

@@ -16,6 +16,10 @@ struct Lettering {
 /// The family that text in a font of that name is set in. If the program carries it, Qt knows it from now on.
 std::string familyOf(const std::string& fontName);
 
+/// What menus, boxes, tool-tips and the help are lettered in: where the desktop has no font with Latin letters, one
+/// that the program carries becomes the application's. Costs milliseconds, so that a start does without.
+void makeUpForMissingFonts();
+
 /// The font as it stands on a screen of 96 pixels an inch, whatever the desktop's own is. Stays for the run.
 const Lettering& letteringOf(const Font& font);
 

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/qt/fonts.h"
+
 namespace platform::qt {
 namespace {
 
@@ -63,7 +65,9 @@ void dressTable(QTextTable& table, const QPalette& palette) {
 
 }  // namespace
 
-HelpPage::HelpPage(MakeHelpPicture makePicture) : makePicture_(makePicture), normalPoints_(fontInfo().pointSizeF()) {
+HelpPage::HelpPage(MakeHelpPicture makePicture) : makePicture_(makePicture) {
+    makeUpForMissingFonts();
+    normalPoints_ = fontInfo().pointSizeF();
     setOpenLinks(false);
     setUndoRedoEnabled(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -43,7 +43,7 @@ class HelpPage : public QTextBrowser {
 
     MakeHelpPicture makePicture_;
     std::vector<Heading> headings_;
-    double normalPoints_;
+    double normalPoints_ = 0;
     int typeStep_ = 0;  // from the normal size
 };
 
