@@ -17,6 +17,8 @@ namespace platform::qt {
 namespace {
 
 constexpr QSize firstSize(1000, 720);  // pixels, where the screen has room
+constexpr double screenPart = 0.9;     // that it takes at most; the rest is for its frame
+constexpr int hintOpacity = 128;       // of 255
 constexpr int wantedWidth = 220;       // pixels
 constexpr int chapterLevel = 2;        // of a heading
 constexpr QRgb matchBack = 0xFFFFE680, shownMatchBack = 0xFFFFA030, matchFore = 0xFF000000;
@@ -40,7 +42,7 @@ QWidget* gapOf(QWidget* parent) {
 HelpWindow::HelpWindow(MakeHelpPicture makePicture)
     : page_(new HelpPage(makePicture)), contents_(new QTreeWidget), wanted_(new QLineEdit), found_(new QLabel) {
     setWindowTitle(QApplication::applicationName() + " Help");
-    resize(firstSize.boundedTo(screen()->availableSize()));
+    resize(firstSize.boundedTo(screen()->availableSize() * screenPart));
     auto* const halves = new QSplitter;
     halves->addWidget(contents_);
     halves->addWidget(page_);
@@ -74,6 +76,7 @@ void HelpWindow::fillToolBar() {
     bar->setContextMenuPolicy(Qt::PreventContextMenu);  // It would offer to hide the bar.
     wanted_->setPlaceholderText("Search (Ctrl+F)");
     wanted_->setAccessibleName("Search");
+    dressHint();
     wanted_->setClearButtonEnabled(true);
     wanted_->setMaximumWidth(wantedWidth);
     found_->setMargin(4);
@@ -94,6 +97,20 @@ void HelpWindow::fillToolBar() {
     });
     addCommand("Close", "Close", {Qt::Key_Escape, Qt::CTRL | Qt::Key_W}, [this] { close(); });
     connect(wanted_, &QLineEdit::returnPressed, this, [this] { showMatch(1); });
+}
+
+/// A desktop with a dark palette may leave the hint in the search black.
+void HelpWindow::dressHint() {
+    QColor hint = palette().color(QPalette::Text);
+    hint.setAlpha(hintOpacity);
+    QPalette look;
+    look.setColor(QPalette::PlaceholderText, hint);
+    wanted_->setPalette(look);
+}
+
+void HelpWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) dressHint();
 }
 
 void HelpWindow::setText(const QString& markdown) {

@@ -25,12 +25,14 @@ class HelpWindow : public QMainWindow {
     void goWith(QObject* owner);            ///< Closes when that widget goes off the screen.
 
   protected:
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     QAction* addCommand(const QString& text, const QString& toolTip, const QList<QKeySequence>& keys,
                         std::function<void()> action);
     void fillToolBar();
+    void dressHint();
     void fillContents();
     void findAll();
     void showMatch(int step);
