@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <functional>
 #include <iostream>
 #include <iterator>
 #include <numeric>
@@ -11,6 +12,7 @@
 #include <span>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "midiPiece.h"
 #include "thunder.h"

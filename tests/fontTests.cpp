@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QToolTip>
+#include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <map>
