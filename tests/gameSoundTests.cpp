@@ -26,7 +26,8 @@ TEST(GameSound, MusicAndThunderAreHeard) {
     game->form.show();
     QTimer person;
     QObject::connect(&person, &QTimer::timeout, [] {
-        if (gfrmChooseSeat.isOpen()) QTest::keyClick(QApplication::activeWindow(), Qt::Key_Enter);
+        QWidget* const window = QApplication::activeWindow();
+        if (window && gfrmChooseSeat.isOpen()) QTest::keyClick(window, Qt::Key_Enter);
     });
     person.start(10);
     game->tbrZQT_ButtonClick(Button::StartAnew);
