@@ -73,7 +73,10 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
     QObject::connect(application, &QApplication::focusChanged, [] {
         if (qt::FormWindow* const form = qt::formStack().top()) form->followFocus();
     });
-    QObject::connect(application, &QGuiApplication::focusWindowChanged, [] { qt::presence().look(); });
+    QObject::connect(application, &QGuiApplication::focusWindowChanged, [] {
+        qt::presence().look();
+        qt::formStack().bringBoxToFront();
+    });
 }
 
 int Application::run() {

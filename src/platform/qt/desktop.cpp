@@ -73,7 +73,7 @@ void messageBox(const std::string& title, const std::string& text, Sign sign) {
     QEventLoop loop;
     QObject::connect(box, &QDialog::finished, &loop, &QEventLoop::quit);
     QObject::connect(box, &QObject::destroyed, &loop, &QEventLoop::quit);
-    qt::formStack().openBox();
+    qt::formStack().openBox(box);
     box->show();
     loop.exec();
     qt::formStack().closeBox(window);

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QCursor>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QToolButton>
@@ -58,7 +59,7 @@ FormWindow* FormStack::top() const { return dialogs_.empty() ? main_ : dialogs_.
 
 bool FormStack::blocks(const QWidget* face) const {
     if (!belongsToForms(face)) return false;
-    if (boxes_ > 0) return true;
+    if (!boxes_.empty()) return true;
     return !dialogs_.empty() && dialogs_.back() != face && !dialogs_.back()->isAncestorOf(face);
 }
 
@@ -99,17 +100,22 @@ void FormStack::leave(FormWindow* window) {
     if (FormWindow* const under = wasMain ? nullptr : top()) under->activate();
 }
 
-void FormStack::openBox() {
-    ++boxes_;
+void FormStack::openBox(QWidget* box) {
+    boxes_.push_back(box);
     ++openings_;
     clicked_ = nullptr;
     repaintTools();
 }
 
 void FormStack::closeBox(const QWidget* box) {
-    --boxes_;
+    std::erase(boxes_, box);
     presses_.disown(box);
     repaintTools();
+}
+
+void FormStack::bringBoxToFront() const {
+    QWidget* const box = boxes_.empty() ? nullptr : boxes_.back();
+    if (box && main_ && main_->windowHandle() == QGuiApplication::focusWindow()) box->activateWindow();
 }
 
 /// A tool button under the pointer lies flat while it takes no clicks.
@@ -153,19 +159,26 @@ bool FormStack::filterMouse(const QWidget* face, const QMouseEvent& event) {
 bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {
     if (forwarded_ == &event) return false;
     const bool toForms = belongsToForms(face);
-    FormWindow* const form = boxes_ > 0 ? nullptr : top();
+    const QWidget* const taker = !toForms ? face->window() : boxes_.empty() ? top() : boxes_.back();
     if (event.type() == QEvent::KeyRelease) {
-        const bool own = presses_.letGo(event) == form;
-        if (toForms && form && own && !event.isAutoRepeat()) release(form, event);
+        const bool own = presses_.letGo(event) == taker;
+        if (toForms && taker && own && !event.isAutoRepeat()) release(top(), event);
         return toForms;
     }
-    const Press press = presses_.take(event, toForms ? form : face->window());
+    const Press press = presses_.take(event, taker);
     if (press == Press::Foreign) return true;  // One press never answers two dialogs.
-    if (toForms && form) deliver(form, event, strokeOf(event, press == Press::Repeat));
+    if (toForms && taker) deliver(top(), event, strokeOf(event, press == Press::Repeat));
     return toForms;
 }
 
+void FormStack::passToBox(const QKeyEvent& event, const Stroke& stroke) {
+    QWidget* const box = boxes_.back();
+    QKeyEvent forwarded = eventFor(event, stroke, stroke.character);
+    forward(box->focusWidget() ? box->focusWidget() : box, forwarded);
+}
+
 void FormStack::deliver(FormWindow* window, const QKeyEvent& event, Stroke stroke) {
+    if (!boxes_.empty()) return passToBox(event, stroke);
     const int typed = stroke.character;
     if (window->toolsHaveKeys()) {
         QKeyEvent forwarded = eventFor(event, stroke, typed);
@@ -193,8 +206,9 @@ void FormStack::deliver(FormWindow* window, const QKeyEvent& event, Stroke strok
 }
 
 void FormStack::release(FormWindow* window, const QKeyEvent& event) {
-    const QPointer<FormWindow> self(window);
     const Stroke stroke = strokeOf(event, false);
+    if (!boxes_.empty()) return passToBox(event, stroke);
+    const QPointer<FormWindow> self(window);
     QKeyEvent forwarded = eventFor(event, stroke, stroke.character);
     forward(window->keyTarget(), forwarded);
     const Control::Impl* const control = self && top() == window ? window->focusedControl() : nullptr;

@@ -34,18 +34,20 @@ class FormStack : public QObject {
     void openMenu() { ++openings_; }            ///< A menu stands before the forms. It closes by itself.
     int openings() const { return openings_; }  ///< How many dialogs, menus and message boxes have opened so far.
 
-    void openBox();                     ///< A message box stands before the forms.
+    void openBox(QWidget* box);         ///< A message box has the forms' keys from now on; with null nobody has them.
     void closeBox(const QWidget* box);  ///< It is gone again.
+    void bringBoxToFront() const;       ///< If the main window has come before it: the forms take nothing now.
 
     void letGoOfKeys() { presses_.letGoOfAll(); }  ///< No held key goes on: its release may never be told.
 
     /// Keeps back clicks that something on top blocks, and takes the keys meant for forms to the one on top and from
-    /// there to its control with the focus; those of a tool button that has them are its own. Where a form asks for it,
-    /// a click takes the way of Enter.
+    /// there to its control with the focus; those of a tool button that has them are its own, and those of a message
+    /// box go to it wherever they come. Where a form asks for it, a click takes the way of Enter.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     bool filterKey(QWidget* face, const QKeyEvent& event);
+    void passToBox(const QKeyEvent& event, const Stroke& stroke);
     bool filterMouse(const QWidget* face, const QMouseEvent& event);
     void deliver(FormWindow* window, const QKeyEvent& event, Stroke stroke);
     void forward(QWidget* target, QKeyEvent& event);
@@ -54,7 +56,7 @@ class FormStack : public QObject {
 
     FormWindow* main_ = nullptr;
     std::vector<FormWindow*> dialogs_;  // the top-most last
-    int boxes_ = 0;                     // message boxes that are open
+    std::vector<QWidget*> boxes_;       // message boxes that are open, the top-most last
     int changes_ = 0;                   // how often a form has opened or gone
     int openings_ = 0;
     bool keyRepeats_ = false;

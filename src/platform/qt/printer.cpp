@@ -24,7 +24,7 @@ using qt::PrintOutcome;
 class Busy {
   public:
     Busy() {
-        qt::formStack().openBox();
+        qt::formStack().openBox(nullptr);
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     }
     ~Busy() {
