@@ -127,22 +127,6 @@ TEST_F(GameMusic, ThePieceBeginsAtTheNextStatusEventAndEndlesslyAnew) {
     EXPECT_TRUE(begun.empty());
 }
 
-TEST_F(GameMusic, ItPlaysOnWithoutAFallWhileThePlayerIsAway) {
-    sim::setPieceLength(2000);
-    press(Button::StartAnew);
-    sim::runFor(1000);
-    const int row = game->mintCurRow;
-    const size_t before = begun.size();
-    sim::goAway();
-    sim::runFor(20000);
-    EXPECT_EQ(game->mintCurRow, row);
-    EXPECT_TRUE(game->Timer1.enabled());
-    EXPECT_GE(begun.size(), before + 9) << "each time the piece has ended";
-    sim::comeBack();
-    sim::runFor(1000);
-    EXPECT_GT(game->mintCurRow, row);
-}
-
 TEST_F(GameMusic, WithoutPieceOrDeviceTheGameIsSilentAndSaysNothing) {
     struct {
         const char* what;

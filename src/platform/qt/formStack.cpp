@@ -165,6 +165,7 @@ bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {
         if (toForms && taker && own && !event.isAutoRepeat()) release(top(), event);
         return toForms;
     }
+    if (toForms) presence().hearKey();
     const Press press = presses_.take(event, taker);
     if (press == Press::Foreign) return true;  // One press never answers two dialogs.
     if (toForms && taker) deliver(top(), event, strokeOf(event, press == Press::Repeat));

@@ -34,8 +34,13 @@ bool Presence::finds() {
     return main != nullptr && (main->isMinimized() || (hasBeenActive_ && !isActive));
 }
 
-void Presence::look() {
-    const bool away = finds();
+void Presence::look() { settle(finds()); }
+
+/// Without a window manager nobody gives the keyboard back to the main window when a window before it has closed, but
+/// keys come to it all the same.
+void Presence::hearKey() { settle(false); }
+
+void Presence::settle(bool away) {
     if (away == isAway()) return;
     if (away) {
         awaySince_ = Clock::now();

@@ -17,13 +17,15 @@ class Presence {
     bool isAway() const { return awaySince_.has_value(); }
     Clock::time_point now() const;  ///< By a clock that stands still while the player is away.
 
-    void look();  ///< Finds out anew; called when the keyboard has moved, or the main window came, went or changed.
+    void look();     ///< Finds out anew; called when the keyboard has moved, or the main window came, went or changed.
+    void hearKey();  ///< A key came to the main window: the player is there, until the next look at least.
 
     void watch(const void* watcher, std::function<void()> onChange);  ///< Called when the player has gone or come back.
     void forget(const void* watcher) { watchers_.erase(watcher); }    ///< It isn't called any more.
 
   private:
     bool finds();
+    void settle(bool away);
 
     bool hasBeenActive_ = false;  // the main window, since it opened
     std::optional<Clock::time_point> awaySince_;

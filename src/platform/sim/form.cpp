@@ -64,7 +64,7 @@ Serial taker() {
 }
 
 void strike(Stroke stroke) {
-    arrive();
+    comeBack();  // A key is presence.
     if (stroke.code <= 0 || stroke.code >= keyCodes) return;
     note("key", stroke.code);
     const Serial owner = taker();

@@ -71,7 +71,7 @@ void clickSpinDown();
 void chooseMenuItem(int item);  ///< Of the open menu; any other number leaves it.
 void closeMainWindow();         ///< The window's own close button.
 void goAway();                  ///< To another window, with the keyboard. Nothing if he is away.
-void comeBack();                ///< To the form on top. Nothing if he isn't away.
+void comeBack();                ///< To the form on top, as any key does too. Nothing if he isn't away.
 
 /// The panels of the form on top, in the order of their making, and then its controls, in tab order. A line tells place
 /// and size on what holds it, caption and font; of a panel also where its caption stands, its outer and inner bevels
