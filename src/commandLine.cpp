@@ -8,11 +8,15 @@ constexpr const char* usage = "Usage: velmora [--help | --version]\n";
 
 constexpr const char* help = R"(
 A mahjong game of falling tiles. Press Start Anew, the first button of the
-toolbar, to begin; Help, the button with the question mark, tells the rules.
+toolbar, or F2 to begin; Help, the button with the question mark, or F1 tells
+the rules.
 
 Keys in play
   Left, Right    steer the falling tile
   Down           drop it; the sets that it completes count double
+  P, Pause       stop the fall, and let it go on
+  F2             begin a match
+  F1             open the help
   F10            go to the toolbar: Left and Right move along it, Enter presses
                  a button, Esc goes back to the board
 

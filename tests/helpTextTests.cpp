@@ -4,6 +4,7 @@
 #include <fstream>
 #include <map>
 
+#include "platform/sim/simulation.h"
 #include "presentation/frmBitmaps.h"
 #include "presentation/helpPictures.h"
 #include "scoring/scoringItems.h"
@@ -175,12 +176,21 @@ TEST_F(HelpText, TellsTheLevelsAsTheyAre) {
 }
 
 TEST_F(HelpText, TellsEveryCommandBesideItsIcon) {
-    std::vector<std::pair<std::string, std::string>> listed, expected;
-    for (const Row& row : rowsUnder({"Button", "Command"})) listed.emplace_back(picturesIn(row[0]).at(0), row[1]);
-    for (const std::string& toolTip : game->mastrToolTip) {
+    std::vector<Row> listed, expected;
+    for (const Row& row : rowsUnder({"Button", "Command", "Key"}))
+        listed.push_back({picturesIn(row[0]).at(0), row[1], row[2]});
+    std::map<int, std::string> keysOf;
+    int code = 0;
+    game->tbrZQT.onButtonClick = [&](int button) {
+        const std::map<int, std::string> names = {{112, "F1"}, {113, "F2"}, {'P', "P"}, {19, "Pause"}};
+        keysOf[button] = names.at(code) + (keysOf[button].empty() ? "" : ", " + keysOf[button]);
+    };
+    for (code = 1; code < 255; ++code) sim::pressKey(code);
+    for (int button = 1; button <= toolbarButtons; ++button) {
+        const std::string& toolTip = game->mastrToolTip[button];
         if (toolTip.empty()) continue;
         const std::string name = toolTip.back() == ':' ? toolTip.substr(0, toolTip.size() - 1) : toolTip;
-        expected.emplace_back("icon:" + std::to_string(expected.size() + 1), name);
+        expected.push_back({"icon:" + std::to_string(expected.size() + 1), name, keysOf[button]});
     }
     EXPECT_EQ(listed, expected);
 }

@@ -247,7 +247,9 @@ TEST_F(Contract, AHeldKeySaysThatItRepeatsUntilItIsLetGo) {
         if (code == Up) pressKey(Right);  // another key, while this one is still being served
         note(std::to_string(code) + (form.keyRepeats() ? " again" : ""));
     };
-    Form dialog;
+    Form dialog, next;
+    noteKeys(dialog, "dialog");
+    noteKeys(next, "next");
     struct {
         const char* what;
         std::function<void()> happens;
@@ -258,10 +260,14 @@ TEST_F(Contract, AHeldKeySaysThatItRepeatsUntilItIsLetGo) {
         {"another key", [] { keyDown(Pad2); }, "98"},
         {"both held", [] { keyDown(Down), keyDown(Pad2); }, "40 again, 98 again"},
         {"let go and pressed", [] { keyUp(Down), keyDown(Down); }, "40"},
-        {"let go in a dialog", [&] { inDialog(dialog, [] { keyUp(Down); }); }, ""},
+        {"let go in a dialog", [&] { inDialog(dialog, [] { keyDown(Down), keyUp(Down); }); }, ""},
         {"pressed after it", [] { keyDown(Down); }, "40"},
         {"held through a dialog", [&] { inDialog(dialog, [] { keyDown(Down); }); }, ""},
         {"still held", [] { keyDown(Down); }, "40 again"},
+        {"begun in another dialog", [&] { inDialog(dialog, [] { keyDown(Enter); }); },
+         "dialog down 13, dialog press 13"},
+        {"held into the next", [&] { inDialog(next, [] { keyDown(Enter), keyUp(Enter), keyDown(Enter); }); },
+         "next down 13, next press 13"},
         {"held with a key inside", [] { keyDown(Up), keyDown(Up); }, "39, 38, 39, 38 again"},
     };
     for (const auto& row : rows) {
@@ -269,7 +275,7 @@ TEST_F(Contract, AHeldKeySaysThatItRepeatsUntilItIsLetGo) {
         row.happens();
         EXPECT_EQ(trace_, row.told) << row.what;
     }
-    for (const int code : {Down, Pad2, Up}) keyUp(code);
+    for (const int code : {Down, Pad2, Up, Enter}) keyUp(code);
 }
 
 TEST_F(Contract, AHeldKeyIsLetGoWhenThePlayerGoesAwayAndAnyBringsHimBack) {
@@ -294,36 +300,33 @@ TEST_F(Contract, AHeldKeyIsLetGoWhenThePlayerGoesAwayAndAnyBringsHimBack) {
     EXPECT_EQ(trace_, "main down 40, main down 40");
 }
 
-TEST_F(Contract, OnePressOfEnterAnswersOneDialog) {
+TEST_F(Contract, AToolButtonIsPressedByClicksAndItsKeysUnlessADialogIsOpen) {
     showMain();
-    Form first, second;
-    second.onKeyPress = [&](int&) {
-        note("second answered");
-        second.unload();
-    };
-    first.onKeyPress = [&](int&) {
-        note("first answered");
-        first.unload();
-        inDialog(second, [&] {
-            keyDown(Enter);
-            note("still open");
-            keyUp(Enter);
-            keyDown(Enter);
-        });
-    };
-    post(10, [] { keyDown(Enter); });
-    first.showModal();
-    keyUp(Enter);
-    EXPECT_EQ(trace_, "first answered, still open, second answered");
-}
-
-TEST_F(Contract, ToolbarRefusesClicksUnderADialog) {
-    showMain();
+    noteKeys(main_->form, "main");
+    main_->bar.setButtonKeys(2, {'P', Pause});
+    main_->bar.setButtonKeys(3, {'Q'});
+    main_->bar.setButtonImage(3, 0);
     Form dialog;
-    clickToolButton(1);
-    inDialog(dialog, [] { clickToolButton(2); });
-    clickToolButton(3);
-    EXPECT_EQ(trace_, "tool 1, tool 3");
+    noteKeys(dialog, "dialog");
+    struct {
+        const char* what;
+        std::function<void()> happens;
+        const char* trace;
+    } const rows[] = {
+        {"a click", [] { clickToolButton(2); }, "tool 2"},
+        {"its key", [] { pressKey('P'); }, "tool 2"},
+        {"its other key, held", [] { keyDown(Pause), keyDown(Pause), keyDown(Pause); }, "tool 2"},
+        {"a click under a dialog", [&] { inDialog(dialog, [] { clickToolButton(2); }); }, ""},
+        {"a key under it", [&] { inDialog(dialog, [] { pressKey('P'); }); }, "dialog down 80, dialog press 112"},
+        {"held through it", [] { keyDown(Pause), keyUp(Pause); }, ""},
+        {"pressed anew", [] { pressKey(Pause); }, "tool 2"},
+        {"the key of a gap", [] { pressKey('Q'); }, "main down 81, main press 113"},
+    };
+    for (const auto& row : rows) {
+        trace_.clear();
+        row.happens();
+        EXPECT_EQ(trace_, row.trace) << row.what;
+    }
 }
 
 /// All that calls handlers, in one object.

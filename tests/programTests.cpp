@@ -61,7 +61,8 @@ TEST(Program, AnswersItsOptionsAndRefusesOtherWords) {
 
     const std::string help = ProgramRun({"--help"}).ending();
     EXPECT_TRUE(help.starts_with("0|" + usage) && help.ends_with("|")) << help;
-    for (const char* word : {"Left, Right", "Down", "F10", "Enter", "Esc", "number pad", "--help", "--version"})
+    for (const char* word : {"Left, Right", "  Down ", "  P, Pause ", "  F2 ", "  F1 ", "  F10 ", "Enter", "Esc",
+                             "number pad", "--help", "--version"})
         EXPECT_NE(help.find(word), std::string::npos) << word;
 }
 

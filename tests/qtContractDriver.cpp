@@ -38,6 +38,7 @@ constexpr KeyRow namedKeys[] = {
     {platform::key::Tab, Qt::Key_Tab, false},
     {platform::key::Enter, Qt::Key_Return, false},
     {platform::key::Escape, Qt::Key_Escape, false},
+    {platform::key::Pause, Qt::Key_Pause, false},
     {platform::key::Left, Qt::Key_Left, false},
     {platform::key::Up, Qt::Key_Up, false},
     {platform::key::Right, Qt::Key_Right, false},

@@ -10,9 +10,10 @@ namespace platform {
 
 /// Key codes that forms look at; letters and digits have the code of their upper-case character.
 namespace key {
-constexpr int Tab = 9, Enter = 13, Escape = 27, Space = 32;
+constexpr int Tab = 9, Enter = 13, Pause = 19, Escape = 27, Space = 32;
 constexpr int Left = 37, Up = 38, Right = 39, Down = 40;
 constexpr int Pad2 = 98, Pad4 = 100, Pad6 = 102, Pad8 = 104;  ///< With NumLock on and off alike.
+constexpr int F1 = 112, F2 = 113;
 /// What onKeyPress gets for a character outside Latin-1: a code above all of Latin-1's, so that no filter takes it for
 /// one of them.
 constexpr int OtherCharacter = 256;

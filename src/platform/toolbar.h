@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <string>
@@ -18,12 +19,16 @@ struct ImageList {
 
 constexpr int firstButtonWidth = 28;  ///< Pixels, of each tool button until it gets another width.
 
+using ButtonKeys = std::array<int, 2>;  ///< Codes as in platform::key, the one to be told first; 0 for none.
+
 /// A toolbar across the top of a form, above its surface. Its buttons are numbered from 1; a number that no button has
 /// fails with number 9. A button without an image is a gap. No button stays pressed, and a
 /// click leaves the focus where it is.
 ///
 /// F10 with no dialog open takes the form's keys to the buttons: Left and Right go from one to the next, Enter or Space
-/// presses it. Escape or F10, a click and a dialog give the keys back.
+/// presses it. Escape or F10, a click and a dialog give the keys back. A key of a button's own presses it wherever a
+/// click would, once however long it is held; with Ctrl or Alt it is another key. The form's handlers get none of
+/// these.
 class ToolBar {
   public:
     /// Height in pixels. Every button is a gap at first.
@@ -38,8 +43,10 @@ class ToolBar {
     int buttonWidth(int button) const;            ///< Pixels.
     void setButtonWidth(int button, int pixels);  ///< The buttons to its right move along.
     void setButtonImage(int button, int image);   ///< Images are numbered from 1; 0 is none.
-    void setToolTip(int button, const std::string& text);  ///< UTF-8, shown while the pointer or the keys are at it.
-    std::string toolTip(int button) const;                 ///< As it was set last; empty at first.
+    void setButtonKeys(int button, const ButtonKeys& keys);  ///< None at first. A gap answers to none.
+    /// UTF-8, shown with the button's first key behind it while the pointer or the keys are at it.
+    void setToolTip(int button, const std::string& text);
+    std::string toolTip(int button) const;  ///< As it was set last; empty at first.
 
     struct Impl;
 

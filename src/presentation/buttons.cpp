@@ -23,6 +23,7 @@ struct ButtonRow {
     int image;    // in ImageList1, 0 for none
     State state;  // what the tool-tip says behind its text
     Command command;
+    platform::ButtonKeys keys = {};  // that press it
 };
 
 constexpr State noState = nullptr;
@@ -36,7 +37,7 @@ constexpr State roundState = [](const frmMain& m) {
 };
 
 constexpr ButtonRow buttons[] = {
-    {Button::StartAnew, "Start Anew", 1, noState, &frmMain::msStartAnew},
+    {Button::StartAnew, "Start Anew", 1, noState, &frmMain::msStartAnew, {platform::key::F2}},
     {Button::Level, "Level:", 2, levelState, &frmMain::msChooseLevel},
     {Button::BreakDown, "Break Down:", 3, breakDownState, &frmMain::msToggleBreakDown},
     {Button::Music, "Music:", 4, musicState, &frmMain::msToggleMusicOn},
@@ -44,11 +45,11 @@ constexpr ButtonRow buttons[] = {
     {Button::RoundsSetting, "Rounds Setting", 6, noState, &frmMain::msSetRounds},
     {Button::Round, "Round:", 7, roundState, &frmMain::msToggleRoundLanguage},
     {Button::Peek, "Peek:", 8, peekState, &frmMain::msTogglePeek},
-    {Button::Pause, "Pause", 9, noState, &frmMain::msPause},
+    {Button::Pause, "Pause", 9, noState, &frmMain::msPause, {'P', platform::key::Pause}},
     {Button::Stop, "Stop", 10, noState, &frmMain::msStop},
     {Button::Order, "Order", 11, noState, &frmMain::msShowOrder},
     {Button::About, "About Velmora...", 12, noState, &frmMain::msShowAbout},
-    {Button::Help, "Help", 13, noState, &frmMain::msShowHelp},
+    {Button::Help, "Help", 13, noState, &frmMain::msShowHelp, {platform::key::F1}},
     {Button::Gap, "", 0, noState, noCommand},
     {Button::Exit, "Exit", 14, noState, &frmMain::msExit},
 };
@@ -72,7 +73,10 @@ void frmMain::msSetUpToolbar() {
     mnuLevel.caption = "Level";
     for (const LevelRow& level : levels) mnuLevel.addItem(level.caption);
     mnuLevel.setChecked(1, true);
-    for (const ButtonRow& row : buttons) tbrZQT.setButtonImage(row.button, row.image);
+    for (const ButtonRow& row : buttons) {
+        tbrZQT.setButtonImage(row.button, row.image);
+        tbrZQT.setButtonKeys(row.button, row.keys);
+    }
     tbrZQT.setWidth(form.scaleWidth());
     const int count = tbrZQT.buttonCount();
     tbrZQT.setButtonWidth(Button::Gap, tbrZQT.width() - (count - 1) * tbrZQT.buttonWidth(count));

@@ -1,5 +1,6 @@
 #include "platform/qt/accessible.h"
 
+#include <QAbstractButton>
 #include <QAccessibleWidget>
 #include <QPointer>
 #include <QVariant>
@@ -9,6 +10,7 @@ namespace platform::qt {
 namespace {
 
 constexpr const char* roleProperty = "accessibleRole";
+constexpr const char* acceleratorProperty = "accelerator";
 
 class Listener : public QAccessible::ActivationObserver {
   public:
@@ -32,9 +34,29 @@ class WithRole : public QAccessibleWidget {
     }
 };
 
+/// Qt's own tells no key.
+class AsButton : public WithRole {
+  public:
+    using WithRole::WithRole;
+
+    QString text(QAccessible::Text part) const override {
+        return part == QAccessible::Accelerator ? accelerator() : WithRole::text(part);
+    }
+    QStringList actionNames() const override { return {pressAction()}; }
+    QStringList keyBindingsForAction(const QString& /*action*/) const override { return {accelerator()}; }
+    void doAction(const QString& action) override {
+        // Who asks isn't kept waiting by a dialog that opens.
+        if (action == pressAction()) static_cast<QAbstractButton*>(object())->animateClick();
+    }
+
+  private:
+    QString accelerator() const { return object()->property(acceleratorProperty).toString(); }
+};
+
 QAccessibleInterface* interfaceFor(const QString& /*className*/, QObject* object) {
-    const bool hasRole = object->property(roleProperty).isValid();
-    return hasRole ? new WithRole(static_cast<QWidget*>(object)) : nullptr;
+    if (!object->property(roleProperty).isValid()) return nullptr;
+    if (auto* const button = qobject_cast<QAbstractButton*>(object)) return new AsButton(button);
+    return new WithRole(static_cast<QWidget*>(object));
 }
 
 }  // namespace
@@ -45,6 +67,8 @@ void startAccessibility() {
 }
 
 void setRole(QWidget& widget, QAccessible::Role role) { widget.setProperty(roleProperty, static_cast<int>(role)); }
+
+void setAccelerator(QWidget& button, const QString& key) { button.setProperty(acceleratorProperty, key); }
 
 // A notification is spoken of when it comes up. One on a dialog would be told with the dialog's name before it.
 void notify(QWidget& mainWindow, const QString& text) {

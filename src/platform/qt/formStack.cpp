@@ -180,6 +180,7 @@ void FormStack::passToBox(const QKeyEvent& event, const Stroke& stroke) {
 
 void FormStack::deliver(FormWindow* window, const QKeyEvent& event, Stroke stroke) {
     if (!boxes_.empty()) return passToBox(event, stroke);
+    if (window->takeToolKey && window->takeToolKey(event, stroke.repeat)) return;
     const int typed = stroke.character;
     if (window->toolsHaveKeys()) {
         QKeyEvent forwarded = eventFor(event, stroke, typed);

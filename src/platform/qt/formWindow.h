@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 #include "platform/controls.h"
@@ -43,6 +44,8 @@ class FormWindow : public QWidget {
     void setDefaultButton(QPushButton* button) { default_ = button; }  ///< Answers Enter.
     void setCancelButton(QPushButton* button) { cancel_ = button; }    ///< Answers Escape.
 
+    /// Its toolbar's own keys: takes a key before the form's handlers, or returns false. Empty without a toolbar.
+    std::function<bool(const QKeyEvent& event, bool repeat)> takeToolKey;
     QWidget* keyTarget() const;  ///< The widget to which the form's keys go: one on it, or itself.
     bool toolsHaveKeys() const;  ///< Whether that is a tool button.
     void takeKeysBack();         ///< From a tool button, if one has them.

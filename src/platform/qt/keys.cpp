@@ -1,6 +1,7 @@
 #include "platform/qt/keys.h"
 
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <algorithm>
 #include <span>
 
@@ -53,7 +54,8 @@ constexpr KeyRow otherKeys[] = {
     {Qt::Key_PageUp, 33},         {Qt::Key_PageDown, 34},      {Qt::Key_End, 35},
     {Qt::Key_Home, 36},           {Qt::Key_Left, key::Left},   {Qt::Key_Up, key::Up},
     {Qt::Key_Right, key::Right},  {Qt::Key_Down, key::Down},   {Qt::Key_Insert, 45},
-    {Qt::Key_Delete, 46},
+    {Qt::Key_Delete, 46},         {Qt::Key_Pause, key::Pause}, {Qt::Key_F1, key::F1},
+    {Qt::Key_F2, key::F2},
 };
 
 // These come from their codes, so that no Ctrl combination passes for one of them.
@@ -100,6 +102,11 @@ QKeyEvent eventFor(const QKeyEvent& event, const Stroke& stroke, int typed) {
             text,
             stroke.repeat,
             static_cast<quint16>(event.count())};
+}
+
+QString nameOfKey(int code) {
+    const auto row = std::ranges::find(otherKeys, code, &KeyRow::code);
+    return QKeySequence(row != std::end(otherKeys) ? row->qtKey : code).toString(QKeySequence::NativeText);
 }
 
 }  // namespace platform::qt

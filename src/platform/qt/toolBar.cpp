@@ -1,7 +1,9 @@
 #include "platform/toolbar.h"
 
 #include <QFrame>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QStyleOptionToolButton>
 #include <QToolButton>
 #include <QToolTip>
@@ -25,31 +27,42 @@ class ToolButton : public QToolButton {
   public:
     explicit ToolButton(QWidget* strip);
 
+    ButtonKeys keys{};
+
+    bool isPressedBy(const QKeyEvent& event) const;
     void mark(Qt::FocusReason reason);
     bool isMarked() const { return qt::formWindowOf(this)->keyTarget() == this; }
-    void showToolTip() { QToolTip::showText(mapToGlobal(QPoint(0, height())), toolTip(), this); }
+    void showToolTip() { QToolTip::showText(mapToGlobal(QPoint(0, height())), toolTipWithKey(), this); }
 
   protected:
+    bool event(QEvent* event) override;
     void initStyleOption(QStyleOptionToolButton* option) const override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    QString toolTipWithKey() const;
     void goOn(int step);
     void pressOnce(const QKeyEvent& event);
 };
 
-/// The strip that the buttons lie on. F10 in its form goes to the first of them.
+/// The strip that the buttons lie on. F10 in its form goes to the first of them, and the buttons' own keys press them.
 class Strip : public QWidget {
   public:
-    explicit Strip(QWidget* form) : QWidget(form) { form->installEventFilter(this); }
+    explicit Strip(qt::FormWindow* form);
 
     /// The buttons that are seen, from the left.
     std::vector<ToolButton*> row() const;
 
-  protected:
-    bool eventFilter(QObject* form, QEvent* event) override;
+  private:
+    bool take(const QKeyEvent& event, bool repeat);
 };
+
+Strip::Strip(qt::FormWindow* form) : QWidget(form) {
+    form->takeToolKey = [strip = QPointer<Strip>(this)](const QKeyEvent& event, bool repeat) {
+        return strip && strip->take(event, repeat);
+    };
+}
 
 std::vector<ToolButton*> Strip::row() const {
     std::vector<ToolButton*> seen;
@@ -59,15 +72,19 @@ std::vector<ToolButton*> Strip::row() const {
     return seen;
 }
 
-bool Strip::eventFilter(QObject* /*form*/, QEvent* event) {
-    if (event->type() != QEvent::KeyPress || qt::formStack().blocks(this)) return false;
-    const auto& key = *static_cast<QKeyEvent*>(event);
-    if (key.key() != Qt::Key_F10 || key.isAutoRepeat() || row().empty()) return false;
-    row().front()->mark(Qt::ShortcutFocusReason);
+bool Strip::take(const QKeyEvent& event, bool repeat) {
+    const auto seen = row();
+    const bool marks = event.key() == Qt::Key_F10 && !seen.empty() && !qt::formWindowOf(this)->toolsHaveKeys();
+    const auto pressed =
+        std::ranges::find_if(seen, [&](const ToolButton* button) { return button->isPressedBy(event); });
+    if (!marks && pressed == seen.end()) return false;
+    if (repeat) return true;
+    marks ? seen.front()->mark(Qt::ShortcutFocusReason) : (*pressed)->click();
     return true;
 }
 
 ToolButton::ToolButton(QWidget* strip) : QToolButton(strip) {
+    qt::setRole(*this, QAccessible::Button);
     setStyle(qt::classicStyle());
     setAutoRaise(true);
     setFocusPolicy(Qt::NoFocus);
@@ -79,6 +96,22 @@ void ToolButton::initStyleOption(QStyleOptionToolButton* option) const {
     QToolButton::initStyleOption(option);
     if (qt::formStack().blocks(this)) option->state &= ~QStyle::State_MouseOver;
     if (isMarked()) option->state |= QStyle::State_MouseOver | QStyle::State_HasFocus;
+}
+
+bool ToolButton::isPressedBy(const QKeyEvent& event) const {
+    const bool isAnother = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return !isAnother && std::ranges::count(keys, qt::strokeOf(event, false).code) > 0;
+}
+
+QString ToolButton::toolTipWithKey() const {
+    return keys.front() != 0 ? toolTip() + QStringLiteral(" (%1)").arg(qt::nameOfKey(keys.front())) : toolTip();
+}
+
+/// Qt knows of no keys, and a screen reader, which is told the key apart, would say its own text once more.
+bool ToolButton::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QToolButton::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTipWithKey(), this);
+    return true;
 }
 
 void ToolButton::mark(Qt::FocusReason reason) {
@@ -136,7 +169,7 @@ QImage cutImage(const ImageList& images, int number) {
 }  // namespace
 
 struct ToolBar::Impl {
-    explicit Impl(QWidget* parent, const ImageList& list) : strip(new Strip(parent)), images(list) {}
+    explicit Impl(qt::FormWindow* parent, const ImageList& list) : strip(new Strip(parent)), images(list) {}
 
     qt::Owned<Strip> strip;
     QFrame* edge = nullptr;
@@ -206,11 +239,17 @@ void ToolBar::setButtonImage(int button, int image) {
     impl_->buttons[button]->setVisible(image != 0);
 }
 
+void ToolBar::setButtonKeys(int button, const ButtonKeys& keys) {
+    impl_->buttons[button]->keys = keys;
+    qt::setAccelerator(*impl_->buttons[button], keys.front() != 0 ? qt::nameOfKey(keys.front()) : QString());
+}
+
 void ToolBar::setToolTip(int button, const std::string& text) {
     const QString tip = QString::fromStdString(text);
-    impl_->buttons[button]->setToolTip(tip);
-    impl_->buttons[button]->setAccessibleName(tip);
-    if (impl_->buttons[button]->isMarked()) impl_->buttons[button]->showToolTip();
+    ToolButton& face = *impl_->buttons[button];
+    face.setToolTip(tip);
+    face.setAccessibleName(tip);
+    if (face.isMarked()) face.showToolTip();
 }
 
 std::string ToolBar::toolTip(int button) const { return impl_->buttons[button]->toolTip().toStdString(); }

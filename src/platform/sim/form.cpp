@@ -71,7 +71,7 @@ void strike(Stroke stroke) {
     auto& holder = state().held[static_cast<size_t>(stroke.code)];
     stroke.repeat = holder.has_value();
     if (!holder) holder = owner;
-    if (*holder == owner) takeStroke(owner, stroke);
+    if (*holder == owner && !pressToolButton(stroke)) takeStroke(owner, stroke);
 }
 
 namespace {

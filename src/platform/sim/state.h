@@ -162,6 +162,9 @@ Serial taker();
 /// A key goes down, or repeats if it is held.
 void strike(Stroke stroke);
 
+/// Whether it is a key of a tool button's own, which it then presses unless it repeats.
+bool pressToolButton(const Stroke& stroke);
+
 /// What a key does to the controls of the form on top, after its handlers have let it through.
 void pressOnControls(platform::Form::Impl& form, Stroke stroke);
 /// The same as the key comes up again.

@@ -1,5 +1,7 @@
 #include "platform/toolbar.h"
 
+#include <algorithm>
+
 #include "platform/sim/state.h"
 
 namespace platform {
@@ -11,6 +13,7 @@ struct ToolBar::Impl {
         int width = firstButtonWidth;
         int image = 0;
         std::string toolTip;
+        ButtonKeys keys{};
     };
 
     ToolBar& owner;
@@ -34,6 +37,7 @@ int ToolBar::buttonCount() const { return impl_->buttons.count(); }
 int ToolBar::buttonWidth(int button) const { return impl_->buttons[button].width; }
 void ToolBar::setButtonWidth(int button, int pixels) { impl_->buttons[button].width = pixels; }
 void ToolBar::setButtonImage(int button, int image) { impl_->buttons[button].image = image; }
+void ToolBar::setButtonKeys(int button, const ButtonKeys& keys) { impl_->buttons[button].keys = keys; }
 
 void ToolBar::setToolTip(int button, const std::string& text) {
     impl_->buttons[button].toolTip = text;
@@ -67,6 +71,18 @@ void clickToolButton(int button) {
     if (bar->buttons[button].image == 0) return;
     note("tool", button);
     deliver(bar->owner.onButtonClick, button);
+}
+
+bool pressToolButton(const Stroke& stroke) {
+    platform::ToolBar::Impl* const bar = state().toolBar;
+    if (bar == nullptr || taker() != bar->form) return false;
+    for (int button = 1; button <= bar->owner.buttonCount(); ++button) {
+        const auto& row = bar->buttons[button];
+        if (row.image == 0 || std::find(row.keys.begin(), row.keys.end(), stroke.code) == row.keys.end()) continue;
+        if (!stroke.repeat) clickToolButton(button);
+        return true;
+    }
+    return false;
 }
 
 void chooseMenuItem(int item) {
