@@ -115,11 +115,16 @@ TEST_F(ToolBarKeys, TheMarkIsSeenWithoutAWindowManager) {
     EXPECT_EQ(look(28), second);
 }
 
-TEST_F(ToolBarKeys, ThePointerShowsTheKey) {
-    const QPoint pause(238, 14);
+TEST_F(ToolBarKeys, ThePointerShowsTheKeyAndAClickTheNewState) {
+    const QPoint pause(238, 14), peek(210, 14);
     QHelpEvent rests(QEvent::ToolTip, pause, window->mapToGlobal(pause));
     QApplication::sendEvent(window->childAt(pause), &rests);
     EXPECT_EQ(QToolTip::text(), "Pause (P)");
+    for (const QPoint& place : {QPoint(600, 300), peek}) QTest::mouseMove(window->windowHandle(), place);
+    for (const char* toolTip : {"Peek:On", "Peek:Off"}) {
+        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, peek);
+        EXPECT_EQ(QToolTip::text(), toolTip);
+    }
 }
 
 TEST_F(ToolBarKeys, AButtonsOwnKeyGoesPastTheGame) {

@@ -44,7 +44,7 @@ class ToolBar {
     void setButtonWidth(int button, int pixels);  ///< The buttons to its right move along.
     void setButtonImage(int button, int image);   ///< Images are numbered from 1; 0 is none.
     void setButtonKeys(int button, const ButtonKeys& keys);  ///< None at first. A gap answers to none.
-    /// UTF-8, shown with the button's first key behind it while the pointer or the keys are at it.
+    /// UTF-8, shown with the button's first key behind it while the pointer or the keys are at it; a new one at once.
     void setToolTip(int button, const std::string& text);
     std::string toolTip(int button) const;  ///< As it was set last; empty at first.
 

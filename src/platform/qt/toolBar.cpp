@@ -249,7 +249,7 @@ void ToolBar::setToolTip(int button, const std::string& text) {
     ToolButton& face = *impl_->buttons[button];
     face.setToolTip(tip);
     face.setAccessibleName(tip);
-    if (face.isMarked()) face.showToolTip();
+    if (face.isMarked() || face.underMouse()) face.showToolTip();
 }
 
 std::string ToolBar::toolTip(int button) const { return impl_->buttons[button]->toolTip().toStdString(); }
