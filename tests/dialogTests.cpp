@@ -90,27 +90,4 @@ TEST_F(Dialogs, TheChooserStaysUntilEnterAndTheFallStands) {
     EXPECT_DOUBLE_EQ(sim::now() - entered, 400) << "the next tile stands in its first row as long as in any";
 }
 
-TEST_F(Dialogs, RoundsSettingAnswersTheKeyboard) {
-    struct {
-        const char* what;
-        std::vector<int> keys;
-        int rounds;
-    } const cases[] = {
-        {"up and Enter", {Up, Up, Enter}, 6},
-        {"down and Enter", {Down, Enter}, 3},
-        {"up and Escape", {Up, Escape}, 4},
-        {"Tab to OK, Space", {Up, Tab, Space}, 5},
-        {"Tab to Cancel, Space", {Up, Tab, Tab, Space}, 4},
-        {"Tab to Cancel, Enter", {Up, Tab, Tab, Enter}, 4},
-    };
-    for (const auto& row : cases) {
-        gintNumRounds = 4;
-        sim::post([&] {
-            for (const int key : row.keys) sim::pressKey(key);
-        });
-        sim::clickToolButton(Button::RoundsSetting);
-        EXPECT_EQ(gintNumRounds, row.rounds) << row.what;
-    }
-}
-
 }  // namespace
