@@ -120,18 +120,22 @@ void HelpPage::changeType(int steps) { setTypeStep(std::clamp(typeStep_ + steps,
 
 void HelpPage::resetType() { setTypeStep(0); }
 
-/// What stands at the top stays where it is.
+/// What stands at the top stays where it is. Small type can leave too little text below to keep it there; it comes back
+/// with larger type unless the reader has scrolled meanwhile.
 void HelpPage::setTypeStep(int step) {
     if (step == typeStep_) return;
     QScrollBar& bar = *verticalScrollBar();
-    const QTextCursor top = cursorForPosition(QPoint(textMargin, std::max(1, textMargin - bar.value())));
-    const int before = cursorRect(top).top();
+    if (bar.value() != keptAt_) {
+        kept_ = cursorForPosition(QPoint(textMargin, std::max(1, textMargin - bar.value())));
+        keptTop_ = cursorRect(kept_).top();
+    }
     typeStep_ = step;
     QFont type = font();
     type.setPointSizeF(normalPoints_ * typeFactor());
     setFont(type);
     dress();
-    bar.setValue(bar.value() + cursorRect(top).top() - before);
+    bar.setValue(bar.value() + cursorRect(kept_).top() - keptTop_);
+    keptAt_ = bar.value();
 }
 
 double HelpPage::typeFactor() const { return std::pow(stepFactor, typeStep_); }

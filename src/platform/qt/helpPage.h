@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTextBrowser>
+#include <QTextCursor>
 #include <vector>
 
 #include "platform/help.h"
@@ -45,6 +46,9 @@ class HelpPage : public QTextBrowser {
     std::vector<Heading> headings_;
     double normalPoints_ = 0;
     int typeStep_ = 0;  // from the normal size
+    QTextCursor kept_;  // the place that a change of type keeps
+    int keptTop_ = 0;   // where its line stood, in pixels of the window
+    int keptAt_ = -1;   // how far the text was scrolled after the last change
 };
 
 }  // namespace platform::qt
