@@ -284,39 +284,7 @@ struct frmMain {
     /// Carries out the command of a button, 1 to 15.
     void tbrZQT_ButtonClick(int button);
 
-    // presentation/commands.cpp: what the buttons and the menu do
-    /// Draws the seat and begins a match.
-    void msStartAnew();
-    /// Opens the Level menu.
-    void msChooseLevel();
-    /// Turns the break-down after a won hand on or off.
-    void msToggleBreakDown();
-    /// Turns the music on or off.
-    void msToggleMusicOn();
-    /// Holds the fall for the high scores.
-    void msShowHighScores();
-    /// Opens the setting of the rounds.
-    void msSetRounds();
-    /// Changes the language of the wind markers.
-    void msToggleRoundLanguage();
-    /// Shows or hides the next tile.
-    void msTogglePeek();
-    /// Stops or restarts the fall.
-    void msPause();
-    /// Stops the fall and the music.
-    void msStop();
-    /// Holds the fall for the order form.
-    void msShowOrder();
-    /// Holds the fall for the about box.
-    void msShowAbout();
-    /// Opens the help, or brings it to the front. It holds nothing: the fall waits as for any other window.
-    void msShowHelp();
-    /// Stops the fall of a running match while a dialog is open.
-    void msHoldFall();
-    /// Lets the fall of a running match go on, also if the player had stopped it before the dialog.
-    void msResumeFall();
-    /// Unloads the window.
-    void msExit();
+    // presentation/commands.cpp: the Level menu
     /// Sets the Level, 1 to 5, and its check mark.
     void mnuLevelItem_Click(int item);
 };

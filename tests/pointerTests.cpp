@@ -13,6 +13,7 @@
 #include "match/frmChooseSeat.h"
 #include "platform/desktop.h"
 #include "play/frmChooseTiles.h"
+#include "presentation/commands.h"
 #include "tests/windowFixture.h"
 
 namespace {
@@ -86,7 +87,7 @@ TEST_F(Pointer, AtRestItChoosesNothingAndItsClickDrawsASeat) {
         EXPECT_FALSE(gfrmChooseSeat->mblnDrawn);
         clickAt(onThird);
     });
-    game->msStartAnew();
+    command::startAnew(*game);
     EXPECT_EQ(game->mlngSeat, kind - 27);
 }
 

@@ -5,6 +5,8 @@
 
 #include "frmMain.h"
 #include "platform/pictures.h"
+#include "presentation/commands.h"
+#include "product.h"
 #include "toolkit/failures.h"
 
 namespace {
@@ -13,14 +15,13 @@ constexpr int imageWidth = 16;                   // pixels
 constexpr platform::Color imageMask = 0xC0C0C0;  // lets the button show through
 
 using State = std::string (*)(const frmMain&);
-using Command = void (frmMain::*)();
+using Command = void (*)(frmMain&);
 
 std::string onOff(bool on) { return on ? "On" : "Off"; }
 
 struct ButtonRow {
     Button::Number button;
     const char* toolTip;
-    int image;    // in ImageList1, 0 for none
     State state;  // what the tool-tip says behind its text
     Command command;
     platform::ButtonKeys keys = {};  // that press it
@@ -37,21 +38,21 @@ constexpr State roundState = [](const frmMain& m) {
 };
 
 constexpr ButtonRow buttons[] = {
-    {Button::StartAnew, "Start Anew", 1, noState, &frmMain::msStartAnew, {platform::key::F2}},
-    {Button::Level, "Level:", 2, levelState, &frmMain::msChooseLevel},
-    {Button::BreakDown, "Break Down:", 3, breakDownState, &frmMain::msToggleBreakDown},
-    {Button::Music, "Music:", 4, musicState, &frmMain::msToggleMusicOn},
-    {Button::HighScores, "High Scores", 5, noState, &frmMain::msShowHighScores},
-    {Button::RoundsSetting, "Rounds Setting", 6, noState, &frmMain::msSetRounds},
-    {Button::Round, "Round:", 7, roundState, &frmMain::msToggleRoundLanguage},
-    {Button::Peek, "Peek:", 8, peekState, &frmMain::msTogglePeek},
-    {Button::Pause, "Pause", 9, noState, &frmMain::msPause, {'P', platform::key::Pause}},
-    {Button::Stop, "Stop", 10, noState, &frmMain::msStop},
-    {Button::Order, "Order", 11, noState, &frmMain::msShowOrder},
-    {Button::About, "About Velmora...", 12, noState, &frmMain::msShowAbout},
-    {Button::Help, "Help", 13, noState, &frmMain::msShowHelp, {platform::key::F1}},
-    {Button::Gap, "", 0, noState, noCommand},
-    {Button::Exit, "Exit", 14, noState, &frmMain::msExit},
+    {Button::StartAnew, "Start Anew", noState, command::startAnew, {platform::key::F2}},
+    {Button::Level, "Level:", levelState, command::chooseLevel},
+    {Button::BreakDown, "Break Down:", breakDownState, command::toggleBreakDown},
+    {Button::Music, "Music:", musicState, command::toggleMusicOn},
+    {Button::HighScores, "High Scores", noState, command::showHighScores},
+    {Button::RoundsSetting, "Rounds Setting", noState, command::setRounds},
+    {Button::Round, "Round:", roundState, command::toggleRoundLanguage},
+    {Button::Peek, "Peek:", peekState, command::togglePeek},
+    {Button::Pause, "Pause", noState, command::pause, {'P', platform::key::Pause}},
+    {Button::Stop, "Stop", noState, command::stop},
+    {Button::Order, "Order", noState, command::showOrder},
+    {Button::About, "About " PRODUCT_NAME "...", noState, command::showAbout},
+    {Button::Help, "Help", noState, command::showHelp, {platform::key::F1}},
+    {Button::Gap, "", noState, noCommand},
+    {Button::Exit, "Exit", noState, command::exit},
 };
 
 /// True if every button has its row, and the rows stand in the order of the numbers.
@@ -74,7 +75,7 @@ void frmMain::msSetUpToolbar() {
     for (const LevelRow& level : levels) mnuLevel.addItem(level.caption);
     mnuLevel.setChecked(1, true);
     for (const ButtonRow& row : buttons) {
-        tbrZQT.setButtonImage(row.button, row.image);
+        tbrZQT.setButtonImage(row.button, gintfButtonImage(row.button));
         tbrZQT.setButtonKeys(row.button, row.keys);
     }
     tbrZQT.setWidth(form.scaleWidth());
@@ -99,6 +100,6 @@ void frmMain::msShowToolTip(int button) {
 void frmMain::tbrZQT_ButtonClick(int button) {
     guarded("tbrZQT_ButtonClick", [&] {
         const Command command = rowOf(buttons, button).command;
-        if (command != noCommand) (this->*command)();
+        if (command != noCommand) command(*this);
     });
 }

@@ -1,3 +1,5 @@
+#include "presentation/commands.h"
+
 #include "forms/frmAbout.h"
 #include "forms/frmOrder.h"
 #include "frmMain.h"
@@ -9,100 +11,106 @@
 #include "presentation/hints.h"
 #include "product.h"
 
-void frmMain::msStartAnew() {
-    Timer1.setEnabled(false);
-    msShowHint(hint::none);
+namespace {
+
+/// Stops the fall of a running match while a dialog is open.
+void holdFall(frmMain& m) {
+    if (m.mblnGameRunning) m.Timer1.setEnabled(false);
+}
+
+/// Lets the fall of a running match go on, also if the player had stopped it before the dialog.
+void resumeFall(frmMain& m) {
+    if (!m.mblnGameRunning) return;
+    m.Timer1.setEnabled(true);
+    m.msShowHint(hint::none);
+}
+
+}  // namespace
+
+void command::startAnew(frmMain& m) {
+    m.Timer1.setEnabled(false);
+    m.msShowHint(hint::none);
     gfrmChooseSeat.showModal();
-    mlngSeat = gfrmChooseSeat->mprpSeat();
+    m.mlngSeat = gfrmChooseSeat->mprpSeat();
     gfrmChooseSeat.clear();
-    mlngHouse = 1;
-    mlngRoundWind = 1;
-    mlngScore = 0;
-    mintHouseMoves = 0;
-    mintRoundsPlayed = 0;
-    mintGamesPlayed = 0;
-    mintGamesWon = 0;
-    msInitNewGame();
-    msToggleMusic();
+    m.mlngHouse = 1;
+    m.mlngRoundWind = 1;
+    m.mlngScore = 0;
+    m.mintHouseMoves = 0;
+    m.mintRoundsPlayed = 0;
+    m.mintGamesPlayed = 0;
+    m.mintGamesWon = 0;
+    m.msInitNewGame();
+    m.msToggleMusic();
 }
 
-void frmMain::msChooseLevel() {
-    mnuLevel.popUp();
-    msShowToolTip(Button::Level);
+void command::chooseLevel(frmMain& m) {
+    m.mnuLevel.popUp();
+    m.msShowToolTip(Button::Level);
 }
 
-void frmMain::msToggleBreakDown() {
-    mblnBreakDown = !mblnBreakDown;
-    msShowToolTip(Button::BreakDown);
+void command::toggleBreakDown(frmMain& m) {
+    m.mblnBreakDown = !m.mblnBreakDown;
+    m.msShowToolTip(Button::BreakDown);
 }
 
-void frmMain::msToggleMusicOn() {
-    mblnMusicOn = !mblnMusicOn;
-    msShowToolTip(Button::Music);
-    msToggleMusic();
+void command::toggleMusicOn(frmMain& m) {
+    m.mblnMusicOn = !m.mblnMusicOn;
+    m.msShowToolTip(Button::Music);
+    m.msToggleMusic();
 }
 
-void frmMain::msShowHighScores() {
-    msHoldFall();
+void command::showHighScores(frmMain& m) {
+    holdFall(m);
     gfrmHiScore.showModal();
-    msResumeFall();
+    resumeFall(m);
 }
 
-void frmMain::msSetRounds() { gfrmRoundsSetting.showModal(); }
+void command::setRounds(frmMain& /*m*/) { gfrmRoundsSetting.showModal(); }
 
-void frmMain::msToggleRoundLanguage() {
-    mblnRoundInChinese = !mblnRoundInChinese;
-    msShowToolTip(Button::Round);
-    msDrawRound();
-    msDrawHouseIndicator();
+void command::toggleRoundLanguage(frmMain& m) {
+    m.mblnRoundInChinese = !m.mblnRoundInChinese;
+    m.msShowToolTip(Button::Round);
+    m.msDrawRound();
+    m.msDrawHouseIndicator();
 }
 
-void frmMain::msTogglePeek() {
-    mblnPeek = !mblnPeek;
-    msShowToolTip(Button::Peek);
-    msDrawNexTile();
+void command::togglePeek(frmMain& m) {
+    m.mblnPeek = !m.mblnPeek;
+    m.msShowToolTip(Button::Peek);
+    m.msDrawNexTile();
 }
 
-void frmMain::msPause() {
-    if (!mblnGameRunning) return;  // No hand to hold before the first match and after the last.
-    Timer1.setEnabled(!Timer1.enabled());
-    msShowHint(Timer1.enabled() ? hint::none : hint::paused);
+void command::pause(frmMain& m) {
+    if (!m.mblnGameRunning) return;  // No hand to hold before the first match and after the last.
+    m.Timer1.setEnabled(!m.Timer1.enabled());
+    m.msShowHint(m.Timer1.enabled() ? hint::none : hint::paused);
 }
 
-void frmMain::msStop() {
-    Timer1.setEnabled(false);
-    msMusicStop();
-    if (mblnGameRunning) msShowHint(hint::stopped);
+void command::stop(frmMain& m) {
+    m.Timer1.setEnabled(false);
+    m.msMusicStop();
+    if (m.mblnGameRunning) m.msShowHint(hint::stopped);
 }
 
-void frmMain::msShowOrder() {
-    msHoldFall();
+void command::showOrder(frmMain& m) {
+    holdFall(m);
     gfrmOrder.showModal();
-    msResumeFall();
+    resumeFall(m);
 }
 
-void frmMain::msShowAbout() {
-    msHoldFall();
+void command::showAbout(frmMain& m) {
+    holdFall(m);
     gfrmAbout.showModal();
-    msResumeFall();
+    resumeFall(m);
 }
 
-void frmMain::msShowHelp() {
+void command::showHelp(frmMain& m) {
     platform::setHelpPictures(gudtfHelpPicture);
-    platform::WinHelpA(form, productFile::help, platform::HELP_INDEX, 0);
+    platform::WinHelpA(m.form, productFile::help, platform::HELP_INDEX, 0);
 }
 
-void frmMain::msHoldFall() {
-    if (mblnGameRunning) Timer1.setEnabled(false);
-}
-
-void frmMain::msResumeFall() {
-    if (!mblnGameRunning) return;
-    Timer1.setEnabled(true);
-    msShowHint(hint::none);
-}
-
-void frmMain::msExit() { form.unload(); }
+void command::exit(frmMain& m) { m.form.unload(); }
 
 void frmMain::mnuLevelItem_Click(int item) {
     mlngLevel = item;

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "frmMain.h"
+#include "presentation/buttons.h"
 #include "presentation/frmBitmaps.h"
 
 namespace {
@@ -79,16 +79,16 @@ platform::HelpPicture tilesInARow(const std::vector<std::string>& names) {
     return row;
 }
 
-/// An image of the toolbar, counted from 1.
+/// The image of a button of the toolbar.
 platform::HelpPicture toolbarIcon(std::string_view number) {
     const platform::ImageList images = ImageList1();
     const int size = images.imageWidth;
-    const int count = size > 0 ? images.strip.width / size : 0;
-    for (int i = 1; i <= count; ++i) {
-        if (std::to_string(i) != number) continue;
+    for (int button = 1; button <= toolbarButtons; ++button) {
+        const int left = (gintfButtonImage(button) - 1) * size;
+        if (std::to_string(button) != number || left < 0 || left + size > images.strip.width) continue;
         platform::HelpPicture icon{size, images.strip.height, {}};
         for (int y = 0; y < icon.height; ++y) {
-            const uint32_t* const from = images.strip.pixels + y * images.strip.width + (i - 1) * size;
+            const uint32_t* const from = images.strip.pixels + y * images.strip.width + left;
             icon.pixels.insert(icon.pixels.end(), from, from + size);
         }
         std::ranges::replace(icon.pixels, platform::pixelOf(images.maskColor), 0u);
