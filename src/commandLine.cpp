@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "product.h"
+
 namespace {
 
 constexpr const char* usage = "Usage: velmora [--help | --version]\n";
@@ -39,6 +41,6 @@ std::optional<Answer> answerTo(int argc, const char* const* argv) {
     if (argc <= 1) return std::nullopt;
     const std::string_view word = argv[1];
     if (argc == 2 && word == "--help") return Answer{std::string(usage) + help, 0};
-    if (argc == 2 && word == "--version") return Answer{"Velmora " VELMORA_VERSION "\n", 0};
+    if (argc == 2 && word == "--version") return Answer{PRODUCT_NAME " " PRODUCT_VERSION "\n", 0};
     return Answer{usage, 2};
 }

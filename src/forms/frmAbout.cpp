@@ -1,6 +1,6 @@
 #include "forms/frmAbout.h"
 
-#include "frmMain.h"
+#include "product.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 #include "toolkit/panelLooks.h"
@@ -19,8 +19,8 @@ struct PanelRow {
 
 constexpr PanelRow panels[] = {
     {{40, 24, 193, 25}, raisedLook(black), ""},  // the version
-    {{48, 64, 97, 17}, labelLook, "Programmed By:"}, {{152, 64, 97, 17}, labelLook, "Tavin Orlec"},
-    {{48, 88, 97, 17}, labelLook, "Graphics By:"},   {{152, 88, 97, 17}, labelLook, "Tavin Orlec"},
+    {{48, 64, 97, 17}, labelLook, "Programmed By:"}, {{152, 64, 97, 17}, labelLook, PRODUCT_AUTHOR},
+    {{48, 88, 97, 17}, labelLook, "Graphics By:"},   {{152, 88, 97, 17}, labelLook, PRODUCT_AUTHOR},
 };
 
 }  // namespace
@@ -30,7 +30,7 @@ frmAbout::frmAbout() : SSPanel1(form, outerPlace) {
     form.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
     form.onPoint = [](int, int) { return true; };  // A click anywhere closes it.
     form.onUnload = [this] { Form_Unload(); };
-    form.setCaption("About Velmora");
+    form.setCaption("About " PRODUCT_NAME);
     SSPanel1.setLook(outerLook);
     for (const PanelRow& row : panels) {
         platform::Panel& panel = pnlText.emplace_back(SSPanel1, row.place);
@@ -42,8 +42,8 @@ frmAbout::frmAbout() : SSPanel1(form, outerPlace) {
 
 void frmAbout::Form_Load() {
     guarded("Form_Load", [&] {
-        gsFitDialog(form, outerPlace.width, outerPlace.height, gfrmMain->form);
-        pnlText.front().setCaption("Velmora v1.0");
+        gsFitDialog(form, outerPlace.width, outerPlace.height);
+        pnlText.front().setCaption(PRODUCT_NAME " v" PRODUCT_VERSION_SHORT);
     });
 }
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <utility>
 
-#include "frmMain.h"
 #include "platform/printer.h"
 #include "platform/runtime.h"
+#include "product.h"
 #include "toolkit/failures.h"
 #include "toolkit/input.h"
 #include "toolkit/modScreen.h"
@@ -80,7 +80,7 @@ constexpr TextRow texts[] = {
      platform::Fit::Height},
     // Its words stand closer together, so that the name behind it stands clear of it.
     {{32, 384, 137, 16}, "* Make check payable to", platform::Fit::Height, 1},
-    {{168, 384, 73, 16}, "Tavin Orlec", platform::Fit::Height},
+    {{168, 384, 73, 16}, PRODUCT_AUTHOR, platform::Fit::Height},
     {{32, 408, 217, 16}, "* Allow up to two weeks for delivery.", platform::Fit::Height},
     {{344, 216, 129, 31}, "(Required, if electronic    copy)", platform::Fit::Height},
     {{192, 440, 73, 16}, "Thank You.", platform::Fit::Height},
@@ -194,7 +194,7 @@ frmOrder::frmOrder()
 }
 
 void frmOrder::Form_Load() {
-    gsFitDialog(form, framePlace.width, framePlace.height, gfrmMain->form);
+    gsFitDialog(form, framePlace.width, framePlace.height);
     gsLoadStates(cboOrderInfo);
     mintShipOption = noOption;
     msSetMaxLength();

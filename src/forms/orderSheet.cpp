@@ -6,12 +6,13 @@
 #include <vector>
 
 #include "platform/runtime.h"
+#include "product.h"
 #include "toolkit/input.h"
 
 namespace {
 
 // Where orders go.
-constexpr const char* payee = "Tavin Orlec";
+constexpr const char* payee = PRODUCT_AUTHOR;
 constexpr const char* firstPostalLine = "417 Willow Court";
 constexpr const char* secondPostalLine = "Millbrook Falls, OH 43999";
 constexpr const char* contactLine = "Questions/Comment to velmora@example.com";
@@ -97,7 +98,7 @@ constexpr SheetLine sheetLines[] = {
     {},
     {{3, "Total:"},           {30, total}},
     {},
-    {{3, "Make check payable to Tavin Orlec."}},
+    {{3, "Make check payable to " PRODUCT_AUTHOR "."}},
     {},
     {{3, "Allow up to two weeks for delivery."}, {},     isPosted},
     {{},                      {},                        isPosted},

@@ -1,6 +1,5 @@
 #include "hiscores/frmGetName.h"
 
-#include "frmMain.h"
 #include "hiscores/scoreFile.h"
 #include "toolkit/input.h"
 #include "toolkit/modScreen.h"
@@ -42,7 +41,7 @@ frmGetName::frmGetName()
 }
 
 void frmGetName::Form_Load() {
-    gsFitDialog(form, outerPlace.width, outerPlace.height, gfrmMain->form);
+    gsFitDialog(form, outerPlace.width, outerPlace.height);
     txtName.setMaxLength(hiScoreNameLength);
     txtName.setText("");  // The box is new at each showing; what was accepted stays.
     sspCongratulations.setCaption("Congratulations!  You Have A High Score Of " + std::to_string(mlngHiScore) + "!");

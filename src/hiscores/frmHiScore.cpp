@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "frmMain.h"
 #include "presentation/layout.h"
 #include "toolkit/failures.h"
 #include "toolkit/input.h"
@@ -22,7 +21,7 @@ frmHiScore::frmHiScore() {
 }
 
 void frmHiScore::Form_Load() {
-    gsFitDialog(form, hiScoreGround.width, hiScoreGround.height + 1, gfrmMain->form);
+    gsFitDialog(form, hiScoreGround.width, hiScoreGround.height + 1);
     gsLayGround(form, hiScoreGround.number);
     msInitPrtPsns();
     msPrintHiScores();

@@ -4,6 +4,7 @@
 
 #include "platform/desktop.h"
 #include "platform/files.h"
+#include "product.h"
 #include "toolkit/failures.h"
 
 namespace {
@@ -13,7 +14,7 @@ constexpr size_t nameAt = 0, roundsAt = 10, levelAt = 12, scoreAt = 14;
 constexpr size_t recordLength = 18;
 constexpr int bitsOfAByte = 8;
 
-std::string scoreFilePath() { return platform::programFile("HiScore.dat"); }
+std::string scoreFilePath() { return platform::programFile(productFile::hiScores); }
 
 template <class Number>
 Number numberAt(const std::string& bytes, size_t at) {

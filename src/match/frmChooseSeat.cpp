@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "frmMain.h"
 #include "modZQT.h"
 #include "platform/desktop.h"
 #include "presentation/frmBitmaps.h"
@@ -30,7 +29,7 @@ frmChooseSeat::frmChooseSeat() {
 
 void frmChooseSeat::Form_Load() {
     guarded("Form_Load", [&] {
-        gsFitDialog(form, seatGround.width, seatGround.height, gfrmMain->form);
+        gsFitDialog(form, seatGround.width, seatGround.height);
         gsLayGround(form, seatGround.number);
         mintSelTile = 1;
         msLoadTiles();

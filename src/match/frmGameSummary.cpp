@@ -3,7 +3,6 @@
 #include <charconv>
 #include <cmath>
 
-#include "frmMain.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
 #include "toolkit/panelLooks.h"
@@ -68,7 +67,7 @@ void frmGameSummary::msLoadFormVariables(int16_t aintRoundsPlayed, int16_t aintG
 
 void frmGameSummary::Form_Load() {
     guarded("Form_Load", [&] {
-        gsFitDialog(form, outerPlace.width, outerPlace.height, gfrmMain->form);
+        gsFitDialog(form, outerPlace.width, outerPlace.height);
         msClearSummary();
         msDisplayGameSummary();
     });

@@ -1,6 +1,5 @@
 #include "match/frmRoundsSetting.h"
 
-#include "frmMain.h"
 #include "modZQT.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
@@ -46,7 +45,7 @@ frmRoundsSetting::frmRoundsSetting()
 
 void frmRoundsSetting::Form_Load() {
     guarded("Form_Load", [&] {
-        gsFitDialog(form, outerPlace.width, outerPlace.height, gfrmMain->form);
+        gsFitDialog(form, outerPlace.width, outerPlace.height);
         mintNewRounds = gintNumRounds;
         msShowRounds();
     });

@@ -79,4 +79,7 @@ class Form {
     std::unique_ptr<Impl> impl_;
 };
 
+/// The main window's form; null while it isn't open.
+Form* mainForm();
+
 }  // namespace platform

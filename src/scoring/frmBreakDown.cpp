@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "frmMain.h"
 #include "modZQT.h"
 #include "presentation/layout.h"
 #include "product.h"
@@ -26,7 +25,7 @@ frmBreakDown::frmBreakDown() {
 
 void frmBreakDown::Form_Load() {
     guarded("Form_Load", [&] {
-        gsFitDialog(form, breakDownGround.width, breakDownGround.height + 1, gfrmMain->form, below);
+        gsFitDialog(form, breakDownGround.width, breakDownGround.height + 1, below);
         gsLayGround(form, breakDownGround.number);
         form.setCaption(PRODUCT_NAME);
         msInitPrtPsns();

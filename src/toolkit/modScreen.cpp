@@ -24,9 +24,12 @@ void gsCenterForm(platform::Form& form) {
     form.move((platform::screenWidth() - form.width()) / 2, (platform::screenHeight() - form.height()) / 2);
 }
 
-void gsFitDialog(platform::Form& form, int width, int height, const platform::Form& over, double down) {
+void gsFitDialog(platform::Form& form, int width, int height, double down) {
     gsSetClientSize(0, 0, width - 1, height - 1 - platform::menuBarHeight, form);
-    form.move(over.left() + (over.width() - form.width()) / 2, over.top() + (over.height() - form.height()) / 2 + down);
+    const platform::Form* const over = platform::mainForm();
+    if (over == nullptr) return;
+    form.move(over->left() + (over->width() - form.width()) / 2,
+              over->top() + (over->height() - form.height()) / 2 + down);
 }
 
 void gsLayGround(platform::Form& form, int number) {

@@ -25,9 +25,10 @@ void gsSetClientSize(int32_t left, int32_t top, int32_t right, int32_t bottom, p
 /// Moves a form to the centre of the screen.
 void gsCenterForm(platform::Form& form);
 
-/// Gives a dialog a size in pixels and moves it to the centre of another form, and so many twips further down. A dialog
-/// whose ground is a picture is a line higher than the picture; one that a panel covers is as large as the panel.
-void gsFitDialog(platform::Form& form, int width, int height, const platform::Form& over, double down = 0);
+/// Gives a dialog a size in pixels and moves it to the centre of the main window, and so many twips further down. A
+/// dialog whose ground is a picture is a line higher than the picture; one that a panel covers is as large as the
+/// panel.
+void gsFitDialog(platform::Form& form, int width, int height, double down = 0);
 
 /// Lays the picture with that number on a dialog that has its size already; the dialog's lines below the picture repeat
 /// the picture's last one, which is the lower edge of its frame. Without the picture the dialog stays black.

@@ -7,6 +7,7 @@
 
 #include "frmMain.h"
 #include "platform/qt/application.h"
+#include "product.h"
 #include "tools/album/album.h"
 #include "tools/album/pictures.h"
 
@@ -35,7 +36,7 @@ int main(int argc, char** argv) {
     // Without a display, unless somebody wants to watch: the pictures are then the same on every desktop.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("SDL_AUDIODRIVER", "dummy");
-    platform::Application application(argc, argv, "Velmora", "velmora");
+    platform::Application application(argc, argv, PRODUCT_NAME, PRODUCT_ID);
     QStringList arguments = QApplication::arguments();
     const bool ofScreen = arguments.removeOne("--screen");
     if (arguments.size() < 2 || !std::all_of(arguments.begin() + 2, arguments.end(), isPicture)) return explain();

@@ -62,4 +62,9 @@ void Form::unload() { impl_->window->unload(); }
 bool Form::loaded() const { return impl_->window->loaded; }
 bool Form::keyRepeats() const { return qt::formStack().keyRepeats(); }
 
+Form* mainForm() {
+    const FormWindow* const window = qt::formStack().mainWindow();
+    return window != nullptr ? window->form : nullptr;
+}
+
 }  // namespace platform

@@ -154,9 +154,7 @@ void pressKey(int keyCode) {
 
 void closeMainWindow() {
     arrive();
-    const auto& forms = state().forms;
-    const auto main = std::find_if(forms.begin(), forms.end(), [](const auto* form) { return !form->modal; });
-    if (main != forms.end()) (*main)->owner.unload();
+    if (platform::Form* const main = platform::mainForm()) main->unload();
 }
 
 void setScreenReader(bool listens) { state().screenReader = listens; }
@@ -245,6 +243,12 @@ void Form::unload() {
     const sim::Serial self = impl_->serial;
     sim::deliver(onUnload);
     if (Impl* still = sim::openForm(self)) still->close();
+}
+
+Form* mainForm() {
+    const auto& forms = sim::state().forms;
+    const auto main = std::find_if(forms.begin(), forms.end(), [](const auto* form) { return !form->modal; });
+    return main != forms.end() ? &(*main)->owner : nullptr;
 }
 
 }  // namespace platform
