@@ -216,11 +216,6 @@ struct frmMain {
     // hiscores/entry.cpp: the score of a match enters the table
     /// Asks for a name and stores the score, if it is high enough; true if the table is then worth a look.
     bool mblnfHiScore();
-    /// Fills the table from the file and finds the row that the score enters: the first with a lower score, or the one
-    /// behind the last; without a file the first of a blank table. False if the file can't be read.
-    bool mblnfFindHiScoreRow(int& row);
-    /// Enters the score in that row, under the name that was given, and saves the table.
-    void msEnterHiScore(int entered);
 
     // presentation/boardView.cpp: the board and the tiles on the screen
     /// Paints the falling tile, keeping what lay under it, and shows the picture.
@@ -267,7 +262,7 @@ struct frmMain {
     // presentation/music.cpp: the music
     /// Plays the music or stops it, as the player wants it; nothing before the first match.
     void msToggleMusic();
-    /// Lets the status events begin, of which the next begins the piece.
+    /// Starts the status events; the next of them starts the piece.
     void msMusicPlay();
     /// Begins the piece if it stands still, at first and whenever it has come to its end.
     void msMusicStatus();

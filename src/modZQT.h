@@ -21,8 +21,8 @@ inline std::string gstrScoreDesc;
 /// The points of the last tally.
 inline int32_t glngHandPoints = 0;
 
-/// Sets a control for music up and opens its piece; false after a failure, which has been reported. A piece that isn't
-/// there is none. The interval is that of its status events, in milliseconds.
+/// Sets a control for music up and opens its piece; false after a failure, which has been reported. A missing file is
+/// no failure. The interval is that of its status events, in milliseconds.
 bool gblnfInitMCI(platform::MMControl& control, bool wait, bool shareable, int16_t updateInterval,
                   const std::string& fileName, const std::string& deviceType);
 

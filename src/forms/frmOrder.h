@@ -49,7 +49,8 @@ struct frmOrder {
     void mskOrderInfo_GotFocus();
     /// Lets digits through; Enter goes on to the next field.
     void mskOrderInfo_KeyPress(int& KeyAscii);
-    /// Takes the place of shipping, or gives it back with no option chosen, and asks for the e-mail address.
+    /// Clears and disables the ways of shipping while the box is ticked, or enables them, and asks for the e-mail
+    /// address.
     void chkECopy_Click();
     /// Chooses where the copies go.
     void optShipCost_Click(int Index);

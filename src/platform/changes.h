@@ -16,8 +16,8 @@ struct Place {
     bool contains(int x, int y) const { return x >= left && x < left + width && y >= top && y < top + height; }
 };
 
-/// What was drawn on a surface lately, as rectangles in the order of drawing. It remembers the last few of them; who
-/// asks for a longer time is told that everything may have changed.
+/// What was drawn on a surface lately, as rectangles in the order of drawing. It remembers the last few of them; a
+/// query that goes further back gets the whole surface.
 class Changes {
   public:
     /// A moment between two changes.

@@ -67,7 +67,7 @@ class Label {
     std::unique_ptr<Impl> impl_;
 };
 
-/// Whether an edge seems to lie under what is round it or above it.
+/// The look of an edge: none, sunken or raised.
 enum class Bevel { None, Inset, Raised };
 /// Where a caption stands in its width.
 enum class Align { Left, Center, Right };

@@ -12,7 +12,7 @@ namespace {
 
 constexpr Color black = 0;
 
-/// Red and blue change places on the way back as they did on the way there.
+/// `pixelOf` swaps red and blue; doing it twice restores them.
 Color colorOf(uint32_t pixel) { return pixelOf(pixel) & 0xFFFFFF; }
 
 /// The part of a rectangle that lies on a surface of that size, and on a source with the rectangle's corner at a point.

@@ -40,7 +40,7 @@ QString anchorOf(const QString& heading) {
 }
 
 /// Lines, room around the text, and a header row that stands out.
-void dressTable(QTextTable& table, const QPalette& palette) {
+void formatTable(QTextTable& table, const QPalette& palette) {
     const QColor back = palette.color(QPalette::Base);
     const QColor fore = palette.color(QPalette::Text);
     QTextTableFormat format = table.format();
@@ -81,7 +81,7 @@ void HelpPage::setText(const QString& markdown) {
     setMarkdown(markdown);
     document()->setDocumentMargin(textMargin);
     nameHeadings();
-    dress();
+    formatAll();
     moveCursor(QTextCursor::Start);
 }
 
@@ -133,7 +133,7 @@ void HelpPage::setTypeStep(int step) {
     QFont type = font();
     type.setPointSizeF(normalPoints_ * typeFactor());
     setFont(type);
-    dress();
+    formatAll();
     bar.setValue(bar.value() + cursorRect(kept_).top() - keptTop_);
     keptAt_ = bar.value();
 }
@@ -141,17 +141,17 @@ void HelpPage::setTypeStep(int step) {
 double HelpPage::typeFactor() const { return std::pow(stepFactor, typeStep_); }
 
 /// Gives the text what its source doesn't say: colours of the palette, lines of tables, pictures in the type's size.
-void HelpPage::dress() {
+void HelpPage::formatAll() {
     QTextCursor all(document());
     all.beginEditBlock();  // Else each change would lay the text out anew.
     for (QTextFrame* const frame : document()->rootFrame()->childFrames())
-        if (auto* const table = qobject_cast<QTextTable*>(frame)) dressTable(*table, palette());
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) dressBlock(block);
+        if (auto* const table = qobject_cast<QTextTable*>(frame)) formatTable(*table, palette());
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) formatBlock(block);
     all.endEditBlock();
     document()->markContentsDirty(0, document()->characterCount());
 }
 
-void HelpPage::dressBlock(const QTextBlock& block) {
+void HelpPage::formatBlock(const QTextBlock& block) {
     QTextCursor text(block);
     QTextBlockFormat lines;
     lines.setLineHeight(lineGap * typeFactor(), QTextBlockFormat::LineDistanceHeight);
@@ -181,12 +181,12 @@ QImage HelpPage::pictureNamed(const QString& name) const {
         .copy();  // Of its own, also where nothing was scaled.
 }
 
-/// Nothing but the text's own pictures, which are added as it is dressed: the text never reaches for a file.
+/// Nothing but the text's own pictures, which are added as it is formatted: the text never reaches for a file.
 QVariant HelpPage::loadResource(int /*type*/, const QUrl& /*url*/) { return {}; }
 
 void HelpPage::changeEvent(QEvent* event) {
     QTextBrowser::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) dress();
+    if (event->type() == QEvent::PaletteChange) formatAll();
 }
 
 void HelpPage::wheelEvent(QWheelEvent* event) {

@@ -37,8 +37,8 @@ class HelpPage : public QTextBrowser {
   private:
     void nameHeadings();
     void setTypeStep(int step);
-    void dress();
-    void dressBlock(const QTextBlock& block);
+    void formatAll();
+    void formatBlock(const QTextBlock& block);
     QImage pictureNamed(const QString& name) const;
     double typeFactor() const;
 

@@ -20,32 +20,32 @@ SoundThread& soundThread() {
 
 uint64_t SoundThread::begin(const std::string& file) {
     std::unique_lock lock(mutex_);
-    const uint64_t performance = wishes_.music.performance + 1;
-    wishes_.music = {performance, file, true};
-    wish(std::move(lock));
+    const uint64_t performance = requests_.music.performance + 1;
+    requests_.music = {performance, file, true};
+    request(std::move(lock));
     return performance;
 }
 
 void SoundThread::setPlaying(uint64_t performance, bool playing) {
     std::unique_lock lock(mutex_);
-    if (performance != wishes_.music.performance) return;
-    wishes_.music.playing = playing;
-    wish(std::move(lock));
+    if (performance != requests_.music.performance) return;
+    requests_.music.playing = playing;
+    request(std::move(lock));
 }
 
 State SoundThread::stateOf(uint64_t performance) {
     const std::lock_guard lock(mutex_);
     if (performance == failed_) return State::Failed;
-    return performance == ended_ || performance != wishes_.music.performance ? State::Ended : State::Going;
+    return performance == ended_ || performance != requests_.music.performance ? State::Ended : State::Going;
 }
 
 void SoundThread::playSound(const std::string& file) {
     std::unique_lock lock(mutex_);
-    wishes_.sounds.push_back(file);
-    wish(std::move(lock));
+    requests_.sounds.push_back(file);
+    request(std::move(lock));
 }
 
-void SoundThread::wish(std::unique_lock<std::mutex> lock) {
+void SoundThread::request(std::unique_lock<std::mutex> lock) {
     if (ending_) return;
     changes_ = true;
     if (!thread_.joinable()) thread_ = std::thread([this] { run(); });
@@ -68,24 +68,25 @@ void SoundThread::run() {
         changed_.wait(lock, [this] { return changes_ || ending_; });
         if (ending_) break;
         changes_ = false;
-        const Wishes wishes{wishes_.music, std::exchange(wishes_.sounds, {}), std::exchange(wishes_.quiet, false)};
+        const Requests requests{requests_.music, std::exchange(requests_.sounds, {}),
+                                std::exchange(requests_.quiet, false)};
         lock.unlock();
-        carryOut(wishes);
+        carryOut(requests);
         lock.lock();
     }
     lock.unlock();
     mixer_.reset();
 }
 
-void SoundThread::carryOut(const Wishes& wishes) {
+void SoundThread::carryOut(const Requests& requests) {
     if (!mixer_) makeMixer();
-    if (!carryOut(wishes.music)) {
+    if (!carryOut(requests.music)) {
         const std::lock_guard lock(mutex_);
-        failed_ = wishes.music.performance;
+        failed_ = requests.music.performance;
     }
     if (!mixer_) return;
-    for (const std::string& sound : wishes.sounds) mixer_->playSound(sound);
-    if (wishes.quiet) mixer_->rest();
+    for (const std::string& sound : requests.sounds) mixer_->playSound(sound);
+    if (requests.quiet) mixer_->rest();
 }
 
 bool SoundThread::carryOut(const Music& wanted) {
@@ -113,7 +114,7 @@ void SoundThread::tellEnded(uint64_t performance) {
 
 void SoundThread::tellQuiet() {
     const std::lock_guard lock(mutex_);
-    wishes_.quiet = true;
+    requests_.quiet = true;
     changes_ = true;
     changed_.notify_one();
 }

@@ -14,8 +14,8 @@
 namespace platform::qt {
 
 /// Works the mixer on a thread of its own, since loading a sound font and opening or closing a device take up to a
-/// second. No call waits for that thread: it is told what is wanted now, and of wishes that were overtaken while it was
-/// at work it never hears. Nothing of sound is loaded before the first wish.
+/// second. No call waits for that thread: it carries out the latest request, and those that came before it while the
+/// thread was at work are forgotten. Nothing of sound is loaded before the first request.
 class SoundThread {
   public:
     ~SoundThread() { end(); }
@@ -25,7 +25,7 @@ class SoundThread {
     sequencer::State stateOf(uint64_t performance);
     void playSound(const std::string& file);
 
-    /// Silences everything and waits for the thread to end; wishes after that are not heard.
+    /// Silences everything and waits for the thread to end; requests after that are not heard.
     void end();
 
   private:
@@ -34,15 +34,15 @@ class SoundThread {
         std::string file;
         bool playing = false;
     };
-    struct Wishes {
+    struct Requests {
         Music music;
         std::vector<std::string> sounds;
         bool quiet = false;  // the mixer has told so
     };
 
-    void wish(std::unique_lock<std::mutex> lock);
+    void request(std::unique_lock<std::mutex> lock);
     void run();
-    void carryOut(const Wishes& wishes);
+    void carryOut(const Requests& requests);
     bool carryOut(const Music& wanted);
     void makeMixer();
     void tellEnded(uint64_t performance);
@@ -51,7 +51,7 @@ class SoundThread {
     std::mutex mutex_;  // held for moments only; guards what follows
     std::condition_variable changed_;
     std::thread thread_;
-    Wishes wishes_;
+    Requests requests_;
     bool changes_ = false;
     bool ending_ = false;
     uint64_t ended_ = 0;   // the last performance that came to the end of its piece
