@@ -14,18 +14,11 @@
 #include <tuple>
 #include <vector>
 
+#include "expect.h"
 #include "midiPiece.h"
 #include "thunder.h"
 
 namespace {
-
-bool pleased = true;
-
-void expect(bool holds, const std::string& complaint) {
-    if (holds) return;
-    std::cerr << "check_sounds: " << complaint << '\n';
-    pleased = false;
-}
 
 constexpr int sixteenthsInBar = 16;
 
