@@ -300,13 +300,17 @@ TEST_F(HandWorth, IsWhatTheTallySaysForAnyHand) {
 class WildHands {
   public:
     /// The look comes before each thing that happens at a time of its own.
-    WildHands(uint32_t seed, std::function<void()> look) : look_(std::move(look)), random_(seed), player_(seed) {}
+    WildHands(uint32_t seed, std::function<void()> look)
+        : look_(std::move(look)), random_(seed), player_(hands_, seed) {}
 
     void act() {
         for (Sight& sight : sights) sight.looks += sight.isThere() ? 1 : 0;
         sim::chooseMenuItem(below(levelCount + 1));
         constexpr int anHour = 2000;
-        if (++turns_ / anHour % 2 == 0 && below(30) != 0) return player_.act();
+        if (++turns_ / anHour % 2 == 0 && below(30) != 0) {
+            player_.act();
+            return;
+        }
         const bool dialog = sim::modalDepth() > 0;
         const int seldom = gfrmMain->Timer1.enabled() ? 100 : 5;  // so that hands grow old, but seldom stand still
         if (!dialog && below(seldom) == 0) return clickSomething();
@@ -363,6 +367,7 @@ class WildHands {
 
     std::function<void()> look_;
     std::mt19937 random_;
+    selfplay::SimHands hands_;
     selfplay::Player player_;
     int turns_ = 0;
 };
@@ -422,7 +427,8 @@ TEST_F(AnyKeys, AtAnyTimeLeaveASoundGame) {
     for (const auto& sight : wild.sights) EXPECT_GT(sight.looks, 0) << "the keys never come to " << sight.what;
     calmDown();
 
-    selfplay::Player player(3);
+    const selfplay::SimHands hands;
+    selfplay::Player player(hands, 3);
     setHands([&] { player.act(); });
     player.startMatch();
     const int before = referee->handsWon();

@@ -12,7 +12,7 @@
 #include "frmMain.h"
 #include "tests/application.h"
 #include "tools/album/hands.h"
-#include "tools/album/player.h"
+#include "tools/album/stage.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ QImage screenOf(const QWidget* window) {
 
 class Onlooker : public QObject {
   public:
-    explicit Onlooker(QWidget* window) : window_(window), hands_(window), player_(hands_) { lookSoon(); }
+    explicit Onlooker(QWidget* window) : window_(window), hands_(window), stage_(hands_) { lookSoon(); }
 
     int looks = 0;
     int dialogs = 0;  ///< Looks at which something lay over the table.
@@ -44,7 +44,7 @@ class Onlooker : public QObject {
         if (enough || looks == mostLooks || ::testing::Test::HasFailure()) return QApplication::exit(0);
         lookSoon();  // Even if this look opens a dialog and stays in it.
         compare();
-        player_.act();
+        stage_.act();
     }
 
     /// Compares what the shows so far have left on the screen with the window painted anew and whole.
@@ -81,7 +81,7 @@ class Onlooker : public QObject {
 
     QWidget* window_;
     album::Hands hands_;
-    album::Player player_;
+    album::Stage stage_;
 };
 
 TEST(Show, LeavesTheWholePictureOnTheScreenEachTime) {

@@ -20,7 +20,7 @@ constexpr int mostMatches = 2;
 }  // namespace
 
 Album::Album(QWidget* window, QString folder, const QStringList& names, bool ofScreen)
-    : hands_(window), player_(hands_), folder_(std::move(folder)), ofScreen_(ofScreen) {
+    : hands_(window), stage_(hands_), folder_(std::move(folder)), ofScreen_(ofScreen) {
     for (const PictureRow& row : pictures()) wanted_.push_back(names.isEmpty() || names.contains(row.name));
     sinceStart_.start();
     lookSoon();
@@ -35,7 +35,7 @@ void Album::look() {
     if (!hands_.seesWindow() || (ofScreen_ && !sinceStart_.hasExpired(untilFramed))) return;
     takeWhatHasCome();
     if (isDone()) end();
-    if (!leadOn()) player_.act();
+    if (!leadOn()) stage_.act();
 }
 
 void Album::takeWhatHasCome() {
@@ -84,7 +84,7 @@ void Album::leave() {
 
 bool Album::isDone() const {
     const bool allTaken = std::find(wanted_.begin(), wanted_.end(), true) == wanted_.end();
-    const bool allPlayed = player_.matches() == mostMatches && !player_.isPlaying();
+    const bool allPlayed = stage_.matches() == mostMatches && !stage_.isPlaying();
     return allTaken || allPlayed || sinceStart_.hasExpired(wholeEvening);
 }
 

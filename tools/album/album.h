@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "tools/album/hands.h"
-#include "tools/album/player.h"
+#include "tools/album/stage.h"
 
 namespace album {
 
@@ -29,7 +29,7 @@ class Album {
     [[noreturn]] void end() const;
 
     Hands hands_;
-    Player player_;
+    Stage stage_;
     QString folder_;
     bool ofScreen_;
     std::vector<bool> wanted_;  ///< By picture; no longer once it is taken.

@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QToolTip>
 #include <QWindow>
+#include <map>
 #include <stdexcept>
 
 #include "frmMain.h"
@@ -18,15 +19,19 @@ namespace {
 
 constexpr QPoint emptyPlace{690, 440};  // on the table, clear of all dialogs of a match
 
+const std::map<int, Qt::Key> keys = {
+    {platform::key::Left, Qt::Key_Left},    {platform::key::Right, Qt::Key_Right},
+    {platform::key::Up, Qt::Key_Up},        {platform::key::Down, Qt::Key_Down},
+    {platform::key::Enter, Qt::Key_Return}, {platform::key::Escape, Qt::Key_Escape},
+};
+
 }  // namespace
 
 Hands::Hands(QWidget* window) : window_(window) { pointTo(emptyPlace); }
 
-void Hands::press(Qt::Key key, int times) const {
-    for (int i = 0; i < times; ++i) {
-        QWidget* const focus = QApplication::focusWidget();
-        QTest::keyClick(focus != nullptr ? focus : window_, key);
-    }
+void Hands::press(int keyCode) const {
+    QWidget* const focus = QApplication::focusWidget();
+    QTest::keyClick(focus != nullptr ? focus : window_, keys.at(keyCode));
 }
 
 void Hands::click(int button) const {
@@ -48,7 +53,7 @@ void Hands::leave() const {
     QToolTip::hideText();
     for (QWidget* const each : inFront()) each->close();
     window_->activateWindow();  // As the desktop does when a window that had the keys is closed.
-    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return})
+    for (const int key : {platform::key::Escape, platform::key::Enter})
         if (!seesTableOnly()) press(key);
     pointTo(emptyPlace);
 }

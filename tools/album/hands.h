@@ -2,16 +2,18 @@
 
 #include <QWidget>
 
+#include "tools/selfplay/hands.h"
+
 namespace album {
 
 /// Hands at the real window: its keys, its mouse, and a pair of eyes.
-class Hands {
+class Hands : public selfplay::Hands {
   public:
     /// The game's main window, which must live as long.
     explicit Hands(QWidget* window);
 
-    void press(Qt::Key key, int times = 1) const;  ///< Also returns when what the key has opened is closed again.
-    void click(int button) const;   ///< On the toolbar; returns when what the button has opened is closed again.
+    void press(int keyCode) const override;  ///< An arrow, Enter or Escape.
+    void click(int button) const override;
     void restOn(int button) const;  ///< The pointer rests there until its tool-tip comes.
     void leave() const;             ///< Closes what lies on top of the table, if anything does.
 

@@ -1,7 +1,7 @@
 #include "tools/selfplay/player.h"
 
+#include <cstdlib>
 #include <string>
-#include <utility>
 
 #include "frmMain.h"
 #include "hiscores/frmGetName.h"
@@ -9,89 +9,78 @@
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
-#include "platform/sim/simulation.h"
 #include "play/frmChooseTiles.h"
+#include "presentation/buttons.h"
 #include "scoring/frmBreakDown.h"
 #include "tools/selfplay/advice.h"
 
 namespace selfplay {
-namespace {
 
-void pressTimes(int keyCode, int times) {
-    for (int i = 0; i < times; ++i) sim::pressKey(keyCode);
-}
+Player::Player(const Hands& hands, uint32_t seed) : hands_(hands), whim_(seed), seatTile_(anyTile()) {}
 
-}  // namespace
-
-void Player::act() {
-    if (level_ != 0) return sim::chooseMenuItem(std::exchange(level_, 0));
-    if (sim::modalDepth() > 0 && answerDialog()) return;
+bool Player::act() {
+    if (answerDialog()) return true;
     const frmMain& game = *gfrmMain.hold();
-    if (game.mintCurRow > 0 && game.Timer1.enabled() && game.Timer1.interval() != dropInterval) steer();
+    const bool steers = game.mintCurRow > 0 && game.Timer1.enabled() && game.Timer1.interval() != dropInterval;
+    if (steers) steer();
+    return steers;
 }
 
-void Player::startMatch() { sim::clickToolButton(Button::StartAnew); }
-
-void Player::setLevel(int level) {
-    level_ = level;
-    sim::clickToolButton(Button::Level);
-}
+void Player::startMatch() { hands_.click(Button::StartAnew); }
 
 void Player::setRounds(int rounds) {
     rounds_ = rounds;
-    sim::clickToolButton(Button::RoundsSetting);
+    hands_.click(Button::RoundsSetting);
+}
+
+void Player::pressTimes(int keyCode, int times) const {
+    for (int i = 0; i < times; ++i) hands_.press(keyCode);
 }
 
 /// True while a dialog is open: then nothing else can be done.
 bool Player::answerDialog() {
-    if (gfrmChooseTiles.isOpen()) {
+    if (gfrmChooseTiles.isOpen())
         chooseTiles();
-    } else if (gfrmChooseSeat.isOpen()) {
+    else if (gfrmChooseSeat.isOpen())
         drawSeat();
-    } else if (gfrmRoundsSetting.isOpen()) {
+    else if (gfrmRoundsSetting.isOpen())
         spinRounds();
-    } else if (gfrmGetName.isOpen()) {
-        sim::typeText("Velmora");
-        sim::pressKey(platform::key::Enter);
-    } else if (gfrmBreakDown.isOpen() || gfrmGameSummary.isOpen() || gfrmHiScore.isOpen()) {
-        sim::pressKey(platform::key::Enter);
-    } else {
+    else if (gfrmBreakDown.isOpen() || gfrmGameSummary.isOpen() || gfrmGetName.isOpen() || gfrmHiScore.isOpen())
+        hands_.press(platform::key::Enter);
+    else
         return false;
-    }
     return true;
 }
 
+/// One key at a time, so that somebody who watches sees the frame go.
 void Player::drawSeat() {
-    if (gfrmChooseSeat->mblnDrawn) return;
-    pressTimes(platform::key::Left, static_cast<int>(whim_() % seatCount));
-    pressTimes(platform::key::Right, static_cast<int>(whim_() % seatCount));
-    sim::pressKey(platform::key::Enter);
+    const frmChooseSeat& dialog = *gfrmChooseSeat.hold();
+    if (dialog.mblnDrawn) return;  // The tiles lie open for a while.
+    if (dialog.mintSelTile != seatTile_) return hands_.press(platform::key::Right);
+    seatTile_ = anyTile();
+    hands_.press(platform::key::Enter);
 }
 
-void Player::chooseTiles() {
+int Player::anyTile() { return 1 + static_cast<int>(whim_() % seatCount); }
+
+void Player::chooseTiles() const {
     const frmChooseTiles& dialog = *gfrmChooseTiles.hold();
-    const size_t best = bestCandidateOf(*gfrmMain.hold(), dialog);
-    pressTimes(platform::key::Right, static_cast<int>(best));
-    sim::pressKey(platform::key::Enter);
+    const int pass = dialog.mintNumEntries - 1;
+    pressTimes(platform::key::Right, passes_ ? pass : static_cast<int>(bestCandidateOf(*gfrmMain.hold(), dialog)));
+    hands_.press(platform::key::Enter);
 }
 
-void Player::spinRounds() {
-    for (int shown = std::stoi(gfrmRoundsSetting->sspNumRounds.caption()); shown != rounds_;
-         shown += shown < rounds_ ? 1 : -1) {
-        if (shown < rounds_)
-            sim::clickSpinUp();
-        else
-            sim::clickSpinDown();
-    }
-    sim::clickButton("OK");
+void Player::spinRounds() const {
+    const int shown = std::stoi(gfrmRoundsSetting->sspNumRounds.caption());
+    hands_.press(shown == rounds_ ? platform::key::Enter : shown < rounds_ ? platform::key::Up : platform::key::Down);
 }
 
 /// Moves the tile over the column that suits it best and drops it.
-void Player::steer() {
+void Player::steer() const {
     const frmMain& game = *gfrmMain.hold();
     const int steps = bestColumnOf(game) - game.mintCurCol;
     pressTimes(steps < 0 ? platform::key::Left : platform::key::Right, std::abs(steps));
-    sim::pressKey(platform::key::Down);
+    hands_.press(platform::key::Down);
 }
 
 }  // namespace selfplay

@@ -3,32 +3,39 @@
 #include <cstdint>
 #include <random>
 
+#include "tools/selfplay/hands.h"
+
 namespace selfplay {
 
-/// Hands for the simulated desktop that play by the keys alone, and look at no more than a player can see: they steer
-/// the tiles, choose among candidates, draw a seat and close what the game shows.
+/// Plays the game on any desktop, by the keys, and looks at no more than a player can see: steers the tiles, chooses
+/// among candidates, draws a seat and closes what the game shows.
 class Player {
   public:
-    /// The seed decides what is left to whim: which tile of the seat draw is turned over.
-    explicit Player(uint32_t seed) : whim_(seed) {}
+    /// The hands must live as long. The seed decides what is left to whim: which tile of the seat draw is turned over.
+    Player(const Hands& hands, uint32_t seed);
 
-    /// What sim::setHands() is to call: answers the dialog on top, or steers the tile that has just come in.
-    void act();
+    /// Does one thing, to be called again and again: deals with the dialog on top, or steers the tile that has just
+    /// come in. False if there is nothing to do but let time go on.
+    bool act();
 
-    void startMatch();           ///< Presses Start Anew and draws the seat.
-    void setLevel(int level);    ///< Chooses a Level, 1 to 5, from its menu.
-    void setRounds(int rounds);  ///< Sets the rounds of a match, 1 to 100, in their dialog.
+    void startMatch();                                  ///< Presses Start Anew.
+    void setPassing(bool passes) { passes_ = passes; }  ///< Whether it passes each offer, which it doesn't at first.
+    void setRounds(int rounds);  ///< Opens the dialog for the rounds of a match; 1 to 100 are to be set there.
 
   private:
-    void drawSeat();
-    void chooseTiles();
-    void spinRounds();
+    void pressTimes(int keyCode, int times) const;
     bool answerDialog();
-    void steer();
+    void drawSeat();
+    void chooseTiles() const;
+    void spinRounds() const;
+    void steer() const;
+    int anyTile();
 
+    const Hands& hands_;
     std::minstd_rand whim_;
-    int level_ = 0;   ///< The Level to choose from the open menu; 0 while it is closed.
-    int rounds_ = 0;  ///< The rounds to set in the dialog.
+    int seatTile_;  ///< To be turned over in the next draw, from 1.
+    bool passes_ = false;
+    int rounds_ = 1;  ///< To be set in the dialog.
 };
 
 }  // namespace selfplay

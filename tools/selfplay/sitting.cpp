@@ -11,7 +11,7 @@ constexpr int patience = 1000;  // events without a new tile; a tile has a dozen
 
 }  // namespace
 
-Sitting::Sitting(uint32_t seed, bool refereed) : player_(seed) {
+Sitting::Sitting(uint32_t seed, bool refereed) : player_(playersHands_, seed) {
     sim::switchOn(seed);
     game_ = gfrmMain.hold();
     game_->form.show();
@@ -27,6 +27,11 @@ Sitting::~Sitting() {
     sim::setHands({});
     game_.reset();
     gsClearAllForms();
+}
+
+void Sitting::setLevel(int level) {
+    sim::post([=] { sim::chooseMenuItem(level); });
+    playersHands_.click(Button::Level);
 }
 
 bool Sitting::playMatch(int mostHands) {

@@ -10,6 +10,7 @@
 #include "frmMain.h"
 #include "tools/selfplay/player.h"
 #include "tools/selfplay/referee.h"
+#include "tools/selfplay/simHands.h"
 
 namespace selfplay {
 
@@ -36,7 +37,7 @@ class Sitting {
     std::function<void()> onLook;                        ///< Whenever the player is about to look at the table.
     std::function<void(const HandReport& hand)> onHand;  ///< Whenever a hand has ended.
 
-    void setLevel(int level) { player_.setLevel(level); }
+    void setLevel(int level);  ///< From the menu of Levels, 1 to 5.
     void setRounds(int rounds) { player_.setRounds(rounds); }
 
     /// Plays from Start Anew until the match has ended and its summary is closed, or until no more hands than that have
@@ -53,6 +54,7 @@ class Sitting {
     void endHand();
 
     std::shared_ptr<frmMain> game_;
+    SimHands playersHands_;
     Player player_;
     std::optional<Referee> referee_;
     std::exception_ptr objection_;  ///< Raised inside an event, where the game would take it for its own failure.
