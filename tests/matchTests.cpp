@@ -36,37 +36,6 @@ class Match : public GameFixture {
     std::string percentage;
 };
 
-TEST_F(Match, TheHouseMovesUnlessThePlayerWinsInIt) {
-    game->mblnBreakDown = false;
-    for (int house = 1; house <= seatCount; ++house)
-        for (int seat = 1; seat <= seatCount; ++seat)
-            for (const bool won : {false, true}) {
-                beginHand(seat, house, 1);
-                game->mintHouseMoves = 1;
-                endHand(won);
-                const bool stays = won && house == seat;
-                EXPECT_EQ(game->mlngHouse, stays ? house : house % 4 + 1) << house << " " << seat << " " << won;
-                EXPECT_EQ(game->mintHouseMoves, stays ? 1 : 2) << house << " " << seat << " " << won;
-            }
-}
-
-TEST_F(Match, FourMovesMakeARoundAndTurnTheWind) {
-    game->mblnBreakDown = false;
-    startMatch();
-    gintNumRounds = 100;
-    for (int round = 0; round < 5; ++round) {
-        EXPECT_EQ(game->mlngRoundWind, round % 4 + 1);
-        EXPECT_EQ(game->mlngHouse, 1);
-        for (int hand = 0; hand < 4; ++hand) {
-            EXPECT_EQ(game->mintRoundsPlayed, round);
-            EXPECT_EQ(game->mintHouseMoves, hand);
-            endHand(false);
-        }
-    }
-    EXPECT_EQ(game->mlngRoundWind, 2);
-    EXPECT_EQ(game->mintGamesPlayed, 20);
-}
-
 TEST_F(Match, AMatchOfFourLostHandsEndsAtTheNextTick) {
     startMatch();
     gintNumRounds = 1;
@@ -85,21 +54,6 @@ TEST_F(Match, AMatchOfFourLostHandsEndsAtTheNextTick) {
     sim::runFor(1000);
     EXPECT_EQ(game->mintTilesDropped, 0);
     EXPECT_EQ(summaries, 1);
-}
-
-TEST_F(Match, StartAnewBringsBackAnEndedMatchAndForgetsItsCounts) {
-    startMatch();
-    game->mlngScore = 99;
-    game->mlngLevel = 3;
-    gintNumRounds = game->mintRoundsPlayed = 1;
-    answerDialogs();
-    sim::runFor(1000);
-    EXPECT_EQ(summaries, 1);
-    startMatch();
-    EXPECT_EQ(game->mlngScore + game->mintRoundsPlayed + game->mintGamesPlayed, 0);
-    EXPECT_EQ(game->mlngLevel, 3);
-    sim::runFor(1000);
-    EXPECT_EQ(game->mintTilesDropped, 1);
 }
 
 TEST_F(Match, AWonHandShowsItsBreakDownIfAskedFor) {

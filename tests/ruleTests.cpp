@@ -16,64 +16,6 @@ using platform::key::Down;
 using platform::key::Left;
 using platform::key::Right;
 
-class Model : public GameFixture {};
-
-TEST_F(Model, EveryKindHasItsFaceAndItsTiles) {
-    struct {
-        const char* name;
-        int kind, number, suit, bonus;
-    } const cases[] = {
-        {"c1", 1, 1, 1, 0},  {"c9", 9, 9, 1, 0},  {"b1", 10, 1, 2, 0}, {"w9", 27, 9, 3, 0},
-        {"E", 28, 10, 0, 0}, {"N", 31, 13, 0, 0}, {"R", 32, 14, 0, 0}, {"B", 34, 16, 0, 0},
-        {"s1", 35, 0, 0, 1}, {"s4", 38, 0, 0, 4}, {"f1", 39, 0, 0, 5}, {"f4", 42, 0, 0, 8},
-    };
-    for (const auto& row : cases) {
-        const TileKind& kind = game->TileKinds[kindOf(row.name)];
-        EXPECT_EQ(kind.KindIdx, row.kind) << row.name;
-        EXPECT_EQ(kind.Number, row.number) << row.name;
-        EXPECT_EQ(kind.Suit, row.suit) << row.name;
-        EXPECT_EQ(kind.Bonus, row.bonus) << row.name;
-    }
-    for (int16_t kind = 1; kind <= kindCount; ++kind)
-        EXPECT_EQ(std::count(game->TileKindOf.begin(), game->TileKindOf.end(), kind), kind <= 34 ? 4 : 1) << kind;
-    EXPECT_EQ(game->TileKindOf[37], kindOf("b1"));
-    EXPECT_EQ(game->TileKindOf[115], kindOf("B"));
-    EXPECT_EQ(game->TileKindOf[144], kindOf("f4"));
-}
-
-TEST_F(Model, AShuffleIsAPermutationAndNeverTheLastOne) {
-    std::vector<int16_t> first;
-    for (int shuffle = 0; shuffle < 3; ++shuffle) {
-        game->msShuffleTiles();
-        std::vector<int16_t> order(game->TileOrder.begin(), game->TileOrder.end());
-        EXPECT_NE(order, first);
-        first = order;
-        std::sort(order.begin(), order.end());
-        for (int16_t n = 1; n <= tileCount; ++n) EXPECT_EQ(order[n - 1], n);
-    }
-}
-
-TEST_F(Model, ANewHandForgetsTheLastOneAndKeepsTheMatch) {
-    beginHand(3, 2, 4);
-    setBoard({"c1 c2 c3 . . . . . ."});
-    setHand("c1 c1 c1 c2 c3 c4 c5 c6 c7 R R R *N N | s1");
-    game->mintHandCount = handTiles;
-    game->mintDoubles = 5;
-    game->mlngScore = 77;
-    game->mintGamesPlayed = 2;
-    gstrScoreDesc = "Mixed Hand";
-    glngHandPoints = 50;
-    game->msInitNewGame();
-    EXPECT_TRUE(board().empty());
-    EXPECT_TRUE(
-        std::none_of(game->EarnedTiles.begin(), game->EarnedTiles.end(), [](auto& slot) { return slot.Filled; }));
-    EXPECT_EQ(game->mintHandCount + game->mintDoubles + game->mintPairSlot + glngHandPoints, 0);
-    EXPECT_EQ(gstrScoreDesc, "");
-    EXPECT_EQ(game->mlngScore, 77);
-    EXPECT_EQ(game->mlngHouse * 100 + game->mlngRoundWind * 10 + game->mintGamesPlayed, 242);
-    EXPECT_TRUE(game->Timer1.enabled());
-}
-
 class DropLoop : public GameFixture {
   protected:
     void SetUp() override {
@@ -87,21 +29,6 @@ class DropLoop : public GameFixture {
             game->CellTable[row][column].fill(game->TileKinds[kindOf("c1")]);
     }
 };
-
-TEST_F(DropLoop, ATileEntersFallsARowATickAndLands) {
-    EXPECT_EQ(game->mintCurRow, 1);
-    EXPECT_EQ(game->mintCurCol, 5);
-    EXPECT_EQ(game->mintTilesDropped, 1);
-    EXPECT_EQ(game->Timer1.interval(), 400);
-    sim::runFor(400 * 11);
-    EXPECT_EQ(game->mintCurRow, 12);
-    EXPECT_TRUE(board().empty());
-    sim::runFor(400);
-    EXPECT_EQ(game->mintCurRow, noRow);
-    EXPECT_EQ(board().size(), 1u);
-    sim::runFor(400);
-    EXPECT_EQ(game->mintTilesDropped, 2);
-}
 
 TEST_F(DropLoop, KeysSteerByTheRules) {
     struct {

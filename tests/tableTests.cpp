@@ -197,22 +197,6 @@ TEST_F(Table, KeepsItsLastPictureAfterAMatch) {
     EXPECT_TRUE(ExpectedTable().seats(2, 1, 1).score("0").tile(5, 1, "c1").isSeenOn(shown));
 }
 
-TEST_F(Table, EachDealIsSeededAnew) {
-    const auto deals = [this](int valuesUsedBefore) {
-        TearDown();
-        SetUp();
-        for (int i = 0; i < valuesUsedBefore; ++i) platform::random();
-        game->msShuffleTiles();
-        std::vector<int32_t> deal(game->TileOrder.begin(), game->TileOrder.end());
-        for (int i = 0; i < valuesUsedBefore; ++i) platform::random();
-        frmChooseSeat draw;
-        draw.msShuffleTiles();
-        deal.insert(deal.end(), draw.malngSeatTiles.begin(), draw.malngSeatTiles.end());
-        return deal;
-    };
-    EXPECT_EQ(deals(0), deals(7)) << "the values before the seeding make a difference";
-}
-
 /// The time from tick to tick, in milliseconds, of a hand that has so many tiles when its first tile comes in. With 14
 /// it ends there.
 double pace(frmMain& game, int level, int handCount) {

@@ -21,45 +21,9 @@
 #include "platform/qt/control.h"
 #include "platform/qt/formWindow.h"
 #include "play/frmChooseTiles.h"
-#include "scoring/frmBreakDown.h"
 #include "tests/windowFixture.h"
 
 namespace {
-
-TEST_F(Window, AHandIsPlayedToItsEndAndTheNextBegins) {
-    startMatch();
-    for (int column : {1, 2}) game->CellTable[12][column].fill(game->TileKinds[5]);
-    for (int slot = 1; slot <= 11; ++slot) game->EarnedTiles[slot].fill(game->TileKinds[slot < 3 ? 33 : 32]);
-    game->mintEarnedCount = game->mintHandCount = 11;
-    game->mblnPairTaken = true;
-    game->mintPairSlot = 1;
-    nextTile(5);
-    press(Qt::Key_Left);
-    press(Qt::Key_Left);
-    EXPECT_EQ(game->mintCurCol, 3);
-
-    bool offered = false;
-    whenOpen(gfrmChooseTiles, [&] {
-        offered = true;
-        EXPECT_EQ(gfrmChooseTiles->mintNumEntries, 2);
-        press(Qt::Key_Right);
-        EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 2);
-        press(Qt::Key_Left, Qt::KeypadModifier);
-        press(Qt::Key_Enter, Qt::KeypadModifier);
-    });
-    bool brokenDown = false;
-    whenOpen(gfrmBreakDown, [&] {
-        brokenDown = true;
-        EXPECT_FALSE(game->Timer1.enabled());
-        press(Qt::Key_Escape);
-    });
-    press(Qt::Key_Down);
-    EXPECT_TRUE(waitFor([&] { return game->mintGamesWon == 1; }));
-    EXPECT_TRUE(waitFor([&] { return brokenDown; }));
-    EXPECT_TRUE(offered);
-    EXPECT_TRUE(waitFor([&] { return game->mintTilesDropped == 1; })) << "the next hand begins";
-    EXPECT_GT(game->mlngScore, 50);
-}
 
 TEST_F(Window, KeysSteerWhateverWasClickedAndOnEitherPad) {
     startMatch();
@@ -84,22 +48,6 @@ TEST_F(Window, KeysSteerWhateverWasClickedAndOnEitherPad) {
     EXPECT_EQ(game->Timer1.interval(), dropInterval);
     press(Qt::Key_Left);
     EXPECT_EQ(game->mintCurCol, 5);
-}
-
-TEST_F(Window, TheWindowShowsThePicture) {
-    startMatch();
-    nextTile(1);
-    QTest::qWait(50);
-    EXPECT_EQ(window->size(), QSize(795, 581));
-    const QImage seen = window->grab().toImage();
-    int differences = 0;
-    for (int y = 40; y < 540; ++y)
-        for (int x = 20; x < 520; ++x) {
-            const platform::Color color = game->picWork.point(x, y);
-            const QRgb expected = qRgb(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
-            differences += seen.pixel(x, y) != expected ? 1 : 0;
-        }
-    EXPECT_EQ(differences, 0);
 }
 
 TEST(WindowPlace, IsOnTheScreenAndLeavesTheTableWhole) {
@@ -194,41 +142,6 @@ TEST_F(Window, AMessageHasAllKeysButThoseHeldBeforeIt) {
             EXPECT_EQ(window->focusWidget(), window) << "F10 did nothing";
             send(window, QEvent::KeyRelease, key, 60);
         }
-}
-
-TEST_F(Window, AnySwiftKeysAndClicksLeaveASoundGame) {
-    startMatch();
-    const Qt::Key keys[] = {Qt::Key_Down,   Qt::Key_Left, Qt::Key_Right, Qt::Key_Down,   Qt::Key_Up,    Qt::Key_Enter,
-                            Qt::Key_Escape, Qt::Key_Tab,  Qt::Key_Space, Qt::Key_Return, Qt::Key_Shift, Qt::Key_A};
-    const char* const toolTips[] = {"Pause", "High Scores", "Stop", "Order", "Help", "Peek:Off", "Peek:On"};
-    int strokes = 0;
-    QTimer fingers;
-    QObject::connect(&fingers, &QTimer::timeout, window, [&] {
-        ++strokes;
-        press(keys[strokes * 7 % std::size(keys)]);
-        if (strokes % 20 != 0) return;
-        const QString toolTip = toolTips[strokes / 20 % std::size(toolTips)];
-        for (QWidget* widget : window->findChildren<QWidget*>())
-            if (widget->toolTip() == toolTip) QTest::mouseClick(widget, Qt::LeftButton);
-    });
-    // These open inside the fingers' own turn, so that they can't close them.
-    QTimer otherHand;
-    QObject::connect(&otherHand, &QTimer::timeout, window, [&] {
-        if (gfrmHiScore.isOpen()) press(Qt::Key_Escape);
-        if (!window->isActiveWindow()) window->activateWindow();  // The help has come.
-        if (gfrmOrder.isOpen()) gfrmOrder->cmdClose_Click();
-    });
-    otherHand.start(5);
-    fingers.start(2);
-    EXPECT_TRUE(waitFor([&] { return game->mintTilesDropped > 10; }));
-    EXPECT_TRUE(waitFor([&] { return gfrmChooseTiles.empty(); }));
-    fingers.stop();
-
-    int tiles = tileCount - game->mintTilesDropped + (game->mintCurRow > 0 ? 1 : 0);
-    for (const auto& row : game->CellTable)
-        for (const CellInfo& place : row) tiles += place.Filled ? 1 : 0;
-    for (const CellInfo& slot : game->EarnedTiles) tiles += slot.Filled ? 1 : 0;
-    EXPECT_EQ(tiles, tileCount);
 }
 
 /// No score file lies beside the program while this lives; one that lay there comes back.
