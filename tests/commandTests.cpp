@@ -48,7 +48,10 @@ TEST_F(Commands, WhatHoldsAndWhatSetsGoing) {
         beginHand();
         for (const int button : row.buttons) {
             if (button == Button::About || button == Button::HighScores)
-                sim::post([] { sim::pressKey(platform::key::Escape); });
+                sim::post([this] {
+                    EXPECT_FALSE(game->Timer1.enabled());
+                    sim::pressKey(platform::key::Escape);
+                });
             if (button == Button::Order) sim::post([] { sim::clickButton("Close"); });
             sim::clickToolButton(button);
         }

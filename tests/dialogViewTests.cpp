@@ -2,7 +2,6 @@
 
 #include <functional>
 
-#include "forms/frmAbout.h"
 #include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
 #include "match/frmRoundsSetting.h"
@@ -25,17 +24,6 @@ class DialogViews : public TableFixture {
             look();
         });
     }
-
-    /// Where the form stands on the main window, in twips, and its size in pixels.
-    void expectPlace(const platform::Form& form, double left, double top, int width, int height) {
-        EXPECT_DOUBLE_EQ(form.left() - game->form.left(), left);
-        EXPECT_DOUBLE_EQ(form.top() - game->form.top(), top);
-        EXPECT_EQ(form.scaleWidth(), width);
-        EXPECT_EQ(form.scaleHeight(), height);
-    }
-
-    /// The panels and controls of the dialog, those that only group others included.
-    static void expectLayout(const std::vector<std::string>& lines) { EXPECT_EQ(sim::layout(), lines); }
 
     /// These keys leave the dialog open.
     void expectDeaf(std::initializer_list<int> keys) {
@@ -70,7 +58,6 @@ TEST_F(DialogViews, AnOfferStandsOnTheTable) {
     press(Left, 2);
     press(Down, 1);
     whenOpen([this] {
-        expectPlace(gfrmChooseTiles->form, 353 * 15, 436 * 15, 400, 141);
         EXPECT_TRUE(ExpectedTable()
                         .seats(4, 1, 1)
                         .board({"c1 c2 c3 . . . . . .", "b9 . . . . . . . ."})
@@ -132,7 +119,6 @@ TEST_F(DialogViews, TheSeatDrawTurnsItsTilesOver) {
     const auto dialog = [] { return ExpectedTable().dialog("103", 270, 163); };
     const int lefts[] = {50, 92, 134, 176};
     whenOpen([&] {
-        expectPlace(gfrmChooseSeat->form, 4042.5, 2437.5, 256, 256);
         auto faceDown = dialog();
         for (const int left : lefts) faceDown.tileBack(270 + left, 163 + 108);
         EXPECT_TRUE(faceDown.isSeenOn(shown));
@@ -189,31 +175,21 @@ TEST_F(DialogViews, TheBreakDownListsItsItemsOnTheTable) {
     };
     for (int i = 0; i < 8; ++i) printPair(i < 6 ? 38 : 354, 55 + 38 * (i % 6), items[i], i < 6 ? 249 : 566, doubles[i]);
     printPair(208, 284, "15", 520, "1638400");
-    for (const int closing : {Enter, Escape}) {
-        whenOpen([&] {
-            expectPlace(gfrmBreakDown->form, 64 * 15, 3322.5, 667, 330);
-            EXPECT_TRUE(expected.isSeenOn(shown));
-            expectDeaf({Space, Tab, Left, Right, Up, Down, 'B'});
-            sim::pressKey(closing);
-        });
-        game->Timer1.setEnabled(false);
-        gfrmBreakDown.showModal();
-        EXPECT_TRUE(looked);
-        EXPECT_TRUE(ExpectedTable().seats(1, 1, 1).score("0").tile(5, 1, "c1").isSeenOn(sim::screen()));
-    }
+    whenOpen([&] {
+        EXPECT_TRUE(expected.isSeenOn(shown));
+        sim::pressKey(Enter);
+    });
+    game->Timer1.setEnabled(false);
+    gfrmBreakDown.showModal();
+    EXPECT_TRUE(looked);
+    EXPECT_TRUE(ExpectedTable().seats(1, 1, 1).score("0").tile(5, 1, "c1").isSeenOn(sim::screen()));
 }
 
 TEST_F(DialogViews, TheRoundsSettingShowsEachChange) {
     gintNumRounds = 2;
     const auto shows = [](const std::string& rounds) { EXPECT_EQ(gfrmRoundsSetting->sspNumRounds.caption(), rounds); };
     whenOpen([&] {
-        expectPlace(gfrmRoundsSetting->form, 269 * 15, 222 * 15, 257, 137);
         shows("2");
-        expectLayout({"0,0 257x137 '' Times New Roman 8 centre raised inset 2 000000 on C0C0C0",
-                      "24,24 177x49 ' # of Rounds' Wonton ICG 14.25 left inset flat 1 C00000 on C0C0C0",
-                      "120,12 41x25 '2' Wonton ICG 14.25 centre inset flat 1 0040C0 on C0C0C0",
-                      "208,28 25x41 '' Times New Roman 8", "48,88 73x25 'OK' Wonton ICG 12",
-                      "136,88 73x25 'Cancel' Wonton ICG 12"});
         sim::clickSpinDown();
         shows("1");
         sim::clickSpinDown();
@@ -240,56 +216,27 @@ TEST_F(DialogViews, TheRoundsSettingShowsEachChange) {
     EXPECT_EQ(gintNumRounds, 3);
 }
 
-TEST_F(DialogViews, TheSummaryTellsTheMatch) {
-    beginHand();
-    for (const int closing : {Enter, Escape}) {
-        gfrmGameSummary->msLoadFormVariables(4, 17, 5);
-        whenOpen([&] {
-            expectPlace(gfrmGameSummary->form, 221 * 15, 151 * 15, 353, 279);
-            expectLayout(
-                {"0,0 353x279 '' Times New Roman 14.25 bold centre raised inset 2 000000 on C0C0C0",
-                 "120,16 110x17 'Game Over...' Times New Roman 14.25 bold centre flat flat 1 000000 on C0C0C0",
-                 "24,40 305x217 '' Times New Roman 14.25 bold centre raised flat 1 000000 on C0C0C0",
-                 "46,13 208x17 '+++ Game Summary +++' Times New Roman 14.25 bold centre flat flat 1 FF0000 on C0C0C0",
-                 "24,32 255x161 '' Times New Roman 12 bold centre inset flat 1 000000 on C0C0C0",
-                 "24,16 145x25 '# Of Rounds Played' Times New Roman 12 bold left flat flat 1 0040C0 on C0C0C0",
-                 "176,16 57x25 '4' Times New Roman 12 bold centre inset flat 1 0080FF on C0C0C0",
-                 "24,48 137x25 '# Of Games Played' Times New Roman 12 bold left flat flat 1 0040C0 on C0C0C0",
-                 "176,48 57x25 '17' Times New Roman 12 bold centre inset flat 1 0080FF on C0C0C0",
-                 "24,80 137x25 '# Of Games Won' Times New Roman 12 bold left flat flat 1 0040C0 on C0C0C0",
-                 "176,80 57x25 '5' Times New Roman 12 bold centre inset flat 1 0080FF on C0C0C0",
-                 "24,112 145x25 'Winning Percentage' Times New Roman 12 bold left flat flat 1 0040C0 on C0C0C0",
-                 "176,112 57x25 '29.41%' Times New Roman 12 bold centre inset flat 1 0080FF on C0C0C0"});
-            expectDeaf({Space, Tab, Left, Down, 'G'});
-            sim::pressKey(closing);
-        });
-        game->Timer1.setEnabled(false);
-        gfrmGameSummary.showModal();
-        EXPECT_TRUE(looked);
-        EXPECT_EQ(sim::modalDepth(), 0);
-    }
-}
-
-TEST_F(DialogViews, TheAboutBoxTellsTheVersionAndHoldsTheFall) {
-    for (const int closing : {Enter, Escape}) {
-        beginHand();
-        whenOpen([&] {
-            expectPlace(gfrmAbout->form, 261 * 15, 214 * 15, 273, 153);
-            expectLayout({"0,0 273x153 '' Times New Roman 8 centre raised inset 2 000000 on C0C0C0",
-                          "40,24 193x25 'Velmora v1.0' Times New Roman 9.75 bold centre raised flat 1 000000 on C0C0C0",
-                          "48,64 97x17 'Programmed By:' Times New Roman 9.75 bold left flat flat 1 000000 on C0C0C0",
-                          "152,64 97x17 'Tavin Orlec' Times New Roman 9.75 bold left flat flat 1 000000 on C0C0C0",
-                          "48,88 97x17 'Graphics By:' Times New Roman 9.75 bold left flat flat 1 000000 on C0C0C0",
-                          "152,88 97x17 'Tavin Orlec' Times New Roman 9.75 bold left flat flat 1 000000 on C0C0C0"});
-            EXPECT_FALSE(game->Timer1.enabled());
-            expectDeaf({Space, Tab, Left, Down, 'V'});
-            sim::pressKey(closing);
-        });
-        sim::clickToolButton(Button::About);
-        EXPECT_TRUE(looked);
-        EXPECT_TRUE(gfrmAbout.empty());
-        EXPECT_TRUE(game->Timer1.enabled());
-    }
+TEST_F(DialogViews, EnterOrEscapeClosesWhatOnlyTells) {
+    struct {
+        const char* what;
+        std::function<void()> show;
+    } const rows[] = {
+        {"the about box", [] { sim::clickToolButton(Button::About); }},
+        {"the high scores", [] { sim::clickToolButton(Button::HighScores); }},
+        {"the break-down", [] { gfrmBreakDown.showModal(); }},
+        {"the summary", [] { gfrmGameSummary->msLoadFormVariables(4, 17, 5), gfrmGameSummary.showModal(); }},
+    };
+    for (const auto& row : rows)
+        for (const int closing : {Enter, Escape}) {
+            SCOPED_TRACE(row.what);
+            whenOpen([&] {
+                expectDeaf({Space, Tab, Left, Right, Up, Down, 'B'});
+                sim::pressKey(closing);
+            });
+            row.show();
+            EXPECT_TRUE(looked);
+            EXPECT_EQ(sim::modalDepth(), 0);
+        }
 }
 
 }  // namespace

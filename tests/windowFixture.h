@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "frmMain.h"
+#include "platform/qt/control.h"
 
 /// The game in its real window, offscreen, with nothing begun.
 class Window : public ::testing::Test {
@@ -26,6 +27,19 @@ class Window : public ::testing::Test {
     template <class Dialog>
     void whenOpen(const FormRef<Dialog>& dialog, std::function<void()> action) {
         once([&] { return dialog.isOpen(); }, std::move(action));
+    }
+    /// Shows a dialog, does something with its window and closes it by a key if it is still open.
+    template <class Dialog>
+    void inDialog(FormRef<Dialog>& dialog, const std::function<void()>& show,
+                  const std::function<void(QWidget&)>& action, Qt::Key closing = Qt::Key_Escape) {
+        bool done = false;
+        whenOpen(dialog, [&] {
+            action(*platform::qt::windowOf(dialog->form));
+            done = true;
+            if (dialog.isOpen()) press(closing);
+        });
+        show();
+        EXPECT_TRUE(done);
     }
     /// False if the condition doesn't come to hold for longer than anything here may take.
     bool waitFor(const std::function<bool()>& condition);
