@@ -1,4 +1,4 @@
-// What panels and frames look like where the back end draws them.
+// What captions and frames look like where the back end draws them; bevels are told in tests/seen.
 
 #include <QImage>
 #include <QPainter>
@@ -12,26 +12,13 @@ namespace {
 
 using namespace platform;
 
-constexpr QRgb grey = 0xFFC0C0C0, red = 0xFFFF0000;
+constexpr QRgb red = 0xFFFF0000;
 
 class DrawnControls : public Contract {
   protected:
     DrawnControls() { showMain(); }
 
     QImage seen() { return qt::windowOf(main_->form)->grab().toImage().convertToFormat(QImage::Format_RGB32); }
-
-    /// One letter for each point from the corner of a panel inward: the light shade, the dark one, or its grey itself.
-    std::string shades(const Place& place, bool fromTopLeft, int count) {
-        const QImage image = seen();
-        std::string letters;
-        for (int i = 0; i < count; ++i) {
-            const int x = fromTopLeft ? place.left + i : place.left + place.width - 1 - i;
-            const int y = fromTopLeft ? place.top + i : place.top + place.height - 1 - i;
-            const int shade = qGray(image.pixel(x, y));
-            letters += shade == 0xEF ? 'L' : shade == 0x6A ? 'D' : shade == qGray(grey) ? '.' : '?';
-        }
-        return letters;
-    }
 
     /// The left-most and right-most column of a place with a red pixel, counted from its left; -1 and -1 without one.
     std::pair<int, int> redColumns(const Place& place) {
@@ -46,27 +33,6 @@ class DrawnControls : public Contract {
         return columns;
     }
 };
-
-TEST_F(DrawnControls, BevelsRiseAndSink) {
-    constexpr Place place{20, 30, 100, 40};
-    struct {
-        Bevel outer, inner;
-        int width;
-        const char* topLeft;  // from the corner inward
-        const char* bottomRight;
-    } const rows[] = {
-        {Bevel::None, Bevel::None, 1, "......", "......"},
-        {Bevel::Raised, Bevel::None, 1, "L.....", "D....."},
-        {Bevel::Inset, Bevel::None, 1, "D.....", "L....."},
-        {Bevel::Raised, Bevel::Inset, 2, "LLDD..", "DDLL.."},
-    };
-    Panel panel(main_->form, place);
-    for (const auto& row : rows) {
-        panel.setLook({row.outer, row.inner, row.width});
-        EXPECT_EQ(shades(place, true, 6), row.topLeft) << "row " << &row - rows;
-        EXPECT_EQ(shades(place, false, 6), row.bottomRight) << "row " << &row - rows;
-    }
-}
 
 TEST_F(DrawnControls, ACaptionStandsWhereItsLookSaysInItsColour) {
     constexpr Place place{20, 30, 120, 40};
