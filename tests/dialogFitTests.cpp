@@ -20,11 +20,7 @@
 
 namespace {
 
-QString textOf(const QWidget& face) {
-    if (const auto* label = qobject_cast<const QLabel*>(&face)) return label->text();
-    const auto* const button = qobject_cast<const QAbstractButton*>(&face);
-    return button != nullptr ? button->text() : QString();
-}
+QString textOf(const QWidget& face) { return face.property("text").toString(); }
 
 /// Where a label or a button shows its text, on itself.
 QRect textPlace(const QWidget& face) {

@@ -194,29 +194,22 @@ TEST_F(ToolBarKeys, TheKeysAreTheToolbarsUntilItIsLeft) {
 TEST_F(ToolBarKeys, ADialogTakesTheKeys) {
     startMatch();
     nextTile(1);
-    bool shown = false;
-    whenOpen(gfrmHiScore, [&] {
-        shown = true;
+    const auto pressMarked = [this](const char* toolTip) {
+        return [this, toolTip] { goTo(toolTip), press(Qt::Key_Return); };
+    };
+    inDialog(gfrmHiScore, pressMarked("High Scores"), [this](QWidget&) {
         press(Qt::Key_F10);
         EXPECT_EQ(marked(), "");
-        press(Qt::Key_Escape);
     });
-    goTo("High Scores");
-    press(Qt::Key_Return);
-    EXPECT_TRUE(shown);
     EXPECT_FALSE(gfrmHiScore.isOpen());
     EXPECT_EQ(marked(), "");
     EXPECT_TRUE(boardHasKeys());
 
-    whenOpen(gfrmRoundsSetting, [this] {
-        press(Qt::Key_Up);
-        press(Qt::Key_F10);
-        press(Qt::Key_Up);
-        press(Qt::Key_Return);
-    });
     gintNumRounds = 4;
-    goTo("Rounds Setting");
-    press(Qt::Key_Space);
+    const auto setSix = [this](QWidget&) {
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_F10, Qt::Key_Up}) press(key);
+    };
+    inDialog(gfrmRoundsSetting, pressMarked("Rounds Setting"), setSix, Qt::Key_Return);
     EXPECT_EQ(gintNumRounds, 6);
     EXPECT_TRUE(boardHasKeys());
 }
