@@ -1,6 +1,10 @@
+#include <algorithm>
+#include <array>
 #include <functional>
 #include <optional>
 #include <random>
+#include <set>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -13,6 +17,7 @@
 #include "platform/sim/simulation.h"
 #include "play/frmChooseTiles.h"
 #include "scoring/frmBreakDown.h"
+#include "scoring/scoringItems.h"
 #include "tests/gameFixture.h"
 #include "tools/selfplay/sitting.h"
 
@@ -45,6 +50,151 @@ TEST(SelfPlay, WholeMatchesEndWithTheirRounds) {
         }
         EXPECT_TRUE(sim::messages().empty());
     }
+}
+
+/// Kinds that a random hand is built from, so that rare hands come often.
+struct Palette {
+    std::vector<int> kinds;
+    bool sequences;
+};
+
+std::vector<int> kindsFrom(std::initializer_list<std::pair<int, int>> runs) {
+    std::vector<int> kinds;
+    for (const auto& [first, last] : runs)
+        for (int kind = first; kind <= last; ++kind) kinds.push_back(kind);
+    return kinds;
+}
+
+const Palette palettes[] = {
+    {kindsFrom({{1, 34}}), true},                     // anything
+    {kindsFrom({{1, 34}}), false},                    // trios of anything
+    {kindsFrom({{10, 18}}), true},                    // one suit
+    {kindsFrom({{19, 34}}), true},                    // one suit and honours
+    {kindsFrom({{28, 34}}), false},                   // honours only
+    {kindsFrom({{28, 31}, {32, 32}}), false},         // winds and Red
+    {kindsFrom({{32, 34}, {1, 3}}), true},            // dragons and a little
+    {{1, 9, 10, 18, 19, 27}, false},                  // ones and nines
+    {kindsFrom({{1, 9}, {10, 18}, {19, 27}}), true},  // no honours
+};
+
+/// A random finished hand: sets in the order of taking with the pair among them, then bonus tiles.
+struct RandomHand {
+    std::vector<std::vector<int>> sets;
+    std::vector<int> bonusKinds;
+};
+
+class Dealer {
+  public:
+    explicit Dealer(uint32_t seed) : random_(seed) {}
+
+    int below(int count) { return static_cast<int>(random_() % static_cast<uint32_t>(count)); }
+
+    RandomHand deal() {
+        const Palette& palette = palettes[below(std::size(palettes))];
+        left_.fill(4);
+        RandomHand hand;
+        while (hand.sets.size() < 4) tryToAdd(hand.sets, setFrom(palette));
+        while (hand.sets.size() < 5) {
+            const int kind = palette.kinds[below(static_cast<int>(palette.kinds.size()))];
+            tryToAdd(hand.sets, {kind, kind});
+        }
+        std::rotate(hand.sets.begin() + below(5), hand.sets.end() - 1, hand.sets.end());
+        std::vector<int> bonus = kindsFrom({{35, 42}});
+        std::shuffle(bonus.begin(), bonus.end(), random_);
+        bonus.resize(below(3) == 0 ? 8 - below(2) : below(7));
+        hand.bonusKinds = bonus;
+        return hand;
+    }
+
+  private:
+    std::vector<int> setFrom(const Palette& palette) {
+        const int kind = palette.kinds[below(static_cast<int>(palette.kinds.size()))];
+        const bool startsRun = kind <= 27 && (kind - 1) % 9 <= 6;
+        if (!palette.sequences || !startsRun || below(3) == 0) return {kind, kind, kind};
+        return below(2) == 0 ? std::vector{kind, kind + 1, kind + 2} : std::vector{kind + 2, kind + 1, kind};
+    }
+
+    /// Adds the set if there are enough copies of its kinds.
+    void tryToAdd(std::vector<std::vector<int>>& sets, const std::vector<int>& kinds) {
+        auto left = left_;
+        for (const int kind : kinds)
+            if (--left[kind] < 0) return;
+        left_ = left;
+        sets.push_back(kinds);
+    }
+
+    std::mt19937 random_;
+    std::array<int, kindCount + 1> left_{};
+};
+
+class HandWorth : public GameFixture {
+  protected:
+    const Unseen unseen;
+
+    /// Puts the hand into the earned slots as play leaves it, and has the game tally it.
+    void tally(const RandomHand& hand) {
+        for (CellInfo& slot : game->EarnedTiles) slot.empty();
+        int slot = 0;
+        for (const auto& set : hand.sets) {
+            if (set.size() == 2) game->mintPairSlot = narrow16(slot + 1);
+            for (const int kind : set) game->EarnedTiles[++slot].fill(game->TileKinds[kind]);
+        }
+        for (const int kind : hand.bonusKinds) game->EarnedTiles[++slot].fill(game->TileKinds[kind]);
+        game->mintDoubles = 0;
+        game->mlngScore = 0;
+        game->msClearScoreDesc();
+        game->msTallyScore();
+    }
+
+    selfplay::WonHand wonHand(const RandomHand& hand) const {
+        selfplay::WonHand won{
+            {}, 0, hand.bonusKinds, game->mlngHouse, game->mlngSeat, game->mlngRoundWind, game->mlngLevel};
+        auto next = won.sets.begin();
+        for (const auto& set : hand.sets) {
+            if (set.size() == 2)
+                won.pairKind = set[0];
+            else
+                *next++ = {*std::min_element(set.begin(), set.end()), set[0] == set[1]};
+        }
+        return won;
+    }
+
+    void compare(const RandomHand& hand) {
+        tally(hand);
+        const selfplay::HandWorth worth = handWorth(wonHand(hand));
+        std::ostringstream list;
+        for (const auto& item : worth.items) {
+            list << (list.tellp() > 0 ? "," : "") << item.text;
+            itemsSeen.emplace(item.text);
+        }
+        std::ostringstream what;
+        for (const auto& set : hand.sets)
+            for (const int kind : set) what << kind << ' ';
+        what << "House " << game->mlngHouse << " seat " << game->mlngSeat << " wind " << game->mlngRoundWind;
+        ASSERT_EQ(gstrScoreDesc, list.str()) << what.str();
+        ASSERT_EQ(game->mintDoubles, worth.doubles) << what.str();
+        ASSERT_EQ(glngHandPoints, worth.points) << what.str();
+        ASSERT_EQ(game->mlngScore, worth.points) << what.str();
+    }
+
+    std::set<std::string> itemsSeen;
+};
+
+TEST_F(HandWorth, IsWhatTheTallySaysForAnyHand) {
+    constexpr int handsAtATable = 100;
+    Dealer dealer(20);
+    for (int table = 0; table < 64; ++table) {
+        game->mlngHouse = table % 4 + 1;
+        game->mlngSeat = table / 4 % 4 + 1;
+        game->mlngRoundWind = table / 16 + 1;
+        for (int i = 0; i < handsAtATable; ++i) {
+            game->mlngLevel = dealer.below(levelCount) + 1;
+            compare(dealer.deal());
+            if (HasFatalFailure()) return;
+        }
+    }
+    for (const ScoringItemRow& item : scoringItems)
+        EXPECT_TRUE(itemsSeen.count(item.text)) << "no hand had " << item.text;
 }
 
 /// Hands that press and click at random, in some hours among the keys of a player who wins; they note where they have
