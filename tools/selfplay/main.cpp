@@ -22,7 +22,7 @@ const std::string usage =
     "  --matches N        play that many matches (1)\n"
     "  --rounds N         rounds of a match, 1 to 100 (1)\n"
     "  --level N          1 " +
-    std::string(levels[0].caption) + " to 5 " + levels[levelCount - 1].caption +
+    std::string(levels[0].caption) + " to " + std::to_string(levelCount) + " " + levels[levelCount - 1].caption +
     " (1)\n"
     "  --no-referee       don't check the game after every event\n"
     "  --log FILE         write down everything that a player would notice\n"
