@@ -1,5 +1,6 @@
 // The toolbar's commands.
 
+#include "forms/frmOrder.h"
 #include "platform/sim/simulation.h"
 #include "tests/gameFixture.h"
 
@@ -52,7 +53,7 @@ TEST_F(Commands, WhatHoldsAndWhatSetsGoing) {
                     EXPECT_FALSE(game->Timer1.enabled());
                     sim::pressKey(platform::key::Escape);
                 });
-            if (button == Button::Order) sim::post([] { sim::clickButton("Close"); });
+            if (button == Button::Order) sim::post([] { sim::press(gfrmOrder->cmdClose); });
             sim::clickToolButton(button);
         }
         EXPECT_EQ(game->Timer1.enabled(), row.running) << row.what;
@@ -157,7 +158,7 @@ TEST_F(Commands, NothingBeginsBeforeStartAnew) {
             if (button == Button::Level) sim::chooseMenuItem(2);
             if (button == Button::RoundsSetting || button == Button::About || button == Button::HighScores)
                 sim::pressKey(platform::key::Escape);
-            if (button == Button::Order) sim::clickButton("Close");
+            if (button == Button::Order) sim::press(gfrmOrder->cmdClose);
         });
         sim::clickToolButton(button);
         for (const int key : {37, 39, 40, 13}) sim::pressKey(key);

@@ -16,24 +16,16 @@ void post(double afterMilliseconds, std::function<void()> action);  ///< An even
 void pressKey(int keyCode);                                         ///< Down and up; codes as in platform::key.
 void keyDown(int keyCode);                                          ///< Down, or a repeat if it is held.
 void keyUp(int keyCode);
-void pressShiftTab();
-void pressAccessKey(char letter);              ///< Alt with that key; what it presses may come a moment later.
-void typeText(const std::string& text);        ///< Key by key, each down and up.
-void composeText(const std::string& text);     ///< What dead keys or an input method make of keys, in one go.
-void pasteText(const std::string& text);       ///< The clipboard's text, by the keys for it.
 void click(const platform::Control& control);  ///< With the pointer on it.
 /// The pointer, in pixels from the corner of the form on top, and its left button.
 void movePointer(int x, int y);
 void buttonDown(int x, int y);
 void buttonUp(int x, int y);
 void clickToolButton(int button);
-void clickButton(const std::string& caption);  ///< A command button of the form on top.
-void goAway();                                 ///< The keyboard goes to a window of another program.
-void comeBack();                               ///< And to the main window again.
-void chooseMenuItem(int item);                 ///< Of the menu that the next pop-up opens; 0 leaves it.
-std::string pieceOfMusic(int milliseconds);    ///< The file of a piece so long; for 0 one that is not there.
-std::string lastMessage();                     ///< "title: text" of the last message box; each is answered at once.
-
-bool helpIsOpen();  ///< Whether the help window is on the screen.
+void goAway();                               ///< The keyboard goes to a window of another program.
+void comeBack();                             ///< And to the main window again.
+void chooseMenuItem(int item);               ///< Of the menu that the next pop-up opens; 0 leaves it.
+std::string pieceOfMusic(int milliseconds);  ///< The file of a piece so long; for 0 one that is not there.
+std::string lastMessage();                   ///< "title: text" of the last message box; each is answered at once.
 
 }  // namespace driver

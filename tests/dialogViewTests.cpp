@@ -190,27 +190,27 @@ TEST_F(DialogViews, TheRoundsSettingShowsEachChange) {
     const auto shows = [](const std::string& rounds) { EXPECT_EQ(gfrmRoundsSetting->sspNumRounds.caption(), rounds); };
     whenOpen([&] {
         shows("2");
-        sim::clickSpinDown();
+        gfrmRoundsSetting->SpinButton1.onSpinDown();
         shows("1");
-        sim::clickSpinDown();
+        gfrmRoundsSetting->SpinButton1.onSpinDown();
         shows("1");
-        sim::clickSpinUp();
+        gfrmRoundsSetting->SpinButton1.onSpinUp();
         shows("2");
         expectDeaf({'1', 'O', Left, Right});
-        for (int click = 0; click < 98; ++click) sim::clickSpinUp();
+        for (int click = 0; click < 98; ++click) gfrmRoundsSetting->SpinButton1.onSpinUp();
         shows("100");
-        sim::clickSpinUp();
+        gfrmRoundsSetting->SpinButton1.onSpinUp();
         shows("100");
-        sim::clickButton("Cancel");
+        sim::press(gfrmRoundsSetting->cmdCancel);
     });
     sim::clickToolButton(Button::RoundsSetting);
     EXPECT_TRUE(looked);
     EXPECT_EQ(gintNumRounds, 2);
     whenOpen([&] {
         shows("2");
-        sim::clickSpinUp();
+        gfrmRoundsSetting->SpinButton1.onSpinUp();
         shows("3");
-        sim::clickButton("OK");
+        sim::press(gfrmRoundsSetting->cmdOK);
     });
     sim::clickToolButton(Button::RoundsSetting);
     EXPECT_EQ(gintNumRounds, 3);

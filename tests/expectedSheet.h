@@ -1,6 +1,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
+
+#include "platform/printColumns.h"
+#include "platform/utf8.h"
 
 /// The sheet of an order of three copies for Ann B. Carter, a line of it on each line, with those lines as her address.
 inline std::string expectedSheet(const std::string& address) {
@@ -29,4 +33,21 @@ inline std::string expectedSheet(const std::string& address) {
 
                            THANK YOU!!!
 )";
+}
+
+/// A sheet on A4 in 14 points, by a printer whose font has the letters of ASCII and no others.
+inline std::string printedSheet(const std::vector<platform::PrintedLine>& lines) {
+    const auto charactersOf = [](const std::string& text) {
+        std::u32string characters;
+        for (size_t at = 0; at < text.size();) {
+            const char32_t character = platform::nextCharacter(text, at);
+            characters += character >= U' ' && character <= U'~' ? character : U'?';
+        }
+        return characters;
+    };
+    std::string sheet;
+    for (const platform::PrintedLine& line : lines)
+        for (const std::u32string& characters : platform::linesInColumns(line.texts, 66, charactersOf))
+            sheet += std::string(characters.begin(), characters.end()) + '\n';
+    return sheet;
 }

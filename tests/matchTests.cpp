@@ -89,15 +89,14 @@ TEST_F(Match, TheSummaryGivesThePercentageInItsShortestForm) {
 
 TEST_F(Match, TheNumberOfRoundsCountsAtOnce) {
     struct {
-        int played, from;
-        const char* clicks;  // + and - on the spin button, then OK or Cancel
-        const char* button;
+        int played, from, less;
+        platform::CommandButton frmRoundsSetting::*button;
         int rounds;
         bool ends;
     } const cases[] = {
-        {2, 4, "--", "OK", 2, true},
-        {2, 4, "---", "OK", 1, false},
-        {2, 4, "--", "Cancel", 4, false},
+        {2, 4, 2, &frmRoundsSetting::cmdOK, 2, true},
+        {2, 4, 3, &frmRoundsSetting::cmdOK, 1, false},
+        {2, 4, 2, &frmRoundsSetting::cmdCancel, 4, false},
     };
     for (const auto& row : cases) {
         startMatch();
@@ -105,15 +104,15 @@ TEST_F(Match, TheNumberOfRoundsCountsAtOnce) {
         gintNumRounds = narrow16(row.from);
         summaries = 0;
         sim::post([&] {
-            for (const char* click = row.clicks; *click != 0; ++click)
-                *click == '+' ? sim::clickSpinUp() : sim::clickSpinDown();
+            frmRoundsSetting& setting = *gfrmRoundsSetting.hold();
+            for (int i = 0; i < row.less; ++i) setting.SpinButton1.onSpinDown();
             answerDialogs();
-            sim::clickButton(row.button);
+            sim::press(setting.*row.button);
         });
         sim::clickToolButton(Button::RoundsSetting);
         sim::runFor(1000);
-        EXPECT_EQ(gintNumRounds, row.rounds) << row.clicks;
-        EXPECT_EQ(summaries, row.ends ? 1 : 0) << row.clicks;
+        EXPECT_EQ(gintNumRounds, row.rounds) << row.less;
+        EXPECT_EQ(summaries, row.ends ? 1 : 0) << row.less;
         sim::setHands({});
     }
 }

@@ -44,10 +44,7 @@ class Sheet : public ::testing::Test {
     /// The only sheet that the printer was sent, a line of it on each line.
     static std::string sheet() {
         EXPECT_EQ(sim::sheets().size(), 1u);
-        std::string text;
-        if (sim::sheets().empty()) return text;
-        for (const sim::SheetLine& line : sim::sheets().front()) text += line.text + "\n";
-        return text;
+        return sim::sheets().empty() ? "" : printedSheet(sim::sheets().front());
     }
 };
 
@@ -97,7 +94,7 @@ TEST_F(Sheet, HoldsTheOrderInItsColumns) {
         print(order);
         ASSERT_FALSE(sim::sheets().empty()) << row.what;
         EXPECT_EQ(sheet(), replaced(fullSheet, row.from, row.to)) << row.what;
-        for (const sim::SheetLine& line : sim::sheets().front()) {
+        for (const platform::PrintedLine& line : sim::sheets().front()) {
             EXPECT_EQ(line.font.name, "Courier New");
             EXPECT_EQ(line.font.points, 14);
             EXPECT_FALSE(line.font.bold);

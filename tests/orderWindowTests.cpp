@@ -21,7 +21,7 @@ namespace {
 
 constexpr QPoint formPlace(149, 46);  // on the window, in pixels
 
-const std::string printedSheet = expectedSheet(R"(5 High Street
+const std::string annsSheet = expectedSheet(R"(5 High Street
               Old Town
               Salem, OR 97301
 )");
@@ -135,6 +135,8 @@ TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
             {"Old Town", Qt::Key_Return, 1440, 2160},         // and so does this one
             {"Salem", Qt::Key_Return, 1440, 2520},            //
             {"ooo", Qt::Key_Return, 4200, 2520},              // the third of the states with an O
+            {"12", Qt::Key_Backtab, 1440, 2520},              // whose place is taken
+            {"", Qt::Key_Tab, 4200, 2520},                    //
             {"a97301", Qt::Key_Return, 1440, 3000},           //
             {"", Qt::Key_Return, 1440, 3360},                 //
             {"ann@example.org", Qt::Key_Return, 1440, 3720},  //
@@ -181,7 +183,7 @@ TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
         }));  // The button shows for a moment that it is pressed.
         const std::string sheet = home.filePath("Documents/Velmora.pdf").toStdString();
         EXPECT_EQ(told, std::vector<std::string>{"No printer is set up. The sheet has been saved as\n" + sheet});
-        EXPECT_EQ(sheetIn(sheet), printedSheet);
+        EXPECT_EQ(sheetIn(sheet), annsSheet);
 
         EXPECT_TRUE(gfrmOrder.isOpen());
         EXPECT_EQ(shownAt(1440, 720), "Ann B. Carter") << "nothing typed is lost";
@@ -196,6 +198,7 @@ TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
     inForm([&] {
         for (const QPoint& place : {QPoint(1440, 720), QPoint(1440, 2520), QPoint(1440, 3720), QPoint(1440, 4080)})
             EXPECT_EQ(shownAt(place.x(), place.y()), "") << "at " << place.y() << " it still holds something";
+        EXPECT_EQ(shownAt(4200, 2520), "     ");
         EXPECT_EQ(focusPlace(), QPoint(1440, 720));
         key(Qt::Key_Escape);
     });
@@ -214,6 +217,26 @@ TEST_F(OrderWindow, WhatIsComposedIsFilteredAndCountedAsIfTyped) {
         for (int i = 0; i < 9; ++i) key(Qt::Key_Tab);
         compose("0\u06631x2");
         EXPECT_EQ(shownAt(1440, 3720) + shownAt(1680, 4680), "12$144");
+    });
+}
+
+TEST_F(OrderWindow, TheStatesAreAllThereWithTheirCodes) {
+    inForm([&] {
+        const auto& list = *window->findChild<QComboBox*>();
+        ASSERT_EQ(list.count(), 51);
+        EXPECT_EQ(list.itemText(0), "");
+        std::string codes, names;
+        for (int row = 1; row < list.count(); ++row) {
+            const std::string text = list.itemText(row).toStdString();
+            codes += text.substr(text.size() - 2) + ' ';
+            names += text.substr(0, text.size() - 2) + '\n';
+        }
+        EXPECT_EQ(codes,
+                  "AK AL AR AZ CA CO CT DE FL GA HI ID IA IL IN KS KY LA ME MA MD MI MN MO MS MT NE NV NH NJ NM NY NC "
+                  "ND OH OK OR PA RI SC SD TN TX UT VT VA WA WV WI WY ");
+        EXPECT_EQ(std::count(names.begin(), names.end(), '-'), 49) << "North Dakota has none";
+        EXPECT_NE(names.find("North Dakota \n"), std::string::npos);
+        EXPECT_EQ(names.size(), 620u) << "no letter lost or added";
     });
 }
 

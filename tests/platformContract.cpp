@@ -8,7 +8,6 @@
 #include "platform/controls.h"
 #include "platform/desktop.h"
 #include "platform/form.h"
-#include "platform/help.h"
 #include "platform/runtime.h"
 #include "platform/sound.h"
 #include "platform/toolbar.h"
@@ -344,29 +343,28 @@ TEST_F(Contract, AHandlerMayLetGoOfWhatCallsIt) {
     struct {
         const char* what;
         void (*arm)(Caller&, Handler);
-        void (*provoke)();
+        void (*provoke)(const Caller&);
     } const rows[] = {
         {"timer", [](Caller& caller, Handler handler) { start(caller.timer, 10, std::move(handler)); },
-         [] { run(50); }},
+         [](const Caller&) { run(50); }},
         {"status event",
          [](Caller& caller, Handler handler) {
              caller.music.onStatusUpdate = std::move(handler);
              caller.music.setUpdateInterval(10);
          },
-         [] { run(50); }},
+         [](const Caller&) { run(50); }},
         {"button", [](Caller& caller, Handler handler) { caller.button.onClick = std::move(handler); },
-         [] { clickButton("Go"); }},
+         [](const Caller& caller) { click(caller.button); }},
         {"tool button",
          [](Caller& caller, Handler handler) {
              caller.bar.onButtonClick = [handler = std::move(handler)](int) { handler(); };
          },
-         [] { clickToolButton(1); }},
+         [](const Caller&) { clickToolButton(1); }},
     };
     for (const auto& row : rows) {
         auto caller = std::make_unique<Caller>();
         caller->form.resize(100 * twips, 50 * twips);
         caller->bar.setButtonImage(1, 1);
-        caller->button.setCaption("Go");
         caller->form.show();
         bool captureLives = false;
         row.arm(*caller, [&caller, &captureLives, capture = std::make_shared<int>()] {
@@ -375,7 +373,7 @@ TEST_F(Contract, AHandlerMayLetGoOfWhatCallsIt) {
             caller.reset();
             answer = !watched.expired();
         });
-        row.provoke();
+        row.provoke(*caller);
         EXPECT_EQ(caller, nullptr) << row.what;
         EXPECT_TRUE(captureLives) << row.what << ": what a handler has captured stays until it returns";
     }
@@ -398,28 +396,6 @@ TEST_F(Contract, MenuIsAnsweredOrLeft) {
     EXPECT_TRUE(menu.checked(2));
     EXPECT_FALSE(menu.checked(3));
     EXPECT_EQ(menu.itemCaption(3), "Hard");
-}
-
-/// The number of the failure that the action meets; 0 if it meets none.
-TEST_F(Contract, HelpOpensBesideTheWindowAndGoesWithIt) {
-    const auto help = [&](uint32_t command) { WinHelpA(main_->form, "no file", command, 0); };
-    showMain();
-    help(HELP_QUIT);
-    help(HELP_INDEX + 1);
-    EXPECT_FALSE(helpIsOpen());
-    help(HELP_INDEX);
-    help(HELP_INDEX);
-    EXPECT_TRUE(helpIsOpen());
-    clickToolButton(1);
-    EXPECT_EQ(trace_, "tool 1") << "the window beside it takes clicks";
-    help(HELP_QUIT);
-    EXPECT_FALSE(helpIsOpen());
-    help(HELP_INDEX);
-    Form dialog;
-    inDialog(dialog, [] { EXPECT_TRUE(helpIsOpen()); });
-    EXPECT_TRUE(helpIsOpen()) << "a dialog comes and goes without it";
-    main_->form.unload();
-    EXPECT_FALSE(helpIsOpen());
 }
 
 TEST_F(Contract, UncaughtErrorIsReportedAndTheLoopGoesOn) {

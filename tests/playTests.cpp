@@ -259,10 +259,11 @@ class WildHands {
                                        key::Enter, key::Tab,   key::Space, key::Escape, 'A'};
         const int code = keys[below(std::size(keys))];
         below(8) == 0 ? sim::keyDown(code) : sim::pressKey(code);
-        if (sim::modalDepth() == 0) return;
-        if (below(10) == 0) sim::clickSpinUp();
-        if (below(3) == 0) sim::clickSpinDown();
-        if (below(20) == 0) sim::clickButton(below(2) == 0 ? "OK" : "Cancel");
+        if (!gfrmRoundsSetting.isOpen()) return;
+        const frmRoundsSetting& setting = *gfrmRoundsSetting.hold();
+        if (below(10) == 0) setting.SpinButton1.onSpinUp();
+        if (below(3) == 0) setting.SpinButton1.onSpinDown();
+        if (below(20) == 0) sim::press(below(2) == 0 ? setting.cmdOK : setting.cmdCancel);
     }
 
     void clickSomething() { sim::clickToolButton(below(Button::Help) + 1); }

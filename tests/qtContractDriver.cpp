@@ -1,16 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QClipboard>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
-#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <set>
@@ -19,7 +16,6 @@
 #include "platform/qt/control.h"
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
-#include "platform/utf8.h"
 #include "tests/application.h"
 #include "tests/contractDriver.h"
 #include "tests/soundFiles.h"
@@ -98,19 +94,6 @@ QKeyEvent keyEvent(QEvent::Type type, int code, bool repeat) {
 
 void send(QKeyEvent event) { QCoreApplication::sendEvent(mainWindow(), &event); }
 
-void pressAndRelease(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
-    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) send({type, key, modifiers, text});
-}
-
-/// Clicks the visible button for which that holds; of several the one that lies on top.
-template <class Face, class Condition>
-void clickFace(Condition&& holds) {
-    Face* found = nullptr;
-    for (Face* face : mainWindow()->findChildren<Face*>())
-        if (face->isVisible() && holds(*face)) found = face;
-    if (found) QTest::mouseClick(found, Qt::LeftButton);
-}
-
 }  // namespace
 
 void begin() {
@@ -144,31 +127,6 @@ void keyUp(int keyCode) {
     send(keyEvent(QEvent::KeyRelease, keyCode, false));
 }
 
-void pressShiftTab() { pressAndRelease(Qt::Key_Backtab, Qt::ShiftModifier, QString()); }
-
-void pressAccessKey(char letter) { QTest::keyClick(mainWindow(), letter, Qt::AltModifier); }
-
-void typeText(const std::string& text) {
-    for (size_t at = 0; at < text.size();) {
-        const char32_t character = platform::nextCharacter(text, at);
-        const int key =
-            character < 0x80 ? QChar(static_cast<char16_t>(character)).toUpper().unicode() : int{Qt::Key_unknown};
-        pressAndRelease(key, Qt::NoModifier, QString::fromUcs4(&character, 1));
-    }
-}
-
-void composeText(const std::string& text) {
-    QInputMethodEvent shown(QStringLiteral("..."), {});
-    QInputMethodEvent made;
-    made.setCommitString(QString::fromStdString(text));
-    for (QInputMethodEvent* event : {&shown, &made}) QCoreApplication::sendEvent(QApplication::focusWidget(), event);
-}
-
-void pasteText(const std::string& text) {
-    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
-    pressAndRelease(Qt::Key_V, Qt::ControlModifier, QStringLiteral("\x16"));
-}
-
 void click(const platform::Control& control) {
     constexpr int onIndicator = 8;  // pixels from the left of a box or an option
     QWidget* const face = control.impl().face.get();
@@ -186,12 +144,8 @@ void buttonUp(int x, int y) {
 }
 
 void clickToolButton(int button) {
-    int number = 0;
-    clickFace<QToolButton>([&](const QToolButton&) { return ++number == button; });
-}
-
-void clickButton(const std::string& caption) {
-    clickFace<QPushButton>([&](const QPushButton& face) { return face.text().toStdString() == caption; });
+    QToolButton* const face = mainWindow()->findChildren<QToolButton*>().value(button - 1);
+    if (face && face->isVisible()) QTest::mouseClick(face, Qt::LeftButton);
 }
 
 void goAway() {
@@ -217,11 +171,5 @@ std::string pieceOfMusic(int milliseconds) {
 }
 
 std::string lastMessage() { return person().lastMessage; }
-
-bool helpIsOpen() {
-    return std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* window) {
-        return window->isVisible() && window->windowTitle() == "Program Help";
-    });
-}
 
 }  // namespace driver

@@ -18,17 +18,11 @@ void post(double afterMilliseconds, std::function<void()> action) {
 void pressKey(int keyCode) { sim::pressKey(keyCode); }
 void keyDown(int keyCode) { sim::keyDown(keyCode); }
 void keyUp(int keyCode) { sim::keyUp(keyCode); }
-void pressShiftTab() { sim::pressShiftTab(); }
-void pressAccessKey(char letter) { sim::pressAccessKey(letter); }
-void typeText(const std::string& text) { sim::typeText(text); }
-void composeText(const std::string& text) { sim::typeText(text); }
-void pasteText(const std::string& text) { sim::pasteText(text); }
-void click(const platform::Control& control) { sim::click(control); }
+void click(const platform::Control& control) { sim::press(control); }
 void movePointer(int x, int y) { sim::movePointer(x, y); }
 void buttonDown(int x, int y) { sim::buttonDown(x, y); }
 void buttonUp(int x, int y) { sim::buttonUp(x, y); }
 void clickToolButton(int button) { sim::clickToolButton(button); }
-void clickButton(const std::string& caption) { sim::clickButton(caption); }
 
 void goAway() { sim::goAway(); }
 void comeBack() { sim::comeBack(); }
@@ -43,7 +37,5 @@ std::string pieceOfMusic(int milliseconds) {
 }
 
 std::string lastMessage() { return sim::messages().empty() ? "" : sim::messages().back(); }
-
-bool helpIsOpen() { return !sim::helpFile().empty(); }
 
 }  // namespace driver

@@ -132,8 +132,7 @@ class Control {
     bool hasFocus() const;           ///< Whether keys of its form go to it.
     void setTabIndex(int index);     ///< Its place in the tab order, from 0; those from there on move back by one.
     int tabIndex() const;            ///< In the order of making, until it is set.
-    void setTabStop(bool tabStop);   ///< Whether Tab comes to it.
-    bool tabStop() const;            ///< True at first.
+    void setTabStop(bool tabStop);   ///< Whether Tab comes to it; it does at first.
     void setAccessibleName(const std::string& name);  ///< What a screen reader says, where its caption isn't enough.
 
     struct Impl;

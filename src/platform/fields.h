@@ -12,8 +12,6 @@ namespace platform {
 class EditField : public Control {
   public:
     std::string text() const;
-    int selStart() const;                      ///< The first character of the selection, from 0, or the caret's place.
-    int selLength() const;                     ///< 0 without a selection.
     void select(int selStart, int selLength);  ///< Cut to the text; what is typed next takes its place.
 
   protected:
@@ -40,17 +38,13 @@ class MaskEdBox : public EditField {
 };
 
 /// A list that drops down and shows the row chosen. A letter chooses the next row that begins with it, Up and Down the
-/// row before and after. Rows count from 0. It grows to the right where a row finds no room.
+/// row before and after. It grows to the right where a row finds no room.
 class ComboBox : public Control {
   public:
     ComboBox(Panel& panel, const Place& place);  ///< Without rows, on a panel, which must live as long.
 
     void clear();                           ///< Without rows, and none is chosen.
     void addItem(const std::string& text);  ///< The next row, in UTF-8.
-    int listCount() const;                  ///< Rows.
-    std::string list(int row) const;        ///< A row's text; a number that no row has fails with number 9.
-    int listIndex() const;                  ///< The row chosen, or -1.
-    void setListIndex(int row);             ///< Chooses a row, or none with -1; any other number fails with number 9.
     std::string text() const;               ///< Of the row chosen, else empty.
 };
 

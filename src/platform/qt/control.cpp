@@ -75,8 +75,6 @@ int Control::tabIndex() const { return impl_->window->tabIndex(impl_.get()); }
 
 void Control::setTabStop(bool tabStop) { impl_->face->setFocusPolicy(tabStop ? Qt::StrongFocus : Qt::ClickFocus); }
 
-bool Control::tabStop() const { return impl_->face->focusPolicy() & Qt::TabFocus; }
-
 void Control::setAccessibleName(const std::string& name) {
     impl_->face->setAccessibleName(QString::fromStdString(name));
 }

@@ -17,7 +17,6 @@
 
 #include "platform/qt/control.h"
 #include "platform/qt/keys.h"
-#include "platform/runtime.h"
 
 namespace platform {
 namespace {
@@ -177,14 +176,6 @@ QComboBox* listOf(const ComboBox& list) { return qt::faceOf<QComboBox>(list); }
 
 std::string EditField::text() const { return lineOf(*this)->displayText().toStdString(); }
 
-int EditField::selStart() const {
-    const QLineEdit* const line = lineOf(*this);
-    const int start = line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
-    return charactersIn(line->displayText().left(start));
-}
-
-int EditField::selLength() const { return charactersIn(lineOf(*this)->selectedText()); }
-
 void EditField::select(int selStart, int selLength) {
     const QString text = lineOf(*this)->displayText();
     const int size = charactersIn(text);
@@ -227,24 +218,10 @@ ComboBox::ComboBox(Panel& panel, const Place& place) : Control(std::make_unique<
 void ComboBox::clear() { listOf(*this)->clear(); }
 
 void ComboBox::addItem(const std::string& text) {
-    const int chosen = listIndex();
+    const int chosen = listOf(*this)->currentIndex();
     listOf(*this)->addItem(QString::fromStdString(text));
     listOf(*this)->setCurrentIndex(chosen);  // Qt chooses the first row by itself.
     qt::makeRoom(*listOf(*this));
-}
-
-int ComboBox::listCount() const { return listOf(*this)->count(); }
-
-std::string ComboBox::list(int row) const {
-    if (row < 0 || row >= listCount()) failure::subscript();
-    return listOf(*this)->itemText(row).toStdString();
-}
-
-int ComboBox::listIndex() const { return listOf(*this)->currentIndex(); }
-
-void ComboBox::setListIndex(int row) {
-    if (row < -1 || row >= listCount()) failure::subscript();
-    listOf(*this)->setCurrentIndex(row);
 }
 
 std::string ComboBox::text() const { return listOf(*this)->currentText().toStdString(); }

@@ -10,7 +10,7 @@
 namespace sim {
 namespace {
 
-constexpr int otherKey = 255;          // a key without a code of its own
+constexpr int typedKey = 255;          // none of those that forms look at
 constexpr char32_t latin1End = 0x100;  // the first character beyond Latin-1
 
 constexpr int namelessCharacters[] = {8, platform::key::Tab, platform::key::Enter, platform::key::Escape,
@@ -42,9 +42,7 @@ void takeStroke(Serial owner, Stroke stroke) {
     const bool goesOn = passes(owner, &platform::Form::onKeyDown, code);
     state().keyRepeats = outer;
     if (!goesOn) return;
-    const int before = stroke.character;
-    if (before != 0 && !passes(owner, &platform::Form::onKeyPress, stroke.character)) return;
-    if (stroke.character != before) stroke.typed = static_cast<char32_t>(stroke.character);
+    if (stroke.character != 0 && !passes(owner, &platform::Form::onKeyPress, stroke.character)) return;
     pressOnControls(*openForm(owner), stroke);
 }
 
@@ -76,13 +74,6 @@ void strike(Stroke stroke) {
 
 namespace {
 
-/// The key that types a character, as far as it has a code of its own.
-int keyFor(char32_t character) {
-    if (character >= 'a' && character <= 'z') return static_cast<int>(character) - 'a' + 'A';
-    const bool hasCode = (character >= 'A' && character <= 'Z') || (character >= '0' && character <= '9');
-    return hasCode || character == ' ' ? static_cast<int>(character) : otherKey;
-}
-
 /// Tells the form on top where the pointer is; the form's serial if Enter means something there, or else 0.
 Serial answeringAt(int x, int y) {
     platform::Form::Impl* const form = openForm(taker());
@@ -110,7 +101,7 @@ void buttonUp(int x, int y) {
     const Serial clicked = std::exchange(state().clicked, 0);
     if (answeringAt(x, y) != clicked || clicked == 0) return;
     note("click", x, y);
-    takeStroke(clicked, {platform::key::Enter, platform::key::Enter, U'\r'});
+    takeStroke(clicked, {platform::key::Enter, platform::key::Enter});
 }
 
 void clickAt(int x, int y) {
@@ -119,30 +110,21 @@ void clickAt(int x, int y) {
     buttonUp(x, y);
 }
 
-void keyDown(int keyCode) {
-    const int character = characterOf(keyCode);
-    strike({keyCode, character, static_cast<char32_t>(character)});
-}
+void keyDown(int keyCode) { strike({keyCode, characterOf(keyCode)}); }
 
 void keyUp(int keyCode) {
     arrive();
     if (keyCode <= 0 || keyCode >= keyCodes) return;
     const auto holder = std::exchange(state().held[static_cast<size_t>(keyCode)], std::nullopt);
     platform::Form::Impl* const form = holder && *holder == taker() ? openForm(*holder) : nullptr;
-    if (form != nullptr) releaseOnControls(*form, keyCode);
-}
-
-void pressShiftTab() {
-    strike({platform::key::Tab, platform::key::Tab, U'\t', true});
-    keyUp(platform::key::Tab);
+    if (form != nullptr && form->focus != nullptr) deliver(form->focus->owner.onKeyUp, keyCode);
 }
 
 void typeText(const std::string& text) {
     for (size_t at = 0; at < text.size();) {
         const char32_t character = platform::nextCharacter(text, at);
-        const int code = keyFor(character);
-        strike({code, character < latin1End ? static_cast<int>(character) : platform::key::OtherCharacter, character});
-        keyUp(code);
+        strike({typedKey, character < latin1End ? static_cast<int>(character) : platform::key::OtherCharacter});
+        keyUp(typedKey);
     }
 }
 
@@ -194,7 +176,6 @@ void Form::Impl::close() {
     const bool wasOnTop = sim::taker() == serial;
     if (std::erase(sim::state().forms, this) == 0) return;
     sim::note("form closes");
-    if (!modal) sim::closeHelp();
     const Impl* const under = wasOnTop ? sim::openForm(sim::taker()) : nullptr;
     if (under != nullptr) sim::deliver(under->owner.onActivate);
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/printer.h"
 #include "platform/surface.h"
 
 namespace platform {
@@ -53,21 +54,16 @@ bool step();  ///< Serves one event, or goes on to the next one in time and serv
 void pressKey(int keyCode);  ///< Down and up; a key that is held is let go before.
 void keyDown(int keyCode);   ///< Down, or a repeat if it is held.
 void keyUp(int keyCode);
-void pressShiftTab();
-void pressAccessKey(char letter);              ///< Alt with that key: a capital or a digit.
-void typeText(const std::string& text);        ///< Key by key, each down and up.
-void pasteText(const std::string& text);       ///< The clipboard's text, by the keys for it.
-void click(const platform::Control& control);  ///< With the pointer on it; of a text box, behind its text.
+/// Key by key, each down and up. A text box takes at its end what the handlers let through, in ASCII.
+void typeText(const std::string& text);
+/// A click: the control has the focus, a box is ticked or cleared, an option chosen, and the handler of a button runs.
+void press(const platform::Control& control);
 /// The pointer, in pixels of the surface of the form on top, and its left button.
 void movePointer(int x, int y);
 void buttonDown(int x, int y);
 void buttonUp(int x, int y);
 void clickAt(int x, int y);  ///< The pointer goes there, and the button down and up.
 void clickToolButton(int button);
-/// A button of the form on top that shows that caption: a command button, a check box or an option button.
-void clickButton(const std::string& caption);
-void clickSpinUp();  ///< The spin button of the form on top.
-void clickSpinDown();
 void chooseMenuItem(int item);  ///< Of the open menu; any other number leaves it.
 void closeMainWindow();         ///< The window's own close button.
 void goAway();                  ///< To another window, with the keyboard. Nothing if he is away.
@@ -83,19 +79,10 @@ void setScreenReader(bool listens);               ///< Whether there is one; the
 const std::vector<std::string>& announcements();  ///< What it was given to say so far.
 const std::vector<std::string>& messages();  ///< Message boxes so far, as "title: text"; each was answered at once.
 
-/// A line that has come out of the printer: a character for each column from 1 on, and what it was printed in.
-struct SheetLine {
-    std::string text;
-    platform::Font font;
-};
-using Sheet = std::vector<SheetLine>;
-
-const std::vector<Sheet>& sheets();  ///< What the printer was sent so far, a sheet for each ended document.
+/// What the printer was sent so far, the lines of each ended document.
+const std::vector<std::vector<platform::PrintedLine>>& sheets();
 /// Has the printer fail with number 482 from now on: at a line of each document, from 1, or 0 for none, and at its end.
 void breakPrinter(int line, bool atEnd = false);
-
-/// The file that the help window shows, by its name; empty while it isn't open.
-const std::string& helpFile();
 
 /// The main window's surface with those of the dialogs over it, and the texts on it as its list of texts. Frames,
 /// panels and other controls aren't painted: they are asked for what they show.

@@ -12,7 +12,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "platform/fields.h"
+#include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/printer.h"
 #include "platform/sim/simulation.h"
@@ -48,10 +48,8 @@ using Control = platform::Control::Impl;
 
 /// A key that went down, or repeats.
 struct Stroke {
-    int code;            ///< As in platform::key.
-    int character;       ///< As handlers get it; 0 for a key without one.
-    char32_t typed;      ///< The character itself.
-    bool shift = false;  ///< With the Shift key.
+    int code;       ///< As in platform::key.
+    int character;  ///< As handlers get it; 0 for a key without one.
     bool repeat = false;
 };
 
@@ -102,12 +100,11 @@ struct State {
     std::vector<std::string> messages;
     bool screenReader = false;
     std::vector<std::string> announcements;
-    std::string helpFile;  ///< What the help window shows; empty while it isn't open.
 
     platform::Printer printer;
     int printerFailsAtLine = 0;  ///< Of a document, from 1; 0 at none.
     bool printerFailsAtEnd = false;
-    std::vector<Sheet> sheets;
+    std::vector<std::vector<platform::PrintedLine>> sheets;
     Music music;
 };
 
@@ -165,21 +162,10 @@ void strike(Stroke stroke);
 /// Whether it is a key of a tool button's own, which it then presses unless it repeats.
 bool pressToolButton(const Stroke& stroke);
 
-/// What a key does to the controls of the form on top, after its handlers have let it through.
+/// Gives a key to the control with the focus and to the button that answers it, after the form has let it through.
 void pressOnControls(platform::Form::Impl& form, Stroke stroke);
-/// The same as the key comes up again.
-void releaseOnControls(platform::Form::Impl& form, int keyCode);
 /// Gives the form's focus to its first control, unless one has it.
 void focusFirst(platform::Form::Impl& form);
-/// Gives the form's focus to a control; nothing if that can't take it.
-void focusOn(platform::Form::Impl& form, Control& control);
-/// What a key does to a text box, a masked box or a list.
-void typeInto(Control& field, const Stroke& stroke);
-/// Puts a text in the place of the selection of a text box or a masked box, as far as it fits there.
-void replaceSelection(Control& field, const std::u32string& text);
-
-/// Takes the help window off the desktop, if it is there.
-void closeHelp();
 
 }  // namespace sim
 
@@ -216,42 +202,26 @@ struct platform::Panel::Impl {
     void fit();  ///< Takes the size that the caption asks for.
 };
 
-/// A control that can have the focus, with the state of all kinds of them.
+/// What there is to a control on the simulated desktop. How a person edits, chooses and goes on is the window's affair.
 struct platform::Control::Impl {
-    enum class Kind { Button, Spin, Text, Mask, List, Check, Option };
+    enum class Kind { Other, Text, Check, Option };
 
     /// The last in its form's tab order.
     Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder, const Place& itsPlace);
     ~Impl();  ///< Off its form, if that is still there.
-    bool isPlainButton() const { return kind == Kind::Button || kind == Kind::Check; }
-    bool isPressed() const { return isPlainButton() || kind == Kind::Option; }  ///< By Space and by its access key.
-    bool takesFocus() const;                                                    ///< As Tab comes to it.
-    char accessKey() const;                                                     ///< A capital or a digit, or 0.
-    std::string shownCaption() const;                                           ///< Without the mark of its access key.
 
     Control& owner;
     const Kind kind;
-    Form::Impl* form;          ///< Null once the form is gone.
-    const Panel::Impl* panel;  ///< That it lies on.
-    const Place place;         ///< On its panel.
+    Form::Impl* form;   ///< Null once the form is gone.
+    const Place place;  ///< On its panel.
     Font font;
     bool enabled = true;
-    bool tabStop = true;
-
     std::string caption;
-    bool isDefault = false;
-    bool isCancel = false;
-    bool down = false;                                   ///< Space is held on it.
-    bool value = false;                                  ///< Ticked or chosen.
-    const std::function<void()>* onPress = nullptr;      ///< The click of what is pressed, or the upper arrow's.
-    const std::function<void()>* onPressDown = nullptr;  ///< The spin button's lower arrow.
-
-    std::u32string text;
-    size_t maxLength = 0;  ///< Characters; 0 for no limit.
-    size_t selStart = 0;   ///< The caret, when nothing is selected.
-    size_t selLength = 0;
-    std::vector<std::string> rows;
-    int listIndex = -1;
+    int answers = 0;                                 ///< The key that presses it from anywhere on its form.
+    const std::function<void()>* onPress = nullptr;  ///< Null where nothing is pressed.
+    bool value = false;                              ///< Ticked or chosen.
+    std::string text;
+    int maxLength = 0;  ///< Characters that may be typed; 0 for no limit.
 };
 
 /// A menu on the simulated desktop.

@@ -1,0 +1,423 @@
+// How the controls of a form answer keys and the pointer in the real window.
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QTest>
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "platform/fields.h"
+#include "platform/help.h"
+#include "platform/qt/control.h"
+#include "platform/utf8.h"
+#include "tests/contractFixture.h"
+
+namespace {
+
+using namespace platform;
+using namespace driver;
+using namespace key;
+
+constexpr int tab = Tab;
+
+void tap(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, modifiers, text);
+        QCoreApplication::sendEvent(qt::formStack().mainWindow(), &event);
+    }
+}
+
+void pressShiftTab() { tap(Qt::Key_Backtab, Qt::ShiftModifier, QString()); }
+
+void pressAccessKey(char letter) { QTest::keyClick(qt::formStack().mainWindow(), letter, Qt::AltModifier); }
+
+void typeText(const std::string& text) {
+    for (size_t at = 0; at < text.size();) {
+        const char32_t character = nextCharacter(text, at);
+        const int key =
+            character < 0x80 ? QChar(static_cast<char16_t>(character)).toUpper().unicode() : int{Qt::Key_unknown};
+        tap(key, Qt::NoModifier, QString::fromUcs4(&character, 1));
+    }
+}
+
+/// What dead keys or an input method make of keys, in one go.
+void composeText(const std::string& text) {
+    QInputMethodEvent shown(QStringLiteral("..."), {});
+    QInputMethodEvent made;
+    made.setCommitString(QString::fromStdString(text));
+    for (QInputMethodEvent* event : {&shown, &made}) QCoreApplication::sendEvent(QApplication::focusWidget(), event);
+}
+
+void pasteText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+    tap(Qt::Key_V, Qt::ControlModifier, QStringLiteral("\x16"));
+}
+
+/// A handler that gives one character for another, or swallows it with 0.
+std::function<void(int&)> swap(int from, int to) {
+    return [=](int& code) { code = code == from ? to : code; };
+}
+
+using Note = std::function<void(const std::string&)>;
+
+/// A dialog with two buttons and a spin button, in this order.
+struct Setting {
+    explicit Setting(const Note& note) {
+        ok.makeDefault();
+        ok.onClick = [note] { note("OK"); };
+        cancel.makeCancel();
+        cancel.onClick = [note] { note("Cancel"); };
+        spin.onSpinUp = [note] { note("up"); };
+        spin.onSpinDown = [note] { note("down"); };
+    }
+
+    Form form;
+    Panel panel{form, {0, 0, 100, 50}};
+    CommandButton ok{panel, {5, 5, 40, 20}};
+    CommandButton cancel{panel, {50, 5, 40, 20}};
+    SpinButton spin{panel, {5, 25, 12, 20}};
+};
+
+/// A dialog with a field of each kind.
+struct Entry {
+    Form form;
+    Panel panel{form, {0, 0, 300, 200}};
+    TextBox name{panel, {100, 10, 100, 20}};
+    TextBox town{panel, {100, 40, 100, 20}};
+    ComboBox state{panel, {100, 70, 100, 24}};
+    MaskEdBox zip{panel, {100, 100, 60, 20}, "#####"};
+    CheckBox copy{panel, {100, 130, 90, 20}};
+    OptionButton near{panel, {10, 160, 80, 20}};
+    OptionButton far{panel, {100, 160, 80, 20}};
+    CommandButton print{panel, {200, 160, 80, 20}};
+};
+
+/// Something that is done in a dialog, and what comes of it.
+template <class Dialog, class Result = const char*>
+struct Row {
+    const char* what;
+    std::function<void(Dialog&)> act;
+    Result result;
+};
+
+class Controls : public Contract {
+  protected:
+    void SetUp() override { showMain(); }
+
+    Note noteOf(const std::string& before = "") {
+        return [this, before](const std::string& what) { note(before + what); };
+    }
+
+    /// Does that in a dialog of its own.
+    void inEntry(const std::function<void(Entry&)>& action) {
+        trace_.clear();
+        auto entry = std::make_unique<Entry>();
+        inDialog(entry->form, [&] { action(*entry); });
+    }
+};
+
+TEST_F(Controls, KeysWorkTheButtons) {
+    struct {
+        std::vector<int> keys;
+        const char* trace;
+        int swallowedDown = 0;
+        int swallowedPress = 0;
+    } const rows[] = {
+        {{Enter}, "OK"},
+        {{Space}, "OK"},
+        {{Escape}, "Cancel"},
+        {{'A', Up}, ""},
+        {{Up, Up}, "up"},
+        {{Right, Space}, "Cancel"},
+        {{Down, Left, Space}, "OK"},
+        {{tab, Enter}, "Cancel"},
+        {{tab, tab, Up, Up, Down}, "up, up, down"},
+        {{tab, tab, Pad8, Pad2, Pad2}, "up, down, down"},
+        {{tab, tab, Left, Right, Pad4, Pad6, Up}, "up"},
+        {{tab, tab, Space, Enter}, "OK"},
+        {{tab, tab, tab, Space}, "OK"},
+        {{Enter, Escape}, "Cancel", Enter, 0},
+        {{Enter, Escape}, "Cancel", 0, Enter},
+        {{tab, Space}, "OK", tab, 0},
+    };
+    for (const auto& row : rows) {
+        trace_.clear();
+        Setting setting(noteOf());
+        setting.form.onKeyDown = swap(row.swallowedDown, 0);
+        setting.form.onKeyPress = swap(row.swallowedPress, 0);
+        inDialog(setting.form, [&] {
+            for (const int keyCode : row.keys) pressKey(keyCode);
+        });
+        EXPECT_EQ(trace_, row.trace) << "in row " << &row - rows;
+    }
+}
+
+TEST_F(Controls, HeldKeysAndThePointerWorkTheButtons) {
+    const Row<Setting> rows[] = {
+        {"Enter presses once", [](Setting&) { keyDown(Enter), keyDown(Enter); }, "OK"},
+        {"Escape presses once", [](Setting&) { keyDown(Escape), keyDown(Escape); }, "Cancel"},
+        {"Space waits until it is let go", [](Setting&) { keyDown(Space), keyDown(Space); }, ""},
+        {"and then presses once", [](Setting&) { keyDown(Space), keyDown(Space), keyUp(Space); }, "OK"},
+        {"Space let go on another control", [](Setting&) { keyDown(Space), pressKey(Tab), keyUp(Space); }, ""},
+        {"an arrow spins again and again", [](Setting& s) { s.spin.setFocus(), keyDown(Up), keyDown(Up); }, "up, up"},
+        {"Shift+Tab goes back", [](Setting&) { pressShiftTab(), pressKey(Up), pressShiftTab(), pressKey(Space); },
+         "up, Cancel"},
+        {"a click gives the focus", [](Setting& s) { click(s.cancel), pressKey(Enter); }, "Cancel, Cancel"},
+        {"a disabled button answers nothing",
+         [](Setting& s) { s.ok.setEnabled(false), click(s.ok), s.spin.setFocus(); }, ""},
+        {"nor Enter", [](Setting& s) { s.ok.setEnabled(false), s.spin.setFocus(), pressKey(Enter); }, ""},
+        {"the focus leaves what is disabled", [](Setting& s) { s.ok.setEnabled(false), pressKey(Space); }, "Cancel"},
+        {"another tab order", [](Setting& s) { s.spin.setTabIndex(1), pressKey(Tab), pressKey(Up); }, "up"},
+        {"the pressed button has the focus", [](Setting&) { pressKey(Escape), pressKey(Space); }, "Cancel, Cancel"},
+    };
+    for (const auto& row : rows) {
+        trace_.clear();
+        Setting setting(noteOf());
+        inDialog(setting.form, [&] { row.act(setting); });
+        EXPECT_EQ(trace_, row.result) << row.what;
+        for (const int code : {Enter, Escape, Space, Up, Tab}) keyUp(code);
+    }
+}
+
+TEST_F(Controls, ADialogAboveHasThemToItself) {
+    Setting below(noteOf("below "));
+    Setting above(noteOf("above "));
+    below.form.onLoad = [&] { note("below loads"); };
+    below.form.onActivate = [&] { note("below on top"); };
+    below.ok.onGotFocus = [&] { note("its first control"); };
+    above.form.onActivate = [&] { note("above on top"); };
+    above.form.onUnload = [&] { note("above unloads"); };
+    inDialog(below.form, [&] {
+        keyDown(Space);
+        inDialog(above.form, [&] {
+            click(below.ok);
+            keyDown(Space);
+            keyUp(Space);
+            for (const int code : {Tab, Space, Tab, Tab}) pressKey(code);
+            EXPECT_TRUE(above.ok.hasFocus()) << "round and round within the form";
+        });
+        EXPECT_TRUE(below.ok.hasFocus()) << "the focus is where it was";
+    });
+    EXPECT_EQ(trace_,
+              "below loads, below on top, its first control, above on top, above Cancel, above unloads, below on top");
+}
+
+TEST_F(Controls, TypedTextPassesTheHandlersAndPastedTextKeepsToTheLimit) {
+    const Row<Entry> rows[] = {
+        {"typed", [](Entry&) { typeText("Zo\u00EB \u0141\u4E2D, 7"); }, "Zo\u00EB \u0141\u4E2D, 7"},
+        {"the box swallows", [](Entry& e) { e.name.onKeyPress = swap('1', 0), typeText("a1b"); }, "ab"},
+        {"the form swallows", [](Entry& e) { e.form.onKeyPress = swap('1', 0), typeText("a1b"); }, "ab"},
+        {"the form swallows a key", [](Entry& e) { e.form.onKeyDown = swap('B', 0), typeText("abc"); }, "ac"},
+        {"another character", [](Entry& e) { e.name.onKeyPress = swap('o', 0xF6), typeText("aoc"); }, "a\u00F6c"},
+        {"a character outside Latin-1 is none of it",
+         [](Entry& e) { e.name.onKeyPress = swap(OtherCharacter, 0), typeText("\u0141\u4E2Dx\u200D\U0001F004\u00FF"); },
+         "x\u00FF"},
+        {"composed", [](Entry&) { composeText("Zo\u00EB\n \U0001F004"); }, "Zo\u00EB \U0001F004"},
+        {"the box swallows what is composed", [](Entry& e) { e.name.onKeyPress = swap('1', 0), composeText("a1b"); },
+         "ab"},
+        {"and the form too", [](Entry& e) { e.form.onKeyPress = swap('1', 0), composeText("a1b"); }, "ab"},
+        {"another one for what is composed",
+         [](Entry& e) { e.name.onKeyPress = swap(OtherCharacter, 0xF6), composeText("a\u0151"); }, "a\u00F6"},
+        {"a fourth of the second plane", [](Entry& e) { e.name.setMaxLength(3), typeText("\U0001F004\U0001F005bc"); },
+         "\U0001F004\U0001F005b"},
+        {"composed past the limit", [](Entry& e) { e.name.setMaxLength(2), composeText("a\U0001F004b"); },
+         "a\U0001F004"},
+        {"pasted past it in the middle",
+         [](Entry& e) {
+             e.name.setMaxLength(4), e.name.setText("a\U0001F004b"), e.name.select(2, 0), pasteText("xyz");
+         },
+         "a\U0001F004xb"},
+        {"set past it", [](Entry& e) { e.name.setMaxLength(2), e.name.setText("\U0001F004\U0001F005\U0001F006"); },
+         "\U0001F004\U0001F005"},
+        {"pasted past the filter", [](Entry& e) { e.name.onKeyPress = swap('1', 0), pasteText("a1"); }, "a1"},
+        {"pasted lines", [](Entry&) { pasteText("one\ntwo\tthree"); }, "one two three"},
+        {"instead of a selection",
+         [](Entry& e) { e.name.setText("a\U0001F004\U0001F005d"), e.name.select(1, 2), typeText("xyz"); }, "axyzd"},
+        {"of a selection beyond the end", [](Entry& e) { e.name.setText("abc"), e.name.select(1, 99), typeText("x"); },
+         "ax"},
+        {"Tab selects all", [](Entry& e) { e.name.setText("abcd"), pressKey(Tab), pressShiftTab(), typeText("x"); },
+         "x"},
+        {"Backspace passes filters",
+         [](Entry& e) { e.name.setText("12"), e.name.onKeyPress = swap('2', 0), pressKey(8); }, "1"},
+        {"a disabled box", [](Entry& e) { e.name.setEnabled(false), typeText("a"); }, ""},
+    };
+    for (const auto& row : rows)
+        inEntry([&](Entry& entry) {
+            row.act(entry);
+            EXPECT_EQ(entry.name.text(), row.result) << row.what;
+        });
+}
+
+TEST_F(Controls, HandlersFollowTheFocus) {
+    const auto notePlaces = [this](Entry& e) {
+        const std::pair<Control*, const char*> controls[] = {{&e.name, "name"}, {&e.town, "town"}, {&e.zip, "zip"}};
+        for (const auto& [control, what] : controls) {
+            control->onGotFocus = [this, what] { note(std::string(what) + " gets it"); };
+            control->onValidate = [this, what] { note(std::string(what) + " leaves"); };
+            control->onKeyUp = [this, what](int code) { note(std::string(what) + " up " + std::to_string(code)); };
+        }
+        e.print.onClick = [this] { note("print"); };
+    };
+    const Row<Entry> rows[] = {
+        {"Tab", [](Entry&) { pressKey(Tab); }, "name leaves, town gets it, town up 9"},
+        {"another tab order", [](Entry& e) { e.zip.setTabIndex(1), pressKey(Tab); },
+         "name leaves, zip gets it, zip up 9"},
+        {"a click", [](Entry& e) { click(e.town); }, "name leaves, town gets it"},
+        {"the program", [](Entry& e) { e.zip.setFocus(); }, "name leaves, zip gets it"},
+        {"where it is already", [](Entry& e) { e.name.setFocus(), click(e.name); }, ""},
+        {"an access key, which the form doesn't see",
+         [this](Entry& e) {
+             e.form.onKeyPress = [this](int&) { note("press"); };
+             e.print.setCaption("&Print"), pressAccessKey('P');
+         },
+         "name leaves, print"},
+        {"a key", [](Entry&) { typeText("a"); }, "name up 65"},
+        {"what is composed", [](Entry&) { composeText("\u0151"); }, "name up 255"},
+        {"a Tab that a handler asks for",
+         [](Entry& e) {
+             e.name.onKeyPress = [](int& c) {
+                 if (c == Enter) sendTab(), c = 0;
+             };
+             pressKey(Enter);
+         },
+         "name up 13, name leaves, town gets it, town up 9"},
+    };
+    for (const auto& row : rows)
+        inEntry([&](Entry& entry) {
+            notePlaces(entry);
+            row.act(entry);
+            run(200);
+            EXPECT_EQ(trace_, row.result) << row.what;
+        });
+}
+
+TEST_F(Controls, TheMaskTakesDigitsAtItsPlaces) {
+    const Row<Entry> rows[] = {
+        {"nothing", [](Entry&) {}, "     "},
+        {"no letters", [](Entry&) { typeText("9a0-7"); }, "907  "},
+        {"no sixth digit", [](Entry&) { typeText("123456"); }, "12345"},
+        {"over all that is selected", [](Entry& e) { typeText("12345"), e.zip.select(0, 5), typeText("7"); }, "7    "},
+        {"Backspace leaves a blank", [](Entry&) { typeText("123"), pressKey(8); }, "12   "},
+        {"cleared", [](Entry& e) { typeText("12"), e.zip.clear(); }, "     "},
+        {"the filter comes first", [](Entry& e) { e.zip.onKeyPress = swap('1', 0), typeText("1"), composeText("1"); },
+         "     "},
+    };
+    for (const auto& row : rows)
+        inEntry([&](Entry& entry) {
+            entry.zip.setFocus();
+            entry.zip.select(0, 0);
+            row.act(entry);
+            EXPECT_EQ(entry.zip.text(), row.result) << row.what;
+        });
+}
+
+TEST_F(Controls, KeysChooseARow) {
+    const Row<Entry> rows[] = {
+        {"nothing", [](Entry&) {}, ""},
+        {"a letter", [](Entry&) { typeText("a"); }, "Alaska"},
+        {"the same letter at once", [](Entry&) { typeText("aA"); }, "Alabama"},
+        {"and round at once", [](Entry&) { typeText("aaa"); }, "Alaska"},
+        {"a letter of no row", [](Entry&) { typeText("nx"); }, "Nevada"},
+        {"Down", [](Entry&) { pressKey(Down), pressKey(Down); }, "Alaska"},
+        {"Up", [](Entry&) { typeText("n"), pressKey(Up); }, "Alabama"},
+        {"Down at the end", [](Entry&) { typeText("n"), pressKey(Down); }, "Nevada"},
+        {"a swallowed letter", [](Entry& e) { e.state.onKeyPress = swap('a', 0), typeText("a"); }, ""},
+        {"cleared", [](Entry& e) { typeText("a"), e.state.clear(); }, ""},
+    };
+    for (const auto& row : rows)
+        inEntry([&](Entry& entry) {
+            for (const char* text : {"", "Alaska", "Alabama", "Nevada"}) entry.state.addItem(text);
+            EXPECT_EQ(qt::faceOf<QComboBox>(entry.state)->currentIndex(), -1) << "none is chosen at first";
+            entry.state.setFocus();
+            row.act(entry);
+            EXPECT_EQ(entry.state.text(), row.result) << row.what;
+        });
+}
+
+TEST_F(Controls, BoxesAndOptionsAreTickedAndChosen) {
+    const Row<Entry> rows[] = {
+        {"a click ticks", [](Entry& e) { click(e.copy); }, "copy 100"},
+        {"and clears", [](Entry& e) { click(e.copy), click(e.copy); }, "copy, copy 000"},
+        {"Space ticks", [](Entry& e) { e.copy.setFocus(), pressKey(Space); }, "copy 100"},
+        {"its access key", [](Entry& e) { e.copy.setCaption("Cop&y"), pressAccessKey('Y'); }, "copy 100"},
+        {"the program ticks silently", [](Entry& e) { e.copy.setValue(true); }, " 100"},
+        {"a click chooses", [](Entry& e) { click(e.near), click(e.far); }, "near, far 001"},
+        {"the program clears what was chosen", [](Entry& e) { click(e.far), e.far.setValue(false); }, "far 000"},
+        {"the program chooses silently", [](Entry& e) { e.far.setValue(true), e.near.setValue(true); }, " 010"},
+        {"an arrow chooses the next one", [](Entry& e) { click(e.near), pressKey(Right); }, "near, far 001"},
+        {"Tab comes to those that aren't chosen too",
+         [](Entry& e) {
+             e.far.setValue(true), e.copy.setFocus();
+             for (const int code : {int{Tab}, int{Space}, int{Tab}, int{Tab}, int{Space}}) pressKey(code);
+         },
+         "near, print 010"},
+        {"disabled ones",
+         [](Entry& e) { e.far.setEnabled(false), e.copy.setEnabled(false), click(e.far), click(e.copy); }, " 000"},
+    };
+    for (const auto& row : rows)
+        inEntry([&](Entry& e) {
+            e.copy.onClick = [&] { note("copy"); };
+            e.near.onClick = [&] { note("near"); };
+            e.far.onClick = [&] { note("far"); };
+            e.print.onClick = [&] { note("print"); };
+            row.act(e);
+            run(200);
+            trace_ += ' ';
+            for (const bool value : {e.copy.value(), e.near.value(), e.far.value()}) trace_ += value ? '1' : '0';
+            EXPECT_EQ(trace_, row.result) << row.what;
+        });
+}
+
+TEST_F(Controls, APanelTakesItsSizeFromItsCaption) {
+    inEntry([](Entry& e) {
+        Panel panel(e.panel, {10, 20, 100, 17});
+        const PanelLook cut{Bevel::Inset, Bevel::None, 2, 0xC0C0C0, 0, Align::Left, Fit::Cut};
+        PanelLook high = cut, wide = cut;
+        high.fit = Fit::Height;
+        wide.fit = Fit::Width;
+        panel.setFont({"Times New Roman", 9.75, true});
+        panel.setLook(high);
+        panel.setCaption("Amount");
+        const int oneLine = panel.place().height - 4;
+        EXPECT_GT(oneLine, 10);
+        EXPECT_LT(oneLine, 20);
+        panel.setCaption("Amount to be paid at once");
+        EXPECT_EQ(panel.place().height, 2 * oneLine + 4) << "two lines";
+        EXPECT_EQ(panel.place().width, 100);
+        panel.setLook(wide);
+        const int before = panel.place().width;
+        panel.setCaption("Amount to be paid at once, in cash");
+        EXPECT_GT(panel.place().width, before);
+        panel.setCaption("");
+        EXPECT_EQ(panel.place().width, 4) << "the bevels alone";
+    });
+}
+
+TEST_F(Controls, HelpOpensBesideTheWindowAndGoesWithIt) {
+    const auto help = [&](uint32_t command) { WinHelpA(main_->form, "no file", command, 0); };
+    const auto isOpen = [] {
+        return std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* window) {
+            return window->isVisible() && window->windowTitle() == "Program Help";
+        });
+    };
+    help(HELP_QUIT);
+    help(HELP_INDEX + 1);
+    EXPECT_FALSE(isOpen());
+    help(HELP_INDEX);
+    clickToolButton(1);
+    EXPECT_EQ(trace_, "tool 1") << "the window beside it takes clicks";
+    help(HELP_QUIT);
+    EXPECT_FALSE(isOpen());
+    help(HELP_INDEX);
+    Form dialog;
+    inDialog(dialog, [] {});
+    EXPECT_TRUE(isOpen()) << "a dialog comes and goes without it";
+    main_->form.unload();
+    EXPECT_FALSE(isOpen());
+}
+
+}  // namespace
