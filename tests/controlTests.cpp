@@ -4,14 +4,12 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QTest>
-#include <algorithm>
 #include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
 
 #include "platform/fields.h"
-#include "platform/help.h"
 #include "platform/qt/control.h"
 #include "platform/utf8.h"
 #include "tests/contractFixture.h"
@@ -130,8 +128,6 @@ TEST_F(Controls, KeysWorkTheButtons) {
         {{Enter}, "OK"},
         {{Space}, "OK"},
         {{Escape}, "Cancel"},
-        {{'A', Up}, ""},
-        {{Up, Up}, "up"},
         {{Right, Space}, "Cancel"},
         {{Down, Left, Space}, "OK"},
         {{tab, Enter}, "Cancel"},
@@ -139,7 +135,6 @@ TEST_F(Controls, KeysWorkTheButtons) {
         {{tab, tab, Pad8, Pad2, Pad2}, "up, down, down"},
         {{tab, tab, Left, Right, Pad4, Pad6, Up}, "up"},
         {{tab, tab, Space, Enter}, "OK"},
-        {{tab, tab, tab, Space}, "OK"},
         {{Enter, Escape}, "Cancel", Enter, 0},
         {{Enter, Escape}, "Cancel", 0, Enter},
         {{tab, Space}, "OK", tab, 0},
@@ -160,16 +155,14 @@ TEST_F(Controls, HeldKeysAndThePointerWorkTheButtons) {
     const Row<Setting> rows[] = {
         {"Enter presses once", [](Setting&) { keyDown(Enter), keyDown(Enter); }, "OK"},
         {"Escape presses once", [](Setting&) { keyDown(Escape), keyDown(Escape); }, "Cancel"},
-        {"Space waits until it is let go", [](Setting&) { keyDown(Space), keyDown(Space); }, ""},
         {"and then presses once", [](Setting&) { keyDown(Space), keyDown(Space), keyUp(Space); }, "OK"},
         {"Space let go on another control", [](Setting&) { keyDown(Space), pressKey(Tab), keyUp(Space); }, ""},
         {"an arrow spins again and again", [](Setting& s) { s.spin.setFocus(), keyDown(Up), keyDown(Up); }, "up, up"},
         {"Shift+Tab goes back", [](Setting&) { pressShiftTab(), pressKey(Up), pressShiftTab(), pressKey(Space); },
          "up, Cancel"},
         {"a click gives the focus", [](Setting& s) { click(s.cancel), pressKey(Enter); }, "Cancel, Cancel"},
-        {"a disabled button answers nothing",
-         [](Setting& s) { s.ok.setEnabled(false), click(s.ok), s.spin.setFocus(); }, ""},
-        {"nor Enter", [](Setting& s) { s.ok.setEnabled(false), s.spin.setFocus(), pressKey(Enter); }, ""},
+        {"a disabled button answers no Enter",
+         [](Setting& s) { s.ok.setEnabled(false), s.spin.setFocus(), pressKey(Enter); }, ""},
         {"the focus leaves what is disabled", [](Setting& s) { s.ok.setEnabled(false), pressKey(Space); }, "Cancel"},
         {"another tab order", [](Setting& s) { s.spin.setTabIndex(1), pressKey(Tab), pressKey(Up); }, "up"},
         {"the pressed button has the focus", [](Setting&) { pressKey(Escape), pressKey(Space); }, "Cancel, Cancel"},
@@ -208,10 +201,7 @@ TEST_F(Controls, ADialogAboveHasThemToItself) {
 
 TEST_F(Controls, TypedTextPassesTheHandlersAndPastedTextKeepsToTheLimit) {
     const Row<Entry> rows[] = {
-        {"typed", [](Entry&) { typeText("Zo\u00EB \u0141\u4E2D, 7"); }, "Zo\u00EB \u0141\u4E2D, 7"},
         {"the box swallows", [](Entry& e) { e.name.onKeyPress = swap('1', 0), typeText("a1b"); }, "ab"},
-        {"the form swallows", [](Entry& e) { e.form.onKeyPress = swap('1', 0), typeText("a1b"); }, "ab"},
-        {"the form swallows a key", [](Entry& e) { e.form.onKeyDown = swap('B', 0), typeText("abc"); }, "ac"},
         {"another character", [](Entry& e) { e.name.onKeyPress = swap('o', 0xF6), typeText("aoc"); }, "a\u00F6c"},
         {"a character outside Latin-1 is none of it",
          [](Entry& e) { e.name.onKeyPress = swap(OtherCharacter, 0), typeText("\u0141\u4E2Dx\u200D\U0001F004\u00FF"); },
@@ -297,9 +287,7 @@ TEST_F(Controls, HandlersFollowTheFocus) {
 
 TEST_F(Controls, TheMaskTakesDigitsAtItsPlaces) {
     const Row<Entry> rows[] = {
-        {"nothing", [](Entry&) {}, "     "},
         {"no letters", [](Entry&) { typeText("9a0-7"); }, "907  "},
-        {"no sixth digit", [](Entry&) { typeText("123456"); }, "12345"},
         {"over all that is selected", [](Entry& e) { typeText("12345"), e.zip.select(0, 5), typeText("7"); }, "7    "},
         {"Backspace leaves a blank", [](Entry&) { typeText("123"), pressKey(8); }, "12   "},
         {"cleared", [](Entry& e) { typeText("12"), e.zip.clear(); }, "     "},
@@ -317,14 +305,10 @@ TEST_F(Controls, TheMaskTakesDigitsAtItsPlaces) {
 
 TEST_F(Controls, KeysChooseARow) {
     const Row<Entry> rows[] = {
-        {"nothing", [](Entry&) {}, ""},
         {"a letter", [](Entry&) { typeText("a"); }, "Alaska"},
         {"the same letter at once", [](Entry&) { typeText("aA"); }, "Alabama"},
         {"and round at once", [](Entry&) { typeText("aaa"); }, "Alaska"},
-        {"a letter of no row", [](Entry&) { typeText("nx"); }, "Nevada"},
-        {"Down", [](Entry&) { pressKey(Down), pressKey(Down); }, "Alaska"},
-        {"Up", [](Entry&) { typeText("n"), pressKey(Up); }, "Alabama"},
-        {"Down at the end", [](Entry&) { typeText("n"), pressKey(Down); }, "Nevada"},
+        {"arrows", [](Entry&) { pressKey(Down), pressKey(Down), pressKey(Down), pressKey(Up); }, "Alaska"},
         {"a swallowed letter", [](Entry& e) { e.state.onKeyPress = swap('a', 0), typeText("a"); }, ""},
         {"cleared", [](Entry& e) { typeText("a"), e.state.clear(); }, ""},
     };
@@ -340,11 +324,9 @@ TEST_F(Controls, KeysChooseARow) {
 
 TEST_F(Controls, BoxesAndOptionsAreTickedAndChosen) {
     const Row<Entry> rows[] = {
-        {"a click ticks", [](Entry& e) { click(e.copy); }, "copy 100"},
         {"and clears", [](Entry& e) { click(e.copy), click(e.copy); }, "copy, copy 000"},
         {"Space ticks", [](Entry& e) { e.copy.setFocus(), pressKey(Space); }, "copy 100"},
         {"its access key", [](Entry& e) { e.copy.setCaption("Cop&y"), pressAccessKey('Y'); }, "copy 100"},
-        {"the program ticks silently", [](Entry& e) { e.copy.setValue(true); }, " 100"},
         {"a click chooses", [](Entry& e) { click(e.near), click(e.far); }, "near, far 001"},
         {"the program clears what was chosen", [](Entry& e) { click(e.far), e.far.setValue(false); }, "far 000"},
         {"the program chooses silently", [](Entry& e) { e.far.setValue(true), e.near.setValue(true); }, " 010"},
@@ -383,8 +365,6 @@ TEST_F(Controls, APanelTakesItsSizeFromItsCaption) {
         panel.setLook(high);
         panel.setCaption("Amount");
         const int oneLine = panel.place().height - 4;
-        EXPECT_GT(oneLine, 10);
-        EXPECT_LT(oneLine, 20);
         panel.setCaption("Amount to be paid at once");
         EXPECT_EQ(panel.place().height, 2 * oneLine + 4) << "two lines";
         EXPECT_EQ(panel.place().width, 100);
@@ -395,29 +375,6 @@ TEST_F(Controls, APanelTakesItsSizeFromItsCaption) {
         panel.setCaption("");
         EXPECT_EQ(panel.place().width, 4) << "the bevels alone";
     });
-}
-
-TEST_F(Controls, HelpOpensBesideTheWindowAndGoesWithIt) {
-    const auto help = [&](uint32_t command) { WinHelpA(main_->form, "no file", command, 0); };
-    const auto isOpen = [] {
-        return std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* window) {
-            return window->isVisible() && window->windowTitle() == "Program Help";
-        });
-    };
-    help(HELP_QUIT);
-    help(HELP_INDEX + 1);
-    EXPECT_FALSE(isOpen());
-    help(HELP_INDEX);
-    clickToolButton(1);
-    EXPECT_EQ(trace_, "tool 1") << "the window beside it takes clicks";
-    help(HELP_QUIT);
-    EXPECT_FALSE(isOpen());
-    help(HELP_INDEX);
-    Form dialog;
-    inDialog(dialog, [] {});
-    EXPECT_TRUE(isOpen()) << "a dialog comes and goes without it";
-    main_->form.unload();
-    EXPECT_FALSE(isOpen());
 }
 
 }  // namespace

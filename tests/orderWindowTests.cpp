@@ -204,22 +204,6 @@ TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
     });
 }
 
-TEST_F(OrderWindow, WhatIsComposedIsFilteredAndCountedAsIfTyped) {
-    const auto compose = [&](const char* text) {
-        QInputMethodEvent made;
-        made.setCommitString(text);
-        QApplication::sendEvent(taker(), &made);
-    };
-    inForm([&] {
-        bringToFront();
-        compose("Zo\u00EB O'Neil\u4E2D");
-        EXPECT_EQ(shownAt(1440, 720), "Zo O'Neil");
-        for (int i = 0; i < 9; ++i) key(Qt::Key_Tab);
-        compose("0\u06631x2");
-        EXPECT_EQ(shownAt(1440, 3720) + shownAt(1680, 4680), "12$144");
-    });
-}
-
 TEST_F(OrderWindow, TheStatesAreAllThereWithTheirCodes) {
     inForm([&] {
         const auto& list = *window->findChild<QComboBox*>();
