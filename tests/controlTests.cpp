@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QTest>
 #include <functional>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -95,11 +94,11 @@ struct Entry {
 };
 
 /// Something that is done in a dialog, and what comes of it.
-template <class Dialog, class Result = const char*>
+template <class Dialog>
 struct Row {
     const char* what;
     std::function<void(Dialog&)> act;
-    Result result;
+    const char* result;
 };
 
 class Controls : public Contract {
@@ -110,11 +109,18 @@ class Controls : public Contract {
         return [this, before](const std::string& what) { note(before + what); };
     }
 
-    /// Does that in a dialog of its own.
-    void inEntry(const std::function<void(Entry&)>& action) {
-        trace_.clear();
-        auto entry = std::make_unique<Entry>();
-        inDialog(entry->form, [&] { action(*entry); });
+    /// Does each in a dialog of its own, prepared so.
+    void expectRows(const std::vector<Row<Entry>>& rows, const std::function<void(Entry&)>& prepare,
+                    const std::function<std::string(Entry&)>& result) {
+        for (const Row<Entry>& row : rows) {
+            trace_.clear();
+            Entry entry;
+            inDialog(entry.form, [&] {
+                prepare(entry);
+                row.act(entry);
+                EXPECT_EQ(result(entry), row.result) << row.what;
+            });
+        }
     }
 };
 
@@ -200,7 +206,7 @@ TEST_F(Controls, ADialogAboveHasThemToItself) {
 }
 
 TEST_F(Controls, TypedTextPassesTheHandlersAndPastedTextKeepsToTheLimit) {
-    const Row<Entry> rows[] = {
+    const std::vector<Row<Entry>> rows = {
         {"the box swallows", [](Entry& e) { e.name.onKeyPress = swap('1', 0), typeText("a1b"); }, "ab"},
         {"another character", [](Entry& e) { e.name.onKeyPress = swap('o', 0xF6), typeText("aoc"); }, "a\u00F6c"},
         {"a character outside Latin-1 is none of it",
@@ -235,11 +241,8 @@ TEST_F(Controls, TypedTextPassesTheHandlersAndPastedTextKeepsToTheLimit) {
          [](Entry& e) { e.name.setText("12"), e.name.onKeyPress = swap('2', 0), pressKey(8); }, "1"},
         {"a disabled box", [](Entry& e) { e.name.setEnabled(false), typeText("a"); }, ""},
     };
-    for (const auto& row : rows)
-        inEntry([&](Entry& entry) {
-            row.act(entry);
-            EXPECT_EQ(entry.name.text(), row.result) << row.what;
-        });
+    expectRows(
+        rows, [](Entry&) {}, [](Entry& e) { return e.name.text(); });
 }
 
 TEST_F(Controls, HandlersFollowTheFocus) {
@@ -252,7 +255,7 @@ TEST_F(Controls, HandlersFollowTheFocus) {
         }
         e.print.onClick = [this] { note("print"); };
     };
-    const Row<Entry> rows[] = {
+    const std::vector<Row<Entry>> rows = {
         {"Tab", [](Entry&) { pressKey(Tab); }, "name leaves, town gets it, town up 9"},
         {"another tab order", [](Entry& e) { e.zip.setTabIndex(1), pressKey(Tab); },
          "name leaves, zip gets it, zip up 9"},
@@ -276,17 +279,11 @@ TEST_F(Controls, HandlersFollowTheFocus) {
          },
          "name up 13, name leaves, town gets it, town up 9"},
     };
-    for (const auto& row : rows)
-        inEntry([&](Entry& entry) {
-            notePlaces(entry);
-            row.act(entry);
-            run(200);
-            EXPECT_EQ(trace_, row.result) << row.what;
-        });
+    expectRows(rows, notePlaces, [this](Entry&) { return run(200), trace_; });
 }
 
 TEST_F(Controls, TheMaskTakesDigitsAtItsPlaces) {
-    const Row<Entry> rows[] = {
+    const std::vector<Row<Entry>> rows = {
         {"no letters", [](Entry&) { typeText("9a0-7"); }, "907  "},
         {"over all that is selected", [](Entry& e) { typeText("12345"), e.zip.select(0, 5), typeText("7"); }, "7    "},
         {"Backspace leaves a blank", [](Entry&) { typeText("123"), pressKey(8); }, "12   "},
@@ -294,17 +291,12 @@ TEST_F(Controls, TheMaskTakesDigitsAtItsPlaces) {
         {"the filter comes first", [](Entry& e) { e.zip.onKeyPress = swap('1', 0), typeText("1"), composeText("1"); },
          "     "},
     };
-    for (const auto& row : rows)
-        inEntry([&](Entry& entry) {
-            entry.zip.setFocus();
-            entry.zip.select(0, 0);
-            row.act(entry);
-            EXPECT_EQ(entry.zip.text(), row.result) << row.what;
-        });
+    expectRows(
+        rows, [](Entry& e) { e.zip.setFocus(), e.zip.select(0, 0); }, [](Entry& e) { return e.zip.text(); });
 }
 
 TEST_F(Controls, KeysChooseARow) {
-    const Row<Entry> rows[] = {
+    const std::vector<Row<Entry>> rows = {
         {"a letter", [](Entry&) { typeText("a"); }, "Alaska"},
         {"the same letter at once", [](Entry&) { typeText("aA"); }, "Alabama"},
         {"and round at once", [](Entry&) { typeText("aaa"); }, "Alaska"},
@@ -312,18 +304,16 @@ TEST_F(Controls, KeysChooseARow) {
         {"a swallowed letter", [](Entry& e) { e.state.onKeyPress = swap('a', 0), typeText("a"); }, ""},
         {"cleared", [](Entry& e) { typeText("a"), e.state.clear(); }, ""},
     };
-    for (const auto& row : rows)
-        inEntry([&](Entry& entry) {
-            for (const char* text : {"", "Alaska", "Alabama", "Nevada"}) entry.state.addItem(text);
-            EXPECT_EQ(qt::faceOf<QComboBox>(entry.state)->currentIndex(), -1) << "none is chosen at first";
-            entry.state.setFocus();
-            row.act(entry);
-            EXPECT_EQ(entry.state.text(), row.result) << row.what;
-        });
+    const auto fill = [](Entry& e) {
+        for (const char* text : {"", "Alaska", "Alabama", "Nevada"}) e.state.addItem(text);
+        EXPECT_EQ(qt::faceOf<QComboBox>(e.state)->currentIndex(), -1) << "none is chosen at first";
+        e.state.setFocus();
+    };
+    expectRows(rows, fill, [](Entry& e) { return e.state.text(); });
 }
 
 TEST_F(Controls, BoxesAndOptionsAreTickedAndChosen) {
-    const Row<Entry> rows[] = {
+    const std::vector<Row<Entry>> rows = {
         {"and clears", [](Entry& e) { click(e.copy), click(e.copy); }, "copy, copy 000"},
         {"Space ticks", [](Entry& e) { e.copy.setFocus(), pressKey(Space); }, "copy 100"},
         {"its access key", [](Entry& e) { e.copy.setCaption("Cop&y"), pressAccessKey('Y'); }, "copy 100"},
@@ -340,41 +330,39 @@ TEST_F(Controls, BoxesAndOptionsAreTickedAndChosen) {
         {"disabled ones",
          [](Entry& e) { e.far.setEnabled(false), e.copy.setEnabled(false), click(e.far), click(e.copy); }, " 000"},
     };
-    for (const auto& row : rows)
-        inEntry([&](Entry& e) {
-            e.copy.onClick = [&] { note("copy"); };
-            e.near.onClick = [&] { note("near"); };
-            e.far.onClick = [&] { note("far"); };
-            e.print.onClick = [&] { note("print"); };
-            row.act(e);
-            run(200);
-            trace_ += ' ';
-            for (const bool value : {e.copy.value(), e.near.value(), e.far.value()}) trace_ += value ? '1' : '0';
-            EXPECT_EQ(trace_, row.result) << row.what;
-        });
+    const auto notePresses = [this](Entry& e) {
+        e.copy.onClick = [this] { note("copy"); };
+        e.near.onClick = [this] { note("near"); };
+        e.far.onClick = [this] { note("far"); };
+        e.print.onClick = [this] { note("print"); };
+    };
+    expectRows(rows, notePresses, [this](Entry& e) {
+        run(200);
+        trace_ += ' ';
+        for (const bool value : {e.copy.value(), e.near.value(), e.far.value()}) trace_ += value ? '1' : '0';
+        return trace_;
+    });
 }
 
 TEST_F(Controls, APanelTakesItsSizeFromItsCaption) {
-    inEntry([](Entry& e) {
-        Panel panel(e.panel, {10, 20, 100, 17});
-        const PanelLook cut{Bevel::Inset, Bevel::None, 2, 0xC0C0C0, 0, Align::Left, Fit::Cut};
-        PanelLook high = cut, wide = cut;
-        high.fit = Fit::Height;
-        wide.fit = Fit::Width;
-        panel.setFont({"Times New Roman", 9.75, true});
-        panel.setLook(high);
-        panel.setCaption("Amount");
-        const int oneLine = panel.place().height - 4;
-        panel.setCaption("Amount to be paid at once");
-        EXPECT_EQ(panel.place().height, 2 * oneLine + 4) << "two lines";
-        EXPECT_EQ(panel.place().width, 100);
-        panel.setLook(wide);
-        const int before = panel.place().width;
-        panel.setCaption("Amount to be paid at once, in cash");
-        EXPECT_GT(panel.place().width, before);
-        panel.setCaption("");
-        EXPECT_EQ(panel.place().width, 4) << "the bevels alone";
-    });
+    Panel panel(main_->form, {10, 20, 100, 17});
+    const PanelLook cut{Bevel::Inset, Bevel::None, 2, 0xC0C0C0, 0, Align::Left, Fit::Cut};
+    PanelLook high = cut, wide = cut;
+    high.fit = Fit::Height;
+    wide.fit = Fit::Width;
+    panel.setFont({"Times New Roman", 9.75, true});
+    panel.setLook(high);
+    panel.setCaption("Amount");
+    const int oneLine = panel.place().height - 4;
+    panel.setCaption("Amount to be paid at once");
+    EXPECT_EQ(panel.place().height, 2 * oneLine + 4) << "two lines";
+    EXPECT_EQ(panel.place().width, 100);
+    panel.setLook(wide);
+    const int before = panel.place().width;
+    panel.setCaption("Amount to be paid at once, in cash");
+    EXPECT_GT(panel.place().width, before);
+    panel.setCaption("");
+    EXPECT_EQ(panel.place().width, 4) << "the bevels alone";
 }
 
 }  // namespace
