@@ -3,7 +3,6 @@
 #include <functional>
 
 #include "forms/orderSheet.h"
-#include "platform/runtime.h"
 #include "platform/sim/simulation.h"
 #include "tests/expectedSheet.h"
 #include "tests/gameFixture.h"
@@ -100,15 +99,6 @@ TEST_F(Sheet, HoldsTheOrderInItsColumns) {
             EXPECT_FALSE(line.font.bold);
         }
     }
-}
-
-TEST_F(Sheet, WhatWasPrintedBeforeAFailureGoesOutWhenTheDocumentIsEnded) {
-    OrderSheet order = fullOrder();
-    order.txtOrderInfo[7] = "9e99";  // a price beyond all numbers
-    EXPECT_THROW(print(order), RuntimeError);
-    EXPECT_TRUE(sim::sheets().empty());
-    platform::printer().endDoc();
-    EXPECT_EQ(sheet(), fullSheet.substr(0, fullSheet.find("  3 Copies")));
 }
 
 TEST_F(Sheet, ThePrintersFontComesBack) {
