@@ -152,21 +152,4 @@ TEST_F(Commands, TheFallStandsWhileTheSeatIsDrawn) {
     EXPECT_EQ(game->mintCurRow, noRow) << "another hand";
 }
 
-TEST_F(Commands, NothingBeginsBeforeStartAnew) {
-    for (int button = Button::Level; button <= Button::Gap; ++button) {
-        sim::post([button] {
-            if (button == Button::Level) sim::chooseMenuItem(2);
-            if (button == Button::RoundsSetting || button == Button::About || button == Button::HighScores)
-                sim::pressKey(platform::key::Escape);
-            if (button == Button::Order) sim::press(gfrmOrder->cmdClose);
-        });
-        sim::clickToolButton(button);
-        for (const int key : {37, 39, 40, 13}) sim::pressKey(key);
-        sim::runFor(1000);
-        EXPECT_FALSE(game->Timer1.enabled()) << button;
-        EXPECT_EQ(game->mintTilesDropped, 0) << button;
-    }
-    EXPECT_TRUE(sim::messages().empty());
-}
-
 }  // namespace

@@ -72,7 +72,9 @@ TEST_F(Dialogs, TheChooserStaysUntilEnterAndTheFallStands) {
         if (sim::modalDepth() == 0 || asked) return;
         asked = true;
         for (const int key : {int{Escape}, int{Space}, int{'Q'}}) sim::pressKey(key);
+        for (const int x : {365, 470, 560}) sim::clickAt(x, 460);
         EXPECT_EQ(sim::modalDepth(), 1);
+        EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 1);
         sim::postAfter(5000, [&] {
             EXPECT_EQ(game->mintTilesDropped, 1);
             sim::clickToolButton(Button::StartAnew);  // refused while the dialog is open

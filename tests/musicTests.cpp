@@ -55,19 +55,6 @@ class GameMusic : public GameFixture {
     std::vector<double> begun;  ///< Milliseconds.
 };
 
-TEST_F(GameMusic, ThePieceIsOpenAndStillAfterTheStart) {
-    const platform::MMControl& device = game->mmcZQT;
-    EXPECT_TRUE(game->mblnMusicReady);
-    EXPECT_EQ(device.deviceType(), "Sequencer");
-    EXPECT_EQ(device.fileName(), platform::programFile("mendel1.mid"));
-    EXPECT_TRUE(device.wait());
-    EXPECT_FALSE(device.shareable());
-    EXPECT_EQ(device.updateInterval(), 0);
-    EXPECT_EQ(device.mode(), 525);
-    sim::runFor(1000);
-    EXPECT_EQ(trace, "");
-}
-
 TEST_F(GameMusic, ItFollowsTheCommands) {
     constexpr int endOfMatch = 0;  // instead of a button
     using namespace Button;

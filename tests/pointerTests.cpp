@@ -12,7 +12,6 @@
 #include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
 #include "platform/desktop.h"
-#include "play/frmChooseTiles.h"
 #include "presentation/commands.h"
 #include "tests/windowFixture.h"
 
@@ -44,25 +43,6 @@ class Pointer : public Window {
         QTest::mouseClick(window->windowHandle(), button, Qt::NoModifier, at);
     }
 };
-
-TEST_F(Pointer, AnOfferIsAnsweredByKeysAlone) {
-    startMatch();
-    bool asked = false;
-    whenOpen(gfrmChooseTiles, [&] {
-        asked = true;
-        for (const QPoint& at : {QPoint(365, 460), QPoint(470, 460), QPoint(560, 460)}) {
-            clickAt(at);
-            ASSERT_TRUE(gfrmChooseTiles.isOpen()) << at.x();
-            EXPECT_EQ(gfrmChooseTiles->mintCurEntry, 1) << at.x();
-        }
-        press(Qt::Key_Return);
-    });
-    nextTile(1);
-    for (const int column : {3, 4}) game->CellTable[12][column].fill(game->TileKinds[1]);
-    press(Qt::Key_Down);
-    EXPECT_TRUE(waitFor([&] { return asked && gfrmChooseTiles.empty(); }));
-    EXPECT_EQ(game->mintHandCount, 2);
-}
 
 TEST_F(Pointer, AtRestItChoosesNothingAndItsClickDrawsASeat) {
     const QPoint onThird(270 + 134 + 15, 163 + 108 + 20), besideThem(270 + 10, 163 + 10);

@@ -101,22 +101,6 @@ TEST_F(Tally, EachHandHasItsItemsAndDoubles) {
     EXPECT_TRUE(sim::messages().empty());
 }
 
-TEST_F(Tally, WhatIsOwnCountsFromTheHouse) {
-    const char* const winds[] = {"E", "S", "W", "N"};
-    for (int house = 1; house <= seatCount; ++house)
-        for (int seat = 1; seat <= seatCount; ++seat) {
-            const int place = (seat - house + 4) % 4;
-            const std::string own = std::to_string(place + 1);
-            const std::string other = std::to_string((place + 1) % 4 + 1);
-            const std::string wind = winds[place];
-            tally("c1 c2 c3 b4 b4 b4 w5 w5 w5 " + wind + " " + wind + " " + wind + " *b2 b2 | s" + own + " f" + own +
-                      " s" + other + " f" + other,
-                  seat, house, (place + 1) % 4 + 1);
-            EXPECT_EQ(gstrScoreDesc, "Own Season Tile,Own Flower Tile,Own Wind Trio,Mixed Hand")
-                << "seat " << seat << " house " << house;
-        }
-}
-
 TEST_F(Tally, ThePairMovesBehindTheSetsWheneverItWasTaken) {
     for (const char* hand : {"*R R c1 c2 c3 b4 b4 b4 w5 w5 w5 E E E", "c1 c2 c3 *R R b4 b4 b4 w5 w5 w5 E E E",
                              "c1 c2 c3 b4 b4 b4 *R R w5 w5 w5 E E E", "c1 c2 c3 b4 b4 b4 w5 w5 w5 *R R E E E",
@@ -126,33 +110,6 @@ TEST_F(Tally, ThePairMovesBehindTheSetsWheneverItWasTaken) {
         for (const std::string& name : words("c1 c2 c3 b4 b4 b4 w5 w5 w5 E E E R R"))
             EXPECT_EQ(game->EarnedTiles[slot++].Tile.KindIdx, kindOf(name)) << hand << " slot " << slot - 1;
         EXPECT_EQ(gstrScoreDesc, "Prevailing Wind Trio,Own Wind Trio,Mixed Hand") << hand;
-    }
-}
-
-TEST_F(Tally, ALevelAsksForItsLeastDoubles) {
-    beginHand();
-    for (int level = 1; level <= 5; ++level)
-        for (int doubles = 0; doubles <= 5; ++doubles) {
-            game->mlngLevel = level;
-            game->mintDoubles = narrow16(doubles);
-            EXPECT_EQ(game->mlngfHandPoints(), doubles < level - 1 ? 0 : 50 << doubles)
-                << doubles << " doubles at Level " << level;
-        }
-}
-
-TEST_F(Tally, SetsEarnPointsAsTheyAreTaken) {
-    struct {
-        int kind;
-        bool dropKey;
-        int points;
-    } const cases[] = {{trioOfTiles, false, 2},    {trioOfTiles, true, 4}, {sequenceOfTiles, false, 1},
-                       {sequenceOfTiles, true, 2}, {pairOfTiles, true, 0}, {singleTile, true, 0}};
-    beginHand();
-    for (const auto& row : cases) {
-        game->mlngScore = 0;
-        game->mblnDropKeyUsed = row.dropKey;
-        game->msUpdateScore(row.kind, false);
-        EXPECT_EQ(game->mlngScore, row.points) << row.kind;
     }
 }
 
