@@ -44,23 +44,6 @@ TEST_F(Dialogs, TheHighlightRunsRoundTheEntries) {
     }
 }
 
-TEST_F(Dialogs, ThirteenEntriesAreReportedAndStillDecline) {
-    const auto form = chooser(12);
-    PossibleTiles[12][1].fill(game->TileKinds[1]);
-    form->maintRows.resize(12);
-    form->maintCols.resize(12);
-    form->msLoadTiles();
-    EXPECT_EQ(form->mintNumEntries, 13);
-    form->mintCurEntry = 12;
-    form->Form_KeyDown(Right);
-    EXPECT_EQ(form->mintCurEntry, 13);
-    form->Form_KeyPress(Enter);
-    EXPECT_EQ(form->mprpCellTableCol() + form->mprpCellTableRow() + form->mprpNumTiles(), 0);
-    const std::vector<std::string> expected = {"Error In msLoadTiles: Error 9 - Subscript out of range",
-                                               "Error In msHiLiteTiles: Error 9 - Subscript out of range"};
-    EXPECT_EQ(sim::messages(), expected);
-}
-
 TEST_F(Dialogs, TheChooserStaysUntilEnterAndTheFallStands) {
     beginHand();
     sim::runFor(500);

@@ -144,30 +144,23 @@ TEST_F(GameMusic, WithoutPieceOrDeviceTheGameIsSilentAndSaysNothing) {
     }
 }
 
-TEST_F(GameMusic, OnlyADeviceThatStandsOpenIsClosedAtTheEnd) {
+TEST_F(GameMusic, ADeviceThatStandsOpenIsNotOpenedAgainAndClosedAtTheEnd) {
     constexpr const char* noPiece = "";
     struct {
-        const char* file;
-        const char* lastCommand;
-    } const rows[] = {{noPiece, "Close"}, {"piece.mid", "Open"}};
+        const char *file, *secondCommand, *lastCommand;
+    } const rows[] = {{noPiece, "Next", "Close"}, {"piece.mid", "Open", "Open"}};
     for (const auto& row : rows) {
         platform::MMControl& device = game->mmcZQT;
         device.setCommand("Close");
         EXPECT_TRUE(gblnfInitMCI(device, true, false, 0, row.file, "Sequencer"));
         EXPECT_EQ(device.command(), "Open");
+        device.setCommand("Next");
+        EXPECT_TRUE(gblnfInitMCI(device, true, false, 0, row.file, "Sequencer"));
+        EXPECT_EQ(device.command(), row.secondCommand) << row.file;
         EXPECT_THROW(game->msExitProgram(), sim::ProcessEnded);
         EXPECT_EQ(device.command(), row.lastCommand) << row.file;
         restart();
     }
-}
-
-TEST_F(GameMusic, ADeviceThatStandsOpenIsNotOpenedAgain) {
-    platform::MMControl& device = game->mmcZQT;
-    device.setCommand("Close");
-    EXPECT_TRUE(gblnfInitMCI(device, true, false, 0, "", "Sequencer"));
-    device.setCommand("Next");
-    EXPECT_TRUE(gblnfInitMCI(device, true, false, 0, "piece.mid", "Sequencer"));
-    EXPECT_EQ(device.command(), "Next");
 }
 
 TEST(MusicDevice, PlaysFromWhereItStands) {

@@ -138,20 +138,6 @@ TEST_F(Sound, DeviceIsOpenOnlyWhileSomethingSounds) {
     EXPECT_LT(silence, framesIn(2500));
 }
 
-TEST_F(Sound, ClosedDeviceSoundsAtOnceOnceTheFontIsLoaded) {
-    const auto file = write("short.mid", piece(woodBlock, {{0, 100, 60}}, 200));
-    std::chrono::steady_clock::duration quickest = 1h;
-    for (int attempt = 0; attempt < 8 && quickest > 300ms; ++attempt) {
-        await("the device to close", [&] { return !ear_->deviceOpen(); });
-        const size_t before = ear_->now();
-        const auto begun = std::chrono::steady_clock::now();
-        beginAndAwaitSound(file);
-        if (attempt > 0) quickest = std::min(quickest, std::chrono::steady_clock::now() - begun);
-        EXPECT_LT(ear_->heard().firstAbove(audible, before), before + framesIn(150)) << "no silence comes first";
-    }
-    EXPECT_LT(quickest, 300ms);
-}
-
 TEST_F(Sound, PieceThatIsBegunAnewAfterItsEndRingsOn) {
     const auto file = write("bell.mid", piece(bell, {{300, 100, 60}}, 600));
     uint64_t performance = beginAndAwaitSound(file);
@@ -342,25 +328,20 @@ TEST_F(Sound, DeviceThatVanishesIsOpenedAnewByTheNextBeginning) {
     EXPECT_EQ(thread_->stateOf(performance), State::Going);
 }
 
-TEST_F(Sound, LastOfManyWishesCountsAndNoneIsWaitedFor) {
+TEST_F(Sound, LastOfManyWishesCounts) {
     const auto file = write("organ.mid", piece(organ, {{0, 9000, 60}}, 9000));
     const auto thunder = write("thunder.wav", plateau(50));
-    auto longest = std::chrono::steady_clock::duration::max();
     for (const bool playing : {true, false}) {
-        auto longestNow = std::chrono::steady_clock::duration::zero();
         uint64_t performance = 0;
         for (int press = 0; press < 60; ++press) {
-            const auto begun = std::chrono::steady_clock::now();
             if (press % 2 == 0)
                 performance = thread_->begin(file);
             else
                 thread_->setPlaying(performance, false);
             if (press % 3 == 0) thread_->playSound(thunder);
             thread_->stateOf(performance);
-            longestNow = std::max(longestNow, std::chrono::steady_clock::now() - begun);
             std::this_thread::sleep_for(std::chrono::milliseconds(press));
         }
-        longest = std::min(longest, longestNow);
         if (playing) {
             beginAndAwaitSound(file);
             awaitFrames(framesIn(500));
@@ -371,7 +352,6 @@ TEST_F(Sound, LastOfManyWishesCountsAndNoneIsWaitedFor) {
             await("silence", [&] { return !ear_->deviceOpen(); });
         }
     }
-    EXPECT_LT(longest, 50ms);
 }
 
 TEST_F(Sound, ProgramMayEndWhileTheFontIsLoading) {
