@@ -92,6 +92,7 @@ TEST_F(Commands, TheLineTellsHowThingsStand) {
         {"as it opens", [] {}, "Start Anew (F2) begins a match"},
         {"Pause before a match", press(Button::Pause), "Start Anew (F2) begins a match"},
         {"Stop before a match", press(Button::Stop), "Start Anew (F2) begins a match"},
+        {"a dialog before a match", highScores, "Start Anew (F2) begins a match"},
         {"a match begins", [this] { startMatch(); }, ""},
         {"Pause", press(Button::Pause), "Paused"},
         {"Pause again", press(Button::Pause), ""},

@@ -45,87 +45,66 @@ class Transcript {
         hand_ = game.mlngHandNumber;
         landed_ = 0;
         over_ = false;
-        add() << "Hand " << hand_ << ": seat " << winds[game.mlngSeat - 1] << ", House on " << winds[game.mlngHouse - 1]
-              << ", round " << winds[game.mlngRoundWind - 1];
+        add("Hand ", hand_, ": seat ", winds[game.mlngSeat - 1], ", House on ", winds[game.mlngHouse - 1], ", round ",
+            winds[game.mlngRoundWind - 1]);
     }
 
     void tellLanding(const frmMain& game) {
         landed_ = game.mintTilesDropped;
         CellInfo tile;
         tile.fill(game.TileKinds[game.TileKindOf[game.mintCurTile]]);
-        add() << std::setw(5) << landed_ << std::setw(9) << std::fixed << std::setprecision(3) << sim::now() / 1000
-              << " s  " << std::setw(2) << std::left << tileName(tile) << " lands in row " << row_ << ", column "
-              << game.mintCurCol;
+        add(std::setw(5), landed_, std::setw(9), std::fixed, std::setprecision(3), sim::now() / 1000, " s  ",
+            std::setw(2), std::left, tileName(tile), " lands in row ", row_, ", column ", game.mintCurCol);
     }
 
     void tellOffer() {
         if (chooser_ == gfrmChooseTiles.hold()) return;
         chooser_ = gfrmChooseTiles.hold();
-        candidates_.clear();
+        offered_.clear();
         for (int i = 1; i < chooser_->mintNumEntries; ++i) {
             std::string tiles;
             for (const CellInfo& tile : PossibleTiles[i])
                 if (tile.Filled) tiles += (tiles.empty() ? "" : " ") + tileName(tile);
-            candidates_.push_back(tiles);
-            add() << "            " << tiles << " at row " << chooser_->maintRows[i] << ", column "
-                  << chooser_->maintCols[i];
+            const auto count = static_cast<int>(words(tiles).size());
+            offered_.push_back({tiles, {chooser_->maintRows[i], chooser_->maintCols[i], count}});
+            add("            ", tiles, " at row ", chooser_->maintRows[i], ", column ", chooser_->maintCols[i]);
         }
-        rows_ = chooser_->maintRows;
-        columns_ = chooser_->maintCols;
     }
 
     /// What the player answered to the last offer, once its chooser is gone.
     void tellAnswer() {
         if (!chooser_ || (gfrmChooseTiles.isOpen() && gfrmChooseTiles.hold() == chooser_)) return;
-        const int row = chooser_->mprpCellTableRow();
-        const int column = chooser_->mprpCellTableCol();
-        const int tiles = chooser_->mprpNumTiles();
+        const Candidate taken = {chooser_->mprpCellTableRow(), chooser_->mprpCellTableCol(), chooser_->mprpNumTiles()};
         chooser_.reset();
-        if (tiles == 0) {
-            add() << "        passes";
-            return;
-        }
-        for (size_t i = 0; i < candidates_.size(); ++i)
-            if (rows_[static_cast<int>(i) + 1] == row && columns_[static_cast<int>(i) + 1] == column &&
-                words(candidates_[i]).size() == static_cast<size_t>(tiles))
-                add() << "        takes " << candidates_[i] << ", score " << gfrmMain->mlngScore;
+        if (taken.tiles == 0) return add("        passes");
+        for (const auto& [tiles, candidate] : offered_)
+            if (candidate == taken) add("        takes ", tiles, ", score ", gfrmMain->mlngScore);
     }
 
     void tellEnd(const selfplay::HandReport& hand) {
         tellAnswer();
         over_ = true;
-        add() << (hand.won ? "  won" : "  lost") << " after " << hand.tiles << " tiles, score " << hand.score;
+        add(hand.won ? "  won" : "  lost", " after ", hand.tiles, " tiles, score ", hand.score);
         if (!hand.won) return;
         std::istringstream items(hand.items);
         for (std::string item; std::getline(items, item, ',');)
-            add() << "        " << item << ": " << scoringItemNamed(item)->doubles;
-        add() << "        doubles " << hand.doubles << ", points " << hand.points;
+            add("        ", item, ": ", scoringItemNamed(item)->doubles);
+        add("        doubles ", hand.doubles, ", points ", hand.points);
     }
 
-    /// A line to be filled; the stream ends with the statement.
-    struct Line {
-        std::vector<std::string>& lines;
-        std::ostringstream text;
-        ~Line() { lines.push_back(text.str()); }
-        template <class Value>
-        Line& operator<<(const Value& value) {
-            text << value;
-            return *this;
-        }
-        Line& operator<<(std::ios_base& (*manipulator)(std::ios_base&)) {
-            text << manipulator;
-            return *this;
-        }
-    };
-    Line add() { return {lines, {}}; }
+    template <class... Parts>
+    void add(const Parts&... parts) {
+        std::ostringstream line;
+        (line << ... << parts);
+        lines.push_back(line.str());
+    }
 
     uint32_t hand_ = 0;
     int landed_ = 0;   // tiles of the hand
     int16_t row_ = 0;  // of the falling tile, as it was last seen
     bool over_ = true;
     std::shared_ptr<frmChooseTiles> chooser_;  // open, or its answer not yet told
-    std::vector<std::string> candidates_;
-    DynamicTable<int16_t> rows_, columns_;
+    std::vector<std::pair<std::string, Candidate>> offered_;
 };
 
 std::vector<std::string> handsOf(uint32_t seed, int level, int hands) {

@@ -178,21 +178,6 @@ TEST_F(Sound, MusicThatWasCutOffLeavesNothingBehind) {
     }
 }
 
-TEST_F(Sound, PausedMusicGoesOnWhereItWas) {
-    const auto file = write("two.mid", piece(woodBlock, {{0, 100, 60}, {800, 100, 60}}, 1000));
-    const uint64_t performance = beginAndAwaitSound(file);
-    awaitFrames(framesIn(400));
-    thread_->setPlaying(performance, false);
-    await("the device to close", [&] { return !ear_->deviceOpen(); });
-    EXPECT_EQ(thread_->stateOf(performance), State::Going);
-    const size_t before = ear_->now();
-    thread_->setPlaying(performance, true);
-    await("the end", [&] { return thread_->stateOf(performance) == State::Ended; });
-    const Heard heard = ear_->heard();
-    EXPECT_LT(heard.firstAbove(audible, before), before + framesIn(500)) << "the second note, not the first";
-    EXPECT_LT(heard.frames.size(), before + framesIn(900)) << "the end";
-}
-
 TEST_F(Sound, ThunderSoundsWithMusicAndWithout) {
     const auto file = write("organ.mid", piece(organ, {{0, 9000, 60}}, 9000));
     const auto thunder = write("thunder.wav", plateau(500));

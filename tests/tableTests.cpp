@@ -116,16 +116,6 @@ TEST_F(Table, ATakenSetLeavesTheBoardAndStandsAmongTheEarned) {
     EXPECT_TRUE(table().nextTile("b1").tile(5, 1, "w9").isSeenOn(shown)) << "with the next tile";
 }
 
-TEST_F(Table, AllEarnedTilesStandInTheirTwoRows) {
-    const std::string all = "c1 c2 c3 b4 b4 b4 w5 w6 w7 R R R *E E | s1 s2 s3 s4 f1 f2 f3 f4";
-    dealHand("c1", 1);
-    setHand(all);
-    nextTile();
-    std::string names = all;
-    names.erase(names.find('*'), 1);
-    EXPECT_TRUE(ExpectedTable().seats(1, 1, 1).score("0").tile(5, 1, "c1").earned(names).isSeenOn(shown));
-}
-
 TEST_F(Table, AStrikeStandsUnderTheEarnedTilesAndNothingElseIsShownWithIt) {
     dealHand("c1", 1);
     setHand("c1 c2 c3 c4 c5 c6 R R R b1 b1 b1 *E E | s1 s2 s3 s4 f1 f2 f3 f4");
