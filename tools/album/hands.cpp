@@ -19,11 +19,11 @@ namespace {
 
 constexpr QPoint emptyPlace{690, 440};  // on the table, clear of all dialogs of a match
 
-const std::map<int, Qt::Key> keys = {
-    {platform::key::Left, Qt::Key_Left},    {platform::key::Right, Qt::Key_Right},
-    {platform::key::Up, Qt::Key_Up},        {platform::key::Down, Qt::Key_Down},
-    {platform::key::Enter, Qt::Key_Return}, {platform::key::Escape, Qt::Key_Escape},
-};
+const std::map<int, Qt::Key> keys = {{platform::key::Left, Qt::Key_Left},
+                                     {platform::key::Right, Qt::Key_Right},
+                                     {platform::key::Down, Qt::Key_Down},
+                                     {platform::key::Enter, Qt::Key_Return},
+                                     {platform::key::Escape, Qt::Key_Escape}};
 
 }  // namespace
 

@@ -70,9 +70,12 @@ void Player::chooseTiles() const {
     hands_.press(platform::key::Enter);
 }
 
+/// By the arrows' own handlers, since what their keys do is the desktop's.
 void Player::spinRounds() const {
-    const int shown = std::stoi(gfrmRoundsSetting->sspNumRounds.caption());
-    hands_.press(shown == rounds_ ? platform::key::Enter : shown < rounds_ ? platform::key::Up : platform::key::Down);
+    frmRoundsSetting& setting = *gfrmRoundsSetting.hold();
+    const int shown = std::stoi(setting.sspNumRounds.caption());
+    if (shown == rounds_) return hands_.press(platform::key::Enter);
+    shown < rounds_ ? setting.SpinButton1.onSpinUp() : setting.SpinButton1.onSpinDown();
 }
 
 /// Moves the tile over the column that suits it best and drops it.
