@@ -73,9 +73,9 @@ void Player::chooseTiles() const {
 /// By the arrows' own handlers, since what their keys do is the desktop's.
 void Player::spinRounds() const {
     frmRoundsSetting& setting = *gfrmRoundsSetting.hold();
-    const int shown = std::stoi(setting.sspNumRounds.caption());
-    if (shown == rounds_) return hands_.press(platform::key::Enter);
-    shown < rounds_ ? setting.SpinButton1.onSpinUp() : setting.SpinButton1.onSpinDown();
+    for (int shown = std::stoi(setting.sspNumRounds.caption()); shown != rounds_; shown += shown < rounds_ ? 1 : -1)
+        shown < rounds_ ? setting.SpinButton1.onSpinUp() : setting.SpinButton1.onSpinDown();
+    hands_.press(platform::key::Enter);
 }
 
 /// Moves the tile over the column that suits it best and drops it.
