@@ -99,7 +99,6 @@ class Panel {
     void setFont(const Font& font);            ///< Of its caption.
     void setCaption(const std::string& text);  ///< UTF-8; what reaches beyond the bevels isn't seen.
     std::string caption() const;               ///< As it was set last; empty at first.
-    Place place() const;                       ///< On what holds it, with the size that its caption gave it.
 
     struct Impl;
     Impl& impl() { return *impl_; }  ///< For the other classes of the same back end.

@@ -27,8 +27,6 @@ void qt::setPlace(QWidget& widget, const Place& place) {
     widget.setGeometry(place.left, place.top, place.width, place.height);
 }
 
-Place qt::placeOf(const QWidget& widget) { return {widget.x(), widget.y(), widget.width(), widget.height()}; }
-
 void qt::makeRoom(QWidget& widget) {
     widget.resize(std::max(widget.width(), widget.sizeHint().width()), widget.height());
 }

@@ -25,9 +25,6 @@ const QPalette& classicPalette();
 /// Gives the widget its place on its parent.
 void setPlace(QWidget& widget, const Place& place);
 
-/// The widget's place on its parent.
-Place placeOf(const QWidget& widget);
-
 /// Gives the widget, at its right, the room that its texts lack.
 void makeRoom(QWidget& widget);
 

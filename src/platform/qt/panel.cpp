@@ -103,8 +103,6 @@ class Panel::Impl::Face : public QLabel {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    bool showsGround() const;
-
     PanelLook look_;
 };
 
@@ -136,16 +134,10 @@ void Panel::Impl::Face::fit() {
     setAlignment(qt::alignmentOf(look_.align) | (tooHigh ? Qt::AlignBottom : Qt::AlignVCenter));
 }
 
-/// On a panel of its own colour it leaves the ground as it is: else it would cut a letter that reaches under its edge.
-bool Panel::Impl::Face::showsGround() const {
-    const auto* const ground = dynamic_cast<const Face*>(parentWidget());
-    return ground != nullptr && ground->look_.back == look_.back;
-}
-
 void Panel::Impl::Face::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     QRect inside = rect();
-    if (!showsGround()) painter.fillRect(inside, palette().window());
+    painter.fillRect(inside, palette().window());
     for (const Bevel bevel : {look_.outer, look_.inner}) {
         if (bevel == Bevel::None) continue;
         qDrawShadePanel(&painter, inside, palette(), bevel == Bevel::Inset, look_.bevelWidth);
@@ -181,7 +173,5 @@ void Panel::setCaption(const std::string& text) {
 }
 
 std::string Panel::caption() const { return impl_->face->text().toStdString(); }
-
-Place Panel::place() const { return qt::placeOf(*impl_->face.get()); }
 
 }  // namespace platform

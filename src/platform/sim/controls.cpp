@@ -1,13 +1,9 @@
 #include <algorithm>
-#include <cmath>
-#include <iomanip>
-#include <sstream>
 #include <utility>
 
 #include "platform/fields.h"
 #include "platform/sim/state.h"
 #include "platform/tabOrder.h"
-#include "platform/text.h"
 #include "platform/utf8.h"
 
 namespace sim {
@@ -35,45 +31,7 @@ void append(Control& field, int character) {
         platform::appendCharacter(field.text, static_cast<char32_t>(character));
 }
 
-std::string nameOf(platform::Bevel bevel) {
-    return bevel == platform::Bevel::None ? "flat" : bevel == platform::Bevel::Inset ? "inset" : "raised";
-}
-
-std::string nameOf(platform::Align align) {
-    return align == platform::Align::Left ? "left" : align == platform::Align::Right ? "right" : "centre";
-}
-
-/// Writes what all controls have: place, caption and font.
-std::ostream& writeBasics(std::ostream& line, const platform::Place& place, const std::string& caption,
-                          const platform::Font& font) {
-    return line << place.left << ',' << place.top << ' ' << place.width << 'x' << place.height << " '" << caption
-                << "' " << font.name << ' ' << font.points << (font.bold ? " bold" : "");
-}
-
-std::string lineOf(const platform::Panel::Impl& panel) {
-    std::ostringstream line;
-    const platform::PanelLook& look = panel.look;
-    writeBasics(line, panel.place, panel.caption, panel.font);
-    line << ' ' << nameOf(look.align) << ' ' << nameOf(look.outer) << ' ' << nameOf(look.inner) << ' '
-         << look.bevelWidth << std::hex << std::uppercase << std::setfill('0') << ' ' << std::setw(6) << look.fore
-         << " on " << std::setw(6) << look.back;
-    return line.str();
-}
-
 }  // namespace
-
-std::vector<std::string> layout() {
-    std::vector<std::string> lines;
-    const platform::Form::Impl* const form = openForm(taker());
-    if (form == nullptr) return lines;
-    for (const auto* panel : form->panels) lines.push_back(lineOf(*panel));
-    for (const Control* control : form->controls) {
-        std::ostringstream line;
-        writeBasics(line, control->place, control->caption, control->font);
-        lines.push_back(line.str());
-    }
-    return lines;
-}
 
 void focusFirst(platform::Form::Impl& form) {
     if (form.focus == nullptr && !form.controls.empty()) focusOn(form, *form.controls.front());
@@ -105,30 +63,6 @@ void press(const platform::Control& control) {
 }  // namespace sim
 
 namespace platform {
-namespace {
-
-constexpr double lineHeightPerPoint = 1.5;  // pixels
-
-/// How many lines a caption takes in that width, broken at blanks.
-int linesOf(const std::string& caption, const Font& font, int width) {
-    int lines = 1;
-    std::string line;
-    for (size_t start = 0; start < caption.size();) {
-        const size_t end = std::min(caption.find(' ', start), caption.size() - 1) + 1;
-        const std::string word = caption.substr(start, end - start);
-        const std::string seen = word.back() == ' ' ? word.substr(0, word.size() - 1) : word;
-        if (!line.empty() && measureText(line + seen, font) > width) {
-            ++lines;
-            line.clear();
-        }
-        line += word;
-        start = end;
-    }
-    return lines;
-}
-
-}  // namespace
-
 struct Shape::Impl {};
 
 Shape::Shape(Form& /*form*/) {}
@@ -148,52 +82,26 @@ void Label::setLook(const Font& /*font*/, Color /*color*/) {}
 void Label::setText(const std::string& text) { impl_->text = text; }
 std::string Label::text() const { return impl_->text; }
 
-Panel::Impl::Impl(Form::Impl* itsForm, const Place& itsPlace) : form(itsForm), place(itsPlace) {
-    form->panels.push_back(this);
-}
-
-Panel::Impl::~Impl() {
-    if (form != nullptr) std::erase(form->panels, this);
-}
-
-void Panel::Impl::fit() {
-    const int bevels =
-        ((look.outer != Bevel::None ? 1 : 0) + (look.inner != Bevel::None ? 1 : 0)) * 2 * look.bevelWidth;
-    if (look.fit == Fit::Width) place.width = measureText(caption, font) + bevels;
-    if (look.fit != Fit::Height) return;
-    const int lineHeight = static_cast<int>(std::lround(font.points * lineHeightPerPoint));
-    place.height = linesOf(caption, font, place.width - bevels) * lineHeight + bevels;
-}
-
-Panel::Panel(Form& form, const Place& place) : impl_(std::make_unique<Impl>(&form.impl(), place)) {}
-Panel::Panel(Panel& panel, const Place& place) : impl_(std::make_unique<Impl>(panel.impl_->form, place)) {}
+Panel::Panel(Form& form, const Place& /*place*/) : impl_(new Impl{form.impl(), ""}) {}
+Panel::Panel(Panel& panel, const Place& /*place*/) : impl_(new Impl{panel.impl_->form, ""}) {}
 Panel::~Panel() = default;
 Panel::Panel(Panel&&) noexcept = default;
 
-void Panel::setLook(const PanelLook& look) {
-    impl_->look = look;
-    impl_->fit();
-}
-
-void Panel::setFont(const Font& font) {
-    impl_->font = font;
-    impl_->fit();
-}
+void Panel::setLook(const PanelLook& /*look*/) {}
+void Panel::setFont(const Font& /*font*/) {}
 
 void Panel::setCaption(const std::string& text) {
     impl_->caption = text;
-    impl_->fit();
     sim::note("caption", text);
 }
 
 std::string Panel::caption() const { return impl_->caption; }
-Place Panel::place() const { return impl_->place; }
 
 Control::Control(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 Control::~Control() = default;
 
-Control::Impl::Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder, const Place& itsPlace)
-    : owner(control), kind(kindOfControl), form(holder.form), place(itsPlace) {
+Control::Impl::Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder)
+    : owner(control), kind(kindOfControl), form(&holder.form) {
     form->controls.push_back(this);
 }
 
@@ -203,7 +111,7 @@ Control::Impl::~Impl() {
     if (form->focus == this) form->focus = nullptr;
 }
 
-void Control::setFont(const Font& font) { impl_->font = font; }
+void Control::setFont(const Font& /*font*/) {}
 void Control::setAccessibleName(const std::string& /*name*/) {}
 void Control::setTabStop(bool /*tabStop*/) {}
 bool Control::enabled() const { return impl_->enabled; }
@@ -226,43 +134,43 @@ void Control::setTabIndex(int index) {
 CaptionButton::CaptionButton(std::unique_ptr<Impl> impl) : Control(std::move(impl)) { impl_->onPress = &onClick; }
 void CaptionButton::setCaption(const std::string& text) { impl_->caption = text; }
 
-CommandButton::CommandButton(Panel& panel, const Place& place)
-    : CaptionButton(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl(), place)) {}
+CommandButton::CommandButton(Panel& panel, const Place& /*place*/)
+    : CaptionButton(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl())) {}
 void CommandButton::makeDefault() { impl_->answers = key::Enter; }
 void CommandButton::makeCancel() { impl_->answers = key::Escape; }
 
-SpinButton::SpinButton(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl(), place)) {}
+SpinButton::SpinButton(Panel& panel, const Place& /*place*/)
+    : Control(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl())) {}
 SpinButton::~SpinButton() = default;
 
 std::string EditField::text() const { return impl_->text; }
 void EditField::select(int /*selStart*/, int /*selLength*/) {}
 
-TextBox::TextBox(Panel& panel, const Place& place)
-    : EditField(std::make_unique<Impl>(*this, Impl::Kind::Text, panel.impl(), place)) {}
+TextBox::TextBox(Panel& panel, const Place& /*place*/)
+    : EditField(std::make_unique<Impl>(*this, Impl::Kind::Text, panel.impl())) {}
 void TextBox::setText(const std::string& text) { impl_->text = text; }
 void TextBox::setMaxLength(int characters) { impl_->maxLength = characters; }
 void TextBox::setAlign(Align /*align*/) {}
 
-MaskEdBox::MaskEdBox(Panel& panel, const Place& place, const std::string& mask)
-    : EditField(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl(), place)) {
+MaskEdBox::MaskEdBox(Panel& panel, const Place& /*place*/, const std::string& mask)
+    : EditField(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl())) {
     impl_->text.assign(mask.size(), ' ');
 }
 void MaskEdBox::clear() {}
 
-ComboBox::ComboBox(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl(), place)) {}
+ComboBox::ComboBox(Panel& panel, const Place& /*place*/)
+    : Control(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl())) {}
 void ComboBox::clear() {}
 void ComboBox::addItem(const std::string& /*text*/) {}
 std::string ComboBox::text() const { return impl_->text; }
 
-CheckBox::CheckBox(Panel& panel, const Place& place)
-    : CaptionButton(std::make_unique<Impl>(*this, Impl::Kind::Check, panel.impl(), place)) {}
+CheckBox::CheckBox(Panel& panel, const Place& /*place*/)
+    : CaptionButton(std::make_unique<Impl>(*this, Impl::Kind::Check, panel.impl())) {}
 void CheckBox::setValue(bool ticked) { sim::setValue(*impl_, ticked); }
 bool CheckBox::value() const { return impl_->value; }
 
-OptionButton::OptionButton(Panel& panel, const Place& place)
-    : CaptionButton(std::make_unique<Impl>(*this, Impl::Kind::Option, panel.impl(), place)) {}
+OptionButton::OptionButton(Panel& panel, const Place& /*place*/)
+    : CaptionButton(std::make_unique<Impl>(*this, Impl::Kind::Option, panel.impl())) {}
 void OptionButton::setValue(bool chosen) { sim::setValue(*impl_, chosen); }
 bool OptionButton::value() const { return impl_->value; }
 

@@ -153,7 +153,6 @@ namespace platform {
 
 Form::Impl::~Impl() {
     close();
-    for (Panel::Impl* panel : panels) panel->form = nullptr;
     for (Control::Impl* control : controls) control->form = nullptr;
 }
 

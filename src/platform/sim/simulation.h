@@ -69,11 +69,6 @@ void closeMainWindow();         ///< The window's own close button.
 void goAway();                  ///< To another window, with the keyboard. Nothing if he is away.
 void comeBack();                ///< To the form on top, as any key does too. Nothing if he isn't away.
 
-/// The panels of the form on top, in the order of their making, and then its controls, in tab order. A line tells place
-/// and size on what holds it, caption and font; of a panel also where its caption stands, its outer and inner bevels
-/// and their width, and its colours.
-std::vector<std::string> layout();
-
 int modalDepth();                                 ///< How many dialogs are open.
 void setScreenReader(bool listens);               ///< Whether there is one; there is none until it is set.
 const std::vector<std::string>& announcements();  ///< What it was given to say so far.

@@ -183,23 +183,14 @@ struct platform::Form::Impl {
     double top = 0;   ///< Twips.
     bool modal = false;
     bool unloading = false;
-    std::vector<Panel::Impl*> panels;      ///< In the order of their making.
     std::vector<Control::Impl*> controls;  ///< In tab order.
     Control::Impl* focus = nullptr;
 };
 
 /// A panel on the simulated desktop.
 struct platform::Panel::Impl {
-    Impl(Form::Impl* itsForm, const Place& itsPlace);
-    ~Impl();
-
-    Form::Impl* form;  ///< Null once the form is gone.
-    Place place;       ///< On what holds it.
-    PanelLook look;
-    Font font;
+    Form::Impl& form;  ///< For what is made on it.
     std::string caption;
-
-    void fit();  ///< Takes the size that the caption asks for.
 };
 
 /// What there is to a control on the simulated desktop. How a person edits, chooses and goes on is the window's affair.
@@ -207,14 +198,12 @@ struct platform::Control::Impl {
     enum class Kind { Other, Text, Check, Option };
 
     /// The last in its form's tab order.
-    Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder, const Place& itsPlace);
+    Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder);
     ~Impl();  ///< Off its form, if that is still there.
 
     Control& owner;
     const Kind kind;
-    Form::Impl* form;   ///< Null once the form is gone.
-    const Place place;  ///< On its panel.
-    Font font;
+    Form::Impl* form;  ///< Null once the form is gone.
     bool enabled = true;
     std::string caption;
     int answers = 0;                                 ///< The key that presses it from anywhere on its form.
