@@ -9,7 +9,7 @@
 #include "platform/controls.h"
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
-#include "platform/qt/slots.h"
+#include "platform/slots.h"
 
 namespace platform::qt {
 

@@ -7,7 +7,6 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QScreen>
-#include <QTime>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -16,6 +15,7 @@
 #include <random>
 #include <system_error>
 
+#include "platform/qt/clock.h"
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
 #include "platform/twips.h"
@@ -23,7 +23,6 @@
 namespace platform {
 namespace {
 
-constexpr double millisecondsPerSecond = 1000;
 constexpr int titleBarButtons = 140;  // pixels beside the title of a window, on the wide side
 
 std::mt19937_64& randomSource() {
@@ -43,9 +42,12 @@ QSize screenSize() { return QGuiApplication::primaryScreen()->size(); }
 
 }  // namespace
 
-void doEvents() { QCoreApplication::processEvents(); }
+void doEvents() {
+    QCoreApplication::processEvents();
+    qt::letMomentPass();
+}
 
-double secondsOfDay() { return QTime::currentTime().msecsSinceStartOfDay() / millisecondsPerSecond; }
+double secondsOfDay() { return qt::secondOfDay(); }
 
 void seedRandom() {
     randomSource().seed(static_cast<uint64_t>(std::chrono::system_clock::now().time_since_epoch().count()));

@@ -89,10 +89,10 @@ class Line : public QLineEdit {
         const QPointer<Line> self(this);
         const auto taker = [&] { return self ? owner() : nullptr; };
         if (typed == 0 || taker() == nullptr) return;
-        qt::callSlot(qt::formWindowOf(this)->form->onKeyPress, stroke.character);
-        if (stroke.character != 0 && taker() != nullptr) qt::callSlot(taker()->onKeyPress, stroke.character);
+        callSlot(qt::formWindowOf(this)->form->onKeyPress, stroke.character);
+        if (stroke.character != 0 && taker() != nullptr) callSlot(taker()->onKeyPress, stroke.character);
         if (stroke.character != 0 && taker() != nullptr) insert(qt::eventFor(key, stroke, typed).text());
-        if (taker() != nullptr) qt::callSlot(taker()->onKeyUp, stroke.code);
+        if (taker() != nullptr) callSlot(taker()->onKeyUp, stroke.code);
     }
 };
 

@@ -14,7 +14,8 @@
 #include "platform/qt/formWindow.h"
 #include "platform/qt/keys.h"
 #include "platform/qt/presence.h"
-#include "platform/qt/slots.h"
+#include "platform/slots.h"
+#include "platform/ticks.h"
 
 namespace platform::qt {
 namespace {
@@ -72,7 +73,7 @@ void FormStack::openDialog(FormWindow* window) {
     if (main_) main_->takeKeysBack();
     dialogs_.push_back(window);
     ++changes_;
-    ++openings_;
+    ticks().noteOpening();
     clicked_ = nullptr;
     repaintTools();
     pointer_ = QCursor::pos();  // A window that comes up under a pointer at rest gets a move too.
@@ -102,7 +103,7 @@ void FormStack::leave(FormWindow* window) {
 
 void FormStack::openBox(QWidget* box) {
     boxes_.push_back(box);
-    ++openings_;
+    ticks().noteOpening();
     clicked_ = nullptr;
     repaintTools();
 }

@@ -31,9 +31,6 @@ class FormStack : public QObject {
     void unloadAbove(const FormWindow* window);  ///< Unloads the dialogs that lie over it, the top-most first.
     void leave(FormWindow* window);              ///< The window is open no longer. Nothing if it wasn't.
 
-    void openMenu() { ++openings_; }            ///< A menu stands before the forms. It closes by itself.
-    int openings() const { return openings_; }  ///< How many dialogs, menus and message boxes have opened so far.
-
     void openBox(QWidget* box);         ///< A message box has the forms' keys from now on; with null nobody has them.
     void closeBox(const QWidget* box);  ///< It is gone again.
     void bringBoxToFront() const;       ///< If the main window has come before it: the forms take nothing now.
@@ -58,7 +55,6 @@ class FormStack : public QObject {
     std::vector<FormWindow*> dialogs_;  // the top-most last
     std::vector<QWidget*> boxes_;       // message boxes that are open, the top-most last
     int changes_ = 0;                   // how often a form has opened or gone
-    int openings_ = 0;
     bool keyRepeats_ = false;
     const QKeyEvent* forwarded_ = nullptr;  // on its way from the form to its control
     const FormWindow* clicked_ = nullptr;   // on which the left button went down, where Enter means something

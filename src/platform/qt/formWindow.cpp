@@ -20,7 +20,7 @@
 #include "platform/qt/formStack.h"
 #include "platform/qt/images.h"
 #include "platform/qt/presence.h"
-#include "platform/qt/slots.h"
+#include "platform/slots.h"
 #include "platform/tabOrder.h"
 #include "platform/twips.h"
 

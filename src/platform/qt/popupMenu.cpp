@@ -3,7 +3,8 @@
 #include <QPointer>
 
 #include "platform/qt/control.h"
-#include "platform/qt/slots.h"
+#include "platform/slots.h"
+#include "platform/ticks.h"
 #include "platform/toolbar.h"
 
 namespace platform {
@@ -39,10 +40,10 @@ void PopupMenu::popUp() {
         action->setChecked(checked(item));
         if (checked(item)) menu->setActiveAction(action);  // The arrow keys move on from it.
         // Told at once: a dialog that opened over the menu would hold back the end of exec().
-        QObject::connect(action, &QAction::triggered, menu, [slot = onClick, item] { qt::callSlot(slot, item); });
+        QObject::connect(action, &QAction::triggered, menu, [slot = onClick, item] { callSlot(slot, item); });
     }
     impl_->open = menu;
-    qt::formStack().openMenu();
+    ticks().noteOpening();
     menu->exec(openingPlace(impl_->window));
     delete menu.data();
 }

@@ -6,6 +6,7 @@
 
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
+#include "platform/ticks.h"
 
 namespace platform::qt {
 namespace {
@@ -24,8 +25,6 @@ Presence& presence() {
     return thePresence;
 }
 
-Presence::Clock::time_point Presence::now() const { return awaySince_.value_or(Clock::now()) - absence_; }
-
 /// Whether the player is away, by what the desktop tells now and has told.
 bool Presence::finds() {
     const FormWindow* const main = formStack().mainWindow();
@@ -33,6 +32,8 @@ bool Presence::finds() {
     hasBeenActive_ = main != nullptr && (hasBeenActive_ || isActive);
     return main != nullptr && (main->isMinimized() || (hasBeenActive_ && !isActive));
 }
+
+bool Presence::isAway() const { return ticks().isAway(); }
 
 void Presence::look() { settle(finds()); }
 
@@ -42,12 +43,8 @@ void Presence::hearKey() { settle(false); }
 
 void Presence::settle(bool away) {
     if (away == isAway()) return;
-    if (away) {
-        awaySince_ = Clock::now();
-        formStack().letGoOfKeys();
-    } else {
-        absence_ += Clock::now() - *std::exchange(awaySince_, std::nullopt);
-    }
+    if (away) formStack().letGoOfKeys();
+    ticks().setAway(away);
     for (const auto& [watcher, onChange] : watchers_) onChange();
 }
 

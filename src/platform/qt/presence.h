@@ -1,9 +1,7 @@
 #pragma once
 
-#include <chrono>
 #include <functional>
 #include <map>
-#include <optional>
 
 namespace platform::qt {
 
@@ -12,10 +10,7 @@ namespace platform::qt {
 /// away.
 class Presence {
   public:
-    using Clock = std::chrono::steady_clock;
-
-    bool isAway() const { return awaySince_.has_value(); }
-    Clock::time_point now() const;  ///< By a clock that stands still while the player is away.
+    bool isAway() const;
 
     void look();     ///< Finds out anew; called when the keyboard has moved, or the main window came, went or changed.
     void hearKey();  ///< A key came to the main window: the player is there, until the next look at least.
@@ -28,8 +23,6 @@ class Presence {
     void settle(bool away);
 
     bool hasBeenActive_ = false;  // the main window, since it opened
-    std::optional<Clock::time_point> awaySince_;
-    Clock::duration absence_{0};  // of all the times before this one
     std::map<const void*, std::function<void()>> watchers_;
 };
 

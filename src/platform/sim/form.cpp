@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/sim/state.h"
+#include "platform/ticks.h"
 #include "platform/twips.h"
 #include "platform/utf8.h"
 
@@ -158,7 +159,7 @@ Form::Impl::~Impl() {
 
 void Form::Impl::open(bool asModal) {
     modal = asModal;
-    if (modal) ++sim::state().openings;
+    if (modal) ticks().noteOpening();
     focus = nullptr;
     sim::state().forms.push_back(this);
     sim::state().clicked = 0;

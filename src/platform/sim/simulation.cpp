@@ -5,48 +5,22 @@
 
 #include "platform/desktop.h"
 #include "platform/sim/state.h"
+#include "platform/ticks.h"
 #include "platform/twips.h"
 
 namespace sim {
 namespace {
 
+using platform::ticks;
+
 constexpr double never = std::numeric_limits<double>::infinity();
 constexpr uint64_t anyOrder = std::numeric_limits<uint64_t>::max();
 constexpr double shortestWait = 1;  // milliseconds
 
-Ticker* nextTicker() {
-    Ticker* next = nullptr;
-    for (Ticker* ticker : state().tickers)
-        if (ticker->runs() && (next == nullptr || ticker->due < next->due)) next = ticker;
-    return next;
-}
-
-/// Marks a timer as being in its handler, for as long as both last.
-class InHandler {
-  public:
-    explicit InHandler(Ticker& ticker) : serial_(ticker.serial) { ticker.inHandler = true; }
-    ~InHandler() {
-        for (Ticker* ticker : state().tickers) {
-            if (ticker->serial != serial_) continue;
-            ticker->inHandler = false;
-            if (state().openings != openings_) ticker->skipMissedTicks();
-        }
-    }
-    InHandler(const InHandler&) = delete;
-    InHandler& operator=(const InHandler&) = delete;
-
-  private:
-    Serial serial_;
-    int openings_ = state().openings;
-};
-
-void tick(Ticker& ticker) {
-    State& d = state();
-    d.now = std::max(d.now, ticker.due);
-    ticker.skipMissedTicks();
+void tick() {
+    state().now = std::max(state().now, ticks().due());
     arrive();
-    const InHandler mark(ticker);
-    deliver(ticker.onTick);
+    ticks().tick();
 }
 
 void servePosted() {
@@ -60,16 +34,15 @@ void servePosted() {
 /// Serves the earliest event that is due until then; of the posted ones only those posted before that order.
 bool serveNext(double until, uint64_t before) {
     State& d = state();
-    Ticker* const ticker = nextTicker();
-    const double tickDue = ticker != nullptr ? ticker->due : never;
+    const double tickDue = ticks().due();
     const auto first = d.posted.begin();
     const double postDue = first != d.posted.end() && first->second.order < before ? first->first : never;
     if (std::min(tickDue, postDue) > until || std::min(tickDue, postDue) == never) return false;
-    tickDue <= postDue ? tick(*ticker) : servePosted();
+    tickDue <= postDue ? tick() : servePosted();
     return true;
 }
 
-bool somethingIsToCome() { return !state().posted.empty() || nextTicker() != nullptr; }
+bool somethingIsToCome() { return !state().posted.empty() || ticks().due() != never; }
 
 /// Gives the hands their turn: once a moment, so that time goes on, unless they alone can make something happen.
 bool handsAct() {
@@ -103,6 +76,7 @@ void arrive() {
 
 void switchOn(uint32_t seed, double secondOfDay) {
     state() = State{};
+    ticks() = {};
     emptyProgramFolder();
     state().seed = seed;
     state().startSecond = secondOfDay;
@@ -115,19 +89,15 @@ void setLog(std::function<void(const std::string& line)> log) { state().log = st
 void goAway() {
     State& d = state();
     arrive();
-    if (d.awaySince) return;
-    d.awaySince = d.now;
+    if (ticks().isAway()) return;
+    ticks().setAway(true);
     for (auto& holder : d.held)
         if (holder) holder = Serial{0};  // Down, but for nobody.
 }
 
 void comeBack() {
-    State& d = state();
     arrive();
-    if (!d.awaySince) return;
-    const double away = d.now - *std::exchange(d.awaySince, std::nullopt);
-    for (Ticker* ticker : d.tickers)
-        if (ticker->waits) ticker->due += away;
+    ticks().setAway(false);
 }
 
 void setHands(std::function<void()> hands) {
@@ -175,6 +145,9 @@ void doEvents() {
     if (!served && d.idleServices++ > 0) d.now += sim::shortestWait;
 }
 
+double clock::now() { return sim::state().now; }
+void clock::dueChanged() {}  // It is asked before each leap of time.
+
 double secondsOfDay() { return std::fmod(sim::state().startSecond + sim::state().now / 1000, secondsPerDay); }
 
 void seedRandom() {
@@ -190,7 +163,7 @@ void seedRandom() {
 double random() { return static_cast<double>(sim::state().generator()) / randomRange; }
 
 void messageBox(const std::string& title, const std::string& text, Sign /*sign*/) {
-    ++sim::state().openings;
+    ticks().noteOpening();
     sim::note("message", title + ": " + text);
     sim::state().clicked = 0;
     sim::state().messages.push_back(title + ": " + text);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/printer.h"
+#include "platform/slots.h"
 #include "platform/surface.h"
 
 namespace platform {
@@ -17,10 +18,10 @@ class Control;
 namespace sim {
 
 /// Thrown through everything when the program ends its process.
-struct ProcessEnded {};
+struct ProcessEnded : platform::PassesHandlers {};
 
 /// Thrown when a modal form waits and nothing is left that could happen.
-struct NothingLeft : std::logic_error {
+struct NothingLeft : std::logic_error, platform::PassesHandlers {
     NothingLeft() : std::logic_error("a modal form waits for something that never comes") {}
 };
 

@@ -16,33 +16,16 @@
 #include "platform/form.h"
 #include "platform/printer.h"
 #include "platform/sim/simulation.h"
+#include "platform/slots.h"
 #include "platform/toolbar.h"
-#include "platform/uncaught.h"
 
 /// What the files of the simulated desktop share.
 namespace sim {
 
-/// Names one form, timer or menu for good; 0 names nothing. A handler may destroy its own object, and the next one may
+/// Names one form or menu for good; 0 names nothing. A handler may destroy its own object, and the next one may
 /// be made at the same address, so what has to outlast a handler is a serial and never a pointer.
 using Serial = uint64_t;
 Serial nextSerial();  ///< A new one, from 1 upward.
-
-/// What ticks behind a timer.
-struct Ticker {
-    Ticker(const std::function<void()>& handler, bool doesWait);  ///< Disabled; the handler lives as long.
-    ~Ticker();                                                    ///< It never ticks again.
-    void restart();          ///< Counts a whole interval from now; a kept tick is dropped.
-    void skipMissedTicks();  ///< The next one is the first that falls due later than now.
-    bool runs() const;
-
-    const Serial serial = nextSerial();
-    const std::function<void()>& onTick;
-    const bool waits;  ///< While the player is away.
-    int interval = 0;  ///< Milliseconds; 0 never ticks.
-    bool enabled = false;
-    bool inHandler = false;
-    double due = 0;  ///< In the past while a tick is kept.
-};
 
 using Control = platform::Control::Impl;
 
@@ -87,15 +70,12 @@ struct State {
 
     std::multimap<double, Posted> posted;  ///< By the time they are due.
     uint64_t postings = 0;
-    std::vector<Ticker*> tickers;
 
-    int openings = 0;                          ///< How many dialogs, menus and message boxes have opened.
     std::vector<platform::Form::Impl*> forms;  ///< The open ones, the one on top last.
     platform::ToolBar::Impl* toolBar = nullptr;
     platform::PopupMenu::Impl* menu = nullptr;         ///< The open one.
     std::array<std::optional<Serial>, keyCodes> held;  ///< Who was on top when the key went down.
     bool keyRepeats = false;                           ///< Of the key whose handler runs.
-    std::optional<double> awaySince;                   ///< When the player went, while he is away.
     Serial clicked = 0;  ///< On which the left button went down, where Enter means something; 0 for none.
     std::vector<std::string> messages;
     bool screenReader = false;
@@ -130,17 +110,7 @@ void note(const Parts&... parts) {
 /// Runs an event's handler, if there is one; an error that leaves it is reported and goes no further.
 template <class... Values>
 void deliver(const std::function<void(Values...)>& handler, std::type_identity_t<Values>... values) {
-    if (!handler) return;
-    const auto held = handler;  // The handler may let go of the object that it is part of.
-    try {
-        held(values...);
-    } catch (const NothingLeft&) {
-        throw;
-    } catch (const ProcessEnded&) {
-        throw;
-    } catch (...) {
-        platform::reportUncaught();
-    }
+    platform::callSlot(handler, values...);
 }
 
 /// Serves events as long as the condition holds; fails with NothingLeft when there is none.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/sim/state.h"
+#include "platform/ticks.h"
 
 namespace platform {
 
@@ -54,7 +55,7 @@ PopupMenu::~PopupMenu() {
 
 void PopupMenu::popUp() {
     sim::state().menu = impl_.get();
-    ++sim::state().openings;
+    ticks().noteOpening();
     sim::note("menu opens");
     const sim::Serial self = impl_->serial;
     sim::serveWhile([&] { return sim::taker() == self; });
