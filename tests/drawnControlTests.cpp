@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QTest>
 #include <QWidget>
 
 #include "platform/controls.h"
@@ -83,10 +84,10 @@ TEST_F(DrawnControls, AnArrowThatThePointerHoldsGoesOn) {
     spin.onSpinUp = [&] { spun += '+'; };
     spin.onSpinDown = [&] { spun += '-'; };
     driver::buttonDown(40, 75);
-    for (int tenths = 0; tenths < 100 && spun.size() < 3; ++tenths) driver::run(100);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return spun.size() == 3; }, 10000));
     driver::buttonUp(40, 75);
     EXPECT_EQ(spun, "---");
-    driver::run(500);
+    QTest::qWait(500);
     EXPECT_EQ(spun, "---") << "until it lets go";
 }
 

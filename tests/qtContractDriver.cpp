@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
@@ -10,12 +11,15 @@
 #include <QToolButton>
 #include <cmath>
 #include <fstream>
+#include <list>
 #include <set>
 
 #include "platform/form.h"
+#include "platform/qt/clock.h"
 #include "platform/qt/control.h"
 #include "platform/qt/formStack.h"
 #include "platform/qt/formWindow.h"
+#include "platform/timer.h"
 #include "tests/application.h"
 #include "tests/contractDriver.h"
 #include "tests/soundFiles.h"
@@ -82,6 +86,12 @@ Person& person() {
     return thePerson;
 }
 
+/// Something to come, for which time passes.
+struct Event {
+    platform::Timer timer{platform::Timer::WhileAway::GoesOn};
+    platform::qt::TimePasses timePasses;
+};
+
 QWidget* mainWindow() { return platform::qt::formStack().top()->window(); }
 
 QPoint onWindow(int x, int y) { return platform::qt::formStack().top()->mapTo(mainWindow(), QPoint(x, y)); }
@@ -98,17 +108,26 @@ void send(QKeyEvent event) { QCoreApplication::sendEvent(mainWindow(), &event); 
 
 void begin() {
     person().lastMessage.clear();
+    platform::qt::holdTime();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void run(double milliseconds) {
     QEventLoop loop;
-    QTimer::singleShot(static_cast<int>(std::lround(milliseconds)), Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    post(milliseconds, [&loop] { loop.quit(); });
     loop.exec();
 }
 
 void post(double afterMilliseconds, std::function<void()> action) {
-    QTimer::singleShot(static_cast<int>(std::lround(afterMilliseconds)), Qt::PreciseTimer, qApp, std::move(action));
+    if (afterMilliseconds == 0) return QTimer::singleShot(0, qApp, std::move(action));
+    static std::list<Event> events;
+    const auto event = events.emplace(events.end());
+    event->timer.onTick = [event, action = std::move(action)] {
+        events.erase(event);
+        action();
+    };
+    event->timer.setInterval(static_cast<int>(std::lround(afterMilliseconds)));
+    event->timer.setEnabled(true);
 }
 
 void pressKey(int keyCode) {

@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QToolButton>
 #include <QToolTip>
+#include <QWindow>
 
 #include "hiscores/frmHiScore.h"
 #include "match/frmRoundsSetting.h"
@@ -31,8 +32,9 @@ class ToolBarKeys : public Window {
 
     /// Does something in the next menu that opens.
     void inMenu(const std::function<void(QMenu&)>& action) {
-        once([] { return QApplication::activePopupWidget() != nullptr; },
-             [action] { action(dynamic_cast<QMenu&>(*QApplication::activePopupWidget())); });
+        static const auto menu = [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); };
+        once([] { return menu() && menu()->windowHandle() == QGuiApplication::focusWindow(); },
+             [action] { action(*menu()); });
     }
 
     /// Whether the keys go to the board: an arrow steers the tile.

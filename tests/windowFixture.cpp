@@ -2,21 +2,23 @@
 
 #include <QApplication>
 #include <QTest>
-#include <QTimer>
+#include <string_view>
 
 #include "match/frmChooseSeat.h"
+#include "platform/desktop.h"
 #include "platform/help.h"
 #include "tests/application.h"
 
 namespace {
 
-constexpr int longEnough = 10000;  // milliseconds that anything here may take at most
+constexpr int longEnough = 30000;  // milliseconds that anything here may take at most
 
 }  // namespace
 
 void Window::SetUp() {
     qputenv("SDL_AUDIODRIVER", "dummy");
     setUpApplication(desktop);
+    if (desktop == std::string_view("offscreen")) platform::qt::holdTime();
     game = gfrmMain.hold();
     game->form.show();
     for (QWidget* widget : QApplication::topLevelWidgets())
@@ -25,6 +27,7 @@ void Window::SetUp() {
 }
 
 void Window::TearDown() {
+    hands_.clear();
     platform::WinHelpA(game->form, "", platform::HELP_QUIT, 0);
     game.reset();
     gsClearAllForms();
@@ -45,17 +48,24 @@ void Window::repeat(Qt::Key key) {
 }
 
 void Window::once(std::function<bool()> condition, std::function<void()> action) {
-    auto* timer = new QTimer(window);
-    QObject::connect(timer, &QTimer::timeout, window, [=] {
+    const auto hand = hands_.emplace(hands_.end());
+    hand->timer.onTick = [=, this] {
         if (!condition()) return;
-        timer->deleteLater();
-        timer->stop();
+        hands_.erase(hand);
         action();
-    });
-    timer->start(10);
+    };
+    hand->timer.setInterval(10);
+    hand->timer.setEnabled(true);
 }
 
-bool Window::waitFor(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, longEnough); }
+bool Window::waitFor(const std::function<bool()>& condition) {
+    for (int passed = 0; passed < longEnough && !condition(); ++passed) letPass(1);
+    return QTest::qWaitFor(condition, longEnough);  // What the game's time has no part in.
+}
+
+void Window::letPass(int milliseconds) {
+    for (int passed = 0; passed < milliseconds; ++passed) platform::doEvents();
+}
 
 void Window::bringToFront() {
     window->activateWindow();

@@ -4,12 +4,16 @@
 
 #include <QWidget>
 #include <functional>
+#include <list>
 #include <memory>
 
 #include "frmMain.h"
 #include "platform/qt/control.h"
+#include "platform/qt/clock.h"
+#include "platform/timer.h"
 
-/// The game in its real window, offscreen, with nothing begun.
+/// The game in its real window, offscreen, with nothing begun. Time is held and passes only while a test waits for
+/// something.
 class Window : public ::testing::Test {
   protected:
     void SetUp() override;
@@ -43,6 +47,7 @@ class Window : public ::testing::Test {
     }
     /// False if the condition doesn't come to hold for longer than anything here may take.
     bool waitFor(const std::function<bool()>& condition);
+    void letPass(int milliseconds);  ///< Of the held time.
 
     /// Gives the main window the keys, as the desktop does when a window before it has gone.
     void bringToFront();
@@ -55,4 +60,11 @@ class Window : public ::testing::Test {
 
     std::shared_ptr<frmMain> game;
     QWidget* window = nullptr;
+
+  private:
+    struct Hand {
+        platform::Timer timer{platform::Timer::WhileAway::GoesOn};
+        platform::qt::TimePasses timePasses;
+    };
+    std::list<Hand> hands_;
 };

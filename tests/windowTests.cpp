@@ -6,7 +6,6 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QTest>
-#include <QTimer>
 #include <QWindow>
 #include <filesystem>
 #include <functional>
