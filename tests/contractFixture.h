@@ -21,18 +21,6 @@ inline void start(platform::Timer& timer, int interval, std::function<void()> on
     timer.setEnabled(true);
 }
 
-/// What the attempt gives back, made anew when a busy machine has held it up: it may last so many milliseconds.
-template <class Attempt>
-auto inTime(double milliseconds, Attempt attempt) {
-    constexpr int attempts = 10;
-    constexpr double slack = 0.015;  // seconds
-    for (int i = 1;; ++i) {
-        const double start = platform::secondsOfDay();
-        const auto result = attempt();
-        if (i == attempts || platform::secondsOfDay() - start < milliseconds / 1000 + slack) return result;
-    }
-}
-
 /// A main window with a toolbar, and what has happened so far in one line.
 class Contract : public testing::Test {
   protected:
