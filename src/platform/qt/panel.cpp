@@ -9,6 +9,7 @@
 #include "platform/qt/fonts.h"
 #include "platform/qt/images.h"
 #include "platform/qt/presence.h"
+#include "platform/ticks.h"
 
 namespace platform {
 namespace {
@@ -54,7 +55,7 @@ struct Label::Impl {
     ~Impl() { qt::presence().forget(this); }
 
     void present() {
-        if (face.get() != nullptr) face->setVisible(!face->text().isEmpty() && !qt::presence().isAway());
+        if (face.get() != nullptr) face->setVisible(!face->text().isEmpty() && !ticks().isAway());
     }
 
     qt::Owned<QLabel> face;

@@ -33,8 +33,6 @@ bool Presence::finds() {
     return main != nullptr && (main->isMinimized() || (hasBeenActive_ && !isActive));
 }
 
-bool Presence::isAway() const { return ticks().isAway(); }
-
 void Presence::look() { settle(finds()); }
 
 /// Without a window manager nobody gives the keyboard back to the main window when a window before it has closed, but
@@ -42,7 +40,7 @@ void Presence::look() { settle(finds()); }
 void Presence::hearKey() { settle(false); }
 
 void Presence::settle(bool away) {
-    if (away == isAway()) return;
+    if (away == ticks().isAway()) return;
     if (away) formStack().letGoOfKeys();
     ticks().setAway(away);
     for (const auto& [watcher, onChange] : watchers_) onChange();

@@ -10,8 +10,6 @@ namespace platform::qt {
 /// away.
 class Presence {
   public:
-    bool isAway() const;
-
     void look();     ///< Finds out anew; called when the keyboard has moved, or the main window came, went or changed.
     void hearKey();  ///< A key came to the main window: the player is there, until the next look at least.
 
