@@ -346,6 +346,7 @@ TEST_F(Controls, BoxesAndOptionsAreTickedAndChosen) {
 
 TEST_F(Controls, APanelTakesItsSizeFromItsCaption) {
     Panel panel(main_->form, {10, 20, 100, 17});
+    const QWidget& face = *panel.impl().widget();
     const PanelLook cut{Bevel::Inset, Bevel::None, 2, 0xC0C0C0, 0, Align::Left, Fit::Cut};
     PanelLook high = cut, wide = cut;
     high.fit = Fit::Height;
@@ -353,16 +354,16 @@ TEST_F(Controls, APanelTakesItsSizeFromItsCaption) {
     panel.setFont({"Times New Roman", 9.75, true});
     panel.setLook(high);
     panel.setCaption("Amount");
-    const int oneLine = panel.place().height - 4;
+    const int oneLine = face.height() - 4;
     panel.setCaption("Amount to be paid at once");
-    EXPECT_EQ(panel.place().height, 2 * oneLine + 4) << "two lines";
-    EXPECT_EQ(panel.place().width, 100);
+    EXPECT_EQ(face.height(), 2 * oneLine + 4) << "two lines";
+    EXPECT_EQ(face.width(), 100);
     panel.setLook(wide);
-    const int before = panel.place().width;
+    const int before = face.width();
     panel.setCaption("Amount to be paid at once, in cash");
-    EXPECT_GT(panel.place().width, before);
+    EXPECT_GT(face.width(), before);
     panel.setCaption("");
-    EXPECT_EQ(panel.place().width, 4) << "the bevels alone";
+    EXPECT_EQ(face.width(), 4) << "the bevels alone";
 }
 
 }  // namespace

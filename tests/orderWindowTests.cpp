@@ -213,26 +213,6 @@ TEST_F(OrderWindow, TheStatesAreAllThereWithTheirCodes) {
     });
 }
 
-TEST_F(OrderWindow, TheStatesAreAllThereWithTheirCodes) {
-    inForm([&] {
-        const auto& list = *window->findChild<QComboBox*>();
-        ASSERT_EQ(list.count(), 51);
-        EXPECT_EQ(list.itemText(0), "");
-        std::string codes, names;
-        for (int row = 1; row < list.count(); ++row) {
-            const std::string text = list.itemText(row).toStdString();
-            codes += text.substr(text.size() - 2) + ' ';
-            names += text.substr(0, text.size() - 2) + '\n';
-        }
-        EXPECT_EQ(codes,
-                  "AK AL AR AZ CA CO CT DE FL GA HI ID IA IL IN KS KY LA ME MA MD MI MN MO MS MT NE NV NH NJ NM NY NC "
-                  "ND OH OK OR PA RI SC SD TN TX UT VT VA WA WV WI WY ");
-        EXPECT_EQ(std::count(names.begin(), names.end(), '-'), 49) << "North Dakota has none";
-        EXPECT_NE(names.find("North Dakota \n"), std::string::npos);
-        EXPECT_EQ(names.size(), 620u) << "no letter lost or added";
-    });
-}
-
 TEST_F(OrderWindow, EscapeClosesTheOpenListBeforeTheForm) {
     inForm([&] {
         for (int i = 0; i < 5; ++i) key(Qt::Key_Return);

@@ -33,7 +33,7 @@ const std::map<QAccessible::Role, std::string> kinds = {
     {QAccessible::Window, "window"},      {QAccessible::Dialog, "dialog"},   {QAccessible::ToolBar, "toolbar"},
     {QAccessible::Button, "button"},      {QAccessible::StaticText, "text"}, {QAccessible::Border, "frame"},
     {QAccessible::EditableText, "field"}, {QAccessible::ComboBox, "list"},   {QAccessible::CheckBox, "check box"},
-    {QAccessible::RadioButton, "option"}, {QAccessible::SpinBox, "arrows"},  {QAccessible::AlertMessage, "box"},
+    {QAccessible::RadioButton, "option"}, {QAccessible::SpinBox, "arrows"},
 };
 
 std::string letteringOf(const QWidget& widget) {
