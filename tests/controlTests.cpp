@@ -1,5 +1,6 @@
 // How the controls of a form answer keys and the pointer in the real window.
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -30,7 +31,11 @@ void tap(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
 
 void pressShiftTab() { tap(Qt::Key_Backtab, Qt::ShiftModifier, QString()); }
 
-void pressAccessKey(char letter) { QTest::keyClick(qt::formStack().mainWindow(), letter, Qt::AltModifier); }
+void pressAccessKey(char letter) {
+    QTest::keyClick(qt::formStack().mainWindow(), letter, Qt::AltModifier);
+    const auto buttons = qt::formStack().mainWindow()->findChildren<QAbstractButton*>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return std::ranges::none_of(buttons, &QAbstractButton::isDown); }));
+}
 
 void typeText(const std::string& text) {
     for (size_t at = 0; at < text.size();) {

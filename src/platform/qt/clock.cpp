@@ -65,8 +65,6 @@ void qt::holdTime() {
     waker().set();
 }
 
-void qt::releaseTime() { heldTime.reset(); }
-
 qt::TimePasses::TimePasses() {
     ++waiting;
     waker().set();

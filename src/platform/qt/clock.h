@@ -6,7 +6,6 @@
 namespace platform::qt {
 
 void holdTime();     ///< From here on, where it stands now.
-void releaseTime();  ///< It is the machine's again; no timer may run.
 
 /// While one of these lives, held time passes.
 class TimePasses {
