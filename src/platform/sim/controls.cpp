@@ -63,6 +63,7 @@ void press(const platform::Control& control) {
 }  // namespace sim
 
 namespace platform {
+
 struct Shape::Impl {};
 
 Shape::Shape(Form& /*form*/) {}
