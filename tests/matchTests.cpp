@@ -71,7 +71,7 @@ TEST_F(Match, TheNumberOfRoundsCountsAtOnce) {
         bool ends;
     } const cases[] = {
         {2, 4, 2, &frmRoundsSetting::cmdOK, 2, true},
-        {2, 4, 3, &frmRoundsSetting::cmdOK, 1, false},
+        {2, 4, 4, &frmRoundsSetting::cmdOK, 1, false},
         {2, 4, 2, &frmRoundsSetting::cmdCancel, 4, false},
     };
     for (const auto& row : cases) {
