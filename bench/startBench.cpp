@@ -14,7 +14,7 @@
 #include <cstring>
 
 #include "frmMain.h"
-#include "platform/qt/application.h"
+#include "platform/qt/window/application.h"
 
 namespace {
 

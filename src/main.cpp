@@ -2,7 +2,7 @@
 
 #include "commandLine.h"
 #include "frmMain.h"
-#include "platform/qt/application.h"
+#include "platform/qt/window/application.h"
 #include "product.h"
 
 int main(int argc, char** argv) {

@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-#include "platform/qt/application.h"
+#include "platform/qt/window/application.h"
 
 /// Makes this process a program on Qt's desktop of that name, once.
 inline void setUpApplication(const char* desktop = "offscreen", const char* name = "Velmora") {

@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/base/utf8.h"
 #include "platform/fields.h"
-#include "platform/qt/control.h"
-#include "platform/utf8.h"
+#include "platform/qt/controls/control.h"
 #include "tests/contractFixture.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <QWidget>
 
 #include "platform/controls.h"
-#include "platform/qt/control.h"
+#include "platform/qt/controls/control.h"
 #include "tests/contractFixture.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/printColumns.h"
-#include "platform/utf8.h"
+#include "platform/base/utf8.h"
+#include "platform/shared/printColumns.h"
 
 /// The sheet of an order of three copies for Ann B. Carter, a line of it on each line, with those lines as her address.
 inline std::string expectedSheet(const std::string& address) {

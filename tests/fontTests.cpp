@@ -15,9 +15,9 @@
 #include <iostream>
 #include <map>
 
-#include "platform/qt/fonts.h"
-#include "platform/qt/helpWindow.h"
-#include "platform/text.h"
+#include "platform/qt/help/helpWindow.h"
+#include "platform/qt/window/fonts.h"
+#include "platform/shared/text.h"
 #include "tests/application.h"
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/shared/storedPictures.h"
 #include "platform/sim/simulation.h"
-#include "platform/storedPictures.h"
 #include "scoring/frmBreakDown.h"
 #include "tests/gameFixture.h"
 

@@ -4,10 +4,10 @@
 #include <stdexcept>
 #include <utility>
 
+#include "platform/base/runtime.h"
 #include "platform/controls.h"
 #include "platform/desktop.h"
 #include "platform/form.h"
-#include "platform/runtime.h"
 #include "platform/sound.h"
 #include "platform/toolbar.h"
 #include "tests/contractFixture.h"

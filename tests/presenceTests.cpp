@@ -9,8 +9,8 @@
 #include <QWindow>
 
 #include "platform/desktop.h"
-#include "platform/qt/control.h"
-#include "platform/qt/formWindow.h"
+#include "platform/qt/controls/control.h"
+#include "platform/qt/window/formWindow.h"
 #include "tests/contractFixture.h"
 
 namespace {

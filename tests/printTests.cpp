@@ -18,12 +18,12 @@
 #include <regex>
 #include <thread>
 
+#include "platform/base/runtime.h"
+#include "platform/base/uncaught.h"
 #include "platform/form.h"
 #include "platform/printer.h"
-#include "platform/qt/modules.h"
-#include "platform/qt/printing.h"
-#include "platform/runtime.h"
-#include "platform/uncaught.h"
+#include "platform/qt/print/printing.h"
+#include "platform/qt/window/modules.h"
 #include "tests/application.h"
 #include "tests/printService.h"
 

@@ -12,7 +12,7 @@
 
 #include "platform/desktop.h"
 #include "platform/help.h"
-#include "platform/sequencer.h"
+#include "platform/shared/sequencer.h"
 #include "tests/contractFixture.h"
 
 namespace {

@@ -15,10 +15,10 @@
 #include <set>
 
 #include "platform/form.h"
-#include "platform/qt/clock.h"
-#include "platform/qt/control.h"
-#include "platform/qt/formStack.h"
-#include "platform/qt/formWindow.h"
+#include "platform/qt/controls/control.h"
+#include "platform/qt/window/clock.h"
+#include "platform/qt/window/formStack.h"
+#include "platform/qt/window/formWindow.h"
 #include "platform/timer.h"
 #include "tests/application.h"
 #include "tests/contractDriver.h"

@@ -18,8 +18,8 @@
 #include <thread>
 
 #include "platform/desktop.h"
-#include "platform/qt/modules.h"
-#include "platform/qt/soundThread.h"
+#include "platform/qt/sound/soundThread.h"
+#include "platform/qt/window/modules.h"
 #include "tests/ear.h"
 #include "tests/soundFiles.h"
 

@@ -8,8 +8,8 @@
 #include <memory>
 
 #include "frmMain.h"
-#include "platform/qt/control.h"
-#include "platform/qt/clock.h"
+#include "platform/qt/controls/control.h"
+#include "platform/qt/window/clock.h"
 #include "platform/timer.h"
 
 /// The game in its real window, offscreen, with nothing begun. Time is held and passes only while a test waits for

@@ -15,8 +15,8 @@
 #include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
 #include "platform/desktop.h"
-#include "platform/qt/control.h"
-#include "platform/qt/formWindow.h"
+#include "platform/qt/controls/control.h"
+#include "platform/qt/window/formWindow.h"
 #include "play/frmChooseTiles.h"
 #include "tests/windowFixture.h"
 

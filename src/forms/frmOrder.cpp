@@ -5,8 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/base/runtime.h"
 #include "platform/printer.h"
-#include "platform/runtime.h"
 #include "product.h"
 #include "toolkit/failures.h"
 #include "toolkit/input.h"

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <vector>
 
-#include "platform/runtime.h"
+#include "platform/base/runtime.h"
 #include "product.h"
 #include "toolkit/input.h"
 

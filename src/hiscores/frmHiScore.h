@@ -1,8 +1,8 @@
 #pragma once
 
 #include "hiscores/scoreFile.h"
+#include "platform/base/runtime.h"
 #include "platform/form.h"
-#include "platform/runtime.h"
 #include "platform/surface.h"
 #include "toolkit/formRef.h"
 

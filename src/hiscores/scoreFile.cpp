@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "platform/base/files.h"
 #include "platform/desktop.h"
-#include "platform/files.h"
 #include "product.h"
 #include "toolkit/failures.h"
 

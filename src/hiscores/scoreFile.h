@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/fixedText.h"
-#include "platform/runtime.h"
+#include "platform/base/fixedText.h"
+#include "platform/base/runtime.h"
 
 constexpr int hiScoreRows = 5;
 constexpr int hiScoreNameLength = 10;  ///< Characters.

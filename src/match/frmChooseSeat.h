@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
+#include "platform/base/runtime.h"
 #include "platform/controls.h"
 #include "platform/form.h"
-#include "platform/runtime.h"
 #include "play/model.h"
 #include "toolkit/formRef.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/changes.h"
+#include "platform/shared/changes.h"
 
 namespace platform {
 

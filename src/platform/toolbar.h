@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/base/runtime.h"
 #include "platform/form.h"
-#include "platform/runtime.h"
 
 namespace platform {
 

@@ -4,9 +4,9 @@
 #include <string>
 
 #include "frmMain.h"
+#include "platform/base/runtime.h"
 #include "platform/controls.h"
 #include "platform/form.h"
-#include "platform/runtime.h"
 #include "platform/surface.h"
 #include "toolkit/formRef.h"
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <iterator>
 
-#include "platform/runtime.h"
+#include "platform/base/runtime.h"
 #include "platform/surface.h"
 
 // The tiles, the board and the fixed facts of play.

@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "platform/runtime.h"
+#include "platform/base/runtime.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/base/runtime.h"
 #include "platform/form.h"
-#include "platform/runtime.h"
 #include "play/model.h"
 #include "toolkit/formRef.h"
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/runtime.h"
-#include "platform/uncaught.h"
+#include "platform/base/runtime.h"
+#include "platform/base/uncaught.h"
 
 /// Tells the player of a failure in the procedure of that name and waits for the answer.
 inline void gsReportError(int32_t number, const std::string& description, const std::string& procedure) {

@@ -1,7 +1,7 @@
 #include "toolkit/input.h"
 
+#include "platform/base/utf8.h"
 #include "platform/form.h"
-#include "platform/utf8.h"
 #include "toolkit/failures.h"
 
 namespace {

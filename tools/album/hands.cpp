@@ -12,7 +12,7 @@
 #include <stdexcept>
 
 #include "frmMain.h"
-#include "platform/qt/formStack.h"
+#include "platform/qt/window/formStack.h"
 
 namespace album {
 namespace {

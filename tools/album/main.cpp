@@ -6,7 +6,7 @@
 #include <cstdio>
 
 #include "frmMain.h"
-#include "platform/qt/application.h"
+#include "platform/qt/window/application.h"
 #include "product.h"
 #include "tools/album/album.h"
 #include "tools/album/pictures.h"

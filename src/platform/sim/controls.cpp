@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/base/utf8.h"
 #include "platform/fields.h"
+#include "platform/shared/tabOrder.h"
 #include "platform/sim/state.h"
-#include "platform/tabOrder.h"
-#include "platform/utf8.h"
 
 namespace sim {
 namespace {

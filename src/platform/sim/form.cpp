@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/base/utf8.h"
+#include "platform/shared/ticks.h"
+#include "platform/shared/twips.h"
 #include "platform/sim/state.h"
-#include "platform/ticks.h"
-#include "platform/twips.h"
-#include "platform/utf8.h"
 
 namespace sim {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/runtime.h"
+#include "platform/base/runtime.h"
 #include "platform/sim/state.h"
 
 void sim::breakPrinter(int line, bool atEnd) {

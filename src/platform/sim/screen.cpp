@@ -1,7 +1,7 @@
 #include <algorithm>
 
+#include "platform/shared/twips.h"
 #include "platform/sim/state.h"
-#include "platform/twips.h"
 
 namespace sim {
 

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "platform/desktop.h"
+#include "platform/shared/ticks.h"
+#include "platform/shared/twips.h"
 #include "platform/sim/state.h"
-#include "platform/ticks.h"
-#include "platform/twips.h"
 
 namespace sim {
 namespace {

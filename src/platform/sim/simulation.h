@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/printer.h"
-#include "platform/slots.h"
+#include "platform/shared/slots.h"
 #include "platform/surface.h"
 
 namespace platform {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "platform/sequencer.h"
+#include "platform/shared/sequencer.h"
 #include "platform/sim/state.h"
 
 namespace sim {

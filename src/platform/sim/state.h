@@ -15,8 +15,8 @@
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/printer.h"
+#include "platform/shared/slots.h"
 #include "platform/sim/simulation.h"
-#include "platform/slots.h"
 #include "platform/toolbar.h"
 
 /// What the files of the simulated desktop share.

@@ -1,4 +1,4 @@
-#include "platform/text.h"
+#include "platform/shared/text.h"
 
 #include <algorithm>
 #include <cmath>

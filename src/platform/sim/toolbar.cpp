@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/shared/ticks.h"
 #include "platform/sim/state.h"
-#include "platform/ticks.h"
 
 namespace platform {
 

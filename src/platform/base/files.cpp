@@ -1,0 +1,95 @@
+#include "platform/base/files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "platform/base/fileFailure.h"
+#include "platform/base/runtime.h"
+
+namespace platform {
+namespace {
+
+/// Opens an ordinary file. What isn't one, a pipe for example, is not even tried, since it could keep the game waiting.
+int openForBoth(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) failure::pathFileAccess(path);
+    constexpr int flags = O_RDWR | O_CLOEXEC | O_NONBLOCK;
+    int handle = TEMP_FAILURE_RETRY(::open(path.c_str(), flags));
+    if (handle >= 0) return handle;
+    if (errno != ENOENT) failure::ofFile(errno, path);
+    // Made only where nothing is: a link to nothing is left alone.
+    constexpr mode_t rights = 0666;
+    handle = TEMP_FAILURE_RETRY(::open(path.c_str(), flags | O_CREAT | O_EXCL, rights));
+    if (handle < 0) failure::ofFile(errno == EEXIST ? ENOENT : errno, path);
+    return handle;
+}
+
+}  // namespace
+
+bool isThere(const std::string& path) {
+    struct stat status {};
+    return ::lstat(path.c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
+}
+
+bool isOrdinaryFile(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+File::File(const std::string& path) : path_(path), handle_(openForBoth(path)) {}
+File::~File() { ::close(handle_); }
+
+std::string File::read(size_t count, size_t from) const {
+    std::string bytes(count, '\0');
+    size_t have = 0;
+    while (have < count) {
+        const auto at = static_cast<off_t>(from + have);
+        const ssize_t got = TEMP_FAILURE_RETRY(::pread(handle_, bytes.data() + have, count - have, at));
+        if (got < 0) failure::ofFile(errno, path_);
+        if (got == 0) break;
+        have += static_cast<size_t>(got);
+    }
+    bytes.resize(have);
+    return bytes;
+}
+
+void File::write(const std::string& bytes) {
+    const std::string before = read(bytes.size());
+    const size_t written = put(bytes);
+    if (written == bytes.size() && TEMP_FAILURE_RETRY(closeCopy()) == 0) return;
+    const int error = errno;
+    if (written > 0 && !putBack(before, written, bytes.size())) failure::deviceFault(path_);
+    failure::ofFile(error, path_);
+}
+
+/// Writes from the beginning; how many bytes the system has taken. If it wasn't all, errno says why.
+size_t File::put(const std::string& bytes) const {
+    size_t taken = 0;
+    while (taken < bytes.size()) {
+        const auto at = static_cast<off_t>(taken);
+        const ssize_t got = TEMP_FAILURE_RETRY(::pwrite(handle_, bytes.data() + taken, bytes.size() - taken, at));
+        if (got == 0) errno = ENOSPC;
+        if (got <= 0) break;
+        taken += static_cast<size_t>(got);
+    }
+    return taken;
+}
+
+/// Closes the file as far as the disk can tell, and is 0 if it has taken all. A disk behind a network or a quota may
+/// refuse only then what was written; the handle itself stays open, so that it can still be put back.
+int File::closeCopy() const {
+    const int copy = ::dup(handle_);
+    return copy < 0 ? copy : ::close(copy);
+}
+
+/// Puts back what a write that failed has overwritten, and takes off what it has added; true if that went well.
+bool File::putBack(const std::string& before, size_t written, size_t wanted) const {
+    const std::string overwritten = before.substr(0, written);
+    if (put(overwritten) != overwritten.size()) return false;
+    return before.size() == wanted || ::ftruncate(handle_, static_cast<off_t>(before.size())) == 0;
+}
+
+}  // namespace platform

@@ -1,0 +1,178 @@
+#include <qdrawutil.h>
+
+#include <QFrame>
+#include <QLabel>
+#include <QPainter>
+#include <cmath>
+
+#include "platform/qt/controls/control.h"
+#include "platform/qt/window/fonts.h"
+#include "platform/qt/window/images.h"
+#include "platform/qt/window/presence.h"
+#include "platform/shared/ticks.h"
+
+namespace platform {
+namespace {
+
+constexpr double lightPart = 0.75;  // of the way from the panel's own colour to white
+constexpr double darkPart = 0.45;   // and to black
+
+/// The colour, that much of the way to another one.
+QColor towards(const QColor& color, const QColor& other, double part) {
+    const auto mixed = [part](int from, int to) { return from + static_cast<int>((to - from) * part); };
+    return QColor(mixed(color.red(), other.red()), mixed(color.green(), other.green()),
+                  mixed(color.blue(), other.blue()));
+}
+
+}  // namespace
+
+struct Shape::Impl {
+    qt::Owned<QFrame> frame;
+};
+
+Shape::Shape(Form& form) : impl_(new Impl{qt::Owned(new QFrame(qt::windowOf(form)))}) {
+    impl_->frame->setStyle(qt::classicStyle());
+    impl_->frame->setFrameStyle(QFrame::Box | QFrame::Plain);
+    impl_->frame->setAttribute(Qt::WA_TransparentForMouseEvents);
+    present();
+}
+
+Shape::~Shape() = default;
+
+void Shape::present() {
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, qt::colorOf(color_));
+    impl_->frame->setPalette(palette);
+    impl_->frame->setLineWidth(width_);
+    qt::setPlace(*impl_->frame.get(), place_);
+    impl_->frame->setVisible(visible_);
+}
+
+struct Label::Impl {
+    explicit Impl(QWidget* form) : face(new QLabel(form)) {
+        qt::presence().watch(this, [this] { present(); });
+    }
+    ~Impl() { qt::presence().forget(this); }
+
+    void present() {
+        if (face.get() != nullptr) face->setVisible(!face->text().isEmpty() && !ticks().isAway());
+    }
+
+    qt::Owned<QLabel> face;
+};
+
+Label::Label(Form& form, const Place& place) : impl_(new Impl(qt::windowOf(form))) {
+    impl_->face->setStyle(qt::classicStyle());
+    impl_->face->setTextFormat(Qt::PlainText);
+    impl_->face->setAttribute(Qt::WA_TransparentForMouseEvents);
+    qt::setPlace(*impl_->face.get(), place);
+    impl_->present();
+}
+
+Label::~Label() = default;
+
+void Label::setLook(const Font& font, Color color) {
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, qt::colorOf(color));
+    impl_->face->setPalette(palette);
+    impl_->face->setFont(qt::letteringOf(font).font);
+}
+
+void Label::setText(const std::string& text) {
+    impl_->face->setText(QString::fromStdString(text));
+    impl_->present();
+}
+
+std::string Label::text() const { return impl_->face->text().toStdString(); }
+
+/// A label of Qt's with two bevels round its text.
+class Panel::Impl::Face : public QLabel {
+  public:
+    Face(QWidget* parent, const Place& place) : QLabel(parent) {
+        setStyle(qt::classicStyle());
+        setTextFormat(Qt::PlainText);
+        setIndent(0);
+        qt::setPlace(*this, place);
+        setVisible(true);
+        setLook({});
+    }
+
+    void setLook(const PanelLook& look);
+    void fit();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    PanelLook look_;
+};
+
+void Panel::Impl::Face::setLook(const PanelLook& look) {
+    look_ = look;
+    const QColor back = qt::colorOf(look.back);
+    QPalette palette = qt::classicPalette();
+    palette.setColor(QPalette::Window, back);
+    palette.setColor(QPalette::WindowText, qt::colorOf(look.fore));
+    palette.setColor(QPalette::Light, towards(back, Qt::white, lightPart));
+    palette.setColor(QPalette::Dark, towards(back, Qt::black, darkPart));
+    setPalette(palette);
+    const int bevels = (look.outer != Bevel::None ? 1 : 0) + (look.inner != Bevel::None ? 1 : 0);
+    const int margin = bevels * look.bevelWidth;
+    setContentsMargins(margin, margin, margin, margin);
+    setWordWrap(look.fit == Fit::Height);
+    fit();
+}
+
+void Panel::Impl::Face::fit() {
+    QFont spaced = font();
+    spaced.setWordSpacing(-look_.closer);
+    QLabel::setFont(spaced);
+    const int textWidth = static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(text())));
+    if (look_.fit == Fit::Width) resize(textWidth + width() - contentsRect().width(), height());
+    if (look_.fit == Fit::Height) resize(width(), heightForWidth(width()));
+    // A line that is higher than its panel loses the room above its letters rather than what hangs below them.
+    const bool tooHigh = fontMetrics().height() > contentsRect().height();
+    setAlignment(qt::alignmentOf(look_.align) | (tooHigh ? Qt::AlignBottom : Qt::AlignVCenter));
+}
+
+void Panel::Impl::Face::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    QRect inside = rect();
+    painter.fillRect(inside, palette().window());
+    for (const Bevel bevel : {look_.outer, look_.inner}) {
+        if (bevel == Bevel::None) continue;
+        qDrawShadePanel(&painter, inside, palette(), bevel == Bevel::Inset, look_.bevelWidth);
+        inside.adjust(look_.bevelWidth, look_.bevelWidth, -look_.bevelWidth, -look_.bevelWidth);
+    }
+    painter.end();
+    QLabel::paintEvent(event);
+}
+
+Panel::Impl::Impl(QWidget* parent, const Place& place) : face(new Face(parent, place)) {}
+
+QWidget* Panel::Impl::widget() const { return face.get(); }
+
+Panel::Panel(Form& form, const Place& place) : impl_(std::make_unique<Impl>(qt::windowOf(form), place)) {}
+
+Panel::Panel(Panel& panel, const Place& place) : impl_(std::make_unique<Impl>(panel.impl().widget(), place)) {}
+
+Panel::~Panel() = default;
+
+Panel::Panel(Panel&&) noexcept = default;
+
+void Panel::setLook(const PanelLook& look) { impl_->face->setLook(look); }
+
+void Panel::setFont(const Font& font) {
+    impl_->face->setFont(qt::letteringOf(font).font);
+    impl_->face->fit();
+}
+
+void Panel::setCaption(const std::string& text) {
+    impl_->face->setText(QString::fromStdString(text));
+    impl_->face->setAccessibleName(impl_->face->text().trimmed());
+    impl_->face->fit();
+}
+
+std::string Panel::caption() const { return impl_->face->text().toStdString(); }
+
+}  // namespace platform

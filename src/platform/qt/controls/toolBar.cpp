@@ -1,0 +1,257 @@
+#include "platform/toolbar.h"
+
+#include <QFrame>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QStyleOptionToolButton>
+#include <QToolButton>
+#include <QToolTip>
+#include <algorithm>
+#include <vector>
+
+#include "platform/qt/controls/control.h"
+#include "platform/qt/window/accessible.h"
+#include "platform/qt/window/images.h"
+
+namespace platform {
+namespace {
+
+constexpr QRgb stripColor = 0xFFEFEFEF;  // The same under every desktop theme, since the images are made for it.
+constexpr QRgb edgeColor = 0xFFA8A8A8;   // of the line under it
+
+/// A button of the strip. When it is marked it has all keys of its form; it looks raised then, as under the pointer,
+/// and has a frame and its tool-tip. Without a window manager no widget has Qt's focus, so that it isn't asked for
+/// that.
+class ToolButton : public QToolButton {
+  public:
+    explicit ToolButton(QWidget* strip);
+
+    ButtonKeys keys{};
+
+    bool isPressedBy(const QKeyEvent& event) const;
+    void mark(Qt::FocusReason reason);
+    bool isMarked() const { return qt::formWindowOf(this)->keyTarget() == this; }
+    void showToolTip() { QToolTip::showText(mapToGlobal(QPoint(0, height())), toolTipWithKey(), this); }
+
+  protected:
+    bool event(QEvent* event) override;
+    void initStyleOption(QStyleOptionToolButton* option) const override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    QString toolTipWithKey() const;
+    void goOn(int step);
+    void pressOnce(const QKeyEvent& event);
+};
+
+/// The strip that the buttons lie on. F10 in its form goes to the first of them, and the buttons' own keys press them.
+class Strip : public QWidget {
+  public:
+    explicit Strip(qt::FormWindow* form);
+
+    /// The buttons that are seen, from the left.
+    std::vector<ToolButton*> row() const;
+
+  private:
+    bool take(const QKeyEvent& event, bool repeat);
+};
+
+Strip::Strip(qt::FormWindow* form) : QWidget(form) {
+    form->takeToolKey = [strip = QPointer<Strip>(this)](const QKeyEvent& event, bool repeat) {
+        return strip && strip->take(event, repeat);
+    };
+}
+
+std::vector<ToolButton*> Strip::row() const {
+    std::vector<ToolButton*> seen;
+    for (QObject* child : children())
+        if (auto* const button = dynamic_cast<ToolButton*>(child); button && button->isVisible())
+            seen.push_back(button);
+    return seen;
+}
+
+bool Strip::take(const QKeyEvent& event, bool repeat) {
+    const auto seen = row();
+    const bool marks = event.key() == Qt::Key_F10 && !seen.empty() && !qt::formWindowOf(this)->toolsHaveKeys();
+    const auto pressed =
+        std::ranges::find_if(seen, [&](const ToolButton* button) { return button->isPressedBy(event); });
+    if (!marks && pressed == seen.end()) return false;
+    if (repeat) return true;
+    marks ? seen.front()->mark(Qt::ShortcutFocusReason) : (*pressed)->click();
+    return true;
+}
+
+ToolButton::ToolButton(QWidget* strip) : QToolButton(strip) {
+    qt::setRole(*this, QAccessible::Button);
+    setStyle(qt::classicStyle());
+    setAutoRaise(true);
+    setFocusPolicy(Qt::NoFocus);
+    setVisible(false);
+}
+
+// It doesn't rise under the pointer while something on top keeps clicks from it.
+void ToolButton::initStyleOption(QStyleOptionToolButton* option) const {
+    QToolButton::initStyleOption(option);
+    if (qt::formStack().blocks(this)) option->state &= ~QStyle::State_MouseOver;
+    if (isMarked()) option->state |= QStyle::State_MouseOver | QStyle::State_HasFocus;
+}
+
+bool ToolButton::isPressedBy(const QKeyEvent& event) const {
+    const bool isAnother = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return !isAnother && std::ranges::count(keys, qt::strokeOf(event, false).code) > 0;
+}
+
+QString ToolButton::toolTipWithKey() const {
+    return keys.front() != 0 ? toolTip() + QStringLiteral(" (%1)").arg(qt::nameOfKey(keys.front())) : toolTip();
+}
+
+/// Qt knows of no keys, and a screen reader, which is told the key apart, would say its own text once more.
+bool ToolButton::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QToolButton::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTipWithKey(), this);
+    return true;
+}
+
+void ToolButton::mark(Qt::FocusReason reason) {
+    setFocus(reason);
+    showToolTip();
+    update();
+}
+
+/// In another window the player means something else.
+void ToolButton::focusOutEvent(QFocusEvent* event) {
+    QToolButton::focusOutEvent(event);
+    if (event->reason() == Qt::ActiveWindowFocusReason) qt::formWindowOf(this)->takeKeysBack();
+}
+
+void ToolButton::keyPressEvent(QKeyEvent* event) {
+    switch (qt::strokeOf(*event, event->isAutoRepeat()).code) {
+        case key::Left:
+        case key::Pad4:
+            return goOn(-1);
+        case key::Right:
+        case key::Pad6:
+            return goOn(1);
+        default:
+            if (!event->isAutoRepeat()) pressOnce(*event);
+    }
+}
+
+void ToolButton::goOn(int step) {
+    const auto row = static_cast<const Strip*>(parentWidget())->row();
+    const auto count = static_cast<int>(row.size());
+    const auto place = static_cast<int>(std::ranges::find(row, this) - row.begin());
+    row[static_cast<size_t>((place + step + count) % count)]->mark(Qt::TabFocusReason);
+    update();
+}
+
+void ToolButton::pressOnce(const QKeyEvent& event) {
+    const int code = qt::strokeOf(event, false).code;
+    if (code == key::Enter || code == key::Space) click();
+    if (code == key::Escape || event.key() == Qt::Key_F10) qt::formWindowOf(this)->takeKeysBack();
+}
+
+/// The image with that number, the mask colour left out; null if the strip doesn't reach so far.
+QImage cutImage(const ImageList& images, int number) {
+    const int width = images.imageWidth;
+    if (number < 1 || number * width > images.strip.width) return {};
+    QImage image = qt::imageOf(images.strip).copy((number - 1) * width, 0, width, images.strip.height);
+    const QRgb mask = pixelOf(images.maskColor);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* const line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        std::replace(line, line + image.width(), mask, QRgb{0});
+    }
+    return image;
+}
+
+}  // namespace
+
+struct ToolBar::Impl {
+    explicit Impl(qt::FormWindow* parent, const ImageList& list) : strip(new Strip(parent)), images(list) {}
+
+    qt::Owned<Strip> strip;
+    QFrame* edge = nullptr;
+    DynamicTable<ToolButton*> buttons;
+    ImageList images;
+
+    void layOut();
+};
+
+void ToolBar::Impl::layOut() {
+    edge->setGeometry(0, strip->height() - 1, strip->width(), 1);
+    int left = 0;
+    for (int number = 1; number <= buttons.count(); ++number) {
+        buttons[number]->move(left, 0);
+        left += buttons[number]->width();
+    }
+}
+
+ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& images)
+    : impl_(std::make_unique<Impl>(qt::windowOf(form), images)) {
+    QPalette palette{QColor(stripColor)};
+    palette.setColor(QPalette::WindowText, QColor(edgeColor));
+    qt::setRole(*impl_->strip.get(), QAccessible::ToolBar);
+    impl_->strip->setAccessibleName(QStringLiteral("Toolbar"));
+    impl_->strip->setPalette(palette);
+    impl_->strip->setAutoFillBackground(true);
+    impl_->strip->resize(form.scaleWidth(), height);
+    impl_->edge = new QFrame(impl_->strip.get());
+    impl_->edge->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    impl_->buttons.resize(buttonCount);
+    for (int number = 1; number <= buttonCount; ++number) {
+        auto* const button = new ToolButton(impl_->strip.get());
+        button->resize(firstButtonWidth, height);
+        QObject::connect(button, &QToolButton::clicked, impl_->strip.get(),
+                         [this, button, number] { qt::answer(button, onButtonClick, number); });
+        impl_->buttons[number] = button;
+    }
+    impl_->layOut();
+    if (impl_->strip->parentWidget()->isVisible()) impl_->strip->show();
+}
+
+ToolBar::~ToolBar() {
+    if (impl_->strip.get() == nullptr) return;
+    for (int number = 1; number <= buttonCount(); ++number) impl_->buttons[number]->blockSignals(true);
+}
+
+void ToolBar::setWidth(int pixels) {
+    impl_->strip->resize(pixels, impl_->strip->height());
+    impl_->layOut();
+}
+
+int ToolBar::width() const { return impl_->strip->width(); }
+
+int ToolBar::buttonCount() const { return impl_->buttons.count(); }
+
+int ToolBar::buttonWidth(int button) const { return impl_->buttons[button]->width(); }
+
+void ToolBar::setButtonWidth(int button, int pixels) {
+    impl_->buttons[button]->resize(pixels, impl_->strip->height());
+    impl_->layOut();
+}
+
+void ToolBar::setButtonImage(int button, int image) {
+    const QImage icon = cutImage(impl_->images, image);
+    impl_->buttons[button]->setIcon(QIcon(QPixmap::fromImage(icon)));
+    impl_->buttons[button]->setIconSize(icon.size());
+    impl_->buttons[button]->setVisible(image != 0);
+}
+
+void ToolBar::setButtonKeys(int button, const ButtonKeys& keys) {
+    impl_->buttons[button]->keys = keys;
+    qt::setAccelerator(*impl_->buttons[button], keys.front() != 0 ? qt::nameOfKey(keys.front()) : QString());
+}
+
+void ToolBar::setToolTip(int button, const std::string& text) {
+    const QString tip = QString::fromStdString(text);
+    ToolButton& face = *impl_->buttons[button];
+    face.setToolTip(tip);
+    face.setAccessibleName(tip);
+    if (face.isMarked() || face.underMouse()) face.showToolTip();
+}
+
+std::string ToolBar::toolTip(int button) const { return impl_->buttons[button]->toolTip().toStdString(); }
+
+}  // namespace platform

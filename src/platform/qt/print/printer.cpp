@@ -1,0 +1,82 @@
+#include "platform/printer.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <thread>
+#include <utility>
+
+#include "platform/base/runtime.h"
+#include "platform/desktop.h"
+#include "platform/qt/print/printing.h"
+#include "platform/qt/window/fonts.h"
+#include "platform/qt/window/formStack.h"
+#include "platform/qt/window/modules.h"
+
+namespace platform {
+namespace {
+
+using qt::PrintJob;
+using qt::PrintOutcome;
+
+/// Keeps keys and clicks from the forms and shows that they have to wait.
+class Busy {
+  public:
+    Busy() {
+        qt::formStack().openBox(nullptr);
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+    ~Busy() {
+        QGuiApplication::restoreOverrideCursor();
+        qt::formStack().closeBox(nullptr);
+    }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+};
+
+void printNow(const PrintJob& job, PrintOutcome& outcome) {
+    void* const entry = qt::moduleEntry(qt::printModule, qt::printEntry);
+    if (entry != nullptr)
+        reinterpret_cast<qt::PrintEntry*>(entry)(job, outcome);
+    else
+        outcome = {{}, 53, std::string("File not found: ") + qt::printModule};
+}
+
+/// Prints in a thread of its own, since a print service may take its time; events are served until it is done.
+PrintOutcome printed(const PrintJob& job) {
+    const Busy busy;
+    PrintOutcome outcome;
+    QEventLoop loop;
+    std::thread worker([&] {
+        printNow(job, outcome);
+        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    });
+    loop.exec();
+    worker.join();  // Not done yet if the end of the program has ended the loop.
+    return outcome;
+}
+
+}  // namespace
+
+Printer& printer() {
+    static Printer& thePrinter = *new Printer;
+    return thePrinter;
+}
+
+void Printer::print(const std::vector<ColumnText>& texts) {
+    lines_.push_back({font, texts});
+    lines_.back().font.name = qt::familyOf(font.name);
+}
+
+void Printer::endDoc() {
+    const std::string program = QCoreApplication::applicationName().toStdString();
+    const PrintJob job{program, std::exchange(lines_, {})};
+    if (job.lines.empty()) return;
+    const PrintOutcome outcome = printed(job);
+    if (outcome.failure != 0) throw RuntimeError(outcome.failure, outcome.description);
+    if (!outcome.file.empty())
+        messageBox(program, "No printer is set up. The sheet has been saved as\n" + outcome.file, Sign::Information);
+}
+
+}  // namespace platform

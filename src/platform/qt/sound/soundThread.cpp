@@ -1,0 +1,122 @@
+#include "platform/qt/sound/soundThread.h"
+
+#include <utility>
+
+#include "platform/base/uncaught.h"
+#include "platform/qt/window/modules.h"
+
+namespace platform::qt {
+
+using sequencer::State;
+
+SoundThread& soundThread() {
+    static SoundThread& theThread = *new SoundThread;  // Controls that are let go at the very end still ask for it.
+    struct Ender {
+        ~Ender() { theThread.end(); }
+    };
+    static const Ender ender;
+    return theThread;
+}
+
+uint64_t SoundThread::begin(const std::string& file) {
+    std::unique_lock lock(mutex_);
+    const uint64_t performance = requests_.music.performance + 1;
+    requests_.music = {performance, file, true};
+    request(std::move(lock));
+    return performance;
+}
+
+void SoundThread::setPlaying(uint64_t performance, bool playing) {
+    std::unique_lock lock(mutex_);
+    if (performance != requests_.music.performance) return;
+    requests_.music.playing = playing;
+    request(std::move(lock));
+}
+
+State SoundThread::stateOf(uint64_t performance) {
+    const std::lock_guard lock(mutex_);
+    if (performance == failed_) return State::Failed;
+    return performance == ended_ || performance != requests_.music.performance ? State::Ended : State::Going;
+}
+
+void SoundThread::playSound(const std::string& file) {
+    std::unique_lock lock(mutex_);
+    requests_.sounds.push_back(file);
+    request(std::move(lock));
+}
+
+void SoundThread::request(std::unique_lock<std::mutex> lock) {
+    if (ending_) return;
+    changes_ = true;
+    if (!thread_.joinable()) thread_ = std::thread([this] { run(); });
+    lock.unlock();
+    changed_.notify_one();
+}
+
+void SoundThread::end() {
+    {
+        const std::lock_guard lock(mutex_);
+        ending_ = true;
+    }
+    changed_.notify_one();
+    if (thread_.joinable()) thread_.join();
+}
+
+void SoundThread::run() {
+    std::unique_lock lock(mutex_);
+    while (!ending_) {
+        changed_.wait(lock, [this] { return changes_ || ending_; });
+        if (ending_) break;
+        changes_ = false;
+        const Requests requests{requests_.music, std::exchange(requests_.sounds, {}),
+                                std::exchange(requests_.quiet, false)};
+        lock.unlock();
+        carryOut(requests);
+        lock.lock();
+    }
+    lock.unlock();
+    mixer_.reset();
+}
+
+void SoundThread::carryOut(const Requests& requests) {
+    if (!mixer_) makeMixer();
+    if (!carryOut(requests.music)) {
+        const std::lock_guard lock(mutex_);
+        failed_ = requests.music.performance;
+    }
+    if (!mixer_) return;
+    for (const std::string& sound : requests.sounds) mixer_->playSound(sound);
+    if (requests.quiet) mixer_->rest();
+}
+
+bool SoundThread::carryOut(const Music& wanted) {
+    const Music before = std::exchange(present_, wanted);
+    if (!wanted.playing) {
+        if (before.playing && mixer_) mixer_->pause();
+        return true;
+    }
+    const bool same = wanted.performance == before.performance;
+    if (same && before.playing) return true;
+    return mixer_ && (same ? mixer_->resume() : mixer_->begin(wanted.file, wanted.performance));
+}
+
+void SoundThread::makeMixer() {
+    const auto make = reinterpret_cast<MakeMixer>(moduleEntry(soundModule, soundEntry));
+    if (make == nullptr) return;
+    mixer_.reset(
+        make(programName(), {[this](uint64_t performance) { tellEnded(performance); }, [this] { tellQuiet(); }}));
+}
+
+void SoundThread::tellEnded(uint64_t performance) {
+    const std::lock_guard lock(mutex_);
+    ended_ = performance;
+}
+
+void SoundThread::tellQuiet() {
+    const std::lock_guard lock(mutex_);
+    requests_.quiet = true;
+    changes_ = true;
+    changed_.notify_one();
+}
+
+}  // namespace platform::qt

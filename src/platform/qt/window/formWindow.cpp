@@ -1,0 +1,280 @@
+#include "platform/qt/window/formWindow.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QLabel>
+#include <QPainter>
+#include <QScreen>
+#include <QStyle>
+#include <QToolButton>
+#include <QToolTip>
+#include <QWindow>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "platform/qt/controls/control.h"
+#include "platform/qt/window/accessible.h"
+#include "platform/qt/window/formStack.h"
+#include "platform/qt/window/images.h"
+#include "platform/qt/window/presence.h"
+#include "platform/shared/slots.h"
+#include "platform/shared/tabOrder.h"
+#include "platform/shared/twips.h"
+
+namespace platform::qt {
+namespace {
+
+/// Whether a label stands at the left of a field, in the same line.
+bool standsBefore(const QLabel& label, const QWidget& field) {
+    return label.x() < field.x() && label.y() <= field.geometry().center().y() &&
+           label.geometry().bottom() >= field.geometry().center().y();
+}
+
+/// The caption at the left of a field, or else that of the panel it lies on.
+QString captionFor(const QWidget& field) {
+    const QLabel* nearest = qobject_cast<const QLabel*>(field.parentWidget());
+    for (const QLabel* label : field.parentWidget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly))
+        if (standsBefore(*label, field) && (nearest == field.parentWidget() || label->x() > nearest->x()))
+            nearest = label;
+    return nearest != nullptr ? nearest->text().trimmed() : QString();
+}
+
+// A main window can't be maximised.
+constexpr Qt::WindowFlags mainWindowFlags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                            Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                                            Qt::WindowCloseButtonHint;
+constexpr Qt::WindowStates refusedStates = Qt::WindowMaximized | Qt::WindowFullScreen;
+
+/// Lets the desktop give a window of fixed size more room for a moment. Wayland ends a program that is maximised, as
+/// some desktops do unasked, and doesn't take the size that comes with it.
+void bearAnySize(QWindow& window) {
+    if (QGuiApplication::platformName().startsWith("wayland"))
+        window.setMaximumSize({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
+}
+
+}  // namespace
+
+QPoint onScreen(const QPoint& wanted, int height, const QRect& screen, int titleBar) {
+    const int bottom = screen.top() + screen.height();
+    const int highest = std::clamp(bottom - height, screen.top() + titleBar / 2, screen.top() + titleBar);
+    return {std::max(wanted.x(), screen.left()), std::max(wanted.y(), highest)};
+}
+
+FormWindow* formWindowOf(const QWidget* face) {
+    QWidget* each = face->parentWidget();
+    while (!dynamic_cast<FormWindow*>(each)) each = each->parentWidget();
+    return static_cast<FormWindow*>(each);
+}
+
+FormWindow::FormWindow(Form& owner) : form(&owner) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setRole(*this, QAccessible::Window);
+}
+
+void FormWindow::fitToSurface() {
+    setFixedSize(surface.width(), surface.height());
+    update();
+}
+
+void FormWindow::showChanges() {
+    std::vector<Place> changed;
+    collectChanges(surface.changes(), shown_, {0, 0, surface.width(), surface.height()}, changed);
+    for (const Place& place : changed) update(place.left, place.top, place.width, place.height);
+    shown_ = surface.changes().now();
+}
+
+void FormWindow::place() {
+    const FormWindow* const main = formStack().mainWindow();
+    if (!isWindow() && main) move(toPixels(left - main->left), toPixels(top - main->top));
+    if (!isWindow()) return;
+    const QScreen& screen = *QGuiApplication::primaryScreen();
+    const QPoint wanted = QPoint(toPixels(left), toPixels(top)) + screen.geometry().topLeft();
+    const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    setGeometry({onScreen(wanted, height(), screen.availableGeometry(), titleBar), size()});
+}
+
+bool FormWindow::load() {
+    if (loaded) return false;
+    loaded = true;
+    const QPointer<FormWindow> self(this);
+    callSlot(form->onLoad);
+    return self && loaded;
+}
+
+void FormWindow::showAsMain() {
+    if (!load()) return;
+    formStack().openMain(this);
+    setWindowFlags(mainWindowFlags);
+    place();
+    create();
+    bearAnySize(*windowHandle());
+    show();
+    activate();
+}
+
+void FormWindow::runAsDialog() {
+    if (!load()) return;
+    if (FormWindow* const main = formStack().mainWindow()) setParent(main, Qt::SubWindow);  // Keeps Tab within itself.
+    formStack().openDialog(this);
+    setRole(*this, QAccessible::Dialog);
+    place();
+    if (accessibleName().isEmpty()) setAccessibleName(windowTitle());  // Its loading may have told more.
+    nameFields();
+    show();
+    const QPointer<FormWindow> self(this);
+    activate();
+    if (!self || !loaded) return;
+    QEventLoop loop;
+    loop_ = &loop;
+    loop.exec();
+    if (self) self->loop_ = nullptr;  // It still stands when the program's end has ended the loop.
+}
+
+void FormWindow::unload() {
+    if (!loaded || unloading_) return;
+    unloading_ = true;
+    const QPointer<FormWindow> self(this);
+    if (form) callSlot(form->onUnload);
+    if (self) leave();
+}
+
+void FormWindow::leave() {
+    loaded = false;
+    unloading_ = false;
+    focused_ = nullptr;
+    if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
+    hide();
+    setParent(nullptr);  // A dialog outlives the main window if its owner does.
+    if (loop_) loop_->quit();
+    loop_ = nullptr;
+    formStack().leave(this);
+}
+
+void FormWindow::retire() {
+    form = nullptr;
+    formStack().unloadAbove(this);
+    leave();
+    deleteLater();
+}
+
+void FormWindow::activate() {
+    const QPointer<FormWindow> self(this);
+    if (form) callSlot(form->onActivate);
+    if (self && loaded && formStack().top() == this) focusFirst();
+}
+
+void FormWindow::announce(const QString& text) {
+    isVisible() ? notify(*window(), text) : setAccessibleName(text);  // By its name when it opens.
+}
+
+void FormWindow::focusFirst() {
+    const auto first = std::ranges::find_if(controls_, [this](const Control::Impl* control) {
+        return control->face->isEnabledTo(this) && control->face->focusPolicy() & Qt::TabFocus;
+    });
+    const bool chooses = focusedControl() == nullptr && first != controls_.end();
+    (chooses ? (*first)->face.get() : keyTarget())->setFocus(Qt::TabFocusReason);
+    followFocus();
+}
+
+void FormWindow::nameFields() const {
+    for (const Control::Impl* control : controls_) {
+        QWidget* const face = control->face.get();
+        if (!qobject_cast<QAbstractButton*>(face) && face->accessibleName().isEmpty())
+            face->setAccessibleName(captionFor(*face));
+    }
+}
+
+void FormWindow::addControl(Control::Impl* control) { controls_.push_back(control); }
+
+void FormWindow::removeControl(const Control::Impl* control) {
+    std::erase(controls_, control);
+    if (focused_ == control) focused_ = nullptr;
+}
+
+void FormWindow::setTabIndex(Control::Impl* control, int index) {
+    moveTo(controls_, control, index);
+    for (size_t i = 1; i < controls_.size(); ++i) setTabOrder(controls_[i - 1]->face.get(), controls_[i]->face.get());
+}
+
+int FormWindow::tabIndex(Control::Impl* control) const { return positionOf(controls_, control); }
+
+QWidget* FormWindow::keyTarget() const {
+    QWidget* const focus = focusWidget();
+    const bool isOwn =
+        focus && focus != this && isAncestorOf(focus) && focus->isVisible() && formWindowOf(focus) == this;
+    return isOwn ? focus : const_cast<FormWindow*>(this);
+}
+
+bool FormWindow::toolsHaveKeys() const { return qobject_cast<QToolButton*>(keyTarget()) != nullptr; }
+
+void FormWindow::takeKeysBack() {
+    if (!toolsHaveKeys()) return;
+    QWidget* const button = keyTarget();
+    setFocus(Qt::OtherFocusReason);
+    button->update();
+    QToolTip::hideText();
+}
+
+Control::Impl* FormWindow::controlOf(const QWidget* face) const {
+    const auto found = std::ranges::find(controls_, face, [](const auto* control) { return control->face.get(); });
+    return found != controls_.end() ? *found : nullptr;
+}
+
+Control::Impl* FormWindow::focusedControl() const { return controlOf(keyTarget()); }
+
+bool FormWindow::answersAt(const QPoint& at) {
+    bool answered = false;
+    const std::function<void()> ask = [&, slot = form->onPoint] { answered = slot(at.x(), at.y()); };
+    if (rect().contains(at)) callSlot(ask);
+    return answered;
+}
+
+bool FormWindow::answers(const Stroke& stroke) {
+    if (stroke.code != key::Enter && stroke.code != key::Escape) return false;
+    auto* const focused = qobject_cast<QPushButton*>(keyTarget());
+    QPushButton* const button = stroke.code == key::Escape ? cancel_.data() : focused ? focused : default_.data();
+    if (button && !stroke.repeat) button->click();
+    return true;
+}
+
+void FormWindow::followFocus() {
+    Control::Impl* const now = loaded ? focusedControl() : nullptr;
+    if (now == nullptr || now == focused_) return;
+    const Control::Impl* const before = std::exchange(focused_, now);
+    const QPointer<FormWindow> self(this);
+    if (before) callSlot(before->owner.onValidate);
+    if (self && focused_ == now) callSlot(now->owner.onGotFocus);
+}
+
+void FormWindow::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    const qreal scale = devicePixelRatio();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != std::floor(scale));
+    const QImage image = imageOf(surface);
+    if (image.size() != size()) painter.fillRect(rect(), Qt::black);
+    if (!image.isNull()) painter.drawImage(QPoint(0, 0), image);
+}
+
+void FormWindow::resizeEvent(QResizeEvent* /*event*/) {
+    const QSize own(surface.width(), surface.height());
+    if (isWindow() && !(windowState() & refusedStates) && size() != own) resize(own);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();  // The form decides what closing means.
+    unload();
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange) return;
+    presence().look();
+    if (windowState() & refusedStates)
+        QMetaObject::invokeMethod(
+            this, [this] { setWindowState(windowState() & ~refusedStates); }, Qt::QueuedConnection);
+}
+
+}  // namespace platform::qt

@@ -1,0 +1,85 @@
+#include "platform/sound.h"
+
+#include "platform/shared/sequencer.h"
+
+namespace platform {
+
+struct MMControl::CommandRow {
+    const char* word;
+    void (MMControl::*carryOut)();
+};
+
+MMControl::MMControl() {
+    statusTimer_.onTick = [this] {
+        const auto held = onStatusUpdate;  // The handler may let go of the control.
+        if (held) held();
+    };
+}
+
+MMControl::~MMControl() { close(); }
+
+void MMControl::setUpdateInterval(int milliseconds) {
+    statusTimer_.setInterval(milliseconds);
+    statusTimer_.setEnabled(milliseconds > 0);
+}
+
+void MMControl::setCommand(const std::string& command) {
+    static constexpr CommandRow commands[] = {
+        {"Open", &MMControl::open},   {"Play", &MMControl::play},   {"Stop", &MMControl::stop},
+        {"Next", &MMControl::rewind}, {"Prev", &MMControl::rewind}, {"Close", &MMControl::close},
+    };
+    command_ = command;
+    for (const CommandRow& row : commands)
+        if (command == row.word) (this->*row.carryOut)();
+}
+
+int32_t MMControl::mode() const {
+    if (!playing_) return restingMode_;
+    switch (sequencer::stateOf(performance_)) {
+        case sequencer::State::Going:
+            return modePlaying;
+        case sequencer::State::Ended:
+            return modeStopped;
+        case sequencer::State::Failed:
+            break;
+    }
+    return modeNotReady;
+}
+
+void MMControl::open() {
+    if (restingMode_ != modeNotReady || deviceType_ != "Sequencer") return;
+    piece_ = fileName_;
+    if (piece_.empty())
+        restingMode_ = modeOpen;
+    else if (sequencer::canOpen(piece_))
+        restingMode_ = modeStopped;
+}
+
+void MMControl::play() {
+    if (restingMode_ != modeStopped || playing_) return;
+    playing_ = true;
+    if (performance_ == 0)
+        performance_ = sequencer::begin(piece_);
+    else
+        sequencer::resume(performance_);
+}
+
+void MMControl::stop() {
+    if (playing_) sequencer::pause(performance_);
+    playing_ = false;
+}
+
+void MMControl::rewind() {
+    const bool goesOn = mode() == modePlaying;
+    playing_ = false;
+    performance_ = 0;
+    if (goesOn) play();
+}
+
+void MMControl::close() {
+    stop();
+    performance_ = 0;
+    restingMode_ = modeNotReady;
+}
+
+}  // namespace platform

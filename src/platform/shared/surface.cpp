@@ -1,0 +1,239 @@
+#include "platform/surface.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <utility>
+
+#include "platform/shared/text.h"
+
+namespace platform {
+namespace {
+
+constexpr Color black = 0;
+
+/// `pixelOf` swaps red and blue; doing it twice restores them.
+Color colorOf(uint32_t pixel) { return pixelOf(pixel) & 0xFFFFFF; }
+
+/// The part of a rectangle that lies on a surface of that size, and on a source with the rectangle's corner at a point.
+class Cut {
+  public:
+    Cut(const Place& place, const Surface& surface) : place_(place) { within(place.left, place.top, surface); }
+
+    /// Cuts it to the source as well.
+    Cut& within(int sourceLeft, int sourceTop, const Surface& source) {
+        left_ = std::max(left_, -sourceLeft);
+        top_ = std::max(top_, -sourceTop);
+        right_ = std::min({right_, place_.width, source.width() - sourceLeft});
+        bottom_ = std::min({bottom_, place_.height, source.height() - sourceTop});
+        return *this;
+    }
+
+    bool empty() const { return right_ <= left_ || bottom_ <= top_; }
+    Place place() const { return {place_.left + left_, place_.top + top_, right_ - left_, bottom_ - top_}; }
+    /// The pixels of a part for a line of the place, which counts from 0.
+    const uint32_t* rowOf(const SurfacePart& part, int line) const {
+        return part.surface.row(part.top + top_ + line) + part.left + left_;
+    }
+
+  private:
+    Place place_;
+    int left_ = 0;
+    int top_ = 0;
+    int right_ = std::numeric_limits<int>::max();
+    int bottom_ = std::numeric_limits<int>::max();
+};
+
+/// Works out each pixel of a row anew; true if one has got another colour.
+template <class Operation>
+bool combineRow(uint32_t* to, const uint32_t* from, int count, Operation operation) {
+    uint32_t difference = 0;
+    for (int i = 0; i < count; ++i) {
+        const uint32_t result = operation(to[i], from[i]);
+        difference |= result ^ to[i];
+        to[i] = result;
+    }
+    return difference != 0;
+}
+
+bool andRow(uint32_t* to, const uint32_t* from, int count) {
+    return combineRow(to, from, count, [](uint32_t a, uint32_t b) { return a & b; });
+}
+
+bool orRow(uint32_t* to, const uint32_t* from, int count) {
+    return combineRow(to, from, count, [](uint32_t a, uint32_t b) { return a | b; });
+}
+
+bool copyRow(uint32_t* to, const uint32_t* from, int count) {
+    const size_t bytes = sizeof(uint32_t) * static_cast<size_t>(count);
+    if (std::memcmp(to, from, bytes) == 0) return false;
+    std::memmove(to, from, bytes);
+    return true;
+}
+
+bool maskRow(uint32_t* to, const uint32_t* mask, const uint32_t* picture, int count) {
+    uint32_t difference = 0;
+    for (int i = 0; i < count; ++i) {
+        const uint32_t result = (to[i] & mask[i]) | picture[i];
+        difference |= result ^ to[i];
+        to[i] = result;
+    }
+    return difference != 0;
+}
+
+bool beginsInside(const PrintedText& text, const Place& place) {
+    return text.left >= place.left && text.left < place.left + place.width && text.top >= place.top &&
+           text.top < place.top + place.height;
+}
+
+/// Replaces the texts in a rectangle of a surface by those in the part of another.
+void copyTexts(Surface& destination, const Place& place, const SurfacePart& part) {
+    Cut cut(place, destination);
+    cut.within(part.left, part.top, part.surface);
+    const Place to = cut.place();
+    const int right = place.left - part.left, down = place.top - part.top;
+    const Place from{to.left - right, to.top - down, to.width, to.height};
+    std::vector<PrintedText> copies;
+    for (const PrintedText& text : part.surface.texts)
+        if (beginsInside(text, from)) copies.push_back(text);
+    std::erase_if(destination.texts, [&](const PrintedText& text) { return beginsInside(text, to); });
+    for (PrintedText& copy : copies) {
+        copy.left += right;
+        copy.top += down;
+        destination.texts.push_back(std::move(copy));
+    }
+}
+
+}  // namespace
+
+void collectChanges(const Changes& changes, Changes::Moment since, const Place& whole, std::vector<Place>& list) {
+    if (!changes.knowsSince(since)) return list.push_back(whole);
+    for (Changes::Moment moment = since; moment != changes.now(); ++moment) list.push_back(changes.after(moment));
+}
+
+Surface::Surface(int width, int height) { resize(width, height); }
+
+Surface::Surface(const Picture& picture) { setPicture(picture); }
+
+void Surface::setPicture(const Picture& picture) {
+    background_ = picture;
+    resize(picture.width, picture.height);
+}
+
+void Surface::resize(int width, int height) {
+    width_ = std::max(0, width);
+    height_ = std::max(0, height);
+    borrows_ = false;
+    pixels_.clear();
+    texts.clear();
+    if (keepsPixels && width_ > 0 && height_ > 0) layBackground();
+}
+
+void Surface::clear() {
+    texts.clear();
+    if (hasPixels()) layBackground();
+}
+
+// Memory costs most when it is touched for the first time, so each pixel is written once, and a surface that only shows
+// its picture has no pixels of its own.
+void Surface::layBackground() {
+    changes_.addAll();
+    borrows_ = width_ == background_.width && height_ == background_.height;
+    if (borrows_) return;
+    pixels_.assign(static_cast<size_t>(width_) * height_, pixelOf(black));
+    const int columns = std::min(width_, background_.width);
+    const int rows = std::min(height_, background_.height);
+    for (int y = 0; y < rows; ++y)
+        std::copy_n(background_.pixels + static_cast<size_t>(y) * background_.width, columns,
+                    pixels_.data() + static_cast<size_t>(y) * width_);
+}
+
+void Surface::ownPixels() {
+    if (!borrows_) return;
+    pixels_.assign(background_.pixels, background_.pixels + static_cast<size_t>(width_) * height_);
+    borrows_ = false;
+}
+
+void Surface::print(const std::string& text) {
+    if (hasPixels()) drawText(*this, currentX, currentY, text, font, foreColor);
+}
+
+int Surface::textWidth(const std::string& text) const { return measureText(text, font); }
+
+Color Surface::point(int x, int y) const {
+    if (x < 0 || y < 0 || x >= width_ || y >= height_ || !hasPixels()) return 0;
+    return colorOf(row(y)[x]);
+}
+
+uint32_t* Surface::canvas() {
+    ownPixels();
+    changes_.addAll();
+    return pixels_.data();
+}
+
+/// Paints the rows of a rectangle, each by its number from 0, and remembers the rectangle if a pixel has changed.
+template <class PaintRow>
+void Surface::paintRows(const Place& place, PaintRow paintRow) {
+    ownPixels();
+    bool changed = false;
+    for (int line = 0; line < place.height; ++line) {
+        uint32_t* const to = pixels_.data() + static_cast<size_t>(place.top + line) * width_ + place.left;
+        changed |= paintRow(to, line);
+    }
+    if (changed) changes_.add(place);
+}
+
+template <class CombineRow>
+void Surface::transfer(const Place& place, const SurfacePart& part, CombineRow combineRow) {
+    Cut cut(place, *this);
+    cut.within(part.left, part.top, part.surface);
+    if (cut.empty()) return;
+    paintRows(cut.place(),
+              [&](uint32_t* to, int line) { return combineRow(to, cut.rowOf(part, line), cut.place().width); });
+}
+
+void Surface::copyWhole(const Surface& source) {
+    const Place whole{0, 0, std::min(width_, source.width_), std::min(height_, source.height_)};
+    std::vector<Place> changed;
+    if (original_.serial == source.identity_.serial) {
+        collectChanges(source.changes_, original_.itsMoment, whole, changed);
+        collectChanges(changes_, original_.ownMoment, whole, changed);
+    } else {
+        changed.push_back(whole);
+    }
+    for (const Place& place : changed) transfer(place, {source, place.left, place.top}, copyRow);
+    original_ = {source.identity_.serial, source.changes_.now(), changes_.now()};
+}
+
+void BitBlt(Surface& destination, int x, int y, int width, int height, const Surface& source, int sourceX, int sourceY,
+            uint32_t operation) {
+    if (!destination.hasPixels() || !source.hasPixels()) return;
+    const Place place{x, y, width, height};
+    const SurfacePart part{source, sourceX, sourceY};
+    switch (operation) {
+        case SRCCOPY: {
+            if (!(destination.texts.empty() && source.texts.empty())) copyTexts(destination, place, part);
+            const bool whole = x == 0 && y == 0 && sourceX == 0 && sourceY == 0 && width == source.width() &&
+                               height == source.height();
+            return whole ? destination.copyWhole(source) : destination.transfer(place, part, copyRow);
+        }
+        case SRCAND:
+            return destination.transfer(place, part, andRow);
+        case SRCPAINT:
+            return destination.transfer(place, part, orRow);
+        default:
+            return;
+    }
+}
+
+void paintMasked(Surface& destination, const Place& place, const SurfacePart& mask, const SurfacePart& picture) {
+    if (!destination.hasPixels() || !mask.surface.hasPixels() || !picture.surface.hasPixels()) return;
+    Cut cut(place, destination);
+    cut.within(mask.left, mask.top, mask.surface).within(picture.left, picture.top, picture.surface);
+    if (cut.empty()) return;
+    destination.paintRows(cut.place(), [&](uint32_t* to, int line) {
+        return maskRow(to, cut.rowOf(mask, line), cut.rowOf(picture, line), cut.place().width);
+    });
+}
+
+}  // namespace platform
