@@ -1,4 +1,4 @@
-// What fields and lists need: the key filter and the packing of boxes.
+// What fields and lists need: the key filter, the packing of boxes, the tab order.
 
 #include <memory>
 #include <string>
@@ -84,6 +84,20 @@ TEST(Input, TextsMoveToEmptyBoxesBeforeThem) {
         std::vector<std::string> after;
         for (const TextBox* box : block) after.push_back(box->text());
         EXPECT_EQ(after, row.after);
+    }
+}
+
+TEST(Input, ControlsFollowEachOtherInTheTabOrder) {
+    platform::Form dialog;
+    platform::Panel panel(dialog, {0, 0, 100, 140});
+    TextBox boxes[4] = {{panel, {}}, {panel, {}}, {panel, {}}, {panel, {}}};
+    for (const auto& order : std::vector<std::vector<int>>{{0, 1, 2, 3}, {3, 1, 0}, {1, 0}, {2, 0, 3, 1}, {0, 3}}) {
+        for (int i = 0; i < 4; ++i) boxes[i].setTabIndex(i);
+        std::vector<platform::Control*> controls;
+        for (const int box : order) controls.push_back(&boxes[box]);
+        gsSetTabOrder(controls);
+        for (size_t i = 1; i < controls.size(); ++i)
+            EXPECT_EQ(controls[i]->tabIndex(), controls[i - 1]->tabIndex() + 1) << order[0] << order[1] << " " << i;
     }
 }
 
