@@ -67,7 +67,7 @@ class OrderWindow : public Window {
         return focus != nullptr ? focus : window;
     }
 
-    /// Presses keys where the desktop would send them, and lets what they ask for happen.
+    /// HeldKeys keys where the desktop would send them, and lets what they ask for happen.
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
         QTest::keyClick(taker(), key, modifiers);
         QCoreApplication::processEvents();

@@ -41,7 +41,7 @@ void pressOnControls(platform::Form::Impl& form, Stroke stroke) {
     const Serial serial = form.serial;
     if (form.focus != nullptr && stroke.character != 0) {
         deliver(form.focus->owner.onKeyPress, stroke.character);
-        if (stroke.character == 0 || taker() != serial) return;
+        if (stroke.character == 0 || inputOwner() != serial) return;
         append(*form.focus, stroke.character);
     }
     const auto answering =
@@ -52,7 +52,7 @@ void pressOnControls(platform::Form::Impl& form, Stroke stroke) {
 void press(const platform::Control& control) {
     arrive();
     Control& pressed = control.impl();
-    if (!pressed.enabled || pressed.form == nullptr || taker() != pressed.form->serial) return;
+    if (!pressed.enabled || pressed.form == nullptr || inputOwner() != pressed.form->serial) return;
     focusOn(*pressed.form, pressed);
     if (pressed.kind == Kind::Check || pressed.kind == Kind::Option)
         setValue(pressed, pressed.kind == Kind::Option || !pressed.value);

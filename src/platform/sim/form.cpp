@@ -33,7 +33,7 @@ bool passes(Serial serial, std::function<void(int&)> platform::Form::*handler, i
     platform::Form::Impl* form = openForm(serial);
     if (form == nullptr) return false;
     deliver(form->owner.*handler, key);
-    return key != 0 && taker() == serial;
+    return key != 0 && inputOwner() == serial;
 }
 
 /// A key that the form, the one on top, may have.
@@ -56,17 +56,17 @@ platform::Form::Impl* openForm(Serial serial) {
     return found == forms.end() ? nullptr : *found;
 }
 
-Serial taker() {
+Serial inputOwner() {
     const State& d = state();
     if (d.menu != nullptr) return d.menu->serial;
     return d.forms.empty() ? 0 : d.forms.back()->serial;
 }
 
-void strike(Stroke stroke) {
+void keyGoesDown(Stroke stroke) {
     comeBack();  // A key is presence.
     if (stroke.code <= 0 || stroke.code >= keyCodes) return;
     note("key", stroke.code);
-    const Serial owner = taker();
+    const Serial owner = inputOwner();
     auto& holder = state().held[static_cast<size_t>(stroke.code)];
     stroke.repeat = holder.has_value();
     if (!holder) holder = owner;
@@ -76,8 +76,8 @@ void strike(Stroke stroke) {
 namespace {
 
 /// Tells the form on top where the pointer is; the form's serial if Enter means something there, or else 0.
-Serial answeringAt(int x, int y) {
-    platform::Form::Impl* const form = openForm(taker());
+Serial formWithEnterAt(int x, int y) {
+    platform::Form::Impl* const form = openForm(inputOwner());
     bool answered = false;
     const bool on = form != nullptr && x >= 0 && y >= 0 && x < form->surface.width() && y < form->surface.height();
     if (on && form->owner.onPoint)
@@ -89,18 +89,18 @@ Serial answeringAt(int x, int y) {
 
 void movePointer(int x, int y) {
     arrive();
-    answeringAt(x, y);
+    formWithEnterAt(x, y);
 }
 
 void buttonDown(int x, int y) {
     arrive();
-    state().clicked = answeringAt(x, y);
+    state().clicked = formWithEnterAt(x, y);
 }
 
 void buttonUp(int x, int y) {
     arrive();
     const Serial clicked = std::exchange(state().clicked, 0);
-    if (answeringAt(x, y) != clicked || clicked == 0) return;
+    if (formWithEnterAt(x, y) != clicked || clicked == 0) return;
     note("click", x, y);
     takeStroke(clicked, {platform::key::Enter, platform::key::Enter});
 }
@@ -111,20 +111,20 @@ void clickAt(int x, int y) {
     buttonUp(x, y);
 }
 
-void keyDown(int keyCode) { strike({keyCode, characterOf(keyCode)}); }
+void keyDown(int keyCode) { keyGoesDown({keyCode, characterOf(keyCode)}); }
 
 void keyUp(int keyCode) {
     arrive();
     if (keyCode <= 0 || keyCode >= keyCodes) return;
     const auto holder = std::exchange(state().held[static_cast<size_t>(keyCode)], std::nullopt);
-    platform::Form::Impl* const form = holder && *holder == taker() ? openForm(*holder) : nullptr;
+    platform::Form::Impl* const form = holder && *holder == inputOwner() ? openForm(*holder) : nullptr;
     if (form != nullptr && form->focus != nullptr) deliver(form->focus->owner.onKeyUp, keyCode);
 }
 
 void typeText(const std::string& text) {
     for (size_t at = 0; at < text.size();) {
         const char32_t character = platform::nextCharacter(text, at);
-        strike({typedKey, character < latin1End ? static_cast<int>(character) : platform::key::OtherCharacter});
+        keyGoesDown({typedKey, character < latin1End ? static_cast<int>(character) : platform::key::OtherCharacter});
         keyUp(typedKey);
     }
 }
@@ -173,10 +173,10 @@ void Form::Impl::open(bool asModal) {
 
 void Form::Impl::close() {
     unloading = false;
-    const bool wasOnTop = sim::taker() == serial;
+    const bool wasOnTop = sim::inputOwner() == serial;
     if (std::erase(sim::state().forms, this) == 0) return;
     sim::note("form closes");
-    const Impl* const under = wasOnTop ? sim::openForm(sim::taker()) : nullptr;
+    const Impl* const under = wasOnTop ? sim::openForm(sim::inputOwner()) : nullptr;
     if (under != nullptr) sim::deliver(under->owner.onActivate);
 }
 

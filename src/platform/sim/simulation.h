@@ -39,8 +39,8 @@ double now();  ///< Milliseconds of virtual time since switchOn.
 /// Called with each thing that a player would notice, as a line of text; none by default.
 void setLog(std::function<void(const std::string& line)> log);
 
-/// Called once a moment when nothing is pending, before time goes on, and again if nothing else is left; they may
-/// press, click or post. Never called by platform::doEvents(): what shall arrive inside it is posted. None by default.
+/// Called once per instant of virtual time, after its events, and again if nothing else is left; they may press, click
+/// or post. Never called by platform::doEvents(): what shall arrive inside it is posted. None by default.
 void setHands(std::function<void()> hands);
 
 void post(std::function<void()> action);  ///< A pending event for the next service of events.

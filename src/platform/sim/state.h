@@ -124,10 +124,10 @@ void serveWhile(Condition condition) {
 platform::Form::Impl* openForm(Serial serial);
 
 /// Who takes keys and clicks now: the open menu, or else the form on top; 0 if nothing is open.
-Serial taker();
+Serial inputOwner();
 
 /// A key goes down, or repeats if it is held.
-void strike(Stroke stroke);
+void keyGoesDown(Stroke stroke);
 
 /// Whether it is a key of a tool button's own, which it then presses unless it repeats.
 bool pressToolButton(const Stroke& stroke);

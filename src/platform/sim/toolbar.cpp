@@ -58,7 +58,7 @@ void PopupMenu::popUp() {
     ticks().noteOpening();
     sim::note("menu opens");
     const sim::Serial self = impl_->serial;
-    sim::serveWhile([&] { return sim::taker() == self; });
+    sim::serveWhile([&] { return sim::inputOwner() == self; });
 }
 
 }  // namespace platform
@@ -68,7 +68,7 @@ namespace sim {
 void clickToolButton(int button) {
     arrive();
     platform::ToolBar::Impl* const bar = state().toolBar;
-    if (bar == nullptr || taker() != bar->form || button < 1 || button > bar->owner.buttonCount()) return;
+    if (bar == nullptr || inputOwner() != bar->form || button < 1 || button > bar->owner.buttonCount()) return;
     if (bar->buttons[button].image == 0) return;
     note("tool", button);
     deliver(bar->owner.onButtonClick, button);
@@ -76,7 +76,7 @@ void clickToolButton(int button) {
 
 bool pressToolButton(const Stroke& stroke) {
     platform::ToolBar::Impl* const bar = state().toolBar;
-    if (bar == nullptr || taker() != bar->form) return false;
+    if (bar == nullptr || inputOwner() != bar->form) return false;
     for (int button = 1; button <= bar->owner.buttonCount(); ++button) {
         const auto& row = bar->buttons[button];
         if (row.image == 0 || std::find(row.keys.begin(), row.keys.end(), stroke.code) == row.keys.end()) continue;

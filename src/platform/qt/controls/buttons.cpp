@@ -40,7 +40,7 @@ class Arrows : public QAbstractSpinBox {
     void retire() { owner_ = nullptr; }
 
     void stepBy(int steps) override {
-        if (owner_ != nullptr) qt::answer(this, steps > 0 ? owner_->onSpinUp : owner_->onSpinDown);
+        if (owner_ != nullptr) qt::callUnlessBlocked(this, steps > 0 ? owner_->onSpinUp : owner_->onSpinDown);
     }
 
   protected:
@@ -77,7 +77,8 @@ CaptionButton::CaptionButton(std::unique_ptr<Impl> impl) : Control(std::move(imp
     QObject::connect(button, &QAbstractButton::pressed, button, [this, button] {
         if (!qt::formStack().blocks(button)) setFocus();
     });
-    QObject::connect(button, &QAbstractButton::clicked, button, [this, button] { qt::answer(button, onClick); });
+    QObject::connect(button, &QAbstractButton::clicked, button,
+                     [this, button] { qt::callUnlessBlocked(button, onClick); });
 }
 
 void CaptionButton::setCaption(const std::string& text) {

@@ -34,18 +34,19 @@ Qt::Alignment alignmentOf(Align align);
 /// Runs a handler for what was done to a widget by the pointer or a key; nothing if something on top keeps clicks from
 /// it.
 template <class... Parameters, class... Arguments>
-void answer(const QWidget* widget, const std::function<void(Parameters...)>& slot, Arguments&&... arguments) {
+void callUnlessBlocked(const QWidget* widget, const std::function<void(Parameters...)>& slot,
+                       Arguments&&... arguments) {
     if (!formStack().blocks(widget)) callSlot(slot, std::forward<Arguments>(arguments)...);
 }
 
-/// Owns a widget, which goes a little later: one of its own handlers may still be running.
+/// Owns a widget, which is deleted by deleteLater(), since one of its own handlers may still be running.
 template <class Widget>
 class Owned {
   public:
     explicit Owned(Widget* widget) : widget_(widget) {}
     ~Owned() {
         if (!widget_) return;
-        widget_->blockSignals(true);  // But for its end, of which accessibility has to hear.
+        widget_->blockSignals(true);  // destroyed() is still emitted, for accessibility.
         widget_->hide();
         widget_->deleteLater();
     }

@@ -87,12 +87,12 @@ class Line : public QLineEdit {
         qt::Stroke stroke = qt::strokeOf(key, false);
         const int typed = stroke.character;
         const QPointer<Line> self(this);
-        const auto taker = [&] { return self ? owner() : nullptr; };
-        if (typed == 0 || taker() == nullptr) return;
+        const auto target = [&] { return self ? owner() : nullptr; };
+        if (typed == 0 || target() == nullptr) return;
         callSlot(qt::formWindowOf(this)->form->onKeyPress, stroke.character);
-        if (stroke.character != 0 && taker() != nullptr) callSlot(taker()->onKeyPress, stroke.character);
-        if (stroke.character != 0 && taker() != nullptr) insert(qt::eventFor(key, stroke, typed).text());
-        if (taker() != nullptr) callSlot(taker()->onKeyUp, stroke.code);
+        if (stroke.character != 0 && target() != nullptr) callSlot(target()->onKeyPress, stroke.character);
+        if (stroke.character != 0 && target() != nullptr) insert(qt::eventFor(key, stroke, typed).text());
+        if (target() != nullptr) callSlot(target()->onKeyUp, stroke.code);
     }
 };
 

@@ -204,7 +204,7 @@ ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& image
         auto* const button = new ToolButton(impl_->strip.get());
         button->resize(firstButtonWidth, height);
         QObject::connect(button, &QToolButton::clicked, impl_->strip.get(),
-                         [this, button, number] { qt::answer(button, onButtonClick, number); });
+                         [this, button, number] { qt::callUnlessBlocked(button, onButtonClick, number); });
         impl_->buttons[number] = button;
     }
     impl_->layOut();

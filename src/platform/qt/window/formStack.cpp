@@ -94,7 +94,7 @@ void FormStack::leave(FormWindow* window) {
     if (std::erase(dialogs_, window) == 0 && !wasMain) return;
     ++changes_;
     clicked_ = nullptr;
-    presses_.disown(window);
+    heldKeys_.ignoreRepeatsFor(window);
     repaintTools();
     if (wasMain) presence().look();
     if (wasMain && onMainWindowGone) onMainWindowGone();
@@ -110,7 +110,7 @@ void FormStack::openBox(QWidget* box) {
 
 void FormStack::closeBox(const QWidget* box) {
     std::erase(boxes_, box);
-    presses_.disown(box);
+    heldKeys_.ignoreRepeatsFor(box);
     repaintTools();
 }
 
@@ -146,13 +146,14 @@ bool FormStack::filterMouse(const QWidget* face, const QMouseEvent& event) {
     FormWindow* const form = top();
     if (!form || face != form || !form->form->onPoint || blocks(face)) return false;
     const QPoint at = event.position().toPoint();
-    if (event.type() == QEvent::MouseMove)
-        pointer_ != before && form->answersAt(at);
-    else if (event.button() != Qt::LeftButton)
+    if (event.type() == QEvent::MouseMove) {
+        if (pointer_ != before) form->meansEnterAt(at);
         return true;
-    else if (event.type() != QEvent::MouseButtonRelease)
-        clicked_ = form->answersAt(at) ? form : nullptr;
-    else if (std::exchange(clicked_, nullptr) == form && form->answersAt(at))
+    }
+    if (event.button() != Qt::LeftButton) return true;
+    if (event.type() != QEvent::MouseButtonRelease)
+        clicked_ = form->meansEnterAt(at) ? form : nullptr;
+    else if (std::exchange(clicked_, nullptr) == form && form->meansEnterAt(at))
         deliver(form, enterKey(), {key::Enter, key::Enter, false});
     return true;
 }
@@ -160,16 +161,16 @@ bool FormStack::filterMouse(const QWidget* face, const QMouseEvent& event) {
 bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {
     if (forwarded_ == &event) return false;
     const bool toForms = belongsToForms(face);
-    const QWidget* const taker = !toForms ? face->window() : boxes_.empty() ? top() : boxes_.back();
+    const QWidget* const owner = !toForms ? face->window() : boxes_.empty() ? top() : boxes_.back();
     if (event.type() == QEvent::KeyRelease) {
-        const bool own = presses_.letGo(event) == taker;
-        if (toForms && taker && own && !event.isAutoRepeat()) release(top(), event);
+        const bool own = heldKeys_.letGo(event) == owner;
+        if (toForms && owner && own && !event.isAutoRepeat()) release(top(), event);
         return toForms;
     }
     if (toForms) presence().hearKey();
-    const Press press = presses_.take(event, taker);
+    const Press press = heldKeys_.take(event, owner);
     if (press == Press::Foreign) return true;  // One press never answers two dialogs.
-    if (toForms && taker) deliver(top(), event, strokeOf(event, press == Press::Repeat));
+    if (toForms && owner) deliver(top(), event, strokeOf(event, press == Press::Repeat));
     return toForms;
 }
 
@@ -201,7 +202,7 @@ void FormStack::deliver(FormWindow* window, const QKeyEvent& event, Stroke strok
     const QPointer<QWidget> target = window->keyTarget();
     const Control::Impl* const control = window->focusedControl();
     if (typed != 0 && control && !show(control->owner.onKeyPress)) return;
-    if (!target || window->answers(stroke)) return;
+    if (!target || window->pressesButtonFor(stroke)) return;
     const QPointer<FormWindow> self(window);
     QKeyEvent forwarded = eventFor(event, stroke, typed);
     forward(target, forwarded);

@@ -5,8 +5,8 @@
 #include <functional>
 #include <vector>
 
+#include "platform/qt/window/heldKeys.h"
 #include "platform/qt/window/keys.h"
-#include "platform/qt/window/presses.h"
 
 class QKeyEvent;
 class QMouseEvent;
@@ -35,7 +35,7 @@ class FormStack : public QObject {
     void closeBox(const QWidget* box);  ///< It is gone again.
     void bringBoxToFront() const;       ///< If the main window has come before it: the forms take nothing now.
 
-    void letGoOfKeys() { presses_.letGoOfAll(); }  ///< No held key goes on: its release may never be told.
+    void letGoOfKeys() { heldKeys_.letGoOfAll(); }  ///< No held key goes on: its release may never be told.
 
     /// Keeps back clicks that something on top blocks, and takes the keys meant for forms to the one on top and from
     /// there to its control with the focus; those of a tool button that has them are its own, and those of a message
@@ -59,7 +59,7 @@ class FormStack : public QObject {
     const QKeyEvent* forwarded_ = nullptr;  // on its way from the form to its control
     const FormWindow* clicked_ = nullptr;   // on which the left button went down, where Enter means something
     QPoint pointer_;                        // where it was last, on the screen
-    Presses presses_;
+    HeldKeys heldKeys_;
 };
 
 /// The one stack of forms of the program; never destroyed.

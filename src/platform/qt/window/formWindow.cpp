@@ -167,7 +167,10 @@ void FormWindow::activate() {
 }
 
 void FormWindow::announce(const QString& text) {
-    isVisible() ? notify(*window(), text) : setAccessibleName(text);  // By its name when it opens.
+    if (isVisible())
+        notify(*window(), text);
+    else
+        setAccessibleName(text);  // Until the form is shown its name carries the text.
 }
 
 void FormWindow::focusFirst() {
@@ -225,14 +228,14 @@ Control::Impl* FormWindow::controlOf(const QWidget* face) const {
 
 Control::Impl* FormWindow::focusedControl() const { return controlOf(keyTarget()); }
 
-bool FormWindow::answersAt(const QPoint& at) {
+bool FormWindow::meansEnterAt(const QPoint& at) {
     bool answered = false;
     const std::function<void()> ask = [&, slot = form->onPoint] { answered = slot(at.x(), at.y()); };
     if (rect().contains(at)) callSlot(ask);
     return answered;
 }
 
-bool FormWindow::answers(const Stroke& stroke) {
+bool FormWindow::pressesButtonFor(const Stroke& stroke) {
     if (stroke.code != key::Enter && stroke.code != key::Escape) return false;
     auto* const focused = qobject_cast<QPushButton*>(keyTarget());
     QPushButton* const button = stroke.code == key::Escape ? cancel_.data() : focused ? focused : default_.data();

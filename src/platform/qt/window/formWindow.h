@@ -14,7 +14,8 @@ class QEventLoop;
 
 namespace platform::qt {
 
-/// A form on the screen. It goes a little later than its Form, so that a form can be let go in its own handlers.
+/// A form on the screen. It is deleted later than its Form, by deleteLater(), so that a form can be let go in its own
+/// handlers.
 class FormWindow : public QWidget {
   public:
     explicit FormWindow(Form& owner);  ///< Not on the screen and without a size.
@@ -51,9 +52,10 @@ class FormWindow : public QWidget {
     void takeKeysBack();         ///< From a tool button, if one has them.
     Control::Impl* controlOf(const QWidget* face) const;  ///< The form's control with that face; null if it is none.
     Control::Impl* focusedControl() const;                ///< The control to which they go; null if it is none.
-    bool answersAt(const QPoint& at);    ///< Tells the form where the pointer is; whether Enter means something there.
-    bool answers(const Stroke& stroke);  ///< Whether a button answers the key for the whole form; it is pressed.
-    void followFocus();                  ///< Tells the controls when the focus has gone from one to another.
+    bool meansEnterAt(const QPoint& at);  ///< Tells the form where the pointer is; whether Enter means something there.
+    bool pressesButtonFor(
+        const Stroke& stroke);  ///< Whether a button answers the key for the whole form; it is pressed.
+    void followFocus();         ///< Tells the controls when the focus has gone from one to another.
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -16,12 +16,12 @@ enum class Press {
 };
 
 /// The keys that are held, each with the window that was on top when it went down.
-class Presses {
+class HeldKeys {
   public:
     Press take(const QKeyEvent& down, const QWidget* window);  ///< A key went down; null if no window may have it.
     const QWidget* letGo(const QKeyEvent& up);                 ///< A key came up; returns whose press it was, or null.
-    void disown(const QWidget* window);  ///< The window is gone: what it was pressed for goes on for nobody.
-    void letGoOfAll();                   ///< The same for all keys, as if the windows that they were for were gone.
+    void ignoreRepeatsFor(const QWidget* window);              ///< Of the keys that are held for it, as it is gone.
+    void letGoOfAll();  ///< Repeats of no key that is held now are heard any more.
 
   private:
     struct Held {

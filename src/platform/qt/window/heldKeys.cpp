@@ -1,4 +1,4 @@
-#include "platform/qt/window/presses.h"
+#include "platform/qt/window/heldKeys.h"
 
 #include <QKeyEvent>
 
@@ -13,13 +13,13 @@ quint32 keyOf(const QKeyEvent& event) {
 
 /// An X server sends a repeat as a release and a press of one moment. Qt joins the two only if both have arrived when
 /// it sees the first, so that its own mark for repeats can be missing.
-bool Presses::isRepeat(const QKeyEvent& down) const {
+bool HeldKeys::isRepeat(const QKeyEvent& down) const {
     if (down.isAutoRepeat()) return true;
     const auto held = held_.find(keyOf(down));
     return held != held_.end() && held->second.released != 0 && held->second.released == down.timestamp();
 }
 
-Press Presses::take(const QKeyEvent& down, const QWidget* window) {
+Press HeldKeys::take(const QKeyEvent& down, const QWidget* window) {
     const bool repeat = isRepeat(down);
     Held& held = held_[keyOf(down)];
     held.released = 0;
@@ -28,18 +28,18 @@ Press Presses::take(const QKeyEvent& down, const QWidget* window) {
     return window && held.window == window ? Press::Repeat : Press::Foreign;
 }
 
-const QWidget* Presses::letGo(const QKeyEvent& up) {
+const QWidget* HeldKeys::letGo(const QKeyEvent& up) {
     Held& held = held_[keyOf(up)];
     if (!up.isAutoRepeat()) held.released = up.timestamp();
     return held.window;
 }
 
-void Presses::disown(const QWidget* window) {
+void HeldKeys::ignoreRepeatsFor(const QWidget* window) {
     for (auto& [key, held] : held_)
         if (held.window == window) held.window = nullptr;
 }
 
-void Presses::letGoOfAll() {
+void HeldKeys::letGoOfAll() {
     for (auto& [key, held] : held_) held.window = nullptr;
 }
 
