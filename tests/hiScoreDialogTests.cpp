@@ -94,7 +94,7 @@ TEST_F(HiScoreDialogs, TheTableStandsWhereItsPictureHasRoom) {
                   "@66,202\n1@230,202\n1@322,202\n7@436,202\n"
                   "grey bad@65,265\ngrey 1@229,265\ngrey 1@321,265\ngrey -12@417,265\n"
                   "bad@66,266\n1@230,266\n1@322,266\n-12@418,266\n");
-        const platform::Surface ground(platform::pictureByNumber(104));
+        const platform::Surface ground(platform::pictureByName("104"));
         int different = 0;
         for (int y = 0; y < 351; ++y)
             for (int x = 0; x < 500; ++x)

@@ -9,7 +9,4 @@ namespace platform {
 /// The picture that the program carries under that name; fails with number 53 if there is none.
 const Picture& pictureByName(std::string_view name);
 
-/// The bitmap resource with that number; fails with number 53 if there is none.
-const Picture& pictureByNumber(int number);
-
 }  // namespace platform

@@ -31,7 +31,6 @@ class Printer {
     /// Prints a line, one character a column; one that the font lacks is replaced. A text whose column has been passed
     /// goes to that column of the next line. Fails with number 482 if the printer does.
     void print(const std::vector<ColumnText>& texts);
-    void printEmptyLine() { print({}); }  ///< Leaves the height of a line free; fails as print does.
 
     /// Sends what has been printed to the printer, or nothing if that is nothing, and begins anew, also on a failure:
     /// number 482 if the printer fails. With no printer set up the sheet becomes a file in the user's documents folder,

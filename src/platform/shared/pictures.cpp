@@ -15,6 +15,4 @@ const Picture& pictureByName(std::string_view name) {
     return found->picture;
 }
 
-const Picture& pictureByNumber(int number) { return pictureByName(std::to_string(number)); }
-
 }  // namespace platform
