@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QFontInfo>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -171,7 +172,11 @@ class Seen : public Window {
     std::vector<QWidget*> tabOrder_;
 };
 
-TEST_F(Seen, TheMainWindow) { expect("mainWindow", *window); }
+TEST_F(Seen, TheMainWindow) {
+    const auto* const line = window->findChild<QLabel*>();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return line->isVisible(); })) << "a moment after the table";
+    expect("mainWindow", *window);
+}
 
 TEST_F(Seen, EachDialog) {
     gstrScoreDesc = "Pure Suit Hand,Mixed Hand";

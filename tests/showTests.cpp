@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QBackingStore>
+#include <QLabel>
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
@@ -92,7 +93,9 @@ TEST(Show, LeavesTheWholePictureOnTheScreenEachTime) {
     const QWidgetList windows = QApplication::topLevelWidgets();
     QWidget* const window =
         *std::find_if(windows.begin(), windows.end(), [](const QWidget* each) { return each->isVisible(); });
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !screenOf(window).isNull(); }));
+    const auto* const line = window->findChild<QLabel*>();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return line->isVisible(); })) << "the last to come up";
+    QTest::qWait(2 * untilPainted);
     Onlooker onlooker(window);
     QApplication::exec();
     EXPECT_GE(onlooker.looks, leastLooks);

@@ -3,6 +3,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QPainter>
+#include <QTimer>
 #include <cmath>
 
 #include "platform/qt/controls/control.h"
@@ -48,17 +49,36 @@ void Shape::present() {
     impl_->frame->setVisible(visible_);
 }
 
-struct Label::Impl {
-    explicit Impl(QWidget* form) : face(new QLabel(form)) {
+/// On a form that isn't seen yet it waits until the form has been painted: the first text of a run has the desktop's
+/// fonts looked through, which takes a third as long as all the rest of the start.
+struct Label::Impl : QObject {
+    explicit Impl(QWidget* form) : face(new QLabel(form)), isEarly(!form->isVisible()) {
         qt::presence().watch(this, [this] { present(); });
+        if (isEarly) form->installEventFilter(this);
     }
-    ~Impl() { qt::presence().forget(this); }
+    ~Impl() override { qt::presence().forget(this); }
+
+    bool eventFilter(QObject* form, QEvent* event) override {
+        if (event->type() != QEvent::Paint) return false;
+        form->removeEventFilter(this);
+        constexpr int moment = 20;  // milliseconds
+        QTimer::singleShot(moment, this, [this] {
+            isEarly = false;
+            present();
+        });
+        return false;
+    }
 
     void present() {
-        if (face.get() != nullptr) face->setVisible(!face->text().isEmpty() && !ticks().isAway());
+        if (face.get() == nullptr) return;
+        const bool isSeen = !isEarly && !face->text().isEmpty() && !ticks().isAway();
+        if (isSeen) face->setFont(qt::letteringOf(font).font);
+        face->setVisible(isSeen);
     }
 
     qt::Owned<QLabel> face;
+    bool isEarly;
+    Font font;
 };
 
 Label::Label(Form& form, const Place& place) : impl_(new Impl(qt::windowOf(form))) {
@@ -75,7 +95,8 @@ void Label::setLook(const Font& font, Color color) {
     QPalette palette;
     palette.setColor(QPalette::WindowText, qt::colorOf(color));
     impl_->face->setPalette(palette);
-    impl_->face->setFont(qt::letteringOf(font).font);
+    impl_->font = font;
+    impl_->present();
 }
 
 void Label::setText(const std::string& text) {
