@@ -27,8 +27,7 @@ Keys in the tile chooser and in the draw of seats
   Enter          take what is highlighted; a click draws a seat as well
 
 4, 6, 2 and 8 of the number pad are arrow keys too. Enter or Esc closes the
-break-down, the summary, the high scores and the about box; a click closes the
-first three.
+break-down, the summary, the high scores and the about box, and so does a click.
 
 Options
   --help         show this text and end

@@ -43,6 +43,7 @@ void keepNextTileGround(frmMain& m) {
 
 frmMain::frmMain() : tbrZQT(form, toolbarHeight, toolbarButtons, ImageList1()) {
     form.onLoad = [this] { Form_Load(); };
+    form.onActivate = [this] { Form_Activate(); };
     form.onUnload = [this] { Form_Unload(); };
     form.onKeyDown = [this](int& keyCode) { Form_KeyDown(keyCode); };
     tbrZQT.onButtonClick = [this](int button) { tbrZQT_ButtonClick(button); };

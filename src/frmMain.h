@@ -242,8 +242,10 @@ struct frmMain {
     void msEndLightning();
 
     // presentation/hints.cpp: the line that tells how things stand
-    /// Sets up the line and tells how a match begins.
+    /// Sets up the line, which shows how a match begins.
     void msSetUpHint();
+    /// Has a screen reader say it whenever the window comes up before the first match.
+    void Form_Activate();
     /// Shows a hint until another one takes its place, and has a screen reader say it; an empty one ends the last.
     void msShowHint(const std::string& hint);
     /// Shows a hint for two seconds.

@@ -70,18 +70,21 @@ TEST_F(Accessible, NothingIsKnownOfWhatIsGone) {
 }
 
 TEST_F(Accessible, WhatIsAnnouncedComesUpOnTheMainWindow) {
+    Window::TearDown();
+    Window::SetUp();  // with somebody who listens from the start
     for (int time = 0; time < 2; ++time) game->form.announce([] { return "3 of Bamboo"; });
     inDialog(
         gfrmRoundsSetting, [this] { click("Rounds Setting"); },
         [](QWidget&) { gfrmRoundsSetting->form.announce([] { return "Pass"; }); });
-    EXPECT_EQ(reader.told, (std::vector<std::string>{"3 of Bamboo", "3 of Bamboo", "Pass"}));
+    const std::string begin = "Start Anew (F2) begins a match";  // also when a dialog has gone
+    EXPECT_EQ(reader.told, (std::vector<std::string>{begin, "3 of Bamboo", "3 of Bamboo", "Pass", begin}));
     EXPECT_EQ(nameOf(window), "Velmora");
     QAccessible::setActive(false);
     game->form.announce([]() -> std::string {
         ADD_FAILURE() << "a text was made while nobody listens";
         return "";
     });
-    EXPECT_EQ(reader.told.size(), 3u);
+    EXPECT_EQ(reader.told.size(), 5u);
 }
 
 }  // namespace

@@ -14,7 +14,11 @@ void frmMain::msSetUpHint() {
     lblHint.setLook({romanFont, hintSize, true}, white);
     tmrHint.setInterval(briefInterval);
     tmrHint.onTick = [this] { msShowHint(hint::none); };
-    msShowHint(hint::startAnew);
+    lblHint.setText(hint::startAnew);
+}
+
+void frmMain::Form_Activate() {
+    if (mlngRoundWind == 0) form.announce([] { return hint::startAnew; });
 }
 
 void frmMain::msShowHint(const std::string& hint) {
