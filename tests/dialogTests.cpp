@@ -51,6 +51,7 @@ TEST_F(Dialogs, TheChooserStaysUntilEnterAndTheFallStands) {
     ASSERT_EQ(face.Bonus, 0) << "the seed's first tile pairs";
     game->CellTable[12][4].fill(face);
     bool asked = false;
+    double answered = 0;
     sim::setHands([&] {
         if (sim::modalDepth() == 0 || asked) return;
         asked = true;
@@ -63,6 +64,7 @@ TEST_F(Dialogs, TheChooserStaysUntilEnterAndTheFallStands) {
             sim::clickToolButton(Button::StartAnew);  // refused while the dialog is open
             EXPECT_EQ(sim::modalDepth(), 1);
             sim::pressKey(Left);
+            answered = sim::now();
             sim::pressKey(Enter);
         });
     });
@@ -71,6 +73,7 @@ TEST_F(Dialogs, TheChooserStaysUntilEnterAndTheFallStands) {
     EXPECT_EQ(sim::modalDepth(), 0);
     EXPECT_EQ(game->mintHandCount, 0);
     const double entered = sim::now();
+    EXPECT_DOUBLE_EQ(entered - answered, 400) << "the next tile doesn't come out of the dialog at once";
     while (game->mintCurRow == 1) sim::step();
     EXPECT_DOUBLE_EQ(sim::now() - entered, 400) << "the next tile stands in its first row as long as in any";
 }
