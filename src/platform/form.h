@@ -76,7 +76,7 @@ class Form {
     Impl& impl() { return *impl_; }  ///< For the other classes of the same back end.
 
   private:
-    std::unique_ptr<Impl> impl_;
+    std::shared_ptr<Impl> impl_;
 };
 
 /// The main window's form; null while it isn't open.

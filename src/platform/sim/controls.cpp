@@ -9,20 +9,14 @@
 namespace sim {
 namespace {
 
+using platform::callSlot;
 using Kind = Control::Kind;
 
 void setValue(Control& control, bool value) {
-    if (value && control.kind == Kind::Option && control.form != nullptr)
-        for (Control* other : control.form->controls)
+    if (value && control.kind == Kind::Option && control.view != nullptr)
+        for (Control* other : control.view->controls)
             if (other->kind == Kind::Option) other->value = false;
     control.value = value;
-}
-
-void focusOn(platform::Form::Impl& form, Control& control) {
-    if (form.focus == &control || !control.enabled) return;
-    Control* const before = std::exchange(form.focus, &control);
-    if (before != nullptr) deliver(before->owner.onValidate);
-    deliver(control.owner.onGotFocus);
 }
 
 void append(Control& field, int character) {
@@ -33,31 +27,35 @@ void append(Control& field, int character) {
 
 }  // namespace
 
-void focusFirst(platform::Form::Impl& form) {
-    if (form.focus == nullptr && !form.controls.empty()) focusOn(form, *form.controls.front());
+void View::focusOn(Control& control) {
+    if (focus == &control || !control.enabled) return;
+    Control* const before = std::exchange(focus, &control);
+    if (before != nullptr) callSlot(before->owner.onValidate);
+    callSlot(control.owner.onGotFocus);
 }
 
-void pressOnControls(platform::Form::Impl& form, Stroke stroke) {
-    const Serial serial = form.serial;
-    if (form.focus != nullptr && stroke.character != 0) {
-        deliver(form.focus->owner.onKeyPress, stroke.character);
-        if (stroke.character == 0 || inputOwner() != serial) return;
-        append(*form.focus, stroke.character);
+void View::focusFirst() {
+    if (focus == nullptr && !controls.empty()) focusOn(*controls.front());
+}
+
+void View::pressOnControls(platform::Stroke stroke) {
+    if (focus != nullptr && stroke.character != 0) {
+        if (!platform::desk().passes(focus->owner.onKeyPress, stroke.character)) return;
+        append(*focus, stroke.character);
     }
-    const auto answering =
-        std::ranges::find(form.controls, stroke.code, [](auto* control) { return control->answers; });
-    if (!stroke.repeat && answering != form.controls.end()) press((*answering)->owner);
+    const auto answering = std::ranges::find(controls, stroke.code, [](auto* control) { return control->answers; });
+    if (!stroke.repeat && answering != controls.end()) press((*answering)->owner);
 }
 
 void press(const platform::Control& control) {
     arrive();
     Control& pressed = control.impl();
-    if (!pressed.enabled || pressed.form == nullptr || inputOwner() != pressed.form->serial) return;
-    focusOn(*pressed.form, pressed);
+    if (!pressed.enabled || pressed.view == nullptr || !pressed.view->hasKeys()) return;
+    pressed.view->focusOn(pressed);
     if (pressed.kind == Kind::Check || pressed.kind == Kind::Option)
         setValue(pressed, pressed.kind == Kind::Option || !pressed.value);
     note("press", pressed.caption);
-    if (pressed.onPress != nullptr) deliver(*pressed.onPress);
+    if (pressed.onPress != nullptr) callSlot(*pressed.onPress);
 }
 
 }  // namespace sim
@@ -83,8 +81,8 @@ void Label::setLook(const Font& /*font*/, Color /*color*/) {}
 void Label::setText(const std::string& text) { impl_->text = text; }
 std::string Label::text() const { return impl_->text; }
 
-Panel::Panel(Form& form, const Place& /*place*/) : impl_(new Impl{form.impl(), ""}) {}
-Panel::Panel(Panel& panel, const Place& /*place*/) : impl_(new Impl{panel.impl_->form, ""}) {}
+Panel::Panel(Form& form, const Place& /*place*/) : impl_(new Impl{sim::viewOf(form), ""}) {}
+Panel::Panel(Panel& panel, const Place& /*place*/) : impl_(new Impl{panel.impl_->view, ""}) {}
 Panel::~Panel() = default;
 Panel::Panel(Panel&&) noexcept = default;
 
@@ -102,34 +100,34 @@ Control::Control(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 Control::~Control() = default;
 
 Control::Impl::Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder)
-    : owner(control), kind(kindOfControl), form(&holder.form) {
-    form->controls.push_back(this);
+    : owner(control), kind(kindOfControl), view(&holder.view) {
+    view->controls.push_back(this);
 }
 
 Control::Impl::~Impl() {
-    if (form == nullptr) return;
-    std::erase(form->controls, this);
-    if (form->focus == this) form->focus = nullptr;
+    if (view == nullptr) return;
+    std::erase(view->controls, this);
+    if (view->focus == this) view->focus = nullptr;
 }
 
 void Control::setFont(const Font& /*font*/) {}
 void Control::setAccessibleName(const std::string& /*name*/) {}
 void Control::setTabStop(bool /*tabStop*/) {}
 bool Control::enabled() const { return impl_->enabled; }
-bool Control::hasFocus() const { return impl_->form != nullptr && impl_->form->focus == impl_.get(); }
-int Control::tabIndex() const { return impl_->form != nullptr ? positionOf(impl_->form->controls, impl_.get()) : 0; }
+bool Control::hasFocus() const { return impl_->view != nullptr && impl_->view->focus == impl_.get(); }
+int Control::tabIndex() const { return impl_->view != nullptr ? positionOf(impl_->view->controls, impl_.get()) : 0; }
 
 void Control::setEnabled(bool enabled) {
     impl_->enabled = enabled;
-    if (!enabled && hasFocus()) impl_->form->focus = nullptr;
+    if (!enabled && hasFocus()) impl_->view->focus = nullptr;
 }
 
 void Control::setFocus() {
-    if (impl_->form != nullptr) sim::focusOn(*impl_->form, *impl_);
+    if (impl_->view != nullptr) impl_->view->focusOn(*impl_);
 }
 
 void Control::setTabIndex(int index) {
-    if (impl_->form != nullptr) moveTo(impl_->form->controls, impl_.get(), index);
+    if (impl_->view != nullptr) moveTo(impl_->view->controls, impl_.get(), index);
 }
 
 CaptionButton::CaptionButton(std::unique_ptr<Impl> impl) : Control(std::move(impl)) { impl_->onPress = &onClick; }

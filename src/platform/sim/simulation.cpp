@@ -28,7 +28,7 @@ void servePosted() {
     const auto event = d.posted.extract(d.posted.begin());
     d.now = std::max(d.now, event.key());
     arrive();
-    deliver(event.mapped().action);
+    platform::callSlot(event.mapped().action);
 }
 
 /// Serves the earliest event that is due until then; of the posted ones only those posted before that order.
@@ -64,11 +64,6 @@ State& state() {
     return *theState;
 }
 
-Serial nextSerial() {
-    static Serial last = 0;
-    return ++last;
-}
-
 void arrive() {
     ++state().arrivals;
     state().idleServices = 0;
@@ -77,6 +72,7 @@ void arrive() {
 void switchOn(uint32_t seed, double secondOfDay) {
     state() = State{};
     ticks() = {};
+    platform::desk() = {};
     emptyProgramFolder();
     state().seed = seed;
     state().startSecond = secondOfDay;
@@ -87,12 +83,10 @@ double now() { return state().now; }
 void setLog(std::function<void(const std::string& line)> log) { state().log = std::move(log); }
 
 void goAway() {
-    State& d = state();
     arrive();
     if (ticks().isAway()) return;
     ticks().setAway(true);
-    for (auto& holder : d.held)
-        if (holder) holder = Serial{0};  // Down, but for nobody.
+    platform::desk().letGoOfKeys();
 }
 
 void comeBack() {
@@ -163,9 +157,10 @@ void seedRandom() {
 double random() { return static_cast<double>(sim::state().generator()) / randomRange; }
 
 void messageBox(const std::string& title, const std::string& text, Sign /*sign*/) {
-    ticks().noteOpening();
+    int box = 0;
+    desk().openBox(&box);
     sim::note("message", title + ": " + text);
-    sim::state().clicked = 0;
+    desk().closeBox(&box);
     sim::state().messages.push_back(title + ": " + text);
 }
 

@@ -1,20 +1,18 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
-#include <optional>
 #include <random>
 #include <sstream>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/printer.h"
+#include "platform/shared/desk.h"
 #include "platform/shared/slots.h"
 #include "platform/sim/simulation.h"
 #include "platform/toolbar.h"
@@ -22,19 +20,7 @@
 /// What the files of the simulated desktop share.
 namespace sim {
 
-/// Names one form or menu for good; 0 names nothing. A handler may destroy its own object, and the next one may
-/// be made at the same address, so what has to outlast a handler is a serial and never a pointer.
-using Serial = uint64_t;
-Serial nextSerial();  ///< A new one, from 1 upward.
-
 using Control = platform::Control::Impl;
-
-/// A key that went down, or repeats.
-struct Stroke {
-    int code;       ///< As in platform::key.
-    int character;  ///< As handlers get it; 0 for a key without one.
-    bool repeat = false;
-};
 
 /// An event to come.
 struct Posted {
@@ -51,8 +37,6 @@ struct Music {
     double start = 0;  ///< Milliseconds from its beginning, where it stands or has begun to play.
     double since = 0;  ///< When it began to play there.
 };
-
-constexpr int keyCodes = 256;  ///< A key's code lies below, from 1.
 
 /// All that is on the desktop and all that will happen on it.
 struct State {
@@ -71,12 +55,8 @@ struct State {
     std::multimap<double, Posted> posted;  ///< By the time they are due.
     uint64_t postings = 0;
 
-    std::vector<platform::Form::Impl*> forms;  ///< The open ones, the one on top last.
     platform::ToolBar::Impl* toolBar = nullptr;
-    platform::PopupMenu::Impl* menu = nullptr;         ///< The open one.
-    std::array<std::optional<Serial>, keyCodes> held;  ///< Who was on top when the key went down.
-    bool keyRepeats = false;                           ///< Of the key whose handler runs.
-    Serial clicked = 0;  ///< On which the left button went down, where Enter means something; 0 for none.
+    platform::PopupMenu::Impl* menu = nullptr;  ///< The open one.
     std::vector<std::string> messages;
     bool screenReader = false;
     std::vector<std::string> announcements;
@@ -107,12 +87,6 @@ void note(const Parts&... parts) {
     state().log(line.str());
 }
 
-/// Runs an event's handler, if there is one; an error that leaves it is reported and goes no further.
-template <class... Values>
-void deliver(const std::function<void(Values...)>& handler, std::type_identity_t<Values>... values) {
-    platform::callSlot(handler, values...);
-}
-
 /// Serves events as long as the condition holds; fails with NothingLeft when there is none.
 template <class Condition>
 void serveWhile(Condition condition) {
@@ -120,46 +94,49 @@ void serveWhile(Condition condition) {
         if (!step()) throw NothingLeft();
 }
 
-/// The open form with that serial; null if it isn't open.
-platform::Form::Impl* openForm(Serial serial);
+/// A form on the simulated desktop, with its controls.
+class View final : public platform::FormView {
+  public:
+    explicit View(platform::Form& owner) : form(owner) {}
 
-/// Who takes keys and clicks now: the open menu, or else the form on top; 0 if nothing is open.
-Serial inputOwner();
+    void fitToSurface() override {}
+    void place() override {}
+    void showChanges() override { note("show"); }
+    void setCaption(const std::string& text) override { note("title", text); }
+    void announce(const std::function<std::string()>& text) override;
+    void open(bool asDialog) override;
+    void focusFirst() override;
+    void wait() override;
+    void leave() override;
+    void retire() override;
 
-/// A key goes down, or repeats if it is held.
-void keyGoesDown(Stroke stroke);
+    /// Gives a key that the form has let through to the control with the focus and to the button that answers it.
+    void pressOnControls(platform::Stroke stroke);
+    void focusOn(Control& control);  ///< Nothing if it is disabled.
+    bool hasKeys() const;            ///< Whether it is the form on top, with nothing over it.
+
+    platform::Form& form;
+    std::vector<Control*> controls;  ///< In tab order.
+    Control* focus = nullptr;
+
+  private:
+    std::shared_ptr<bool> isOpen_;  // shared with who waits
+};
+
+/// The view of a form.
+View& viewOf(platform::Form& form);
+
+/// A key goes down, or repeats if it is held; what it types as a handler gets it, or 0.
+void keyGoesDown(int code, int character);
 
 /// Whether it is a key of a tool button's own, which it then presses unless it repeats.
-bool pressToolButton(const Stroke& stroke);
-
-/// Gives a key to the control with the focus and to the button that answers it, after the form has let it through.
-void pressOnControls(platform::Form::Impl& form, Stroke stroke);
-/// Gives the form's focus to its first control, unless one has it.
-void focusFirst(platform::Form::Impl& form);
+bool pressToolButton(const platform::Stroke& stroke);
 
 }  // namespace sim
 
-/// A form on the simulated desktop.
-struct platform::Form::Impl {
-    explicit Impl(Form& form) : owner(form) {}
-    ~Impl();                  ///< Closes it and leaves its controls without a form.
-    void open(bool asModal);  ///< Puts it on top and runs onLoad.
-    void close();             ///< Takes it off the screen. Nothing if it isn't open.
-
-    Form& owner;
-    const sim::Serial serial = sim::nextSerial();
-    Surface surface;
-    double left = 0;  ///< Twips.
-    double top = 0;   ///< Twips.
-    bool modal = false;
-    bool unloading = false;
-    std::vector<Control::Impl*> controls;  ///< In tab order.
-    Control::Impl* focus = nullptr;
-};
-
 /// A panel on the simulated desktop.
 struct platform::Panel::Impl {
-    Form::Impl& form;  ///< For what is made on it.
+    sim::View& view;  ///< Of the form that it lies on.
     std::string caption;
 };
 
@@ -173,7 +150,7 @@ struct platform::Control::Impl {
 
     Control& owner;
     const Kind kind;
-    Form::Impl* form;  ///< Null once the form is gone.
+    sim::View* view;  ///< Null once the form is gone.
     bool enabled = true;
     std::string caption;
     int answers = 0;                                 ///< The key that presses it from anywhere on its form.
@@ -185,8 +162,5 @@ struct platform::Control::Impl {
 
 /// A menu on the simulated desktop.
 struct platform::PopupMenu::Impl {
-    explicit Impl(PopupMenu& menu) : owner(menu) {}
-
     PopupMenu& owner;
-    const sim::Serial serial = sim::nextSerial();
 };

@@ -1,14 +1,24 @@
 #include "platform/toolbar.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "platform/shared/ticks.h"
 #include "platform/sim/state.h"
+
+namespace sim {
+namespace {
+
+void closeMenu() { platform::desk().closeBox(std::exchange(state().menu, nullptr)); }
+
+}  // namespace
+}  // namespace sim
 
 namespace platform {
 
 struct ToolBar::Impl {
-    Impl(ToolBar& bar, sim::Serial onForm, int buttonCount) : owner(bar), form(onForm) { buttons.resize(buttonCount); }
+    Impl(ToolBar& bar, Form& form, int buttonCount) : owner(bar), view(sim::viewOf(form)) {
+        buttons.resize(buttonCount);
+    }
 
     struct Button {
         int width = firstButtonWidth;
@@ -18,13 +28,13 @@ struct ToolBar::Impl {
     };
 
     ToolBar& owner;
-    sim::Serial form;
+    sim::View& view;  ///< Of its form.
     int width = 0;
     DynamicTable<Button> buttons;
 };
 
 ToolBar::ToolBar(Form& form, int /*height*/, int buttonCount, const ImageList& /*images*/)
-    : impl_(std::make_unique<Impl>(*this, form.impl().serial, buttonCount)) {
+    : impl_(std::make_unique<Impl>(*this, form, buttonCount)) {
     sim::state().toolBar = impl_.get();
 }
 
@@ -47,18 +57,17 @@ void ToolBar::setToolTip(int button, const std::string& text) {
 
 std::string ToolBar::toolTip(int button) const { return impl_->buttons[button].toolTip; }
 
-PopupMenu::PopupMenu(Form& /*form*/) : impl_(std::make_unique<Impl>(*this)) {}
+PopupMenu::PopupMenu(Form& /*form*/) : impl_(new Impl{*this}) {}
 
 PopupMenu::~PopupMenu() {
-    if (sim::state().menu == impl_.get()) sim::state().menu = nullptr;
+    if (sim::state().menu == impl_.get()) sim::closeMenu();
 }
 
 void PopupMenu::popUp() {
-    sim::state().menu = impl_.get();
-    ticks().noteOpening();
+    const Impl* const self = sim::state().menu = impl_.get();
+    desk().openBox(impl_.get());
     sim::note("menu opens");
-    const sim::Serial self = impl_->serial;
-    sim::serveWhile([&] { return sim::inputOwner() == self; });
+    sim::serveWhile([&] { return sim::state().menu == self; });
 }
 
 }  // namespace platform
@@ -68,15 +77,15 @@ namespace sim {
 void clickToolButton(int button) {
     arrive();
     platform::ToolBar::Impl* const bar = state().toolBar;
-    if (bar == nullptr || inputOwner() != bar->form || button < 1 || button > bar->owner.buttonCount()) return;
+    if (bar == nullptr || !bar->view.hasKeys() || button < 1 || button > bar->owner.buttonCount()) return;
     if (bar->buttons[button].image == 0) return;
     note("tool", button);
-    deliver(bar->owner.onButtonClick, button);
+    platform::callSlot(bar->owner.onButtonClick, button);
 }
 
-bool pressToolButton(const Stroke& stroke) {
+bool pressToolButton(const platform::Stroke& stroke) {
     platform::ToolBar::Impl* const bar = state().toolBar;
-    if (bar == nullptr || inputOwner() != bar->form) return false;
+    if (bar == nullptr || !bar->view.hasKeys()) return false;
     for (int button = 1; button <= bar->owner.buttonCount(); ++button) {
         const auto& row = bar->buttons[button];
         if (row.image == 0 || std::find(row.keys.begin(), row.keys.end(), stroke.code) == row.keys.end()) continue;
@@ -90,9 +99,9 @@ void chooseMenuItem(int item) {
     arrive();
     platform::PopupMenu::Impl* const menu = state().menu;
     if (menu == nullptr) return;
-    state().menu = nullptr;
+    closeMenu();
     note("menu", item);
-    if (item >= 1 && item <= menu->owner.itemCount()) deliver(menu->owner.onClick, item);
+    if (item >= 1 && item <= menu->owner.itemCount()) platform::callSlot(menu->owner.onClick, item);
 }
 
 }  // namespace sim

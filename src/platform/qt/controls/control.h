@@ -13,9 +13,6 @@
 
 namespace platform::qt {
 
-/// The window of a form.
-FormWindow* windowOf(Form& form);
-
 /// Qt's own style with raised and sunken edges, for every control on a form.
 QStyle* classicStyle();
 

@@ -84,7 +84,7 @@ class Line : public QLineEdit {
 
     void type(const QString& text) {
         const QKeyEvent key(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, text);
-        qt::Stroke stroke = qt::strokeOf(key, false);
+        Stroke stroke = qt::strokeOf(key, false);
         const int typed = stroke.character;
         const QPointer<Line> self(this);
         const auto target = [&] { return self ? owner() : nullptr; };

@@ -81,7 +81,7 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
 
 int Application::run() {
     qt::onEndSignal([] {
-        if (qt::FormWindow* const main = qt::formStack().mainWindow()) main->unload();
+        if (Form* const main = mainForm()) main->unload();
     });
     qt::formStack().onMainWindowGone = [] { QApplication::exit(0); };
     return QApplication::exec();

@@ -7,7 +7,6 @@
 #include <QPointer>
 #include <QToolButton>
 #include <QWidget>
-#include <algorithm>
 #include <utility>
 
 #include "platform/qt/controls/control.h"
@@ -15,7 +14,6 @@
 #include "platform/qt/window/keys.h"
 #include "platform/qt/window/presence.h"
 #include "platform/shared/slots.h"
-#include "platform/shared/ticks.h"
 
 namespace platform::qt {
 namespace {
@@ -47,6 +45,15 @@ bool isOfMouse(QEvent::Type type) {
 /// Enter going down, for a form that is clicked.
 QKeyEvent enterKey() { return {QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r")}; }
 
+/// The number of a key.
+quint32 keyOf(const QKeyEvent& event) {
+    return event.nativeScanCode() ? event.nativeScanCode() : static_cast<quint32>(event.key());
+}
+
+FormWindow* windowOf(const Form::Impl* form) {
+    return form != nullptr ? static_cast<FormWindow*>(&form->view) : nullptr;
+}
+
 bool belongsToForms(const QWidget* face) { return dynamic_cast<const FormWindow*>(face->window()); }
 
 }  // namespace
@@ -56,73 +63,43 @@ FormStack& formStack() {
     return theStack;
 }
 
-FormWindow* FormStack::top() const { return dialogs_.empty() ? main_ : dialogs_.back(); }
+FormWindow* FormStack::mainWindow() const { return windowOf(desk().main()); }
+FormWindow* FormStack::top() const { return windowOf(desk().top()); }
 
 bool FormStack::blocks(const QWidget* face) const {
     if (!belongsToForms(face)) return false;
-    if (!boxes_.empty()) return true;
-    return !dialogs_.empty() && dialogs_.back() != face && !dialogs_.back()->isAncestorOf(face);
-}
-
-void FormStack::openMain(FormWindow* window) {
-    main_ = window;
-    ++changes_;
-}
-
-void FormStack::openDialog(FormWindow* window) {
-    if (main_) main_->takeKeysBack();
-    dialogs_.push_back(window);
-    ++changes_;
-    ticks().noteOpening();
-    clicked_ = nullptr;
-    repaintTools();
-    pointer_ = QCursor::pos();  // A window that comes up under a pointer at rest gets a move too.
-}
-
-void FormStack::unloadAbove(const FormWindow* window) {
-    const bool open = window == main_ || std::ranges::find(dialogs_, window) != dialogs_.end();
-    while (open && !dialogs_.empty() && dialogs_.back() != window) {
-        FormWindow* const dialog = dialogs_.back();
-        dialog->unload();
-        leave(dialog);  // Even if it is on its way out already.
-    }
-}
-
-void FormStack::leave(FormWindow* window) {
-    const bool wasMain = window == main_;
-    if (wasMain) main_ = nullptr;
-    if (std::erase(dialogs_, window) == 0 && !wasMain) return;
-    ++changes_;
-    clicked_ = nullptr;
-    heldKeys_.ignoreRepeatsFor(window);
-    repaintTools();
-    if (wasMain) presence().look();
-    if (wasMain && onMainWindowGone) onMainWindowGone();
-    if (FormWindow* const under = wasMain ? nullptr : top()) under->activate();
+    if (desk().boxIsOpen()) return true;
+    return !desk().dialogs().empty() && top() != face && !top()->isAncestorOf(face);
 }
 
 void FormStack::openBox(QWidget* box) {
-    boxes_.push_back(box);
-    ticks().noteOpening();
-    clicked_ = nullptr;
-    repaintTools();
+    desk().openBox(box);
+    noteChange();
 }
 
 void FormStack::closeBox(const QWidget* box) {
-    std::erase(boxes_, box);
-    heldKeys_.ignoreRepeatsFor(box);
-    repaintTools();
+    desk().closeBox(box);
+    noteChange();
 }
 
 void FormStack::bringBoxToFront() const {
-    QWidget* const box = boxes_.empty() ? nullptr : boxes_.back();
-    if (box && main_ && main_->windowHandle() == QGuiApplication::focusWindow()) box->activateWindow();
+    auto* const box = static_cast<QWidget*>(desk().box());
+    const FormWindow* const main = mainWindow();
+    if (box && main && main->windowHandle() == QGuiApplication::focusWindow()) box->activateWindow();
 }
 
-/// A tool button under the pointer lies flat while it takes no clicks.
-void FormStack::repaintTools() const {
-    if (!main_) return;
-    for (QToolButton* const button : main_->findChildren<QToolButton*>()) button->update();
+/// A tool button under the pointer lies flat while it takes no clicks. A window that comes up under a pointer at rest
+/// gets a move too, which is none.
+void FormStack::noteChange() {
+    pointer_ = QCursor::pos();
+    const FormWindow* const main = mainWindow();
+    if (!main) return;
+    for (QToolButton* const button : main->findChildren<QToolButton*>()) button->update();
+}
+
+void FormStack::noteEnd() {
+    presence().look();
+    if (onMainWindowGone) onMainWindowGone();
 }
 
 bool FormStack::eventFilter(QObject* watched, QEvent* event) {
@@ -143,83 +120,77 @@ bool FormStack::eventFilter(QObject* watched, QEvent* event) {
 /// Frames and panels on a form let events of the mouse go through to it.
 bool FormStack::filterMouse(const QWidget* face, const QMouseEvent& event) {
     const QPoint before = std::exchange(pointer_, event.globalPosition().toPoint());
-    FormWindow* const form = top();
+    const FormWindow* const form = top();
     if (!form || face != form || !form->form->onPoint || blocks(face)) return false;
     const QPoint at = event.position().toPoint();
-    if (event.type() == QEvent::MouseMove) {
-        if (pointer_ != before) form->meansEnterAt(at);
-        return true;
-    }
-    if (event.button() != Qt::LeftButton) return true;
+    if (event.type() == QEvent::MouseMove && pointer_ != before) desk().movePointer(at.x(), at.y());
+    if (event.type() == QEvent::MouseMove || event.button() != Qt::LeftButton) return true;
     if (event.type() != QEvent::MouseButtonRelease)
-        clicked_ = form->meansEnterAt(at) ? form : nullptr;
-    else if (std::exchange(clicked_, nullptr) == form && form->meansEnterAt(at))
-        deliver(form, enterKey(), {key::Enter, key::Enter, false});
+        desk().buttonDown(at.x(), at.y());
+    else if (desk().buttonUp(at.x(), at.y()))
+        deliver(enterKey(), {key::Enter, key::Enter, false});
     return true;
+}
+
+/// An X server sends a repeat as a release and a press of one moment. Qt joins the two only if both have arrived when
+/// it sees the first, so that its own mark for repeats can be missing.
+bool FormStack::isRepeat(const QKeyEvent& down) const {
+    if (down.isAutoRepeat()) return true;
+    const auto released = released_.find(keyOf(down));
+    return released != released_.end() && released->second != 0 && released->second == down.timestamp();
 }
 
 bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {
     if (forwarded_ == &event) return false;
     const bool toForms = belongsToForms(face);
-    const QWidget* const owner = !toForms ? face->window() : boxes_.empty() ? top() : boxes_.back();
+    const void* const owner = toForms ? desk().keyOwner() : face->window();
     if (event.type() == QEvent::KeyRelease) {
-        const bool own = heldKeys_.letGo(event) == owner;
-        if (toForms && owner && own && !event.isAutoRepeat()) release(top(), event);
+        const bool own = desk().keyUp(keyOf(event)) == owner;
+        if (!event.isAutoRepeat()) released_[keyOf(event)] = event.timestamp();
+        if (toForms && owner && own && !event.isAutoRepeat()) release(event);
         return toForms;
     }
     if (toForms) presence().hearKey();
-    const Press press = heldKeys_.take(event, owner);
-    if (press == Press::Foreign) return true;  // One press never answers two dialogs.
-    if (toForms && owner) deliver(top(), event, strokeOf(event, press == Press::Repeat));
+    const Press press = desk().keyDown(keyOf(event), isRepeat(event), owner);
+    released_.erase(keyOf(event));
+    if (press == Press::Foreign) return true;
+    if (toForms && owner) deliver(event, strokeOf(event, press == Press::Repeat));
     return toForms;
 }
 
 void FormStack::passToBox(const QKeyEvent& event, const Stroke& stroke) {
-    QWidget* const box = boxes_.back();
-    QKeyEvent forwarded = eventFor(event, stroke, stroke.character);
-    forward(box->focusWidget() ? box->focusWidget() : box, forwarded);
+    auto* const box = static_cast<QWidget*>(desk().box());
+    forward(box->focusWidget() ? box->focusWidget() : box, eventFor(event, stroke, stroke.character));
 }
 
-void FormStack::deliver(FormWindow* window, const QKeyEvent& event, Stroke stroke) {
-    if (!boxes_.empty()) return passToBox(event, stroke);
+/// A key that has gone down, for the box or the form on top.
+void FormStack::deliver(const QKeyEvent& event, Stroke stroke) {
+    if (desk().boxIsOpen()) return passToBox(event, stroke);
+    FormWindow* const window = top();
     if (window->takeToolKey && window->takeToolKey(event, stroke.repeat)) return;
     const int typed = stroke.character;
-    if (window->toolsHaveKeys()) {
-        QKeyEvent forwarded = eventFor(event, stroke, typed);
-        return forward(window->keyTarget(), forwarded);
-    }
-    const int changesBefore = changes_;
-    const bool outer = std::exchange(keyRepeats_, stroke.repeat);  // A handler may serve events, further keys too.
-    int code = stroke.code;
-    callSlot(window->form->onKeyDown, code);
-    keyRepeats_ = outer;
-    if (code == 0 || changes_ != changesBefore) return;
-    const auto show = [&](const std::function<void(int&)>& handler) {
-        callSlot(handler, stroke.character);
-        return stroke.character != 0 && changes_ == changesBefore;
-    };
-    if (typed != 0 && !show(window->form->onKeyPress)) return;
+    if (window->toolsHaveKeys()) return forward(window->keyTarget(), eventFor(event, stroke, typed));
+    if (!desk().offer(stroke)) return;
     const QPointer<QWidget> target = window->keyTarget();
     const Control::Impl* const control = window->focusedControl();
-    if (typed != 0 && control && !show(control->owner.onKeyPress)) return;
+    if (typed != 0 && control && !desk().passes(control->owner.onKeyPress, stroke.character)) return;
     if (!target || window->pressesButtonFor(stroke)) return;
     const QPointer<FormWindow> self(window);
-    QKeyEvent forwarded = eventFor(event, stroke, typed);
-    forward(target, forwarded);
+    forward(target, eventFor(event, stroke, typed));
     if (self) self->followFocus();
 }
 
-void FormStack::release(FormWindow* window, const QKeyEvent& event) {
+void FormStack::release(const QKeyEvent& event) {
     const Stroke stroke = strokeOf(event, false);
-    if (!boxes_.empty()) return passToBox(event, stroke);
+    if (desk().boxIsOpen()) return passToBox(event, stroke);
+    FormWindow* const window = top();
     const QPointer<FormWindow> self(window);
-    QKeyEvent forwarded = eventFor(event, stroke, stroke.character);
-    forward(window->keyTarget(), forwarded);
+    forward(window->keyTarget(), eventFor(event, stroke, stroke.character));
     const Control::Impl* const control = self && top() == window ? window->focusedControl() : nullptr;
     if (control) callSlot(control->owner.onKeyUp, stroke.code);
 }
 
-void FormStack::forward(QWidget* target, QKeyEvent& event) {
+void FormStack::forward(QWidget* target, QKeyEvent event) {
     const QKeyEvent* const outer = std::exchange(forwarded_, &event);
     QCoreApplication::sendEvent(target, &event);
     forwarded_ = outer;

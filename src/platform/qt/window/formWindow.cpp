@@ -24,7 +24,11 @@
 #include "platform/shared/tabOrder.h"
 #include "platform/shared/twips.h"
 
-namespace platform::qt {
+namespace platform {
+
+FormView* makeFormView(Form& form) { return new qt::FormWindow(form); }
+
+namespace qt {
 namespace {
 
 /// Whether a label stands at the left of a field, in the same line.
@@ -69,17 +73,20 @@ FormWindow* formWindowOf(const QWidget* face) {
     return static_cast<FormWindow*>(each);
 }
 
+FormWindow* windowOf(Form& form) { return static_cast<FormWindow*>(&form.impl().view); }
+
 FormWindow::FormWindow(Form& owner) : form(&owner) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setRole(*this, QAccessible::Window);
 }
 
 void FormWindow::fitToSurface() {
-    setFixedSize(surface.width(), surface.height());
+    setFixedSize(form->scaleWidth(), form->scaleHeight());
     update();
 }
 
 void FormWindow::showChanges() {
+    const Surface& surface = form->surface();
     std::vector<Place> changed;
     collectChanges(surface.changes(), shown_, {0, 0, surface.width(), surface.height()}, changed);
     for (const Place& place : changed) update(place.left, place.top, place.width, place.height);
@@ -87,90 +94,72 @@ void FormWindow::showChanges() {
 }
 
 void FormWindow::place() {
-    const FormWindow* const main = formStack().mainWindow();
-    if (!isWindow() && main) move(toPixels(left - main->left), toPixels(top - main->top));
+    const Form* const main = mainForm();
+    if (!isWindow() && main) move(toPixels(form->left() - main->left()), toPixels(form->top() - main->top()));
     if (!isWindow()) return;
     const QScreen& screen = *QGuiApplication::primaryScreen();
-    const QPoint wanted = QPoint(toPixels(left), toPixels(top)) + screen.geometry().topLeft();
+    const QPoint wanted = QPoint(toPixels(form->left()), toPixels(form->top())) + screen.geometry().topLeft();
     const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
     setGeometry({onScreen(wanted, height(), screen.availableGeometry(), titleBar), size()});
 }
 
-bool FormWindow::load() {
-    if (loaded) return false;
-    loaded = true;
-    const QPointer<FormWindow> self(this);
-    callSlot(form->onLoad);
-    return self && loaded;
+void FormWindow::setCaption(const std::string& text) { setWindowTitle(QString::fromStdString(text)); }
+
+void FormWindow::announce(const std::function<std::string()>& text) {
+    if (!isListenedTo()) return;
+    if (isVisible())
+        notify(*window(), QString::fromStdString(text()));
+    else
+        setAccessibleName(QString::fromStdString(text()));  // Until the form is shown its name carries the text.
 }
 
-void FormWindow::showAsMain() {
-    if (!load()) return;
-    formStack().openMain(this);
+void FormWindow::open(bool asDialog) {
+    isMain_ = !asDialog;
+    asDialog ? openAsDialog() : openAsMain();
+    show();
+}
+
+void FormWindow::openAsMain() {
     setWindowFlags(mainWindowFlags);
     place();
     create();
     bearAnySize(*windowHandle());
-    show();
-    activate();
 }
 
-void FormWindow::runAsDialog() {
-    if (!load()) return;
-    if (FormWindow* const main = formStack().mainWindow()) setParent(main, Qt::SubWindow);  // Keeps Tab within itself.
-    formStack().openDialog(this);
+void FormWindow::openAsDialog() {
+    if (FormWindow* const main = formStack().mainWindow()) {
+        main->takeKeysBack();
+        setParent(main, Qt::SubWindow);  // Keeps Tab within itself.
+    }
+    formStack().noteChange();
     setRole(*this, QAccessible::Dialog);
     place();
     if (accessibleName().isEmpty()) setAccessibleName(windowTitle());  // Its loading may have told more.
     nameFields();
-    show();
+}
+
+void FormWindow::wait() {
     const QPointer<FormWindow> self(this);
-    activate();
-    if (!self || !loaded) return;
     QEventLoop loop;
     loop_ = &loop;
     loop.exec();
     if (self) self->loop_ = nullptr;  // It still stands when the program's end has ended the loop.
 }
 
-void FormWindow::unload() {
-    if (!loaded || unloading_) return;
-    unloading_ = true;
-    const QPointer<FormWindow> self(this);
-    if (form) callSlot(form->onUnload);
-    if (self) leave();
-}
-
 void FormWindow::leave() {
-    loaded = false;
-    unloading_ = false;
     focused_ = nullptr;
     if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
     hide();
     setParent(nullptr);  // A dialog outlives the main window if its owner does.
     if (loop_) loop_->quit();
     loop_ = nullptr;
-    formStack().leave(this);
+    formStack().noteChange();
+    if (std::exchange(isMain_, false)) formStack().noteEnd();
 }
 
 void FormWindow::retire() {
     form = nullptr;
-    formStack().unloadAbove(this);
-    leave();
     deleteLater();
-}
-
-void FormWindow::activate() {
-    const QPointer<FormWindow> self(this);
-    if (form) callSlot(form->onActivate);
-    if (self && loaded && formStack().top() == this) focusFirst();
-}
-
-void FormWindow::announce(const QString& text) {
-    if (isVisible())
-        notify(*window(), text);
-    else
-        setAccessibleName(text);  // Until the form is shown its name carries the text.
 }
 
 void FormWindow::focusFirst() {
@@ -228,13 +217,6 @@ Control::Impl* FormWindow::controlOf(const QWidget* face) const {
 
 Control::Impl* FormWindow::focusedControl() const { return controlOf(keyTarget()); }
 
-bool FormWindow::meansEnterAt(const QPoint& at) {
-    bool answered = false;
-    const std::function<void()> ask = [&, slot = form->onPoint] { answered = slot(at.x(), at.y()); };
-    if (rect().contains(at)) callSlot(ask);
-    return answered;
-}
-
 bool FormWindow::pressesButtonFor(const Stroke& stroke) {
     if (stroke.code != key::Enter && stroke.code != key::Escape) return false;
     auto* const focused = qobject_cast<QPushButton*>(keyTarget());
@@ -244,7 +226,7 @@ bool FormWindow::pressesButtonFor(const Stroke& stroke) {
 }
 
 void FormWindow::followFocus() {
-    Control::Impl* const now = loaded ? focusedControl() : nullptr;
+    Control::Impl* const now = form && form->loaded() ? focusedControl() : nullptr;
     if (now == nullptr || now == focused_) return;
     const Control::Impl* const before = std::exchange(focused_, now);
     const QPointer<FormWindow> self(this);
@@ -256,19 +238,19 @@ void FormWindow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const qreal scale = devicePixelRatio();
     painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != std::floor(scale));
-    const QImage image = imageOf(surface);
+    const QImage image = imageOf(form->surface());
     if (image.size() != size()) painter.fillRect(rect(), Qt::black);
     if (!image.isNull()) painter.drawImage(QPoint(0, 0), image);
 }
 
 void FormWindow::resizeEvent(QResizeEvent* /*event*/) {
-    const QSize own(surface.width(), surface.height());
+    const QSize own(form->scaleWidth(), form->scaleHeight());
     if (isWindow() && !(windowState() & refusedStates) && size() != own) resize(own);
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore();  // The form decides what closing means.
-    unload();
+    if (form) form->unload();
 }
 
 void FormWindow::changeEvent(QEvent* event) {
@@ -280,4 +262,5 @@ void FormWindow::changeEvent(QEvent* event) {
             this, [this] { setWindowState(windowState() & ~refusedStates); }, Qt::QueuedConnection);
 }
 
-}  // namespace platform::qt
+}  // namespace qt
+}  // namespace platform

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "platform/controls.h"
-#include "platform/form.h"
 #include "platform/qt/window/keys.h"
+#include "platform/shared/desk.h"
 
 class QEventLoop;
 
@@ -16,27 +16,22 @@ namespace platform::qt {
 
 /// A form on the screen. It is deleted later than its Form, by deleteLater(), so that a form can be let go in its own
 /// handlers.
-class FormWindow : public QWidget {
+class FormWindow : public QWidget, public FormView {
   public:
     explicit FormWindow(Form& owner);  ///< Not on the screen and without a size.
 
-    Form* form;           ///< Null when the form is gone.
-    Surface surface;      ///< What it shows under its shapes and controls.
-    double left = 0;      ///< Twips.
-    double top = 0;       ///< Twips.
-    bool loaded = false;  ///< From before onLoad to after onUnload.
+    Form* form;  ///< Null when the form is gone.
 
-    void fitToSurface();  ///< Gives the window the surface's size.
-    void showChanges();   ///< Has what was drawn on the surface since the last time painted on the screen.
-    void place();         ///< Puts the window where left and top say.
-    void showAsMain();    ///< Loads the form and shows it as the main window. Nothing if it is loaded.
-    void runAsDialog();   ///< Loads the form, shows it and returns when it has been unloaded. Nothing if it is loaded.
-    void unload();        ///< Runs onUnload and leaves the screen. Nothing if it isn't loaded.
-    void retire();        ///< The form is gone: leaves the screen at once and the memory later.
-
-    void announce(const QString& text);  ///< Has a screen reader say it.
-
-    void activate();  ///< It is on top now: tells the form, and one of its controls has the focus.
+    void fitToSurface() override;
+    void place() override;
+    void showChanges() override;
+    void setCaption(const std::string& text) override;
+    void announce(const std::function<std::string()>& text) override;
+    void open(bool asDialog) override;
+    void focusFirst() override;
+    void wait() override;
+    void leave() override;
+    void retire() override;
 
     void addControl(Control::Impl* control);                           ///< The last one in tab order.
     void removeControl(const Control::Impl* control);                  ///< It is gone.
@@ -52,7 +47,6 @@ class FormWindow : public QWidget {
     void takeKeysBack();         ///< From a tool button, if one has them.
     Control::Impl* controlOf(const QWidget* face) const;  ///< The form's control with that face; null if it is none.
     Control::Impl* focusedControl() const;                ///< The control to which they go; null if it is none.
-    bool meansEnterAt(const QPoint& at);  ///< Tells the form where the pointer is; whether Enter means something there.
     bool pressesButtonFor(
         const Stroke& stroke);  ///< Whether a button answers the key for the whole form; it is pressed.
     void followFocus();         ///< Tells the controls when the focus has gone from one to another.
@@ -64,13 +58,12 @@ class FormWindow : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    bool load();
-    void leave();
-    void focusFirst();
+    void openAsMain();
+    void openAsDialog();
     void nameFields() const;
 
+    bool isMain_ = false;  // while it is open
     Changes::Moment shown_ = 0;
-    bool unloading_ = false;
     QEventLoop* loop_ = nullptr;            // waits for the unload of a dialog
     std::vector<Control::Impl*> controls_;  // in tab order
     Control::Impl* focused_ = nullptr;      // as its handlers were told last
@@ -84,5 +77,8 @@ QPoint onScreen(const QPoint& wanted, int height, const QRect& screen, int title
 
 /// The form that the face of a control lies on; it must lie on one.
 FormWindow* formWindowOf(const QWidget* face);
+
+/// The window of a form.
+FormWindow* windowOf(Form& form);
 
 }  // namespace platform::qt

@@ -3,14 +3,9 @@
 #include <QKeyEvent>
 #include <QString>
 
-namespace platform::qt {
+#include "platform/shared/desk.h"
 
-/// One press of a key, or one repeat of it.
-struct Stroke {
-    int code = 0;       ///< As in platform::key.
-    int character = 0;  ///< In Latin-1 or key::OtherCharacter; 0 for a key without one.
-    bool repeat = false;
-};
+namespace platform::qt {
 
 /// What the key event means to a form.
 Stroke strokeOf(const QKeyEvent& event, bool repeat);

@@ -6,6 +6,7 @@
 
 #include "platform/qt/window/formStack.h"
 #include "platform/qt/window/formWindow.h"
+#include "platform/shared/desk.h"
 #include "platform/shared/ticks.h"
 
 namespace platform::qt {
@@ -41,7 +42,7 @@ void Presence::hearKey() { settle(false); }
 
 void Presence::settle(bool away) {
     if (away == ticks().isAway()) return;
-    if (away) formStack().letGoOfKeys();
+    if (away) desk().letGoOfKeys();
     ticks().setAway(away);
     for (const auto& [watcher, onChange] : watchers_) onChange();
 }

@@ -1,0 +1,117 @@
+#include "platform/shared/desk.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/shared/slots.h"
+#include "platform/shared/ticks.h"
+
+namespace platform {
+
+Desk& desk() {
+    static Desk& theDesk = *new Desk;
+    return theDesk;
+}
+
+void Desk::open(Form::Impl& form, bool asDialog) {
+    if (asDialog) {
+        dialogs_.push_back(&form);
+        ticks().noteOpening();
+    } else {
+        main_ = &form;
+    }
+    ++changes_;
+    clicked_ = nullptr;
+}
+
+/// Takes a form off the desk and off the screen; the one that comes to light is told.
+void Desk::close(Form::Impl& form) {
+    const bool wasOnTop = top() == &form;
+    if (main_ == &form) main_ = nullptr;
+    std::erase(dialogs_, &form);
+    ++changes_;
+    clicked_ = nullptr;
+    ignoreRepeatsFor(&form);
+    form.view.leave();
+    if (wasOnTop && top() != nullptr) top()->activate();
+}
+
+void Desk::unloadAbove(const Form::Impl& form) {
+    const bool open = main_ == &form || std::ranges::find(dialogs_, &form) != dialogs_.end();
+    while (open && top() != &form) {
+        const auto dialog = top()->shared_from_this();
+        dialog->unload();
+        dialog->leave();  // Even if it is on its way out already.
+    }
+}
+
+void Desk::openBox(void* box) {
+    boxes_.push_back(box);
+    ticks().noteOpening();
+    clicked_ = nullptr;
+}
+
+void Desk::closeBox(const void* box) {
+    std::erase(boxes_, box);
+    ignoreRepeatsFor(box);
+}
+
+Press Desk::keyDown(uint32_t key, bool repeats, const void* owner) {
+    Held& held = held_[key];
+    held.isDown = true;
+    if (!repeats) held.owner = owner;
+    if (!repeats) return Press::New;
+    return owner != nullptr && held.owner == owner ? Press::Repeat : Press::Foreign;
+}
+
+const void* Desk::keyUp(uint32_t key) {
+    held_[key].isDown = false;
+    return held_[key].owner;
+}
+
+bool Desk::isHeld(uint32_t key) const {
+    const auto held = held_.find(key);
+    return held != held_.end() && held->second.isDown;
+}
+
+void Desk::ignoreRepeatsFor(const void* owner) {
+    for (auto& [key, held] : held_)
+        if (held.owner == owner) held.owner = nullptr;
+}
+
+void Desk::letGoOfKeys() {
+    for (auto& [key, held] : held_) held.owner = nullptr;
+}
+
+bool Desk::passes(const std::function<void(int&)>& handler, int& value) {
+    const int changesBefore = changes_;
+    callSlot(handler, value);
+    return value != 0 && changes_ == changesBefore;
+}
+
+bool Desk::offer(Stroke& stroke) {
+    const Form* const form = top()->form;
+    const bool outer = std::exchange(keyRepeats_, stroke.repeat);  // A handler may serve events, further keys too.
+    int code = stroke.code;
+    const bool goesOn = passes(form->onKeyDown, code);
+    keyRepeats_ = outer;
+    return goesOn && (stroke.character == 0 || passes(form->onKeyPress, stroke.character));
+}
+
+/// Tells the form on top where the pointer is; whether Enter means something there.
+bool Desk::meansEnterAt(int x, int y) {
+    const Form::Impl* const form = boxIsOpen() ? nullptr : top();
+    if (form == nullptr || x < 0 || y < 0 || x >= form->surface.width() || y >= form->surface.height()) return false;
+    bool answer = false;
+    if (form->form->onPoint) callSlot(std::function<void()>([&, slot = form->form->onPoint] { answer = slot(x, y); }));
+    return answer;
+}
+
+void Desk::buttonDown(int x, int y) { clicked_ = meansEnterAt(x, y) ? top() : nullptr; }
+
+bool Desk::buttonUp(int x, int y) {
+    const Form::Impl* const clicked = std::exchange(clicked_, nullptr);
+    return meansEnterAt(x, y) && clicked == top();
+}
+
+}  // namespace platform
