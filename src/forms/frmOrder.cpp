@@ -42,18 +42,18 @@ struct BoxRow {
     platform::Place place;
     int limit;
     const char* allowed;
-    const char* accessibleName;  // where no text at its left says it
+    const char* accessibleName;
 };
 
 constexpr BoxRow boxes[] = {
-    {{96, 48, 257, 19}, textLength, nameCharacters, ""},
-    {{96, 72, 257, 19}, textLength, addressCharacters, ""},
+    {{96, 48, 257, 19}, textLength, nameCharacters, "Name"},
+    {{96, 72, 257, 19}, textLength, addressCharacters, "Address"},
     {{96, 96, 257, 19}, textLength, addressCharacters, "Address, line 2"},
     {{96, 120, 257, 19}, textLength, addressCharacters, "Address, line 3"},
-    {{96, 144, 257, 19}, textLength, nameCharacters, ""},
-    {{96, 200, 193, 19}, textLength, nameCharacters, ""},
-    {{96, 224, 233, 19}, textLength, keyboardCharacters, ""},
-    {{96, 248, 41, 19}, copiesLength, digits, ""},
+    {{96, 144, 257, 19}, textLength, nameCharacters, "City"},
+    {{96, 200, 193, 19}, textLength, nameCharacters, "Country"},
+    {{96, 224, 233, 19}, textLength, keyboardCharacters, "Email"},
+    {{96, 248, 41, 19}, copiesLength, digits, "# of Copies"},
 };
 static_assert(std::size(boxes) == orderBoxes);
 
@@ -147,8 +147,10 @@ void layBoxes(frmOrder& order) {
     }
     order.txtOrderInfo[Box::Copies].setAlign(platform::Align::Right);
     order.cboOrderInfo.setFont(textFont);
+    order.cboOrderInfo.setAccessibleName("State");
     order.cboOrderInfo.onKeyPress = [&order](int& keyAscii) { order.cboOrderInfo_KeyPress(keyAscii); };
     order.mskOrderInfo.setFont(textFont);
+    order.mskOrderInfo.setAccessibleName("Zip");
     order.mskOrderInfo.onGotFocus = [&order] { order.mskOrderInfo_GotFocus(); };
     order.mskOrderInfo.onKeyPress = [&order](int& keyAscii) { order.mskOrderInfo_KeyPress(keyAscii); };
 }

@@ -1,10 +1,8 @@
 #include "platform/qt/window/formWindow.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
-#include <QLabel>
 #include <QPainter>
 #include <QScreen>
 #include <QStyle>
@@ -30,21 +28,6 @@ FormView* makeFormView(Form& form) { return new qt::FormWindow(form); }
 
 namespace qt {
 namespace {
-
-/// Whether a label stands at the left of a field, in the same line.
-bool standsBefore(const QLabel& label, const QWidget& field) {
-    return label.x() < field.x() && label.y() <= field.geometry().center().y() &&
-           label.geometry().bottom() >= field.geometry().center().y();
-}
-
-/// The caption at the left of a field, or else that of the panel it lies on.
-QString captionFor(const QWidget& field) {
-    const QLabel* nearest = qobject_cast<const QLabel*>(field.parentWidget());
-    for (const QLabel* label : field.parentWidget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly))
-        if (standsBefore(*label, field) && (nearest == field.parentWidget() || label->x() > nearest->x()))
-            nearest = label;
-    return nearest != nullptr ? nearest->text().trimmed() : QString();
-}
 
 // A main window can't be maximised.
 constexpr Qt::WindowFlags mainWindowFlags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
@@ -135,7 +118,6 @@ void FormWindow::openAsDialog() {
     setRole(*this, QAccessible::Dialog);
     place();
     if (accessibleName().isEmpty()) setAccessibleName(windowTitle());  // Its loading may have told more.
-    nameFields();
 }
 
 void FormWindow::wait() {
@@ -169,14 +151,6 @@ void FormWindow::focusFirst() {
     const bool chooses = focusedControl() == nullptr && first != controls_.end();
     (chooses ? (*first)->face.get() : keyTarget())->setFocus(Qt::TabFocusReason);
     followFocus();
-}
-
-void FormWindow::nameFields() const {
-    for (const Control::Impl* control : controls_) {
-        QWidget* const face = control->face.get();
-        if (!qobject_cast<QAbstractButton*>(face) && face->accessibleName().isEmpty())
-            face->setAccessibleName(captionFor(*face));
-    }
 }
 
 void FormWindow::addControl(Control::Impl* control) { controls_.push_back(control); }

@@ -60,7 +60,6 @@ class FormWindow : public QWidget, public FormView {
   private:
     void openAsMain();
     void openAsDialog();
-    void nameFields() const;
 
     bool isMain_ = false;  // while it is open
     Changes::Moment shown_ = 0;

@@ -11,55 +11,29 @@ namespace platform::qt {
 namespace {
 
 struct KeyRow {
-    int qtKey;
+    Qt::Key qtKey;
     int code;
 };
 
-constexpr int otherKey = 255;
+constexpr int otherKey = 255;  // one that no form looks at
+constexpr int backspace = 8;
 
 // With NumLock off the number pad sends the keys that its caps show in small.
 constexpr KeyRow padKeys[] = {
-    {Qt::Key_0, 96},
-    {Qt::Key_1, 97},
-    {Qt::Key_2, key::Pad2},
-    {Qt::Key_3, 99},
-    {Qt::Key_4, key::Pad4},
-    {Qt::Key_5, 101},
-    {Qt::Key_6, key::Pad6},
-    {Qt::Key_7, 103},
-    {Qt::Key_8, key::Pad8},
-    {Qt::Key_9, 105},
-    {Qt::Key_Insert, 96},
-    {Qt::Key_End, 97},
-    {Qt::Key_Down, key::Pad2},
-    {Qt::Key_PageDown, 99},
-    {Qt::Key_Left, key::Pad4},
-    {Qt::Key_Clear, 101},
-    {Qt::Key_Right, key::Pad6},
-    {Qt::Key_Home, 103},
-    {Qt::Key_Up, key::Pad8},
-    {Qt::Key_PageUp, 105},
-    {Qt::Key_Asterisk, 106},
-    {Qt::Key_Plus, 107},
-    {Qt::Key_Minus, 109},
-    {Qt::Key_Slash, 111},
-    {Qt::Key_Period, 110},
-    {Qt::Key_Comma, 110},
-    {Qt::Key_Delete, 110},
+    {Qt::Key_2, key::Pad2},    {Qt::Key_4, key::Pad4},    {Qt::Key_6, key::Pad6},     {Qt::Key_8, key::Pad8},
+    {Qt::Key_Down, key::Pad2}, {Qt::Key_Left, key::Pad4}, {Qt::Key_Right, key::Pad6}, {Qt::Key_Up, key::Pad8},
 };
 
 constexpr KeyRow otherKeys[] = {
-    {Qt::Key_Backspace, 8},       {Qt::Key_Tab, key::Tab},     {Qt::Key_Backtab, key::Tab},
-    {Qt::Key_Return, key::Enter}, {Qt::Key_Enter, key::Enter}, {Qt::Key_Escape, key::Escape},
-    {Qt::Key_PageUp, 33},         {Qt::Key_PageDown, 34},      {Qt::Key_End, 35},
-    {Qt::Key_Home, 36},           {Qt::Key_Left, key::Left},   {Qt::Key_Up, key::Up},
-    {Qt::Key_Right, key::Right},  {Qt::Key_Down, key::Down},   {Qt::Key_Insert, 45},
-    {Qt::Key_Delete, 46},         {Qt::Key_Pause, key::Pause}, {Qt::Key_F1, key::F1},
+    {Qt::Key_Backspace, backspace}, {Qt::Key_Tab, key::Tab},     {Qt::Key_Backtab, key::Tab},
+    {Qt::Key_Return, key::Enter},   {Qt::Key_Enter, key::Enter}, {Qt::Key_Escape, key::Escape},
+    {Qt::Key_Left, key::Left},      {Qt::Key_Up, key::Up},       {Qt::Key_Right, key::Right},
+    {Qt::Key_Down, key::Down},      {Qt::Key_Pause, key::Pause}, {Qt::Key_F1, key::F1},
     {Qt::Key_F2, key::F2},
 };
 
 // These come from their codes, so that no Ctrl combination passes for one of them.
-constexpr int keysWithCharacter[] = {8, key::Tab, key::Enter, key::Escape};
+constexpr int keysWithCharacter[] = {backspace, key::Tab, key::Enter, key::Escape};
 
 const KeyRow* find(std::span<const KeyRow> rows, int qtKey) {
     const auto row = std::find_if(rows.begin(), rows.end(), [=](const KeyRow& each) { return each.qtKey == qtKey; });
@@ -71,8 +45,8 @@ int codeOf(const QKeyEvent& event) {
     if (event.modifiers() & Qt::KeypadModifier)
         if (const KeyRow* row = find(padKeys, qtKey)) return row->code;
     if (const KeyRow* row = find(otherKeys, qtKey)) return row->code;
-    const bool ownCode = (qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z) || (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9);
-    return ownCode || qtKey == Qt::Key_Space ? qtKey : otherKey;
+    const bool hasOwnCode = (qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z) || (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9);
+    return hasOwnCode || qtKey == Qt::Key_Space ? qtKey : otherKey;
 }
 
 int characterOf(const QKeyEvent& event, int code) {
@@ -93,15 +67,7 @@ Stroke strokeOf(const QKeyEvent& event, bool repeat) {
 
 QKeyEvent eventFor(const QKeyEvent& event, const Stroke& stroke, int typed) {
     const QString text = stroke.character == typed ? event.text() : QString(QChar(stroke.character));
-    return {event.type(),
-            event.key(),
-            event.modifiers(),
-            event.nativeScanCode(),
-            event.nativeVirtualKey(),
-            event.nativeModifiers(),
-            text,
-            stroke.repeat,
-            static_cast<quint16>(event.count())};
+    return {event.type(), event.key(), event.modifiers(), text, stroke.repeat, static_cast<quint16>(event.count())};
 }
 
 QString nameOfKey(int code) {

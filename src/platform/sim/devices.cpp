@@ -1,10 +1,15 @@
-#include "platform/sound.h"
+// The simulated desktop's devices: sound, the printer and the help's viewer.
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
+#include "platform/base/runtime.h"
+#include "platform/help.h"
+#include "platform/printer.h"
 #include "platform/shared/sequencer.h"
 #include "platform/sim/state.h"
+#include "platform/sound.h"
 
 namespace sim {
 namespace {
@@ -26,6 +31,13 @@ void setSoundDevice(bool present) { state().music.device = present; }
 bool pieceSounds() {
     const Music& music = state().music;
     return music.playing && music.device && piecePosition() < music.length;
+}
+
+const std::vector<std::vector<platform::PrintedLine>>& sheets() { return state().sheets; }
+
+void breakPrinter(int line, bool atEnd) {
+    state().printerFailsAtLine = line;
+    state().printerFailsAtEnd = atEnd;
 }
 
 }  // namespace sim
@@ -75,5 +87,26 @@ bool sndPlaySoundA(const std::string& file, uint32_t flags) {
     sim::note("sound", std::filesystem::path(file).filename().string(), flags);
     return true;
 }
+
+Printer& printer() { return sim::state().printer; }
+
+void Printer::print(const std::vector<ColumnText>& texts) {
+    if (static_cast<int>(lines_.size()) + 1 == sim::state().printerFailsAtLine) failure::printerError();
+    lines_.push_back({font, texts});
+}
+
+void Printer::endDoc() {
+    auto lines = std::exchange(lines_, {});
+    if (lines.empty()) return;
+    if (sim::state().printerFailsAtEnd) failure::printerError();
+    sim::note("sheet of", lines.size(), "lines");
+    sim::state().sheets.push_back(std::move(lines));
+}
+
+void WinHelpA(Form& /*window*/, const std::string& file, uint32_t command, uint32_t /*data*/) {
+    if (command == HELP_INDEX) sim::note("help", file);
+}
+
+void setHelpPictures(MakeHelpPicture /*make*/) {}
 
 }  // namespace platform
