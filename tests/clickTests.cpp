@@ -31,7 +31,7 @@ TEST_F(Clicks, AClickDrawsTheTileUnderIt) {
             EXPECT_EQ(gfrmChooseSeat->mintSelTile, 1);
             sim::movePointer(left + 35, 149);
             EXPECT_EQ(gfrmChooseSeat->mintSelTile, tile);
-            EXPECT_EQ(gfrmChooseSeat->shpSeat.place().left, left);
+            EXPECT_EQ(gfrmChooseSeat->shpSeat.look().place.left, left);
             expected = gfrmChooseSeat->malngSeatTiles[tile] - 27;
             sim::postAfter(1000, [&] {
                 sim::clickAt(lefts[tile % 4], 120);

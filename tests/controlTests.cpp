@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/base/utf8.h"
+#include "platform/base/text.h"
 #include "platform/fields.h"
 #include "platform/qt/controls/control.h"
 #include "tests/contractFixture.h"
@@ -38,8 +38,7 @@ void pressAccessKey(char letter) {
 }
 
 void typeText(const std::string& text) {
-    for (size_t at = 0; at < text.size();) {
-        const char32_t character = nextCharacter(text, at);
+    for (const char32_t character : charactersOf(text)) {
         const int key =
             character < 0x80 ? QChar(static_cast<char16_t>(character)).toUpper().unicode() : int{Qt::Key_unknown};
         tap(key, Qt::NoModifier, QString::fromUcs4(&character, 1));
@@ -229,17 +228,15 @@ TEST_F(Controls, TypedTextPassesTheHandlersAndPastedTextKeepsToTheLimit) {
          "a\U0001F004"},
         {"pasted past it in the middle",
          [](Entry& e) {
-             e.name.setMaxLength(4), e.name.setText("a\U0001F004b"), e.name.select(1, 0), pasteText("xyz");
+             e.name.setMaxLength(4), e.name.setText("a\U0001F004b"), pressKey(Left), pressKey(Left), pasteText("xyz");
          },
          "ax\U0001F004b"},
         {"set past it", [](Entry& e) { e.name.setMaxLength(2), e.name.setText("\U0001F004\U0001F005\U0001F006"); },
          "\U0001F004\U0001F005"},
         {"pasted past the filter", [](Entry& e) { e.name.onKeyPress = swap('1', 0), pasteText("a1"); }, "a1"},
         {"pasted lines", [](Entry&) { pasteText("one\ntwo\tthree"); }, "one two three"},
-        {"instead of a selection",
-         [](Entry& e) { e.name.setText("a\U0001F004\U0001F005d"), e.name.select(1, 2), typeText("xyz"); }, "axyzd"},
-        {"of a selection beyond the end", [](Entry& e) { e.name.setText("abc"), e.name.select(1, 99), typeText("x"); },
-         "ax"},
+        {"instead of what is selected",
+         [](Entry& e) { e.name.setText("a\U0001F004"), e.name.selectAll(), typeText("x"); }, "x"},
         {"Tab selects all", [](Entry& e) { e.name.setText("abcd"), pressKey(Tab), pressShiftTab(), typeText("x"); },
          "x"},
         {"Backspace passes filters",
@@ -290,14 +287,14 @@ TEST_F(Controls, HandlersFollowTheFocus) {
 TEST_F(Controls, TheMaskTakesDigitsAtItsPlaces) {
     const std::vector<Row<Entry>> rows = {
         {"no letters", [](Entry&) { typeText("9a0-7"); }, "907  "},
-        {"over all that is selected", [](Entry& e) { typeText("12345"), e.zip.select(0, 5), typeText("7"); }, "7    "},
+        {"over all that is selected", [](Entry& e) { typeText("12345"), e.zip.selectAll(), typeText("7"); }, "7    "},
         {"Backspace leaves a blank", [](Entry&) { typeText("123"), pressKey(8); }, "12   "},
         {"cleared", [](Entry& e) { typeText("12"), e.zip.clear(); }, "     "},
         {"the filter comes first", [](Entry& e) { e.zip.onKeyPress = swap('1', 0), typeText("1"), composeText("1"); },
          "     "},
     };
     expectRows(
-        rows, [](Entry& e) { e.zip.setFocus(), e.zip.select(0, 0); }, [](Entry& e) { return e.zip.text(); });
+        rows, [](Entry& e) { e.zip.setFocus(); }, [](Entry& e) { return e.zip.text(); });
 }
 
 TEST_F(Controls, KeysChooseARow) {

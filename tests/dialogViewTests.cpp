@@ -38,10 +38,10 @@ class DialogViews : public TableFixture {
 
 void expectFrame(const platform::Shape& frame, int left, int top, int width, int height, int border,
                  platform::Color color) {
-    EXPECT_TRUE(frame.visible());
-    EXPECT_EQ(frame.borderWidth(), border);
-    EXPECT_EQ(frame.borderColor(), color);
-    const platform::Place place = frame.place();
+    EXPECT_TRUE(frame.look().visible);
+    EXPECT_EQ(frame.look().borderWidth, border);
+    EXPECT_EQ(frame.look().borderColor, color);
+    const platform::Place place = frame.look().place;
     EXPECT_EQ(place.left, left);
     EXPECT_EQ(place.top, top);
     EXPECT_EQ(place.width, width);
@@ -69,7 +69,7 @@ TEST_F(DialogViews, AnOfferStandsOnTheTable) {
         expectDeaf({Escape, Space, Tab, Up, Down, Pad8, Pad2, 'P', '1'});
         sim::pressKey(Right);
         expectFrame(gfrmChooseTiles->Shape1, 101, 3, 96, 45, 3, 0x0000FF);
-        EXPECT_FALSE(gfrmChooseTiles->shpOnBoard.visible()) << "Pass lies nowhere";
+        EXPECT_FALSE(gfrmChooseTiles->shpOnBoard.look().visible) << "Pass lies nowhere";
         sim::pressKey(Enter);
     });
     ticks(12, 5);

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/base/utf8.h"
+#include "platform/base/text.h"
 #include "platform/shared/printColumns.h"
 
 /// The sheet of an order of three copies for Ann B. Carter, a line of it on each line, with those lines as her address.
@@ -38,11 +38,9 @@ inline std::string expectedSheet(const std::string& address) {
 /// A sheet on A4 in 14 points, by a printer whose font has the letters of ASCII and no others.
 inline std::string printedSheet(const std::vector<platform::PrintedLine>& lines) {
     const auto charactersOf = [](const std::string& text) {
-        std::u32string characters;
-        for (size_t at = 0; at < text.size();) {
-            const char32_t character = platform::nextCharacter(text, at);
-            characters += character >= U' ' && character <= U'~' ? character : U'?';
-        }
+        std::u32string characters = platform::charactersOf(text);
+        for (char32_t& character : characters)
+            if (character < U' ' || character > U'~') character = U'?';
         return characters;
     };
     std::string sheet;

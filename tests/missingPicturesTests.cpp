@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/shared/storedPictures.h"
+#include "platform/pictures.h"
 #include "platform/sim/simulation.h"
 #include "scoring/frmBreakDown.h"
 #include "tests/gameFixture.h"

@@ -187,7 +187,7 @@ TEST(SurfaceContract, WhatHasChangedIsKnownAndNothingElse) {
         const Changes::Moment before = surface.changes().now();
         row.draws();
         std::vector<Place> changed;
-        collectChanges(surface.changes(), before, {0, 0, gridWidth, gridHeight}, changed);
+        surface.changes().collect(before, {0, 0, gridWidth, gridHeight}, changed);
         ASSERT_EQ(changed.size(), row.changed.size()) << row.what;
         for (size_t i = 0; i < changed.size(); ++i)
             EXPECT_TRUE(changed[i].left == row.changed[i].left && changed[i].top == row.changed[i].top &&

@@ -20,7 +20,7 @@ std::ofstream created(const std::filesystem::path& path) {
 void store(const std::filesystem::path& folder, int count, char** paths) {
     auto pixels = created(folder / "storedPictures.bin");
     auto table = created(folder / "storedPictures.cpp");
-    table << "#include \"platform/shared/storedPictures.h\"\n\n"
+    table << "#include \"platform/pictures.h\"\n\n"
              "extern \"C\" const uint32_t storedPixels[];\n\n"
              "namespace platform {\n\n"
              "std::span<const StoredPicture> storedPictures() {\n"

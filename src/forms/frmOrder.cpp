@@ -225,7 +225,7 @@ void frmOrder::Form_Activate() {
     gsSetTabOrder(order);
 }
 
-void frmOrder::txtOrderInfo_GotFocus(int Index) { txtOrderInfo[Index].select(0, boxes[Index].limit); }
+void frmOrder::txtOrderInfo_GotFocus(int Index) { txtOrderInfo[Index].selectAll(); }
 
 void frmOrder::txtOrderInfo_KeyPress(int Index, int& KeyAscii) {
     // A number of copies doesn't begin with a zero.
@@ -250,7 +250,7 @@ void frmOrder::txtOrderInfo_Validate() {
 
 void frmOrder::cboOrderInfo_KeyPress(int& KeyAscii) { gsProcessKey(KeyAscii, stateCharacters, true); }
 
-void frmOrder::mskOrderInfo_GotFocus() { mskOrderInfo.select(0, static_cast<int>(mskOrderInfo.text().size())); }
+void frmOrder::mskOrderInfo_GotFocus() { mskOrderInfo.selectAll(); }
 
 void frmOrder::mskOrderInfo_KeyPress(int& KeyAscii) { gsProcessKey(KeyAscii, digits, true); }
 

@@ -51,7 +51,7 @@ void frmGetName::Form_KeyPress(int keyAscii) {
     if (keyAscii == platform::key::Enter && !txtName.hasFocus()) msAcceptName();
 }
 
-void frmGetName::txtName_GotFocus() { txtName.select(0, hiScoreNameLength); }
+void frmGetName::txtName_GotFocus() { txtName.selectAll(); }
 
 void frmGetName::txtName_KeyPress(int& keyAscii) {
     const bool enter = keyAscii == platform::key::Enter;

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/base/fixedText.h"
 #include "platform/base/runtime.h"
+#include "platform/base/text.h"
 
 constexpr int hiScoreRows = 5;
 constexpr int hiScoreNameLength = 10;  ///< Characters.

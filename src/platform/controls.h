@@ -14,41 +14,26 @@ class Shape {
     explicit Shape(Form& form);  ///< Of no size, its border black and 1 pixel wide.
     ~Shape();                    ///< Takes it off its form.
 
-    void setBorder(int width, Color color);  ///< So many pixels, from 0, from the edge inward.
-    int borderWidth() const { return width_; }
-    Color borderColor() const { return color_; }
-    void setPlace(const Place& place);  ///< On the form's surface; what lies beyond it isn't seen.
-    Place place() const { return place_; }
-    void setVisible(bool visible);
-    bool visible() const { return visible_; }
+    struct Look {
+        Place place;          ///< On the form's surface; what lies beyond it isn't seen.
+        int borderWidth = 1;  ///< Pixels, from 0, from the edge inward.
+        Color borderColor = 0;
+        bool visible = false;
+    };
+
+    const Look& look() const { return look_; }
+    void setBorder(int width, Color color) { show({look_.place, width, color, look_.visible}); }
+    void setPlace(const Place& place) { show({place, look_.borderWidth, look_.borderColor, look_.visible}); }
+    void setVisible(bool visible) { show({look_.place, look_.borderWidth, look_.borderColor, visible}); }
 
     struct Impl;
 
   private:
-    void present();  // on the form, as it is now
+    void show(const Look& look);
 
     std::unique_ptr<Impl> impl_;
-    Place place_;
-    int width_ = 1;  // pixels
-    Color color_ = 0;
-    bool visible_ = false;
+    Look look_;
 };
-
-inline void Shape::setBorder(int width, Color color) {
-    width_ = width;
-    color_ = color;
-    present();
-}
-
-inline void Shape::setPlace(const Place& place) {
-    place_ = place;
-    present();
-}
-
-inline void Shape::setVisible(bool visible) {
-    visible_ = visible;
-    present();
-}
 
 /// A line of text on a form, drawn over its surface and centred in its height; empty at first. It takes no clicks, and
 /// it isn't seen while the player is away.
@@ -131,7 +116,6 @@ class Control {
     bool hasFocus() const;           ///< Whether keys of its form go to it.
     void setTabIndex(int index);     ///< Its place in the tab order, from 0; those from there on move back by one.
     int tabIndex() const;            ///< In the order of making, until it is set.
-    void setTabStop(bool tabStop);   ///< Whether Tab comes to it; it does at first.
     void setAccessibleName(const std::string& name);  ///< What a screen reader says, where its caption isn't enough.
 
     struct Impl;

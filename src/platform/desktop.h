@@ -47,12 +47,16 @@ struct Rect {
 constexpr int menuBarHeight = 20;  ///< Pixels.
 
 /// Grows a client rectangle to that of its window: no style adds a frame, a menu bar adds its height at the top.
-void AdjustWindowRect(Rect& rect, uint32_t style, bool menu);
+inline void AdjustWindowRect(Rect& rect, uint32_t /*style*/, bool menu) {
+    if (menu) rect.top -= menuBarHeight;
+}
 
 constexpr int LOGPIXELSX = 88;
 constexpr int LOGPIXELSY = 90;
 
 /// A property of the form's device: 96 pixels an inch for LOGPIXELSX and LOGPIXELSY, 0 for any other index.
-int GetDeviceCaps(const Form& form, int index);
+inline int GetDeviceCaps(const Form& /*form*/, int index) {
+    return index == LOGPIXELSX || index == LOGPIXELSY ? 96 : 0;
+}
 
 }  // namespace platform

@@ -7,12 +7,11 @@
 
 namespace platform {
 
-/// What all controls have in common that a text is typed into. It is UTF-8; places and lengths in it count its
-/// characters.
+/// What all controls have in common that a text is typed into.
 class EditField : public Control {
   public:
-    std::string text() const;
-    void select(int selStart, int selLength);  ///< Cut to the text; what is typed next takes its place.
+    std::string text() const;  ///< UTF-8.
+    void selectAll();          ///< What is typed next takes its place.
 
   protected:
     using Control::Control;
@@ -24,7 +23,7 @@ class TextBox : public EditField {
     TextBox(Panel& panel, const Place& place);  ///< Empty, on a panel, which must live as long.
 
     void setText(const std::string& text);  ///< Cut to the limit; the caret stands at its end.
-    void setMaxLength(int characters);      ///< What is typed, pasted or set later keeps to it; 0 is no limit.
+    void setMaxLength(int characters);      ///< What is typed, pasted or set later keeps to it.
     void setAlign(Align align);             ///< Of the text in the box.
 };
 

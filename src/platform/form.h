@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <functional>
 #include <memory>
 #include <string>
@@ -7,6 +8,11 @@
 #include "platform/surface.h"
 
 namespace platform {
+
+constexpr double twipsPerPixel = 15;
+
+/// The nearest whole number of pixels.
+inline int toPixels(double twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
 
 /// Key codes that forms look at; letters and digits have the code of their upper-case character.
 namespace key {

@@ -25,21 +25,13 @@ class MMControl {
 
     std::function<void()> onStatusUpdate;  ///< The status event.
 
-    const std::string& deviceType() const { return deviceType_; }
     void setDeviceType(const std::string& type) { deviceType_ = type; }  ///< "Sequencer"; no other can be opened.
-
-    const std::string& fileName() const { return fileName_; }
-    void setFileName(const std::string& file) { fileName_ = file; }  ///< The piece that "Open" opens.
-
-    bool wait() const { return wait_; }
-    void setWait(bool wait) { wait_ = wait; }  ///< Kept and no more: mode() shows each command's effect at once.
-
-    bool shareable() const { return shareable_; }
-    void setShareable(bool shareable) { shareable_ = shareable; }  ///< Kept and no more: no device is ever locked.
+    void setFileName(const std::string& file) { fileName_ = file; }      ///< The piece that "Open" opens.
+    void setWait(bool /*wait*/) {}            ///< Changes nothing: mode() shows each command's effect at once.
+    void setShareable(bool /*shareable*/) {}  ///< Changes nothing: no device is ever locked.
 
     int updateInterval() const { return statusTimer_.interval(); }
-    void setUpdateInterval(int milliseconds);  ///< Between two status events; 0, as at first, for none.
-
+    void setUpdateInterval(int milliseconds);                ///< Between two status events; 0, as at first, for none.
     const std::string& command() const { return command_; }  ///< The last one.
     /// Carries a command out; one that can't be, or that has another name, does nothing.
     ///   "Open"          opens the piece, if the file is there; it then stands stopped at its beginning
@@ -64,8 +56,6 @@ class MMControl {
     std::string deviceType_;
     std::string fileName_;
     std::string command_;
-    bool wait_ = false;
-    bool shareable_ = false;
 
     std::string piece_;                   // that is open
     int32_t restingMode_ = modeNotReady;  // the mode while it doesn't play

@@ -1,12 +1,43 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
 
-#include "platform/shared/changes.h"
-
 namespace platform {
+
+/// A rectangle by its top left corner and its size, in pixels.
+struct Place {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+
+    bool contains(int x, int y) const { return x >= left && x < left + width && y >= top && y < top + height; }
+};
+
+/// What was drawn on a surface lately, as rectangles in the order of drawing. It remembers the last few of them; a
+/// query that goes further back gets the whole surface.
+class Changes {
+  public:
+    /// A moment between two changes.
+    using Moment = uint64_t;
+
+    Moment now() const { return now_; }                                     ///< After the last change.
+    void add(const Place& place) { places_[now_++ % remembered] = place; }  ///< The next one.
+    void addAll() { complete_ = ++now_; }                                   ///< Everything may have changed.
+    /// Adds each rectangle that has changed since a moment to the list, or the whole if that is longer ago than is
+    /// known.
+    void collect(Moment since, const Place& whole, std::vector<Place>& list) const;
+
+  private:
+    static constexpr Moment remembered = 64;
+
+    std::array<Place, remembered> places_{};
+    Moment now_ = 0;
+    Moment complete_ = 0;  // everything may have changed up to here
+};
 
 /// A colour with red in the low byte, then green, then blue: 0xFF is red, 0xFF0000 is blue.
 using Color = uint32_t;

@@ -65,11 +65,15 @@ class PopupMenu {
 
     std::string caption;  ///< Of the whole menu, which a screen reader says, in UTF-8.
 
-    void addItem(const std::string& itemCaption);  ///< The next one down, in UTF-8, without a mark.
-    int itemCount() const;                         ///< From 0.
-    std::string itemCaption(int item) const;       ///< As it was added.
-    void setChecked(int item, bool checked);       ///< Sets or removes the mark at it; the others keep theirs.
-    bool checked(int item) const;                  ///< Whether it has the mark.
+    /// The next one down, in UTF-8, without a mark.
+    void addItem(const std::string& itemCaption) {
+        items_.resize(items_.count() + 1);
+        items_[items_.count()].caption = itemCaption;
+    }
+    int itemCount() const { return items_.count(); }
+    const std::string& itemCaption(int item) const { return items_[item].caption; }
+    void setChecked(int item, bool checked) { items_[item].checked = checked; }  ///< The others keep their marks.
+    bool checked(int item) const { return items_[item].checked; }                ///< Whether it has the mark.
     void popUp();  ///< Opens, and returns when an item was chosen or the menu was left; timers go on.
 
     struct Impl;

@@ -147,7 +147,7 @@ void frmChooseTiles::msHiLiteTiles(int16_t entry) {
         const int width = entry == mintNumEntries ? entryWidth : tileWidth * mintNumTiles;
         const CellInfo& place = PossibleTiles[entry][1];
         Shape1.setPlace(frameRound({place.X, place.Y}, width));
-        if (!Shape1.visible()) Shape1.setVisible(true);
+        if (!Shape1.look().visible) Shape1.setVisible(true);
         msMarkOnBoard(entry);
     });
 }

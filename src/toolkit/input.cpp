@@ -1,6 +1,6 @@
 #include "toolkit/input.h"
 
-#include "platform/base/utf8.h"
+#include "platform/base/text.h"
 #include "platform/form.h"
 #include "toolkit/failures.h"
 
@@ -82,8 +82,8 @@ int gintfValidateKey(const std::string& allowed, int key) {
     return guarded("gintfValidateKey", [&] {
         if (key < platform::key::Space) return key;
         const char32_t wanted = upperCase(static_cast<char32_t>(key));
-        for (size_t at = 0; at < allowed.size();)
-            if (upperCase(platform::nextCharacter(allowed, at)) == wanted) return key;
+        for (const char32_t character : platform::charactersOf(allowed))
+            if (upperCase(character) == wanted) return key;
         return 0;
     });
 }
@@ -100,13 +100,11 @@ void gsAlignInput(std::span<platform::TextBox* const> boxes) {
 }
 
 void gsSetTabOrder(std::span<platform::Control* const> controls) {
-    controls.front()->setTabStop(true);
     for (size_t i = 1; i < controls.size(); ++i) {
         const int previous = controls[i - 1]->tabIndex();
         // Taking a control from a place before it moves the previous one up by one.
         const bool comesFromBefore = controls[i]->tabIndex() < previous;
         controls[i]->setTabIndex(comesFromBefore ? previous : previous + 1);
-        controls[i]->setTabStop(true);
     }
 }
 

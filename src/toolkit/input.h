@@ -21,7 +21,7 @@ int gintfValidateKey(const std::string& allowed, int key);
 /// holds blanks only is empty.
 void gsAlignInput(std::span<platform::TextBox* const> boxes);
 
-/// Makes controls tab stops one after the other, from the place in the tab order that the first one has. There is one
+/// Has Tab come to controls one after the other, from the place in the tab order that the first one has. There is one
 /// at least.
 void gsSetTabOrder(std::span<platform::Control* const> controls);
 

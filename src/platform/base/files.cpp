@@ -1,12 +1,10 @@
 #include "platform/base/files.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 
-#include "platform/base/fileFailure.h"
 #include "platform/base/runtime.h"
 
 namespace platform {
@@ -14,8 +12,9 @@ namespace {
 
 /// Opens an ordinary file. What isn't one, a pipe for example, is not even tried, since it could keep the game waiting.
 int openForBoth(const std::string& path) {
-    struct stat status {};
-    if (::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) failure::pathFileAccess(path);
+    std::error_code unreadable;
+    const auto status = std::filesystem::status(path, unreadable);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) failure::ofFile(0, path);
     constexpr int flags = O_RDWR | O_CLOEXEC | O_NONBLOCK;
     int handle = TEMP_FAILURE_RETRY(::open(path.c_str(), flags));
     if (handle >= 0) return handle;
@@ -28,16 +27,6 @@ int openForBoth(const std::string& path) {
 }
 
 }  // namespace
-
-bool isThere(const std::string& path) {
-    struct stat status {};
-    return ::lstat(path.c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
-}
-
-bool isOrdinaryFile(const std::string& path) {
-    struct stat status {};
-    return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-}
 
 File::File(const std::string& path) : path_(path), handle_(openForBoth(path)) {}
 File::~File() { ::close(handle_); }
@@ -61,7 +50,7 @@ void File::write(const std::string& bytes) {
     const size_t written = put(bytes);
     if (written == bytes.size() && TEMP_FAILURE_RETRY(closeCopy()) == 0) return;
     const int error = errno;
-    if (written > 0 && !putBack(before, written, bytes.size())) failure::deviceFault(path_);
+    if (written > 0 && !putBack(before, written, bytes.size())) failure::ofFile(EIO, path_);
     failure::ofFile(error, path_);
 }
 

@@ -1,16 +1,24 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 namespace platform {
 
 /// True if there is anything of that name, also what no file can be made of or read from: a folder, a pipe, a link to
 /// nothing. True as well where the folder doesn't let itself be looked into.
-bool isThere(const std::string& path);
+inline bool isThere(const std::string& path) {
+    std::error_code unreadable;
+    return std::filesystem::symlink_status(path, unreadable).type() != std::filesystem::file_type::not_found;
+}
 
 /// True if that is an ordinary file, or a link to one: what can be read without the danger of waiting.
-bool isOrdinaryFile(const std::string& path);
+inline bool isOrdinaryFile(const std::string& path) {
+    std::error_code unreadable;
+    return std::filesystem::is_regular_file(path, unreadable);
+}
 
 /// An ordinary file, open for reading and writing as long as this lives.
 class File {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cerrno>
 #include <cstdint>
 #include <limits>
 #include <stdexcept>
@@ -23,18 +24,33 @@ class RuntimeError : public std::runtime_error {
 namespace failure {
 [[noreturn]] inline void overflow() { throw RuntimeError(6, "Overflow"); }
 [[noreturn]] inline void subscript() { throw RuntimeError(9, "Subscript out of range"); }
-[[noreturn]] inline void fileNotFound(const std::string& name) { throw RuntimeError(53, "File not found: " + name); }
-[[noreturn]] inline void deviceFault(const std::string& name) { throw RuntimeError(57, "Device I/O error: " + name); }
-[[noreturn]] inline void diskFull(const std::string& name) { throw RuntimeError(61, "Disk full: " + name); }
-[[noreturn]] inline void tooManyFiles(const std::string& name) { throw RuntimeError(67, "Too many files: " + name); }
-[[noreturn]] inline void permissionDenied(const std::string& name) {
-    throw RuntimeError(70, "Permission denied: " + name);
+[[noreturn]] inline void printerError(const std::string& why = "") {
+    throw RuntimeError(482, "Printer error" + (why.empty() ? "" : ": " + why));
 }
-[[noreturn]] inline void pathFileAccess(const std::string& name) {
-    throw RuntimeError(75, "Path/File access error: " + name);
+
+/// What the system's error number says of a file; 0 stands for what is no ordinary file.
+[[noreturn]] inline void ofFile(int error, const std::string& name) {
+    switch (error) {
+        case ENOENT:
+            throw RuntimeError(53, "File not found: " + name);
+        case EIO:
+            throw RuntimeError(57, "Device I/O error: " + name);
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            throw RuntimeError(61, "Disk full: " + name);
+        case EMFILE:
+        case ENFILE:
+            throw RuntimeError(67, "Too many files: " + name);
+        case EACCES:
+        case EPERM:
+        case EROFS:
+        case EAGAIN:  // Somebody else has locked it.
+            throw RuntimeError(70, "Permission denied: " + name);
+        default:
+            throw RuntimeError(75, "Path/File access error: " + name);
+    }
 }
-[[noreturn]] inline void printerError() { throw RuntimeError(482, "Printer error"); }
-[[noreturn]] inline void printerError(const std::string& why) { throw RuntimeError(482, "Printer error: " + why); }
 }  // namespace failure
 
 /// A fixed table with its own index range, First to Last; an index outside it fails with number 9.

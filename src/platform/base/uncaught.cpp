@@ -10,15 +10,7 @@ namespace {
 
 constexpr int32_t internalError = 51;
 
-std::string& nameOfProgram() {
-    static std::string name = "Program";
-    return name;
-}
-
 }  // namespace
-
-void setProgramName(const std::string& name) { nameOfProgram() = name; }
-const std::string& programName() { return nameOfProgram(); }
 
 void reportFailure(int32_t number, const std::string& description, const std::string& where) {
     messageBox("Error In " + where, "Error " + std::to_string(number) + " - " + description);
@@ -28,11 +20,11 @@ void reportUncaught() {
     try {
         throw;
     } catch (const RuntimeError& error) {
-        reportFailure(error.number(), error.what(), programName());
+        reportFailure(error.number(), error.what(), programName);
     } catch (const std::exception& error) {
-        reportFailure(internalError, std::string("Internal error: ") + error.what(), programName());
+        reportFailure(internalError, std::string("Internal error: ") + error.what(), programName);
     } catch (...) {
-        reportFailure(internalError, "Internal error", programName());
+        reportFailure(internalError, "Internal error", programName);
     }
 }
 

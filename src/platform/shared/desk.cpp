@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/shared/slots.h"
+#include "platform/base/uncaught.h"
 #include "platform/shared/ticks.h"
 
 namespace platform {

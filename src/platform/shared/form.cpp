@@ -1,8 +1,7 @@
 #include "platform/form.h"
 
 #include "platform/shared/desk.h"
-#include "platform/shared/slots.h"
-#include "platform/shared/twips.h"
+#include "platform/base/uncaught.h"
 
 namespace platform {
 

@@ -16,9 +16,8 @@ bool canOpen(const std::string& file);
 /// last notes ring on.
 uint64_t begin(const std::string& file);
 
-/// Silences a performance where it is, and lets it go on from there. Nothing if it isn't the last one that was begun.
-void pause(uint64_t performance);
-void resume(uint64_t performance);
+/// Silences a performance where it is, or lets it go on from there. Nothing if it isn't the last one that was begun.
+void setPlaying(uint64_t performance, bool playing);
 
 /// Going until the end of the piece, also while its sound font is being loaded; Failed if it can't be heard; Ended
 /// also if another one has begun since.

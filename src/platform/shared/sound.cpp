@@ -1,5 +1,6 @@
 #include "platform/sound.h"
 
+#include "platform/base/uncaught.h"
 #include "platform/shared/sequencer.h"
 
 namespace platform {
@@ -10,10 +11,7 @@ struct MMControl::CommandRow {
 };
 
 MMControl::MMControl() {
-    statusTimer_.onTick = [this] {
-        const auto held = onStatusUpdate;  // The handler may let go of the control.
-        if (held) held();
-    };
+    statusTimer_.onTick = [this] { callSlot(onStatusUpdate); };
 }
 
 MMControl::~MMControl() { close(); }
@@ -61,11 +59,11 @@ void MMControl::play() {
     if (performance_ == 0)
         performance_ = sequencer::begin(piece_);
     else
-        sequencer::resume(performance_);
+        sequencer::setPlaying(performance_, true);
 }
 
 void MMControl::stop() {
-    if (playing_) sequencer::pause(performance_);
+    if (playing_) sequencer::setPlaying(performance_, false);
     playing_ = false;
 }
 

@@ -44,12 +44,12 @@ class Cut {
     int bottom_ = std::numeric_limits<int>::max();
 };
 
-/// Works out each pixel of a row anew; true if one has got another colour.
-template <class Operation>
-bool combineRow(uint32_t* to, const uint32_t* from, int count, Operation operation) {
+/// Works out each pixel of a row anew, by its number from 0; true if one has got another colour.
+template <class Result>
+bool workOutRow(uint32_t* to, int count, Result resultAt) {
     uint32_t difference = 0;
     for (int i = 0; i < count; ++i) {
-        const uint32_t result = operation(to[i], from[i]);
+        const uint32_t result = resultAt(i);
         difference |= result ^ to[i];
         to[i] = result;
     }
@@ -57,11 +57,11 @@ bool combineRow(uint32_t* to, const uint32_t* from, int count, Operation operati
 }
 
 bool andRow(uint32_t* to, const uint32_t* from, int count) {
-    return combineRow(to, from, count, [](uint32_t a, uint32_t b) { return a & b; });
+    return workOutRow(to, count, [=](int i) { return to[i] & from[i]; });
 }
 
 bool orRow(uint32_t* to, const uint32_t* from, int count) {
-    return combineRow(to, from, count, [](uint32_t a, uint32_t b) { return a | b; });
+    return workOutRow(to, count, [=](int i) { return to[i] | from[i]; });
 }
 
 bool copyRow(uint32_t* to, const uint32_t* from, int count) {
@@ -69,21 +69,6 @@ bool copyRow(uint32_t* to, const uint32_t* from, int count) {
     if (std::memcmp(to, from, bytes) == 0) return false;
     std::memmove(to, from, bytes);
     return true;
-}
-
-bool maskRow(uint32_t* to, const uint32_t* mask, const uint32_t* picture, int count) {
-    uint32_t difference = 0;
-    for (int i = 0; i < count; ++i) {
-        const uint32_t result = (to[i] & mask[i]) | picture[i];
-        difference |= result ^ to[i];
-        to[i] = result;
-    }
-    return difference != 0;
-}
-
-bool beginsInside(const PrintedText& text, const Place& place) {
-    return text.left >= place.left && text.left < place.left + place.width && text.top >= place.top &&
-           text.top < place.top + place.height;
 }
 
 /// Replaces the texts in a rectangle of a surface by those in the part of another.
@@ -95,8 +80,8 @@ void copyTexts(Surface& destination, const Place& place, const SurfacePart& part
     const Place from{to.left - right, to.top - down, to.width, to.height};
     std::vector<PrintedText> copies;
     for (const PrintedText& text : part.surface.texts)
-        if (beginsInside(text, from)) copies.push_back(text);
-    std::erase_if(destination.texts, [&](const PrintedText& text) { return beginsInside(text, to); });
+        if (from.contains(text.left, text.top)) copies.push_back(text);
+    std::erase_if(destination.texts, [&](const PrintedText& text) { return to.contains(text.left, text.top); });
     for (PrintedText& copy : copies) {
         copy.left += right;
         copy.top += down;
@@ -106,9 +91,9 @@ void copyTexts(Surface& destination, const Place& place, const SurfacePart& part
 
 }  // namespace
 
-void collectChanges(const Changes& changes, Changes::Moment since, const Place& whole, std::vector<Place>& list) {
-    if (!changes.knowsSince(since)) return list.push_back(whole);
-    for (Changes::Moment moment = since; moment != changes.now(); ++moment) list.push_back(changes.after(moment));
+void Changes::collect(Moment since, const Place& whole, std::vector<Place>& list) const {
+    if (since < complete_ || since + remembered < now_) return list.push_back(whole);
+    for (Moment moment = since; moment != now_; ++moment) list.push_back(places_[moment % remembered]);
 }
 
 Surface::Surface(int width, int height) { resize(width, height); }
@@ -196,8 +181,8 @@ void Surface::copyWhole(const Surface& source) {
     const Place whole{0, 0, std::min(width_, source.width_), std::min(height_, source.height_)};
     std::vector<Place> changed;
     if (original_.serial == source.identity_.serial) {
-        collectChanges(source.changes_, original_.itsMoment, whole, changed);
-        collectChanges(changes_, original_.ownMoment, whole, changed);
+        source.changes_.collect(original_.itsMoment, whole, changed);
+        changes_.collect(original_.ownMoment, whole, changed);
     } else {
         changed.push_back(whole);
     }
@@ -232,7 +217,8 @@ void paintMasked(Surface& destination, const Place& place, const SurfacePart& ma
     cut.within(mask.left, mask.top, mask.surface).within(picture.left, picture.top, picture.surface);
     if (cut.empty()) return;
     destination.paintRows(cut.place(), [&](uint32_t* to, int line) {
-        return maskRow(to, cut.rowOf(mask, line), cut.rowOf(picture, line), cut.place().width);
+        const uint32_t *kept = cut.rowOf(mask, line), *added = cut.rowOf(picture, line);
+        return workOutRow(to, cut.place().width, [=](int i) { return (to[i] & kept[i]) | added[i]; });
     });
 }
 

@@ -13,7 +13,4 @@ void drawText(Surface& surface, int x, int y, const std::string& text, const Fon
 /// The width in pixels of the text in that font.
 int measureText(const std::string& text, const Font& font);
 
-/// The font that stands in for a name that Debian doesn't have; any other name is its own.
-std::string standInFor(const std::string& fontName);
-
 }  // namespace platform

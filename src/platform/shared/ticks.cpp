@@ -5,7 +5,7 @@
 #include <limits>
 #include <utility>
 
-#include "platform/shared/slots.h"
+#include "platform/base/uncaught.h"
 #include "platform/timer.h"
 
 namespace platform {

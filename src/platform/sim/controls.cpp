@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/base/utf8.h"
+#include "platform/base/text.h"
 #include "platform/fields.h"
 #include "platform/shared/tabOrder.h"
 #include "platform/sim/state.h"
@@ -22,7 +22,7 @@ void setValue(Control& control, bool value) {
 void append(Control& field, int character) {
     const bool hasRoom = field.maxLength == 0 || static_cast<int>(field.text.size()) < field.maxLength;
     if (field.kind == Kind::Text && character >= platform::key::Space && hasRoom)
-        platform::appendCharacter(field.text, static_cast<char32_t>(character));
+        field.text += platform::fromCodePage(std::string(1, static_cast<char>(character)));
 }
 
 }  // namespace
@@ -67,8 +67,9 @@ struct Shape::Impl {};
 Shape::Shape(Form& /*form*/) {}
 Shape::~Shape() = default;
 
-void Shape::present() {
-    if (visible_) sim::note("frame", place_.left, place_.top, place_.width, place_.height);
+void Shape::show(const Look& look) {
+    look_ = look;
+    if (look.visible) sim::note("frame", look.place.left, look.place.top, look.place.width, look.place.height);
 }
 
 struct Label::Impl {
@@ -112,7 +113,6 @@ Control::Impl::~Impl() {
 
 void Control::setFont(const Font& /*font*/) {}
 void Control::setAccessibleName(const std::string& /*name*/) {}
-void Control::setTabStop(bool /*tabStop*/) {}
 bool Control::enabled() const { return impl_->enabled; }
 bool Control::hasFocus() const { return impl_->view != nullptr && impl_->view->focus == impl_.get(); }
 int Control::tabIndex() const { return impl_->view != nullptr ? positionOf(impl_->view->controls, impl_.get()) : 0; }
@@ -143,7 +143,7 @@ SpinButton::SpinButton(Panel& panel, const Place& /*place*/)
 SpinButton::~SpinButton() = default;
 
 std::string EditField::text() const { return impl_->text; }
-void EditField::select(int /*selStart*/, int /*selLength*/) {}
+void EditField::selectAll() {}
 
 TextBox::TextBox(Panel& panel, const Place& /*place*/)
     : EditField(std::make_unique<Impl>(*this, Impl::Kind::Text, panel.impl())) {}

@@ -54,23 +54,17 @@ uint64_t begin(const std::string& /*file*/) {
     ++music.performance;
     music.playing = false;
     music.start = 0;
-    resume(music.performance);
+    setPlaying(music.performance, true);
     return music.performance;
 }
 
-void pause(uint64_t performance) {
+void setPlaying(uint64_t performance, bool playing) {
     Music* const music = sim::musicOf(performance);
-    if (music == nullptr || !music->playing) return;
+    if (music == nullptr || music->playing == playing) return;
     music->start = sim::piecePosition();
-    music->playing = false;
-    sim::note("music stops at", music->start);
-}
-
-void resume(uint64_t performance) {
-    Music* const music = sim::musicOf(performance);
-    if (music == nullptr || music->playing) return;
     music->since = sim::state().now;
-    music->playing = true;
+    music->playing = playing;
+    if (!playing) sim::note("music stops at", music->start);
     if (sim::pieceSounds()) sim::note("music plays from", music->start);
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/base/utf8.h"
+#include "platform/base/text.h"
 #include "platform/shared/ticks.h"
 #include "platform/sim/state.h"
 
@@ -79,8 +79,7 @@ void keyUp(int keyCode) {
 }
 
 void typeText(const std::string& text) {
-    for (size_t at = 0; at < text.size();) {
-        const char32_t character = platform::nextCharacter(text, at);
+    for (const char32_t character : platform::charactersOf(text)) {
         keyGoesDown(typedKey, character < latin1End ? static_cast<int>(character) : platform::key::OtherCharacter);
         keyUp(typedKey);
     }

@@ -1,4 +1,3 @@
-#include "platform/shared/twips.h"
 #include "platform/sim/state.h"
 
 namespace sim {

@@ -5,7 +5,6 @@
 
 #include "platform/desktop.h"
 #include "platform/shared/ticks.h"
-#include "platform/shared/twips.h"
 #include "platform/sim/state.h"
 
 namespace sim {

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/base/uncaught.h"
 #include "platform/printer.h"
-#include "platform/shared/slots.h"
 #include "platform/surface.h"
 
 namespace platform {

@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
+#include "platform/base/uncaught.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/printer.h"
 #include "platform/shared/desk.h"
-#include "platform/shared/slots.h"
 #include "platform/sim/simulation.h"
 #include "platform/toolbar.h"
 

@@ -71,8 +71,6 @@ void Control::setTabIndex(int index) { impl_->window->setTabIndex(impl_.get(), i
 
 int Control::tabIndex() const { return impl_->window->tabIndex(impl_.get()); }
 
-void Control::setTabStop(bool tabStop) { impl_->face->setFocusPolicy(tabStop ? Qt::StrongFocus : Qt::ClickFocus); }
-
 void Control::setAccessibleName(const std::string& name) {
     impl_->face->setAccessibleName(QString::fromStdString(name));
 }

@@ -6,10 +6,10 @@
 #include <QWidget>
 #include <functional>
 
+#include "platform/base/uncaught.h"
 #include "platform/controls.h"
 #include "platform/qt/window/formStack.h"
 #include "platform/qt/window/formWindow.h"
-#include "platform/shared/slots.h"
 
 namespace platform::qt {
 

@@ -21,7 +21,6 @@
 namespace platform {
 namespace {
 
-constexpr int longest = std::numeric_limits<int16_t>::max();  // characters of a text box without a limit
 constexpr int mostUnits = 2;  // that Qt counts for one character: for those outside the first plane
 
 int charactersIn(const QString& text) { return static_cast<int>(text.toStdU32String().size()); }
@@ -36,7 +35,7 @@ class OneLine : public QValidator {
   public:
     using QValidator::QValidator;
 
-    int limit = longest;  // characters
+    int limit = std::numeric_limits<int16_t>::max();  // characters; no box is without one
 
     State validate(QString& text, int& caret) const override {
         for (QChar& character : text)
@@ -176,18 +175,10 @@ QComboBox* listOf(const ComboBox& list) { return qt::faceOf<QComboBox>(list); }
 
 std::string EditField::text() const { return lineOf(*this)->displayText().toStdString(); }
 
-void EditField::select(int selStart, int selLength) {
-    const QString text = lineOf(*this)->displayText();
-    const int size = charactersIn(text);
-    const int start = std::clamp(selStart, 0, size);
-    const auto before = firstCharacters(text, start).size();
-    const auto end = firstCharacters(text, start + std::clamp(selLength, 0, size - start)).size();
-    lineOf(*this)->setSelection(static_cast<int>(before), static_cast<int>(end - before));
-}
+void EditField::selectAll() { lineOf(*this)->selectAll(); }
 
 TextBox::TextBox(Panel& panel, const Place& place) : EditField(std::make_unique<Impl>(*this, new Line, panel, place)) {
     lineOf(*this)->setValidator(new OneLine(lineOf(*this)));
-    setMaxLength(0);
 }
 
 void TextBox::setText(const std::string& text) {
@@ -195,9 +186,8 @@ void TextBox::setText(const std::string& text) {
 }
 
 void TextBox::setMaxLength(int characters) {
-    const int limit = characters > 0 ? characters : longest;
-    validatorOf(*this)->limit = limit;
-    lineOf(*this)->setMaxLength(mostUnits * limit);
+    validatorOf(*this)->limit = characters;
+    lineOf(*this)->setMaxLength(mostUnits * characters);
     setText(text());
 }
 

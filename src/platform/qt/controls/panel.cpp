@@ -35,18 +35,19 @@ Shape::Shape(Form& form) : impl_(new Impl{qt::Owned(new QFrame(qt::windowOf(form
     impl_->frame->setStyle(qt::classicStyle());
     impl_->frame->setFrameStyle(QFrame::Box | QFrame::Plain);
     impl_->frame->setAttribute(Qt::WA_TransparentForMouseEvents);
-    present();
+    show({});
 }
 
 Shape::~Shape() = default;
 
-void Shape::present() {
+void Shape::show(const Look& look) {
+    look_ = look;
     QPalette palette;
-    palette.setColor(QPalette::WindowText, qt::colorOf(color_));
+    palette.setColor(QPalette::WindowText, qt::colorOf(look.borderColor));
     impl_->frame->setPalette(palette);
-    impl_->frame->setLineWidth(width_);
-    qt::setPlace(*impl_->frame.get(), place_);
-    impl_->frame->setVisible(visible_);
+    impl_->frame->setLineWidth(look.borderWidth);
+    qt::setPlace(*impl_->frame.get(), look.place);
+    impl_->frame->setVisible(look.visible);
 }
 
 /// On a form that isn't seen yet it waits until the form has been painted: the first text of a run has the desktop's

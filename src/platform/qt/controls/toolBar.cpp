@@ -1,8 +1,10 @@
 #include "platform/toolbar.h"
 
+#include <QCursor>
 #include <QFrame>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPointer>
 #include <QStyleOptionToolButton>
 #include <QToolButton>
@@ -13,6 +15,7 @@
 #include "platform/qt/controls/control.h"
 #include "platform/qt/window/accessible.h"
 #include "platform/qt/window/images.h"
+#include "platform/shared/ticks.h"
 
 namespace platform {
 namespace {
@@ -166,6 +169,13 @@ QImage cutImage(const ImageList& images, int number) {
     return image;
 }
 
+/// Under the tool button that has the keys, or else at the pointer.
+QPoint openingPlace(const qt::FormWindow* window) {
+    if (!window || !window->toolsHaveKeys()) return QCursor::pos();
+    const QWidget* const button = window->keyTarget();
+    return button->mapToGlobal(QPoint(0, button->height()));
+}
+
 }  // namespace
 
 struct ToolBar::Impl {
@@ -253,5 +263,33 @@ void ToolBar::setToolTip(int button, const std::string& text) {
 }
 
 std::string ToolBar::toolTip(int button) const { return impl_->buttons[button]->toolTip().toStdString(); }
+
+struct PopupMenu::Impl {
+    QPointer<qt::FormWindow> window;
+    QPointer<QMenu> open;
+};
+
+PopupMenu::PopupMenu(Form& form) : impl_(std::make_unique<Impl>()) { impl_->window = qt::windowOf(form); }
+
+PopupMenu::~PopupMenu() {
+    if (impl_->open) impl_->open->close();
+}
+
+void PopupMenu::popUp() {
+    const QPointer<QMenu> menu = new QMenu(impl_->window);  // Null when the form took it along.
+    menu->setAccessibleName(QString::fromStdString(caption));
+    for (int item = 1; item <= itemCount(); ++item) {
+        QAction* const action = menu->addAction(QString::fromStdString(itemCaption(item)));
+        action->setCheckable(true);
+        action->setChecked(checked(item));
+        if (checked(item)) menu->setActiveAction(action);  // The arrow keys move on from it.
+        // Told at once: a dialog that opened over the menu would hold back the end of exec().
+        QObject::connect(action, &QAction::triggered, menu, [slot = onClick, item] { callSlot(slot, item); });
+    }
+    impl_->open = menu;
+    ticks().noteOpening();
+    menu->exec(openingPlace(impl_->window));
+    delete menu.data();
+}
 
 }  // namespace platform

@@ -2,21 +2,14 @@
 
 #include <utility>
 
+#include "platform/base/files.h"
 #include "platform/base/uncaught.h"
 #include "platform/qt/window/modules.h"
+#include "platform/sound.h"
 
 namespace platform::qt {
 
 using sequencer::State;
-
-SoundThread& soundThread() {
-    static SoundThread& theThread = *new SoundThread;  // Controls that are let go at the very end still ask for it.
-    struct Ender {
-        ~Ender() { theThread.end(); }
-    };
-    static const Ender ender;
-    return theThread;
-}
 
 uint64_t SoundThread::begin(const std::string& file) {
     std::unique_lock lock(mutex_);
@@ -104,7 +97,7 @@ void SoundThread::makeMixer() {
     const auto make = reinterpret_cast<MakeMixer>(moduleEntry(soundModule, soundEntry));
     if (make == nullptr) return;
     mixer_.reset(
-        make(programName(), {[this](uint64_t performance) { tellEnded(performance); }, [this] { tellQuiet(); }}));
+        make(programName, {[this](uint64_t performance) { tellEnded(performance); }, [this] { tellQuiet(); }}));
 }
 
 void SoundThread::tellEnded(uint64_t performance) {
@@ -120,3 +113,31 @@ void SoundThread::tellQuiet() {
 }
 
 }  // namespace platform::qt
+
+namespace platform {
+namespace {
+
+/// The one of the program. It ends when the program does, and is never destroyed.
+qt::SoundThread& soundThread() {
+    static auto& theThread = *new qt::SoundThread;  // Controls that are let go at the very end still ask for it.
+    struct Ender {
+        ~Ender() { theThread.end(); }
+    };
+    static const Ender ender;
+    return theThread;
+}
+
+}  // namespace
+
+bool sequencer::canOpen(const std::string& file) { return isOrdinaryFile(file); }
+uint64_t sequencer::begin(const std::string& file) { return soundThread().begin(file); }
+void sequencer::setPlaying(uint64_t performance, bool playing) { soundThread().setPlaying(performance, playing); }
+sequencer::State sequencer::stateOf(uint64_t performance) { return soundThread().stateOf(performance); }
+
+bool sndPlaySoundA(const std::string& file, uint32_t /*flags*/) {
+    if (!isOrdinaryFile(file)) return false;
+    soundThread().playSound(file);
+    return true;
+}
+
+}  // namespace platform

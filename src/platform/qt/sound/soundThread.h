@@ -62,7 +62,4 @@ class SoundThread {
     Music present_;
 };
 
-/// The one of the program. It ends when the program does, and is never destroyed.
-SoundThread& soundThread();
-
 }  // namespace platform::qt

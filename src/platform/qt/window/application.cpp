@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "platform/base/uncaught.h"
+#include "platform/pictures.h"
 #include "platform/qt/window/accessible.h"
 #include "platform/qt/window/fonts.h"
 #include "platform/qt/window/formStack.h"
@@ -14,7 +15,6 @@
 #include "platform/qt/window/images.h"
 #include "platform/qt/window/presence.h"
 #include "platform/qt/window/signals.h"
-#include "platform/shared/storedPictures.h"
 
 namespace platform {
 namespace {
@@ -60,7 +60,7 @@ QApplication* openDisplay(int& argc, char** argv) {
 }  // namespace
 
 Application::Application(int& argc, char** argv, const std::string& name, const std::string& id) {
-    setProgramName(name);
+    programName = name;
     // Never deleted: forms that are let go at the very end still need it.
     QApplication* const application = openDisplay(argc, argv);
     QApplication::setApplicationName(QString::fromStdString(name));

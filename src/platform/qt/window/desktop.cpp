@@ -18,7 +18,6 @@
 #include "platform/qt/window/clock.h"
 #include "platform/qt/window/formStack.h"
 #include "platform/qt/window/formWindow.h"
-#include "platform/shared/twips.h"
 
 namespace platform {
 namespace {

@@ -8,34 +8,10 @@
 #include <tuple>
 #include <utility>
 
-#include "platform/shared/text.h"
-
 extern "C" const char storedKaushanScript[], storedLiberationSerifBold[], storedLiberationMono[], storedFontsEnd[];
 
 namespace platform::qt {
 namespace {
-
-struct StoredFont {
-    const char* family;
-    const char* start;
-    const char* end;
-    bool known = false;  ///< Qt has it already.
-};
-
-/// Lets Qt know the font that the program carries under that name, if there is one. Its file is read only now.
-void provide(const std::string& family) {
-    static StoredFont fonts[] = {
-        {"Kaushan Script", storedKaushanScript, storedLiberationSerifBold},
-        {"Liberation Serif", storedLiberationSerifBold, storedLiberationMono},
-        {"Liberation Mono", storedLiberationMono, storedFontsEnd},
-    };
-    makeUpForMissingFonts();  // Once the program's own are there, one of them stands in for all that is missing.
-    for (StoredFont& font : fonts) {
-        if (font.known || family != font.family) continue;
-        QFontDatabase::addApplicationFontFromData(QByteArray::fromRawData(font.start, font.end - font.start));
-        font.known = true;
-    }
-}
 
 constexpr double pixelsPerPoint = 96.0 / 72;
 
@@ -51,9 +27,22 @@ QFont make(const Font& font) {
 }  // namespace
 
 std::string familyOf(const std::string& fontName) {
-    const std::string family = standInFor(fontName);
-    provide(family);
-    return family;
+    struct StandIn {
+        const char *name, *family;
+        const char *start, *end;
+        bool known = false;  // Qt has it already.
+    };
+    static StandIn fonts[] = {
+        {"Wonton ICG", "Kaushan Script", storedKaushanScript, storedLiberationSerifBold},
+        {"Times New Roman", "Liberation Serif", storedLiberationSerifBold, storedLiberationMono},
+        {"Courier New", "Liberation Mono", storedLiberationMono, storedFontsEnd},
+    };
+    makeUpForMissingFonts();  // Once the program's own are there, one of them stands in for all that is missing.
+    const auto font = std::ranges::find(fonts, fontName, &StandIn::name);
+    if (font == std::end(fonts)) return fontName;
+    if (!std::exchange(font->known, true))  // Its file is read only now.
+        QFontDatabase::addApplicationFontFromData(QByteArray::fromRawData(font->start, font->end - font->start));
+    return font->family;
 }
 
 void makeUpForMissingFonts() {

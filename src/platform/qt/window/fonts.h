@@ -13,7 +13,8 @@ struct Lettering {
     QFontMetrics metrics;
 };
 
-/// The family that text in a font of that name is set in. If the program carries it, Qt knows it from now on.
+/// The family that text in a font of that name is set in: one that the program carries, which Qt knows from now on, for
+/// a name that Debian doesn't have.
 std::string familyOf(const std::string& fontName);
 
 /// What menus, boxes, tool-tips and the help are lettered in: where the desktop has no font with Latin letters, one

@@ -9,11 +9,11 @@
 #include <QWidget>
 #include <utility>
 
+#include "platform/base/uncaught.h"
 #include "platform/qt/controls/control.h"
 #include "platform/qt/window/formWindow.h"
 #include "platform/qt/window/keys.h"
 #include "platform/qt/window/presence.h"
-#include "platform/shared/slots.h"
 
 namespace platform::qt {
 namespace {

@@ -13,14 +13,13 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/base/uncaught.h"
 #include "platform/qt/controls/control.h"
 #include "platform/qt/window/accessible.h"
 #include "platform/qt/window/formStack.h"
 #include "platform/qt/window/images.h"
 #include "platform/qt/window/presence.h"
-#include "platform/shared/slots.h"
 #include "platform/shared/tabOrder.h"
-#include "platform/shared/twips.h"
 
 namespace platform {
 
@@ -71,7 +70,7 @@ void FormWindow::fitToSurface() {
 void FormWindow::showChanges() {
     const Surface& surface = form->surface();
     std::vector<Place> changed;
-    collectChanges(surface.changes(), shown_, {0, 0, surface.width(), surface.height()}, changed);
+    surface.changes().collect(shown_, {0, 0, surface.width(), surface.height()}, changed);
     for (const Place& place : changed) update(place.left, place.top, place.width, place.height);
     shown_ = surface.changes().now();
 }

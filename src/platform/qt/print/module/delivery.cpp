@@ -12,7 +12,6 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/base/fileFailure.h"
 #include "platform/base/runtime.h"
 
 namespace platform::qt {

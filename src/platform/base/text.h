@@ -1,12 +1,21 @@
 #pragma once
 
-#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <string_view>
-
-#include "platform/base/codePage.h"
+#include <utility>
 
 namespace platform {
+
+/// The characters of UTF-8 text.
+std::u32string charactersOf(std::string_view text);
+
+/// The text in the single-byte code page 1252: the characters of western Europe, one byte each. What has no place in it
+/// becomes "?", a control character and broken UTF-8 too.
+std::string toCodePage(std::string_view text);
+
+/// Bytes of the code page as UTF-8 text; a byte that stands for no printable character becomes "?".
+std::string fromCodePage(std::string_view bytes);
 
 /// A text of always so many characters of the code page, one byte each, with blanks behind it; blank at first.
 template <size_t Length>
