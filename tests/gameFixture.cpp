@@ -2,8 +2,8 @@
 
 #include <ostream>
 #include <sstream>
+#include <utility>
 
-#include "match/frmChooseSeat.h"
 #include "platform/sim/simulation.h"
 #include "play/frmChooseTiles.h"
 
@@ -133,12 +133,23 @@ void GameFixture::answer() {
     sim::pressKey(platform::key::Enter);
 }
 
-void GameFixture::startMatch() {
-    sim::setHands([] {
-        if (gfrmChooseSeat.isOpen() && !gfrmChooseSeat->mblnDrawn) sim::pressKey(platform::key::Enter);
+void GameFixture::inDialog(const std::function<void()>& open, const std::function<void()>& action) {
+    bool done = false;
+    sim::setHands([&] {
+        if (sim::modalDepth() > 0 && !std::exchange(done, true)) action();
     });
-    sim::clickToolButton(Button::StartAnew);
+    open();
     sim::setHands({});
+    EXPECT_TRUE(done) << "no dialog has opened";
+    EXPECT_EQ(sim::modalDepth(), 0);
+}
+
+void GameFixture::inDialog(int button, const std::function<void()>& action) {
+    inDialog([button] { sim::clickToolButton(button); }, action);
+}
+
+void GameFixture::startMatch() {
+    inDialog(Button::StartAnew, [] { sim::pressKey(platform::key::Enter); });
 }
 
 void GameFixture::setHand(const std::string& text) {

@@ -46,6 +46,9 @@ class GameFixture : public ::testing::Test {
     std::vector<std::string> board() const;
     /// Lets a tile land on a column; each offer is answered by `answers`, or by what is to be done while it is open.
     void land(const std::string& name, int column, const std::function<void()>& whileAsked = {});
+    /// Opens a dialog and does something in it as soon as it is open; it has to be closed there.
+    static void inDialog(const std::function<void()>& open, const std::function<void()>& action);
+    static void inDialog(int button, const std::function<void()>& action);  ///< The one that a button opens.
     /// Begins a match by the Start Anew button; the seat is drawn by the first Enter.
     void startMatch();
     /// Fills the earned slots with a finished hand, bonus tiles behind a bar; the pair stands where the text has it.

@@ -1,34 +1,53 @@
-// What the order form makes of what its fields hold: amounts, a complete order, and what goes to the printer.
+// What the order form makes of what its fields hold: amounts, a complete order, and the sheet that is printed.
 
 #include <functional>
 
 #include "forms/frmOrder.h"
 #include "platform/printer.h"
+#include "platform/shared/printColumns.h"
 #include "platform/sim/simulation.h"
-#include "presentation/buttons.h"
-#include "tests/expectedSheet.h"
 #include "tests/gameFixture.h"
+#include "tests/seenText.h"
 
 namespace {
+
+using namespace Box;
 
 constexpr const char* keyboard =
     "`1234567890-=qwertyuiop[]\\asdfghjkl;'zxcvbnm,./ ~!@#$%^&*()_+QWERTYUIOP{}|ASDFGHJKL:\"ZXCVBNM<>?";
 
 enum class Ship { Nowhere, Usa, Abroad, Electronically };
 
+std::string told(const platform::Font& font) {
+    return font.name + ' ' + std::to_string(font.points) + (font.bold ? " bold" : "");
+}
+
+/// The sheet that was printed last, a line of it on each line.
+std::string sheet() {
+    const auto charactersOf = [](const std::string& text) { return std::u32string(text.begin(), text.end()); };
+    std::string all;
+    for (const platform::PrintedLine& line : sim::sheets().back()) {
+        EXPECT_EQ(told(line.font), told({"Courier New", 14}));
+        for (const std::u32string& characters : platform::linesInColumns(line.texts, 66, charactersOf))
+            all += std::string(characters.begin(), characters.end()) + '\n';
+    }
+    return all;
+}
+
 class OrderForm : public GameFixture {
   protected:
-    /// Opens the form by its button and does something there; it is closed afterwards if it is still open.
-    void inForm(const std::function<void(frmOrder&)>& action) {
-        bool done = false;
-        sim::post([&] {
-            ASSERT_TRUE(gfrmOrder.isOpen());
-            action(*gfrmOrder.hold());
-            done = true;
-            sim::press(gfrmOrder->cmdClose);
+    /// Opens the form by its button, which finds it empty, does something there and closes it.
+    static void inForm(const std::function<void(frmOrder&)>& action) {
+        inDialog(Button::Order, [&] {
+            frmOrder& order = *gfrmOrder.hold();
+            for (const platform::TextBox& box : order.txtOrderInfo) EXPECT_EQ(box.text(), "");
+            EXPECT_FALSE(order.chkECopy.value());
+            EXPECT_EQ(stateOf(order), "$0 ..");
+            EXPECT_TRUE(order.txtOrderInfo[0].hasFocus());
+            action(order);
+            EXPECT_TRUE(gfrmOrder.isOpen());
+            sim::press(order.cmdClose);
         });
-        sim::clickToolButton(Button::Order);
-        EXPECT_TRUE(done);
     }
 
     static void type(frmOrder& order, int box, const std::string& text) {
@@ -50,10 +69,10 @@ class OrderForm : public GameFixture {
 
     /// Types all that an order needs.
     static void complete(frmOrder& order) {
-        type(order, Box::Name, "Ann");
-        type(order, Box::Address1, "5 High Street");
-        type(order, Box::City, "Salem");
-        type(order, Box::Copies, "3");
+        type(order, Name, "Ann");
+        type(order, Address1, "5 High Street");
+        type(order, City, "Salem");
+        type(order, Copies, "3");
         ship(order, Ship::Usa);
     }
 
@@ -65,21 +84,7 @@ class OrderForm : public GameFixture {
             state += way.value() ? '+' : way.enabled() ? '.' : 'x';
         return state + (order.cmdPrint.enabled() ? " Print" : "");
     }
-
-    static std::string sheet(size_t number) { return printedSheet(sim::sheets().at(number)); }
 };
-
-TEST_F(OrderForm, OpensEmptyOverTheTable) {
-    for (int showing = 0; showing < 2; ++showing)
-        inForm([&](frmOrder& order) {
-            for (const platform::TextBox& box : order.txtOrderInfo) EXPECT_EQ(box.text(), "");
-            EXPECT_FALSE(order.chkECopy.value());
-            EXPECT_EQ(stateOf(order), "$0 ..");
-            EXPECT_TRUE(order.txtOrderInfo[0].hasFocus());
-            complete(order);
-            ship(order, Ship::Electronically);
-        });
-}
 
 TEST_F(OrderForm, TheAmountDueFollowsTheCopiesAndTheShipping) {
     struct {
@@ -94,88 +99,63 @@ TEST_F(OrderForm, TheAmountDueFollowsTheCopiesAndTheShipping) {
             for (const bool copiesFirst : {true, false})
                 inForm([&](frmOrder& order) {
                     SCOPED_TRACE(testing::Message() << row.copies << " copies, shipping " << static_cast<int>(where));
-                    if (copiesFirst) type(order, Box::Copies, row.copies);
+                    if (copiesFirst) type(order, Copies, row.copies);
                     ship(order, where);
-                    if (!copiesFirst) type(order, Box::Copies, row.copies);
+                    if (!copiesFirst) type(order, Copies, row.copies);
                     const int due = row.due[static_cast<int>(where)];
                     EXPECT_EQ(order.pnlAmtDue.caption(), "$" + std::to_string(due));
                     EXPECT_EQ(order.mlngShipCharge, due - row.due[0]);
                 });
-    EXPECT_TRUE(sim::messages().empty());
 }
 
-TEST_F(OrderForm, AnyCopiesThatArePastedCanBePrintedOrAreReported) {
+TEST_F(OrderForm, IsPrintedOnceItIsCompleteAndAnElectronicCopyTakesThePlaceOfShipping) {
+    using Pastes = std::vector<std::pair<int, const char*>>;
+    constexpr const char* overflow = "Error In msCalcAmtDue: Error 6 - Overflow";
     struct {
-        const char *pasted, *state;  // after three copies were shipped to the USA
-        const char *report, *printed;
+        const char *what, *state;
+        Pastes pastes;                 // into a complete order of three copies that are shipped to the USA
+        std::vector<Ship> ships = {};  // then
+        const char *typed = "", *report = "", *printed = "";
     } const cases[] = {
-        {"1234", "$16043 +. Print", "", "  1234 Copies @ US $12 each:  14808\n  Shipping Charge:             1235\n"},
-        {"abc", "$0 +.", "", ""},
-        {"-5", "$-64 +.", "", ""},
-        {"0000", "$0 +.", "", ""},
-        {" 7", "$92 +. Print", "", " 7 Copies @"},
-        {"2731", "$40 +. Print", "Error In msCalcAmtDue: Error 6 - Overflow",
-         "  2731 Copies @ US $12 each:  32772\n  Shipping Charge:             2732\n\n  Total:                        "
-         "$40\n"},
-        {"9e9", "$40 +. Print", "Error In msCalcAmtDue: Error 6 - Overflow", "  Name:       Ann\n"},
-        {"-9e9", "$40 +.", "Error In msCalcAmtDue: Error 6 - Overflow", ""},
-        {"nan", "$0 +.", "", ""},
-        {"\u4E2D\U0001F004\u0663x", "$0 +.", "", ""},
+        {"complete", "$40 +. Print", {}},
+        {"no name", "$40 +.", {{Name, ""}}},
+        {"a name of blanks", "$40 +.", {{Name, "   "}}},
+        {"no address", "$40 +.", {{Address1, ""}}},
+        {"no city", "$40 +.", {{City, " "}}},
+        {"no copies", "$0 +.", {{Copies, ""}}},
+        {"0 copies", "$0 +.", {{Copies, "0"}}},
+        {"all", "$40 +. Print", {{Address3, "x"}, {Country, "y"}, {Email, "z"}}, {}, "", "", "y\n\n  Email:      z\n"},
+        {"electronically, without e-mail", "$36 xx", {}, {Ship::Electronically}},
+        {"with blanks", "$36 xx", {}, {Ship::Electronically}, "  "},
+        {"with e-mail", "$36 xx Print", {}, {Ship::Electronically}, "a@b", "", "Tavin Orlec.\n\n  Mail To:"},
+        {"that was there", "$36 xx Print", {{Email, "a@b"}}, {Ship::Electronically}, "c", "", "a@b\n"},
+        {"what is grey", "$36 xx", {}, {Ship::Electronically, Ship::Usa}},
+        {"the choice undone", "$36 ..", {{Email, "a@b"}}, {Ship::Electronically, Ship::Electronically}},
+        {"and abroad", "$43 .+ Print", {}, {Ship::Electronically, Ship::Electronically, Ship::Abroad}},
+        {"many", "$16043 +. Print", {{Copies, "1234"}}, {}, "", "", "14808\n  Shipping Charge:             1235\n"},
+        {"letters", "$0 +.", {{Copies, "abc"}}},
+        {"less than none", "$-64 +.", {{Copies, "-5"}}},
+        {"zeros", "$0 +.", {{Copies, "0000"}}},
+        {"behind a blank", "$92 +. Print", {{Copies, " 7"}}, {}, "", "", "\n   7 Copies @"},
+        {"too many", "$40 +. Print", {{Copies, "2731"}}, {}, "", overflow, "Total:                        $40\n"},
+        {"far too many", "$40 +. Print", {{Copies, "9e9"}}, {}, "", overflow},
+        {"far less than none", "$40 +.", {{Copies, "-9e9"}}, {}, "", overflow},
+        {"no number", "$0 +.", {{Copies, "nan"}}},
+        {"other scripts", "$0 +.", {{Copies, "\u4E2D\U0001F004\u0663x"}}},
     };
     for (const auto& row : cases)
         inForm([&](frmOrder& order) {
+            SCOPED_TRACE(row.what);
             const size_t sheets = sim::sheets().size(), reports = sim::messages().size();
             complete(order);
-            paste(order, Box::Copies, row.pasted);
-            EXPECT_EQ(stateOf(order), row.state) << row.pasted;
-            EXPECT_EQ(sim::messages().size() > reports ? sim::messages().back() : "", row.report) << row.pasted;
+            for (const auto& [box, text] : row.pastes) paste(order, box, text);
+            for (const Ship where : row.ships) ship(order, where);
+            sim::typeText(row.typed);
+            EXPECT_EQ(stateOf(order), row.state);
+            EXPECT_EQ(sim::messages().size() > reports ? sim::messages().back() : "", row.report);
             sim::press(order.cmdPrint);
-            const bool printed = sim::sheets().size() > sheets;
-            EXPECT_EQ(printed, *row.printed != 0) << row.pasted;
-            EXPECT_NE((printed ? sheet(sheets) : "").find(row.printed), std::string::npos) << row.pasted;
-        });
-}
-
-TEST_F(OrderForm, PrintWaitsUntilTheOrderIsCompleteAndAnElectronicCopyTakesThePlaceOfShipping) {
-    struct {
-        const char* what;
-        std::function<void(frmOrder&)> change;
-        const char* state;
-    } const cases[] = {
-        {"complete", [](frmOrder&) {}, "$40 +. Print"},
-        {"no name", [](frmOrder& o) { paste(o, Box::Name, ""); }, "$40 +."},
-        {"a name of blanks", [](frmOrder& o) { paste(o, Box::Name, "   "); }, "$40 +."},
-        {"no address", [](frmOrder& o) { paste(o, Box::Address1, ""); }, "$40 +."},
-        {"no city", [](frmOrder& o) { paste(o, Box::City, " "); }, "$40 +."},
-        {"no copies", [](frmOrder& o) { paste(o, Box::Copies, ""); }, "$0 +."},
-        {"0 copies", [](frmOrder& o) { paste(o, Box::Copies, "0"); }, "$0 +."},
-        {"all else besides",
-         [](frmOrder& o) {
-             for (const int box : {Box::Address2, Box::Address3, Box::Country, Box::Email}) paste(o, box, "x");
-         },
-         "$40 +. Print"},
-        {"electronically, without e-mail", [](frmOrder& o) { ship(o, Ship::Electronically); }, "$36 xx"},
-        {"with blanks", [](frmOrder& o) { ship(o, Ship::Electronically), sim::typeText("  "); }, "$36 xx"},
-        {"with e-mail", [](frmOrder& o) { ship(o, Ship::Electronically), sim::typeText("a@b"); }, "$36 xx Print"},
-        {"with the e-mail that is there",
-         [](frmOrder& o) {
-             paste(o, Box::Email, "a@b"), ship(o, Ship::Electronically);
-             EXPECT_TRUE(o.chkECopy.hasFocus());
-         },
-         "$36 xx Print"},
-        {"what is grey", [](frmOrder& o) { ship(o, Ship::Electronically), ship(o, Ship::Usa); }, "$36 xx"},
-        {"the choice undone",
-         [](frmOrder& o) { ship(o, Ship::Electronically), sim::typeText("a@b"), ship(o, Ship::Electronically); },
-         "$36 .."},
-        {"and shipped abroad",
-         [](frmOrder& o) { ship(o, Ship::Electronically), ship(o, Ship::Electronically), ship(o, Ship::Abroad); },
-         "$43 .+ Print"},
-    };
-    for (const auto& row : cases)
-        inForm([&](frmOrder& order) {
-            complete(order);
-            row.change(order);
-            EXPECT_EQ(stateOf(order), row.state) << row.what;
+            ASSERT_EQ(sim::sheets().size() > sheets, order.cmdPrint.enabled());
+            EXPECT_TRUE(*row.printed == 0 || sheet().find(row.printed) != std::string::npos) << sheet();
         });
 }
 
@@ -194,15 +174,15 @@ TEST_F(OrderForm, EachBoxTakesItsOwnCharacters) {
             type(order, box, "\u00E9\u0141\u4E2D");
             EXPECT_EQ(all + order.txtOrderInfo[box].text(), taken[box]) << "box " << box;
             type(order, box, std::string(60, taken[box][1]));
-            EXPECT_EQ(order.txtOrderInfo[box].text().size(), box == Box::Copies ? 4u : 50u) << "box " << box;
+            EXPECT_EQ(order.txtOrderInfo[box].text().size(), box == Copies ? 4u : 50u) << "box " << box;
         });
 }
 
 TEST_F(OrderForm, AddressLinesCloseUpAsABoxIsLeft) {
-    for (const int left : {0, 1, 2, 3, 4, 5, 6, 7})
+    for (int left = 0; left < 8; ++left)
         inForm([&](frmOrder& order) {
             order.txtOrderInfo[left].setFocus();
-            for (const int line : {Box::Address2, Box::Address3}) order.txtOrderInfo[line].setText({"0123"[line]});
+            for (const int line : {Address2, Address3}) order.txtOrderInfo[line].setText({"0123"[line]});
             order.cmdClose.setFocus();
             const char* const after[] = {"3", "2", ""};
             for (int line = 0; line < 3; ++line)
@@ -210,50 +190,82 @@ TEST_F(OrderForm, AddressLinesCloseUpAsABoxIsLeft) {
         });
 }
 
-TEST_F(OrderForm, AllThatWasFilledInIsPrintedAsOftenAsWanted) {
-    inForm([](frmOrder& order) {
-        complete(order);
-        type(order, Box::Country, "Canada");
-        type(order, Box::Email, "a@b");
-        sim::press(order.cmdPrint);
-        sim::press(order.chkECopy);
-        sim::press(order.cmdPrint);
-        EXPECT_NE(sheet(0).find("Salem\n              Canada\n\n  Email:      a@b\n"), std::string::npos) << sheet(0);
-        EXPECT_EQ(sheet(1).find("Allow"), std::string::npos);
-        EXPECT_NE(sheet(1).find("Shipping Charge:                0\n"), std::string::npos);
-    });
-}
-
-TEST_F(OrderForm, AFailingPrinterIsReportedAndNothingTypedIsLost) {
-    constexpr const char* printing = "Error In msPrintOrder: Error 482 - Printer error";
+TEST_F(OrderForm, ThePrintersFontComesBackAndAFailingPrinterIsReported) {
+    constexpr const char *printing = "Error In msPrintOrder: Error 482 - Printer error",
+                         *ending = "Error In cmdPrint_Click: Error 482 - Printer error";
     struct {
         int line;
         bool atEnd;
+        platform::Font before, after;
         std::vector<std::string> reports;
         size_t lines;  // of the sheet that goes out all the same
-        const char* fontAfter;
     } const cases[] = {
-        {1, false, {printing}, 0, "Any"},
-        {5, false, {printing}, 4, "Any"},
-        {0, true, {printing}, 0, "Any"},
-        {5, true, {printing, "Error In cmdPrint_Click: Error 482 - Printer error"}, 0, "Courier New"},
+        {0, false, {"Times New Roman", 11, true}, {"Times New Roman", 11, true}, {}, 25},
+        {0, false, {"Wonton ICG", 12.5, false}, {"Wonton ICG", 12, false}, {}, 25},
+        {0, false, {"Any", 1e6, true}, {"Any", 12, true}, {}, 25},
+        {1, false, {"Any", 9, true}, {"Any", 9, true}, {printing}, 0},
+        {5, false, {"Any", 9, true}, {"Any", 9, true}, {printing}, 4},
+        {0, true, {"Any", 9, true}, {"Any", 9, true}, {printing}, 0},
+        {5, true, {"Any", 9, true}, {"Courier New", 14, false}, {printing, ending}, 0},
     };
     for (const auto& row : cases) {
         inForm([&](frmOrder& order) {
             complete(order);
-            platform::printer().font = {"Any", 9, true};
+            platform::printer().font = row.before;
             sim::breakPrinter(row.line, row.atEnd);
             sim::press(order.cmdPrint);
             EXPECT_EQ(sim::messages(), row.reports) << row.line;
             EXPECT_EQ(sim::sheets().empty() ? 0 : sim::sheets()[0].size(), row.lines) << row.line;
-            EXPECT_EQ(platform::printer().font.name, row.fontAfter) << row.line;
-            EXPECT_TRUE(gfrmOrder.isOpen());
+            EXPECT_EQ(told(platform::printer().font), told(row.after));
             sim::breakPrinter(0);
             sim::press(order.cmdPrint);
             EXPECT_EQ(sim::sheets().back().size(), 25u) << "once more, whole";
         });
         TearDown();
         SetUp();
+    }
+}
+
+TEST_F(OrderForm, TheSheetHoldsTheOrderInItsColumns) {
+    constexpr const char* copies = "3 Copies @ US $12 each:        36";
+    const auto many = [](size_t letters) { return std::string(letters, 'x'); };
+    struct {
+        int box;
+        std::string text;  // put into it
+        const char* from;  // of the full sheet
+        std::string to;
+        const char *state = "Oregon - OR", *zip = "97301";
+    } const cases[] = {
+        {Email, "", "  Email:      ann@example.org\n", ""},
+        {Address2, "", "              5 High Street\n", ""},
+        {Address3, "", "              Old Town\n", ""},
+        {Country, "", "              Canada\n", ""},
+        {Address2, " ", "5 High Street\n", "\n"},
+        {Name, "  Ann B. Carter ", "", ""},
+        {City, " Salem ", "Salem, OR", " Salem , OR"},
+        {City, many(42), "Salem", many(42)},
+        {City, many(43), "Salem, OR", many(43) + ", \n              OR"},
+        {City, many(48), "Salem, OR 97301", many(48) + ", OR      ", "Oregon - OR", "     "},
+        {City, "Salem", ", OR 97301", "", ""},
+        {City, "Salem", "97301", "     ", "Oregon - OR", "     "},
+        {City, "Salem", ", OR", ", ND", "North Dakota ND"},
+        {Copies, "01", copies, "01 Copy @ US $12 each:         12"},
+        {Copies, "9999", copies, "9999 Copies @ US $12 each: 119988"},
+        {Copies, "nan", copies, "nan Copies @ US $12 each:       0"},
+        {Copies, "1", copies, "1 Copy @ US $12 each:          12"},
+    };
+    for (const auto& row : cases) {
+        OrderSheet order;
+        order.txtOrderInfo = {"Ann B. Carter", "Apt. #12", "5 High Street",   "Old Town",
+                              "Salem",         "Canada",   "ann@example.org", "3"};
+        order.txtOrderInfo[row.box] = row.text;
+        order.cboOrderInfo = row.state;
+        order.mskOrderInfo = row.zip;
+        order.mlngShipCharge = 4;
+        order.pnlAmtDue = "$40";
+        gsPrintOrderSheet(order, platform::printer());
+        std::string expected = seenText("sheet");
+        EXPECT_EQ(sheet(), expected.replace(expected.find(row.from), std::string(row.from).size(), row.to));
     }
 }
 

@@ -12,9 +12,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
-#include <fstream>
 #include <map>
-#include <sstream>
 
 #include "forms/frmAbout.h"
 #include "forms/frmOrder.h"
@@ -25,6 +23,7 @@
 #include "modZQT.h"
 #include "platform/printer.h"
 #include "scoring/frmBreakDown.h"
+#include "tests/seenText.h"
 #include "tests/windowFixture.h"
 #include "toolkit/failures.h"
 
@@ -160,9 +159,7 @@ class Seen : public Window {
     }
 
     void compare(const std::string& name) const {
-        std::ostringstream file;
-        file << std::ifstream(VELMORA_SOURCE "/tests/seen/" + name + ".txt").rdbuf();
-        std::string expected = file.str();
+        std::string expected = seenText(name);
         for (size_t at = 0; (at = expected.find('~')) < lines_.size();)
             expected.replace(at, 1, lines_, at, lines_.find_first_not_of("0123456789", at) - at);
         EXPECT_EQ(lines_, expected) << name;
