@@ -1,18 +1,24 @@
 // What the window, each dialog and each message box show, against the texts in tests/seen, which say what should stand
 // there: a line for each thing, from the top down and from the left, and under it what it holds. "~" is a size that
-// follows a text in its font.
+// follows a text in its font. And what a screen reader does and is told.
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QFontInfo>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPainter>
+#include <QStyleOptionComboBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
+#include <cmath>
 #include <map>
+#include <set>
 
 #include "forms/frmAbout.h"
 #include "forms/frmOrder.h"
@@ -23,6 +29,7 @@
 #include "modZQT.h"
 #include "platform/printer.h"
 #include "scoring/frmBreakDown.h"
+#include "tests/printService.h"
 #include "tests/seenText.h"
 #include "tests/windowFixture.h"
 #include "toolkit/failures.h"
@@ -49,19 +56,33 @@ std::string letteringOf(const QWidget& widget) {
     return text.str();
 }
 
+/// A part of a widget, as it is seen with all that lies over it.
+QImage seenOf(QWidget& widget, const QRect& part) {
+    const QRect place = part.translated(widget.mapTo(widget.window(), QPoint(0, 0)));
+    return widget.window()->grab(place).toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+std::string nameOf(QRgb color) { return QColor(color).name().mid(1).toUpper().toStdString(); }
+
 /// " in" or " on" a colour, if it isn't the usual one.
 std::string colourOf(const QWidget& widget, QPalette::ColorRole role, const char* word, const char* usual) {
-    const std::string name = widget.palette().color(QPalette::Active, role).name().mid(1).toUpper().toStdString();
+    const std::string name = nameOf(widget.palette().color(QPalette::Active, role).rgb());
     return name != usual ? word + name : "";
 }
 
-/// The edges as they are painted, from the corners inward, each with its width.
+/// What is painted in the upper left corner and in the lower right one, so many pixels inward.
+std::pair<QRgb, QRgb> cornersOf(const QImage& seen, int depth) {
+    const QPoint corner = seen.rect().bottomRight() - QPoint(depth, depth);
+    return {seen.valid(depth, depth) ? seen.pixel(depth, depth) : 0, seen.valid(corner) ? seen.pixel(corner) : 0};
+}
+
+/// The edges, from the corners inward, each with its width.
 std::string edgesOf(QWidget& widget) {
     constexpr int light = 0xEF, dark = 0x6A;
-    const QImage seen = widget.window()->grab({widget.mapTo(widget.window(), QPoint(0, 0)), widget.size()}).toImage();
+    const QImage seen = seenOf(widget, widget.rect());
     const auto edgeAt = [&](int depth) -> std::string {
-        const int shade = qGray(seen.pixel(depth, depth));
-        const int opposite = qGray(seen.pixel(seen.width() - 1 - depth, seen.height() - 1 - depth));
+        const auto [upper, lower] = cornersOf(seen, depth);
+        const int shade = qGray(upper), opposite = qGray(lower);
         return shade == light && opposite == dark ? " raised " : shade == dark && opposite == light ? " sunken " : "";
     };
     std::string edges;
@@ -72,6 +93,14 @@ std::string edgesOf(QWidget& widget) {
     return edges;
 }
 
+std::string frameOf(QWidget& widget) {
+    const QImage seen = seenOf(widget, widget.rect());
+    const QRgb color = seen.pixel(0, 0);
+    int width = 0;
+    while (cornersOf(seen, width) == std::pair(color, color)) ++width;
+    return ' ' + std::to_string(width) + " wide in " + nameOf(color);
+}
+
 /// The number of the picture that is painted on a button of the toolbar; one more than there are if it is none.
 std::string pictureOf(QWidget& button) {
     QPixmap onStrip(VELMORA_ASSETS "/pictures/ImageList1.png");
@@ -79,15 +108,79 @@ std::string pictureOf(QWidget& button) {
     QImage pictures(onStrip.size(), QImage::Format_RGB32);
     pictures.fill(0xFFEFEFEF);
     QPainter(&pictures).drawPixmap(0, 0, onStrip);
-    const QRect place(button.mapTo(button.window(), QPoint(6, 6)), QSize(16, 16));
-    const QImage seen = button.window()->grab(place).toImage().convertToFormat(QImage::Format_RGB32);
+    const QImage seen = seenOf(button, {6, 6, 16, 16});
     int number = 1;
     while (number <= pictures.width() / 16 && seen != pictures.copy(16 * (number - 1), 0, 16, 16)) ++number;
     return " picture " + std::to_string(number);
 }
 
+/// Where a label or a button shows its text, on itself.
+QRect textPlace(const QWidget& face) {
+    if (const auto* label = qobject_cast<const QLabel*>(&face)) {
+        const int flags = static_cast<int>(label->alignment()) | (label->wordWrap() ? Qt::TextWordWrap : 0);
+        return label->fontMetrics().boundingRect(label->contentsRect(), flags, label->text());
+    }
+    const auto& button = dynamic_cast<const QAbstractButton&>(face);
+    const QSize size = button.fontMetrics().size(Qt::TextShowMnemonic, button.text());
+    constexpr int indicator = 19;  // with the gap behind it
+    const int left = button.isCheckable() ? indicator : (button.width() - size.width()) / 2;
+    return {{left, (button.height() - size.height()) / 2}, size};
+}
+
+/// The text has room in its label or button, and nothing lies over it.
+void expectWhole(QWidget& face) {
+    constexpr int aboveLetters = 6;  // pixels that a line may lose
+    const QRect text = textPlace(face) & face.rect();
+    EXPECT_TRUE(face.rect().adjusted(0, -aboveLetters, 0, 0).contains(textPlace(face)));
+    const QImage asSeen = seenOf(face, text);
+    QImage alone(asSeen.size(), QImage::Format_RGB32);
+    alone.setDevicePixelRatio(asSeen.devicePixelRatio());
+    alone.fill(QColor(192, 192, 192));
+    face.render(&alone, QPoint(), text);
+    EXPECT_EQ(asSeen, alone);
+}
+
+void expectAllWhole(const QWidget& form) {
+    QList<QRect> taken;
+    for (QWidget* face : form.findChildren<QWidget*>()) {
+        const QString text = face->property("text").toString();
+        const bool isField = qobject_cast<QLineEdit*>(face) || qobject_cast<QComboBox*>(face);
+        if (!face->isVisible() || (text.isEmpty() && !isField)) continue;
+        SCOPED_TRACE(text.toStdString());
+        if (!isField) expectWhole(*face);
+        const QRect place = (isField ? face->rect() : textPlace(*face)).translated(face->mapTo(&form, QPoint(0, 0)));
+        for (const QRect& other : taken) EXPECT_FALSE(place.intersects(other));
+        taken += place;
+    }
+}
+
+/// Keeps the name of each notification that comes up, which is what a screen reader says.
+class Reader : public QObject {
+  public:
+    std::vector<std::string> told;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Show) return false;
+        const QAccessibleInterface* const object = QAccessible::queryAccessibleInterface(watched);
+        // On a dialog it would be spoken of with the dialog's name each time.
+        if (object != nullptr && object->role() == QAccessible::Notification &&
+            object->parent()->role() == QAccessible::Window)
+            told.push_back(object->text(QAccessible::Name).toStdString());
+        return false;
+    }
+};
+
 class Seen : public Window {
   protected:
+    void SetUp() override {
+        Window::SetUp();
+        bringToFront();
+    }
+    void TearDown() override {
+        QAccessible::setActive(false);
+        Window::TearDown();
+    }
+
     /// Compares what is seen of a window with the committed text of that name.
     void expect(const std::string& name, QWidget& top) {
         tabOrder_.clear();
@@ -137,10 +230,9 @@ class Seen : public Window {
         if (kind == "text") line << edgesOf(widget) << colourOf(widget, QPalette::WindowText, " in ", "000000");
         if (kind == "text" && widget.parentWidget() != window)
             line << colourOf(widget, QPalette::Window, " on ", "C0C0C0");
-        if (kind == "frame")
-            line << ' ' << widget.property("frameWidth").toInt() << " wide"
-                 << colourOf(widget, QPalette::WindowText, " in ", "");
-        if (isField) line << colourOf(widget, QPalette::Base, " on ", "FFFFFF");
+        if (kind == "frame") line << frameOf(widget);
+        if (isField)
+            line << " on " << nameOf(seenOf(widget, {widget.width() - 30, widget.height() / 2, 1, 1}).pixel(0, 0));
         if (isTool) line << pictureOf(widget);
         if (!widget.isEnabledTo(widget.window())) line << " disabled";
         const auto place = std::ranges::find(tabOrder_, &widget);
@@ -149,6 +241,7 @@ class Seen : public Window {
         if (!key.isEmpty()) line << " key " << key.toStdString();
         lines_ += line.str() + '\n';
         if (!isField && kind != "arrows") tellParts(widget, level + 1);
+        if (kind == "list") tellRows(dynamic_cast<QComboBox&>(widget), level + 1);
     }
 
     void tellParts(QWidget& widget, int level) {
@@ -158,7 +251,26 @@ class Seen : public Window {
             if (part->isVisible()) tell(*part, level);
     }
 
+    /// The rows of a list, each whole in the list's field and in what drops down from it.
+    void tellRows(QComboBox& list, int level) {
+        QStyleOptionComboBox option;
+        option.initFrom(&list);
+        const int room =
+            list.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &list).width();
+        for (int row = 0; row < list.count(); ++row) {
+            lines_ +=
+                std::string(static_cast<size_t>(2 * level), ' ') + '\'' + list.itemText(row).toStdString() + "'\n";
+            EXPECT_LE(list.fontMetrics().horizontalAdvance(list.itemText(row)), room) << row;
+        }
+        list.showPopup();
+        EXPECT_LE(list.view()->sizeHintForColumn(0), list.view()->viewport()->width());
+        list.hidePopup();
+        bringToFront();
+    }
+
+    /// The texts are for a scale of 1.
     void compare(const std::string& name) const {
+        if (window->devicePixelRatio() != 1) return;
         std::string expected = seenText(name);
         for (size_t at = 0; (at = expected.find('~')) < lines_.size();)
             expected.replace(at, 1, lines_, at, lines_.find_first_not_of("0123456789", at) - at);
@@ -182,7 +294,7 @@ TEST_F(Seen, EachDialog) {
     const auto dialog = [this](const char* name, auto& form, const std::function<void()>& show,
                                Qt::Key closing = Qt::Key_Escape) {
         inDialog(
-            form, show, [&](QWidget& top) { expect(name, top); }, closing);
+            form, show, [&](QWidget& top) { expect(name, top), expectAllWhole(top); }, closing);
     };
     const auto button = [this](const char* toolTip) { return [this, toolTip] { click(toolTip); }; };
     dialog("about", gfrmAbout, button("About Velmora..."));
@@ -195,7 +307,6 @@ TEST_F(Seen, EachDialog) {
     dialog(
         "name", gfrmGetName, [] { gfrmGetName.showModal(); }, Qt::Key_Return);
     dialog("seat", gfrmChooseSeat, button("Start Anew"), Qt::Key_Return);
-    QAccessible::setActive(false);
 }
 
 TEST_F(Seen, EachBox) {
@@ -204,6 +315,71 @@ TEST_F(Seen, EachBox) {
     expectBox("failure", [] { gsReportError(6, "Overflow", "msCalcAmtDue"); });
     expectBox(
         "saved", [] { platform::printer().print({}), platform::printer().endDoc(); }, home.path());
+}
+
+TEST_F(Seen, ThePictureIsSmoothedWhereAPixelIsNoWholeNumberOfDots) {
+    const auto coloursIn = [](const QImage& image) {
+        std::set<QRgb> colors;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) colors.insert(image.pixel(x, y));
+        return colors;
+    };
+    const QImage file = QImage(VELMORA_ASSETS "/pictures/101.png").convertToFormat(QImage::Format_RGB32);
+    const double scale = window->devicePixelRatio();
+    EXPECT_EQ(std::ranges::includes(coloursIn(file), coloursIn(seenOf(*window, {400, 440, 300, 120}))),
+              scale == std::floor(scale));
+}
+
+TEST_F(Seen, ScaledByTwoAndOneAndAHalf) {
+    for (const char* scale : {"2", "1.5"})
+        passWith(QString("QT_SCALE_FACTOR=") + scale, "Seen.ThePicture*:Seen.EachDialog");
+}
+
+TEST_F(Seen, OnADesktopWithoutFonts) {
+    const QTemporaryDir folder;
+    passWith(withoutFonts(folder.path()), "Seen.ThePicture*:Seen.EachDialog");
+}
+
+TEST_F(Seen, AScreenReaderPressesAButtonAndKnowsNothingOfWhatIsGone) {
+    const auto press = [](QWidget* button) {
+        QAccessible::queryAccessibleInterface(button)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+    };
+    QAccessible::setActive(true);
+    QAccessible::Id known = 0;
+    inDialog(
+        gfrmRoundsSetting, [this] { click("Rounds Setting"); },
+        [&](QWidget& dialog) {
+            auto* const button = dialog.findChild<QAbstractButton*>();
+            known = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(button));
+            press(button);
+            EXPECT_TRUE(waitFor([] { return !gfrmRoundsSetting.isOpen(); }));
+        });
+    EXPECT_NE(QAccessible::accessibleInterface(known), nullptr);
+    gfrmRoundsSetting.clear();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(QAccessible::accessibleInterface(known), nullptr);
+}
+
+TEST_F(Seen, WhatIsAnnouncedComesUpOnTheMainWindow) {
+    TearDown();
+    QAccessible::setActive(true);  // Somebody listens from the start.
+    Reader reader;
+    qApp->installEventFilter(&reader);
+    SetUp();
+    for (int time = 0; time < 2; ++time) game->form.announce([] { return "3 of Bamboo"; });
+    inDialog(
+        gfrmRoundsSetting, [this] { click("Rounds Setting"); },
+        [](QWidget&) { gfrmRoundsSetting->form.announce([] { return "Pass"; }); });
+    const std::string begin = "Start Anew (F2) begins a match";  // also when a dialog has gone
+    EXPECT_EQ(reader.told, (std::vector<std::string>{begin, "3 of Bamboo", "3 of Bamboo", "Pass", begin}));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(window)->text(QAccessible::Name), "Velmora");
+    QAccessible::setActive(false);
+    game->form.announce([]() -> std::string {
+        ADD_FAILURE() << "a text was made while nobody listens";
+        return "";
+    });
+    EXPECT_EQ(reader.told.size(), 5u);
 }
 
 }  // namespace
