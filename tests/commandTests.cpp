@@ -1,12 +1,11 @@
 // The toolbar's commands.
 
-#include "forms/frmOrder.h"
 #include "platform/sim/simulation.h"
 #include "tests/gameFixture.h"
 
 namespace {
 
-class Commands : public GameFixture {};
+using Commands = GameFixture;
 
 TEST_F(Commands, TogglesRewriteTheirToolTipAndComeBack) {
     struct {
@@ -48,13 +47,13 @@ TEST_F(Commands, WhatHoldsAndWhatSetsGoing) {
     for (const auto& row : cases) {
         beginHand();
         for (const int button : row.buttons) {
-            if (button == Button::About || button == Button::HighScores)
-                sim::post([this] {
+            if (button != Button::About && button != Button::HighScores && button != Button::Order)
+                sim::clickToolButton(button);
+            else
+                inDialog(button, [this] {
                     EXPECT_FALSE(game->Timer1.enabled());
                     sim::pressKey(platform::key::Escape);
                 });
-            if (button == Button::Order) sim::post([] { sim::press(gfrmOrder->cmdClose); });
-            sim::clickToolButton(button);
         }
         EXPECT_EQ(game->Timer1.enabled(), row.running) << row.what;
         EXPECT_TRUE(game->mblnGameRunning) << row.what;
@@ -73,10 +72,7 @@ TEST_F(Commands, TheLineTellsHowThingsStand) {
             game->Timer1_Timer();
         };
     };
-    const auto highScores = [] {
-        sim::post([] { sim::pressKey(platform::key::Escape); });
-        sim::clickToolButton(Button::HighScores);
-    };
+    const auto highScores = [] { inDialog(Button::HighScores, [] { sim::pressKey(platform::key::Escape); }); };
     const auto pass = [this] {
         setBoard({"c3 c3 . . . . . . ."});
         land("c3", 3, [this] {
@@ -144,12 +140,12 @@ TEST_F(Commands, AfterWhatOpensInsideATickTheNextStepComesAtTheNextBeat) {
 TEST_F(Commands, TheFallStandsWhileTheSeatIsDrawn) {
     beginHand();
     sim::runFor(1000);
-    const int row = game->mintCurRow;
-    sim::postAfter(2000, [&] {
-        EXPECT_EQ(game->mintCurRow, row);
-        sim::pressKey(platform::key::Enter);
+    inDialog(Button::StartAnew, [row = game->mintCurRow, this] {
+        sim::postAfter(2000, [=, this] {
+            EXPECT_EQ(game->mintCurRow, row);
+            sim::pressKey(platform::key::Enter);
+        });
     });
-    sim::clickToolButton(Button::StartAnew);
     EXPECT_EQ(game->mintCurRow, noRow) << "another hand";
 }
 

@@ -1,6 +1,5 @@
 // What fields and lists need: the key filter, the packing of boxes, the tab order.
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,88 +15,54 @@ TEST(Input, AKeyPassesIfItsCharacterIsAllowedInEitherCase) {
     struct {
         const char* allowed;
         int key, passed;
+        bool tabOnEnter = false;
     } const cases[] = {
-        {"A", 'a', 'a'},
-        {"A", 'A', 'A'},
-        {"a", 'A', 'A'},
-        {"AB", 'c', 0},
-        {"", 'a', 0},
-        {"0123", '2', '2'},
-        {"0123", 8, 8},
-        {"", 27, 27},
-        {"", 31, 31},
-        {"", -5, -5},
-        {" ", ' ', ' '},
-        {"A", ' ', 0},
-        {"[", '{', 0},
-        {"{", '[', 0},
-        {"@", '`', 0},
-        {"A", 0xE1, 0},
-        {"\xC3\xA1", 0xE1, 0xE1},
+        {"A", 'a', 'a'},       {"A", 'A', 'A'},     {"a", 'A', 'A'},  {"AB", 'c', 0},
+        {"0123", '2', '2'},    {"", 'a', 0},        {" ", ' ', ' '},  {"A", ' ', 0},
+        {"[", '{', 0},         {"{", '[', 0},       {"@", '`', 0},    {"A", 0xE1, 0},
+        {"0123", 8, 8},        {"", 27, 27},        {"", 31, 31},     {"", -5, -5},
+        {"13", 22, 22},        {"A", 256 + 'A', 0}, {"", 13, 13},     {"", 13, 0, true},
+        {"X", 'x', 'x', true}, {"X", '1', 0, true}, {"", 9, 9, true}, {"\xC3\xA1", 0xE1, 0xE1},
         {"\xC3\xA1", 0xC3, 0},
-        {"A", 256 + 'A', 0},
-        {"", 13, 13},
-        {"13", 22, 22},
     };
-    for (const auto& row : cases)
-        EXPECT_EQ(gintfValidateKey(row.allowed, row.key), row.passed) << row.allowed << " " << row.key;
-}
-
-TEST(Input, EnterStaysOrBecomesTab) {
-    struct {
-        int key;
-        bool tabOnEnter;
-        int passed;
-    } const cases[] = {{'x', true, 'x'}, {'1', true, 0}, {9, true, 9}, {13, false, 13}, {13, true, 0}};
     for (const auto& row : cases) {
         int key = row.key;
-        gsProcessKey(key, "XYZ", row.tabOnEnter);
-        EXPECT_EQ(key, row.passed) << row.key;
+        gsProcessKey(key, row.allowed, row.tabOnEnter);
+        EXPECT_EQ(key, row.passed) << row.allowed << " " << row.key;
     }
 }
 
-TEST(Input, TextsMoveToEmptyBoxesBeforeThem) {
-    struct {
-        std::vector<const char*> before;
-        std::vector<std::string> after;
-    } const cases[] = {
-        {{"", "B", "C"}, {"C", "B", ""}},
-        {{"A", "", "C"}, {"A", "C", ""}},
-        {{"", "", "C"}, {"C", "", ""}},
-        {{"A", "B", "C"}, {"A", "B", "C"}},
-        {{"", "", ""}, {"", "", ""}},
-        {{"   ", " b ", ""}, {" b ", "", ""}},
-        {{"", "", "c", "d"}, {"c", "d", "", ""}},
-        {{"", "b"}, {"b", ""}},
-        {{"a"}, {"a"}},
-    };
+class Boxes : public ::testing::Test {
+  protected:
     platform::Form dialog;
-    platform::Panel panel(dialog, {0, 0, 100, 140});
-    for (const auto& row : cases) {
-        std::vector<std::unique_ptr<TextBox>> boxes;
+    platform::Panel panel{dialog, {0, 0, 100, 140}};
+    TextBox boxes[4] = {{panel, {}}, {panel, {}}, {panel, {}}, {panel, {}}};
+};
+
+TEST_F(Boxes, TextsMoveToEmptyOnesBeforeThem) {
+    const char* const cases[][2] = {{".BC", "CB."}, {"A.C", "AC."}, {"..C", "C.."},   {"ABC", "ABC"},
+                                    {"...", "..."}, {" b.", "b.."}, {"..cd", "cd.."}, {"a", "a"}};
+    for (const auto& [before, after] : cases) {  // A dot is an empty box.
         std::vector<TextBox*> block;
-        for (const char* text : row.before) {
-            block.push_back(boxes.emplace_back(std::make_unique<TextBox>(panel, platform::Place{})).get());
-            block.back()->setText(text);
+        for (const char* text = before; *text != 0; ++text) {
+            block.push_back(&boxes[block.size()]);
+            block.back()->setText(*text == '.' ? "" : std::string(1, *text));
         }
         gsAlignInput(block);
-        std::vector<std::string> after;
-        for (const TextBox* box : block) after.push_back(box->text());
-        EXPECT_EQ(after, row.after);
+        std::string packed;
+        for (const TextBox* box : block) packed += box->text().empty() ? "." : box->text();
+        EXPECT_EQ(packed, after) << before;
     }
 }
 
-TEST(Input, ControlsFollowEachOtherInTheTabOrder) {
-    platform::Form dialog;
-    platform::Panel panel(dialog, {0, 0, 100, 140});
-    TextBox boxes[4] = {{panel, {}}, {panel, {}}, {panel, {}}, {panel, {}}};
-    for (const auto& order : std::vector<std::vector<int>>{{0, 1, 2, 3}, {3, 1, 0}, {1, 0}, {2, 0, 3, 1}, {0, 3}}) {
+TEST_F(Boxes, FollowEachOtherInTheTabOrder) {
+    for (const std::string order : {"0123", "310", "10", "2031", "03"}) {
         for (int i = 0; i < 4; ++i) boxes[i].setTabIndex(i);
         std::vector<platform::Control*> controls;
-        for (const int box : order) controls.push_back(&boxes[box]);
+        for (const char box : order) controls.push_back(&boxes[box - '0']);
         gsSetTabOrder(controls);
         for (size_t i = 1; i < controls.size(); ++i)
-            EXPECT_EQ(controls[i]->tabIndex(), controls[i - 1]->tabIndex() + 1) << order[0] << order[1] << " " << i;
+            EXPECT_EQ(controls[i]->tabIndex(), controls[i - 1]->tabIndex() + 1) << order << " " << i;
     }
 }
 
