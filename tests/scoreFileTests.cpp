@@ -118,21 +118,6 @@ class ScoreFile : public GameFixture {
         return opened;
     }
 
-    /// Whether another match can be played.
-    bool playsOn() {
-        startMatch();
-        sim::runFor(2000);
-        return game->mblnGameRunning && game->mintTilesDropped == 1;
-    }
-
-    /// The scores of the table, down to the last that isn't 0.
-    static std::vector<int> scores() {
-        std::vector<int> result;
-        for (const HiScoreRecord& row : gaudtHiScore)
-            if (row.lngScore != 0) result.push_back(row.lngScore);
-        return result;
-    }
-
     /// What the player was told since this was asked last, but for the beginning and the path.
     std::string told() {
         std::string all;
@@ -257,124 +242,82 @@ TEST_F(ScoreFile, AMatchEntersByItsScoreAlone) {
     EXPECT_TRUE(sim::messages().empty());
 }
 
-TEST_F(ScoreFile, WhatIsNoOrdinaryFileIsReportedAndLeftAlone) {
-    const std::string noFile = "75 - Path/File access error: ";
-    struct {
-        const char* what;
+TEST_F(ScoreFile, WhatStandsInItsWayIsToldOnceAndNothingIsLost) {
+    using Type = fs::file_type;
+    struct Fault {
+        std::string what, before;  // what the file holds; empty: there is none
         std::function<void()> make;
-        std::string failure;
-    } const cases[] = {
-        {"a folder", [&] { fs::create_directory(path); }, noFile},
-        {"a pipe", [&] { ::mkfifo(path.c_str(), 0666); }, noFile},
-        {"a link to a device", [&] { fs::create_symlink("/dev/full", path); }, noFile},
-        {"a link to nothing", [&] { fs::create_symlink("nowhere", path); }, "53 - File not found: "},
-        {"a link to itself", [&] { fs::create_symlink("HiScore.dat", path); }, noFile},
+        std::string opened, told;
+        int rows;  // that memory holds of the table afterwards
+        Type type = Type::regular;
+        std::string after = {};  // what the file holds; empty: as before
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.what);
-        row.make();
-        const auto type = fs::symlink_status(path).type();
-        EXPECT_EQ(endMatch(500), "summary ") << "no name is asked for in vain";
-        EXPECT_EQ(told(), "gblnfReadHiScoreFile: Error " + row.failure) << "once";
-        gsSaveHiScore();
-        EXPECT_EQ(told(), "gsSaveHiScore: Error " + row.failure);
-        EXPECT_TRUE(playsOn());
-        EXPECT_EQ(fs::symlink_status(path).type(), type);
-        fs::remove(path);
-        EXPECT_TRUE(fs::is_empty(fs::path(path).parent_path())) << "nothing was made beside it";
-    }
-}
-
-TEST_F(ScoreFile, AFullDiskAndACutOffWriteLeaveWhatWasThere) {
-    for (const size_t length : {0, 30, 54, 90, 95})
-        for (const int room : {0, 1, 17, 18, 50, 72, 89}) {
-            SCOPED_TRACE(std::to_string(length) + " bytes, room for " + std::to_string(room));
-            const std::string before = (fullTable + "trail").substr(0, length);
-            put(before);
-            diskSize = room;
-            EXPECT_EQ(endMatch(600), "summary name table ");
-            diskSize = 1 << 20;
-            EXPECT_EQ(bytes(), before);
-            EXPECT_EQ(scores().size(), std::min<size_t>(length / 18, 5)) << "the table is again the file's";
-            EXPECT_EQ(told(), "gsSaveHiScore: Error 61 - Disk full: ") << "once";
-        }
-    EXPECT_TRUE(playsOn());
-}
-
-TEST_F(ScoreFile, WhatTheSystemTellsOfACallIsHeard) {
-    const char *const full = "gsSaveHiScore: Error 61 - Disk full: ",
-                      *const fault = "gsSaveHiScore: Error 57 - Device I/O error: ";
-    const std::string changed = fullTable.substr(0, 72) + blankRecord;
-    struct {
-        const char* what;
-        Errors errors;
-        std::string failure, after;
-    } const cases[] = {
-        {"interrupted", {{"open", {EINTR}}, {"pread", {EINTR}}, {"pwrite", {EINTR}}, {"close", {EINTR}}}, "", changed},
-        {"full as it is closed", {{"close", {ENOSPC}}}, full, fullTable},
-        {"a quota as it is closed", {{"close", {EDQUOT}}}, full, fullTable},
-        {"a fault as it is closed", {{"close", {EIO}}}, fault, fullTable},
-        {"not to be put back", {{"close", {ENOSPC}}, {"pwrite", {0, EIO}}}, fault, changed},
-    };
-    for (const auto& row : cases) {
-        put(fullTable);
-        EXPECT_TRUE(gblnfReadHiScoreFile());
-        gaudtHiScore[5] = {};
-        comingErrors() = row.errors;
-        gsSaveHiScore();
-        EXPECT_EQ(bytes(), row.after) << row.what;
-        EXPECT_EQ(told(), row.failure) << row.what;
-    }
-
-    put(fullTable);
-    gaudtHiScore = {};
-    comingErrors() = {{"pread", {0, EINTR, 0, EIO}}};
-    EXPECT_FALSE(gblnfReadHiScoreFile());
-    EXPECT_EQ(told(), "gblnfReadHiScoreFile: Error 57 - Device I/O error: ");
-    EXPECT_EQ(scores(), std::vector({500, 400})) << "the rows before the fault";
-    comingErrors() = {{"pread", {0, 0, 0, 0, 0, EIO}}};
-    EXPECT_EQ(endMatch(600), "summary name ") << "a fault as it is read again";
-    EXPECT_EQ(told(), "gblnfReadHiScoreFile: Error 57 - Device I/O error: ");
-    EXPECT_EQ(bytes(), fullTable);
-}
-
-/// Does something without the rights of root.
-void asOrdinaryUser(const std::function<void()>& body) {
+    const fs::path folder = fs::path(path).parent_path();
     constexpr uid_t nobody = 65534;
     const uid_t self = ::geteuid();
-    ASSERT_EQ(::seteuid(self == 0 ? nobody : self), 0);
-    body();
-    ASSERT_EQ(::seteuid(self), 0);
-}
-
-TEST_F(ScoreFile, WithoutTheRightToWriteNothingIsLost) {
-    const fs::path folder = fs::path(path).parent_path();
-    struct {
-        const char* what;
-        std::string before;  // empty: no file
-        int fileRights, folderRights;
-        const char *opened, *told;
-    } const cases[] = {
-        {"a read-only file", fullTable, 0444, 0755, "summary ", "gblnfReadHiScoreFile: Error 70 - Permission denied: "},
-        {"a folder that can't be looked into", fullTable, 0644, 0600, "summary ",
-         "gblnfReadHiScoreFile: Error 70 - Permission denied: "},
-        {"a read-only folder without a file", "", 0, 0555, "summary name table ",
-         "gsSaveHiScore: Error 70 - Permission denied: "},
+    const auto rights = [&](int ofFile, int ofFolder) {
+        return [=, this] {
+            if (ofFile != 0) fs::permissions(path, fs::perms(ofFile));
+            fs::permissions(folder, fs::perms(ofFolder));
+            ASSERT_EQ(::seteuid(self == 0 ? nobody : self), 0);
+        };
     };
-    for (const auto& row : cases) {
+    const auto link = [&](const char* to) { return [=, this] { fs::create_symlink(to, path); }; };
+    const auto calls = [](const Errors& errors) { return [=] { comingErrors() = errors; }; };
+    const auto atEnd = [&](int closing, const std::deque<int>& writing = {}) {
+        return calls({{"close", {0, 0, closing}}, {"pwrite", writing}});
+    };
+    const Errors interrupted = {{"open", {EINTR}}, {"pread", {EINTR}}, {"pwrite", {EINTR}}, {"close", {0, 0, EINTR}}};
+    const auto onTop = "Eve       \x02\0\x03\0\x58\2\0\0"s + fullTable.substr(0, 72);
+    const std::string one = "summary ", two = "summary name ", all = "summary name table ",
+                      read = "gblnfReadHiScoreFile: Error ", save = "gsSaveHiScore: Error ",
+                      noFile = "75 - Path/File access error: ", missing = "53 - File not found: ",
+                      denied = "70 - Permission denied: ", full = "61 - Disk full: ", fault = "57 - Device I/O error: ";
+    std::vector<Fault> faults = {
+        {"a folder", "", [&] { fs::create_directory(path); }, one, read + noFile, 0, Type::directory},
+        {"a pipe", "", [&] { ::mkfifo(path.c_str(), 0666); }, one, read + noFile, 0, Type::fifo},
+        {"a link to a device", "", link("/dev/full"), one, read + noFile, 0, Type::symlink},
+        {"a link to nothing", "", link("nowhere"), one, read + missing, 0, Type::symlink},
+        {"a link to itself", "", link("HiScore.dat"), one, read + noFile, 0, Type::symlink},
+        {"a read-only file", fullTable, rights(0444, 0755), one, read + denied, 0},
+        {"a folder that can't be looked into", fullTable, rights(0644, 0600), one, read + denied, 0},
+        {"a read-only folder", "", rights(0, 0555), all, save + denied, 0, Type::not_found},
+        {"full as it is closed", fullTable, atEnd(ENOSPC), all, save + full, 5},
+        {"a quota as it is closed", fullTable, atEnd(EDQUOT), all, save + full, 5},
+        {"a fault as it is closed", fullTable, atEnd(EIO), all, save + fault, 5},
+        {"not put back", fullTable, atEnd(ENOSPC, {0, EIO}), all, save + fault, 5, Type::regular, onTop},
+        {"a fault in the third row", fullTable, calls({{"pread", {0, EINTR, 0, EIO}}}), one, read + fault, 2},
+        {"as it is read again", fullTable, calls({{"pread", {0, 0, 0, 0, 0, EIO}}}), two, read + fault, 5},
+        {"interrupted", fullTable, calls(interrupted), all, "", 5, Type::regular, onTop},
+    };
+    for (const int length : {0, 30, 54, 90, 95})
+        for (const int room : {0, 1, 17, 18, 50, 72, 89}) {
+            const auto make = [=] { diskSize = room; };
+            const std::string what = std::to_string(length) + " bytes, room for " + std::to_string(room);
+            faults.push_back(
+                {what, (fullTable + "trail").substr(0, length), make, all, save + full, std::min(length / 18, 5)});
+        }
+    for (const Fault& row : faults) {
         SCOPED_TRACE(row.what);
-        fs::remove(path);
+        gaudtHiScore = {};
         if (!row.before.empty()) put(row.before);
-        if (!row.before.empty()) fs::permissions(path, fs::perms(row.fileRights));
-        fs::permissions(folder, fs::perms(row.folderRights));
-        asOrdinaryUser([&] { EXPECT_EQ(endMatch(600), row.opened); });
+        row.make();
+        EXPECT_EQ(endMatch(600), row.opened) << "no name is asked for in vain";
+        ASSERT_EQ(::seteuid(self), 0);
         fs::permissions(folder, fs::perms(0755));
+        comingErrors().clear();
+        diskSize = 1 << 20;
         EXPECT_EQ(told(), row.told);
-        EXPECT_EQ(bytes(), row.before);
-        EXPECT_TRUE(scores().empty()) << "a row that was never stored";
-        EXPECT_TRUE(playsOn());
+        const auto isFilled = [](const HiScoreRecord& record) { return record.lngScore != 0; };
+        EXPECT_EQ(std::ranges::count_if(gaudtHiScore, isFilled), row.rows) << "no row that was never stored";
+        startMatch();
+        sim::runFor(2000);
+        EXPECT_TRUE(game->mblnGameRunning && game->mintTilesDropped == 1) << "another match can be played";
+        EXPECT_EQ(fs::symlink_status(path).type(), row.type);
+        EXPECT_EQ(row.type == Type::regular ? bytes() : "", row.after.empty() ? row.before : row.after);
+        fs::remove(path);
+        EXPECT_TRUE(fs::is_empty(folder)) << "nothing was made beside it";
     }
-    EXPECT_FALSE(fs::exists(path));
 }
 
 }  // namespace
