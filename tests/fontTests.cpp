@@ -1,9 +1,9 @@
-// The lettering on a desktop that has no fonts at all.
+// The lettering of what Qt shows by itself, on a desktop that has no fonts at all; that of the game stands in
+// tests/seen.
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QFontDatabase>
 #include <QFontInfo>
 #include <QMenu>
 #include <QMessageBox>
@@ -11,48 +11,15 @@
 #include <QTextBrowser>
 #include <QToolTip>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
 #include <map>
 
 #include "platform/qt/help/helpWindow.h"
 #include "platform/qt/window/fonts.h"
-#include "platform/shared/text.h"
 #include "tests/application.h"
+#include "tests/printService.h"
 
 namespace {
-
-/// Starts Qt with a font configuration that knows an empty folder alone.
-void startWithoutFonts() {
-    static const QTemporaryDir folder;
-    const std::string path = folder.path().toStdString();
-    std::ofstream(path + "/fonts.conf") << "<fontconfig><dir>" << path << "</dir><cachedir>" << path
-                                        << "/cache</cachedir></fontconfig>";
-    qputenv("FONTCONFIG_FILE", (path + "/fonts.conf").c_str());
-    setUpApplication();
-}
-
-TEST(Lettering, IsTheProgramsOwnWhereTheDesktopHasNone) {
-    startWithoutFonts();
-    struct {
-        platform::Font font;
-        const char* family;
-        const char* text;
-        int width;
-    } const cases[] = {
-        {{"Wonton ICG", 18, false}, "Kaushan Script", "Player", 64},
-        {{"Times New Roman", 12, true}, "Liberation Serif", "Rounds Played", 104},
-        {{"Courier New", 14, false}, "Liberation Mono", "ORDER FORM", 114},
-    };
-    for (const auto& row : cases)
-        ASSERT_FALSE(QFontDatabase::families().contains(row.family)) << "the desktop has it already";
-    for (const auto& row : cases) {
-        const QFontInfo info(platform::qt::letteringOf(row.font).font);
-        EXPECT_EQ(info.family().toStdString(), row.family);
-        EXPECT_EQ(info.bold(), row.font.bold) << row.family;
-        EXPECT_NEAR(platform::measureText(row.text, row.font), row.width, 1) << row.family;
-    }
-}
 
 TEST(DesktopFontDeathTest, IsTheProgramsOwnWhereTheDesktopHasNone) {
     const std::map<const char*, QWidget* (*)()> windows = {
@@ -61,9 +28,11 @@ TEST(DesktopFontDeathTest, IsTheProgramsOwnWhereTheDesktopHasNone) {
         {"a tool-tip", []() -> QWidget* { return QToolTip::showText({}, "Tip"), QApplication::topLevelWidgets()[0]; }},
         {"the help", []() -> QWidget* { return (new platform::qt::HelpWindow(nullptr))->findChild<QTextBrowser*>(); }},
     };
+    const QTemporaryDir folder;
+    qputenv("FONTCONFIG_FILE", withoutFonts(folder.path()).toLocal8Bit());
     // Each in a process of its own, since the first window sees to all that follow.
     const auto familyIn = [](QWidget* (*make)(), bool lettered) {
-        startWithoutFonts();
+        setUpApplication();
         if (lettered) platform::qt::familyOf("Wonton ICG");
         QWidget* const window = make();
         window->ensurePolished();

@@ -110,5 +110,5 @@ void passWith(const QString& setting, const QString& tests) {
 QString withoutFonts(const QString& folder) {
     const QString settings = folder + "/fonts.conf";
     writeFile(settings, QString("<fontconfig><dir>%1</dir></fontconfig>").arg(folder), QFile::ReadOwner);
-    return "FONTCONFIG_FILE=" + settings;
+    return settings;
 }

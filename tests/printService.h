@@ -32,5 +32,5 @@ std::string sheetIn(const std::string& pdf);
 /// Passes these tests of the same program in a process of its own that has another setting in its environment.
 void passWith(const QString& setting, const QString& tests);
 
-/// The setting of a desktop that has no fonts; its file is written into the folder.
+/// Writes the settings of a desktop without fonts into the folder; their path, for FONTCONFIG_FILE.
 QString withoutFonts(const QString& folder);

@@ -272,7 +272,7 @@ TEST_F(Printing, ThePaperIsTheUsualOne) {
 }
 
 TEST_F(Printing, ADesktopWithoutFontsPrintsInTheProgramsOwn) {
-    passWith(withoutFonts(home.path()), "Printing.AColumnIs*:Printing.EveryLetter*");
+    passWith("FONTCONFIG_FILE=" + withoutFonts(home.path()), "Printing.AColumnIs*:Printing.EveryLetter*");
 }
 
 TEST_F(Printing, ASlowServiceKeepsTheFormWaitingAndServed) {

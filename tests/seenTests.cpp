@@ -337,7 +337,7 @@ TEST_F(Seen, ScaledByTwoAndOneAndAHalf) {
 
 TEST_F(Seen, OnADesktopWithoutFonts) {
     const QTemporaryDir folder;
-    passWith(withoutFonts(folder.path()), "Seen.ThePicture*:Seen.EachDialog");
+    passWith("FONTCONFIG_FILE=" + withoutFonts(folder.path()), "Seen.ThePicture*:Seen.EachDialog");
 }
 
 TEST_F(Seen, AScreenReaderPressesAButtonAndKnowsNothingOfWhatIsGone) {
