@@ -94,7 +94,6 @@ TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
         for (int i = 0; i < 4; ++i) key(Qt::Key_Tab);
         EXPECT_TRUE(gfrmOrder->txtOrderInfo[0].hasFocus()) << "round";
 
-        const std::string sheet = home.filePath("Documents/Velmora.pdf").toStdString();
         EXPECT_FALSE(QDir(home.filePath("Documents")).exists());
         bool told = false;
         const auto isBox = [] { return qobject_cast<QMessageBox*>(QApplication::activeWindow()) != nullptr; };
@@ -105,7 +104,7 @@ TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
         });
         key(Qt::Key_P, Qt::AltModifier);  // The button shows for a moment that it is pressed.
         EXPECT_TRUE(waitFor([&] { return told; }));
-        EXPECT_EQ("\n" + sheetIn(sheet), seenText("sheet"));
+        EXPECT_EQ("\n" + sheetIn(home.filePath("Documents/Velmora.pdf")), seenText("sheet"));
         EXPECT_EQ(heldBy(form), texts + ".+.$40..") << "nothing typed is lost";
         key(Qt::Key_C, Qt::AltModifier);
         EXPECT_TRUE(waitFor([] { return !gfrmOrder.isOpen(); }));

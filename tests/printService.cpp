@@ -90,8 +90,8 @@ std::string outputOf(const QString& program, const QStringList& arguments) {
     return process.readAllStandardOutput().toStdString();
 }
 
-std::string sheetIn(const std::string& pdf) {
-    std::istringstream output(outputOf("pdftotext", {"-layout", "-fixed", "8.4", QString::fromStdString(pdf), "-"}));
+std::string sheetIn(const QString& pdf) {
+    std::istringstream output(outputOf("pdftotext", {"-layout", "-fixed", "8.4", pdf, "-"}));
     std::string text, line;
     while (std::getline(output, line)) {
         const bool newPage = line.starts_with('\f');

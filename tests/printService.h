@@ -27,7 +27,7 @@ class PrintService {
 std::string outputOf(const QString& program, const QStringList& arguments);
 
 /// The text of a PDF in its columns, from the first line that holds any; a form feed stands before each further page.
-std::string sheetIn(const std::string& pdf);
+std::string sheetIn(const QString& pdf);
 
 /// Passes these tests of the same program in a process of its own that has another setting in its environment.
 void passWith(const QString& setting, const QString& tests);

@@ -60,8 +60,8 @@ class Printing : public ::testing::Test {
         platform::printer().font = {"Courier New", 14};
     }
 
-    std::string documents() const { return home.filePath("Documents").toStdString(); }
-    std::string document(const std::string& name) const { return documents() + "/" + name; }
+    QString documents() const { return home.filePath("Documents"); }
+    QString document(const char* name = "Velmora.pdf") const { return documents() + '/' + name; }
 
     static void printLines(const std::vector<std::vector<platform::ColumnText>>& lines) {
         for (const auto& line : lines) platform::printer().print(line);
@@ -98,21 +98,18 @@ TEST_F(Printing, NothingOfItIsLoadedBeforeTheFirstSheet) {
 
 TEST_F(Printing, WithoutAPrinterEachSheetBecomesAFileOfItsOwn) {
     platform::printer().endDoc();
-    EXPECT_FALSE(QFile::exists(QString::fromStdString(documents()))) << "nothing printed is no sheet";
+    EXPECT_FALSE(QFile::exists(documents())) << "nothing printed is no sheet";
     platform::reportFailure(61, "Disk full", "Save");
-    printLines({{{1, "one"}}});
-    platform::printer().font.bold = true;
-    printLines({{{1, "another"}}});
-    EXPECT_EQ(sheetIn(document("Velmora.pdf")), "one\n");
-    EXPECT_EQ(sheetIn(document("Velmora 2.pdf")), "another\n");
+    std::vector<std::string> told = {"! Error In Save: Error 61 - Disk full"};
     for (const bool bold : {false, true}) {
-        const QString sheet = QString::fromStdString(document(bold ? "Velmora 2.pdf" : "Velmora.pdf"));
+        const QString sheet = document(bold ? "Velmora 2.pdf" : "Velmora.pdf");
+        platform::printer().font.bold = bold;
+        printLines({{{1, bold ? "bold" : "plain"}}});
+        told.push_back("i Velmora: No printer is set up. The sheet has been saved as\n" + sheet.toStdString());
+        EXPECT_EQ(sheetIn(sheet), bold ? "bold\n" : "plain\n");
         EXPECT_EQ(outputOf("pdffonts", {sheet}).find("Bold") != std::string::npos, bold);
     }
-    const std::vector<std::string> told = {
-        "! Error In Save: Error 61 - Disk full",
-        "i Velmora: No printer is set up. The sheet has been saved as\n" + document("Velmora.pdf"),
-        "i Velmora: No printer is set up. The sheet has been saved as\n" + document("Velmora 2.pdf")};
+    EXPECT_EQ(sheetIn(document()), "plain\n") << "still";
     EXPECT_EQ(reader.messages, told);
 }
 
@@ -127,14 +124,15 @@ TEST_F(Printing, SheetsSavedAtOnceNeverTakeEachOthersName) {
         threads.emplace_back([&, i] { entry({"Sheet", {{{}, {{1, std::to_string(i)}}}}}, outcomes[i]); });
     for (std::thread& thread : threads) thread.join();
     for (size_t i = 0; i < count; ++i)
-        EXPECT_EQ(sheetIn(outcomes[i].file), std::to_string(i) + "\n") << outcomes[i].description;
+        EXPECT_EQ(sheetIn(QString::fromStdString(outcomes[i].file)), std::to_string(i) + "\n")
+            << outcomes[i].description;
 }
 
 TEST_F(Printing, ThePrintServiceGetsTheSheet) {
     const PrintService service(home.path(), PrintService::Queue::Accepts);
     printLines({{{3, "Name:"}, {15, "Ann"}}, {}, {{1, "x"}}});
-    EXPECT_EQ(sheetIn(service.waitForJob().toStdString()), "  Name:       Ann\n\nx\n");
-    EXPECT_FALSE(QFile::exists(QString::fromStdString(documents())));
+    EXPECT_EQ(sheetIn(service.waitForJob()), "  Name:       Ann\n\nx\n");
+    EXPECT_FALSE(QFile::exists(documents()));
     EXPECT_TRUE(reader.messages.empty());
 }
 
@@ -147,104 +145,83 @@ TEST_F(Printing, ARefusedSheetIsToldAndGone) {
     EXPECT_TRUE(reader.messages.empty());
     qputenv("CUPS_SERVER", home.filePath("no-service").toLocal8Bit());
     printLines({{{1, "another"}}});
-    EXPECT_EQ(sheetIn(document("Velmora.pdf")), "another\n");
+    EXPECT_EQ(sheetIn(document()), "another\n");
 }
 
-TEST_F(Printing, AFileInTheFoldersPlaceIsTold) {
-    QFile file(QString::fromStdString(documents()));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    EXPECT_EQ(failure(), "75 Path/File access error: " + document("Velmora.pdf"));
-    EXPECT_TRUE(reader.messages.empty());
-}
-
-TEST_F(Printing, AFolderThatTheUserCannotWriteIsTold) {
-    constexpr uid_t nobody = 65534;
-    const uid_t self = geteuid();
+TEST_F(Printing, AFileThatCannotBeMadeOrFinishedIsToldAndTakenAway) {
     constexpr auto locked = QFile::ReadOwner | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
-    // Root passes every permission, and a user may not look into root's folders, where the program may lie.
-    ASSERT_NE(platform::qt::moduleEntry(platform::qt::printModule, platform::qt::printEntry), nullptr);
-    for (const bool isThere : {true, false}) {
-        if (isThere) QDir(home.path()).mkdir("Documents");
-        for (const QString& folder : {QString::fromStdString(documents()), home.path()})
-            QFile::setPermissions(folder, locked);
+    const uid_t self = geteuid();
+    const auto lock = [&] {
+        constexpr uid_t nobody = 65534;
+        for (const QString& folder : {documents(), home.path()}) QFile::setPermissions(folder, locked);
         ASSERT_EQ(seteuid(self == 0 ? nobody : self), 0);
-        const std::string told = failure();
-        ASSERT_EQ(seteuid(self), 0);
-        EXPECT_EQ(told, "70 Permission denied: " + document("Velmora.pdf")) << isThere;
-        QFile::setPermissions(home.path(), locked | QFile::WriteOwner);
-        QDir(home.path()).rmdir("Documents");
-    }
-}
-
-TEST_F(Printing, AFileThatCannotBeFinishedIsToldAndTakenAway) {
+    };
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
-    rlimit small = before;
-    small.rlim_cur = 100;  // bytes that a file may have
-    setrlimit(RLIMIT_FSIZE, &small);
-    const std::string told = failure();
-    setrlimit(RLIMIT_FSIZE, &before);
-    EXPECT_EQ(told, "61 Disk full: " + document("Velmora.pdf"));
-    EXPECT_TRUE(QDir(QString::fromStdString(documents())).isEmpty());
-}
-
-struct Word {
-    double left, bottom;
-};
-
-/// Where a word's first letter stands on the page, in points from the top left.
-Word placeOf(const std::string& pdf, const std::string& word) {
-    const std::string text = outputOf("pdftotext", {"-bbox", QString::fromStdString(pdf), "-"});
-    std::smatch found;
-    const std::regex pattern("xMin=\"([0-9.]+)\" yMin=\"[0-9.]+\" xMax=\"[0-9.]+\" yMax=\"([0-9.]+)\">" + word + "<");
-    if (!std::regex_search(text, found, pattern)) ADD_FAILURE() << "no " << word << " in " << text;
-    return found.empty() ? Word{} : Word{std::stod(found[1]), std::stod(found[2])};
+    const rlimit small = {100, before.rlim_max};  // bytes that a file may have
+    const struct {
+        std::function<void()> make;
+        const char* told;
+    } rows[] = {
+        {[&] { EXPECT_TRUE(QFile(documents()).open(QIODevice::WriteOnly)); }, "75 Path/File access error: "},
+        {[&] { QDir().mkdir(documents()), lock(); }, "70 Permission denied: "},
+        {lock, "70 Permission denied: "},
+        {[&] { setrlimit(RLIMIT_FSIZE, &small); }, "61 Disk full: "},
+    };
+    // Root passes every permission, and a user may not look into root's folders, where the program may lie.
+    ASSERT_NE(platform::qt::moduleEntry(platform::qt::printModule, platform::qt::printEntry), nullptr);
+    for (const auto& row : rows) {
+        row.make();
+        const std::string told = failure();
+        setrlimit(RLIMIT_FSIZE, &before);
+        ASSERT_EQ(seteuid(self), 0);
+        QFile::setPermissions(home.path(), locked | QFile::WriteOwner);
+        EXPECT_EQ(told, row.told + document().toStdString());
+        EXPECT_TRUE(QDir(documents()).isEmpty() && reader.messages.empty());
+        QFile::remove(documents());
+        QDir().rmdir(documents());
+    }
 }
 
 TEST_F(Printing, AColumnIsACharacterOfTheFontFromTheEdge) {
     printLines({{{1, "a"}, {30, "b"}}, {}, {{64, "c"}}, {{12, "Illi"}, {17, "WWMW"}, {22, "e"}}});
-    const std::string pdf = document("Velmora.pdf");
-    const double bottom = placeOf(pdf, "a").bottom;
-    EXPECT_NEAR(bottom, margin + lineHeight, 1);
     struct {
         const char* word;
         int column, line;
     } const cases[] = {{"a", 1, 1}, {"b", 30, 1}, {"c", 64, 3}, {"Illi", 12, 4}, {"WWMW", 17, 4}, {"e", 22, 4}};
+    const std::string text = outputOf("pdftotext", {"-bbox", document(), "-"});
     for (const auto& row : cases) {
-        const Word place = placeOf(pdf, row.word);
-        EXPECT_NEAR(place.left, margin + (row.column - 1) * columnWidth, 0.2) << row.word;
-        EXPECT_NEAR(place.bottom, bottom + (row.line - 1) * lineHeight, 0.2) << row.word;
+        std::smatch found;
+        const std::regex word(std::string("xMin=\"([0-9.]+)\" [^>]*yMax=\"([0-9.]+)\">") + row.word + "<");
+        ASSERT_TRUE(std::regex_search(text, found, word)) << row.word << " in " << text;
+        EXPECT_NEAR(std::stod(found[1]), margin + (row.column - 1) * columnWidth, 0.2) << row.word;
+        EXPECT_NEAR(std::stod(found[2]), margin + row.line * lineHeight, 1) << row.word;
     }
 }
 
 TEST_F(Printing, EveryLetterTakesOneColumn) {
-    struct {
-        const char* what;
-        const char *text, *printed;
-    } const cases[] = {
-        {"of Latin-1", "Stra\u00DFe, \u00C5se", "Stra\u00DFe, \u00C5se"},
-        {"of Europe", "\u0141\u00F3d\u017A", "\u0141\u00F3d\u017A"},
-        {"of Russia", "\u041C\u0438\u0440", "\u041C\u0438\u0440"},
-        {"with a mark of its own", "Rene\u0301e", "Ren\u00E9e"},
-        {"with a mark that no letter has", "q\u0301x", "?x"},
-        {"a mark alone", "\u0301x", "\u0301x"},
-        {"wide", "\u9EBB\u5C06", "??"},
-        {"an emoji", "\U0001F004x", "?x"},
-        {"a family", "\U0001F468\u200D\U0001F469\u200D\U0001F467x", "?x"},
-        {"of no width", "a\u200Bb", "a?b"},
-        {"broken", "a\xFF\xC3", "a??"},
-        {"not for print", "a\tb\nc", "a b c"},
+    const char* const cases[][2] = {
+        {"Stra\u00DFe, \u00C5se", "Stra\u00DFe, \u00C5se"},
+        {"\u0141\u00F3d\u017A", "\u0141\u00F3d\u017A"},
+        {"\u041C\u0438\u0440", "\u041C\u0438\u0440"},
+        {"Rene\u0301e", "Ren\u00E9e"},  // a mark that makes another letter
+        {"q\u0301x", "?x"},             // and one that makes none
+        {"\u0301x", "\u0301x"},
+        {"\u9EBB\u5C06", "??"},
+        {"\U0001F004x", "?x"},
+        {"\U0001F468\u200D\U0001F469\u200D\U0001F467x", "?x"},  // one picture of a family
+        {"a\u200Bb", "a?b"},
+        {"a\xFF\xC3", "a??"},
+        {"a\tb\nc", "a b c"},
     };
-    for (const auto& row : cases) platform::printer().print({{1, row.text}, {20, "|"}});
-    platform::printer().endDoc();
-    std::istringstream lines(sheetIn(document("Velmora.pdf")));
-    for (const auto& row : cases) {
-        const auto length = QString(row.printed).size();
-        std::string line;
-        std::getline(lines, line);
-        EXPECT_EQ(line, row.printed + std::string(static_cast<size_t>(19 - length), ' ') + "|") << row.what;
+    std::string expected;
+    for (const auto& [text, printed] : cases) {
+        platform::printer().print({{1, text}, {20, "|"}});
+        expected += printed + std::string(static_cast<size_t>(19 - QString(printed).size()), ' ') + "|\n";
     }
+    platform::printer().endDoc();
+    EXPECT_EQ(sheetIn(document()), expected);
 }
 
 TEST_F(Printing, WhatFindsNoRoom) {
@@ -256,7 +233,7 @@ TEST_F(Printing, WhatFindsNoRoom) {
         {{3, ruler.substr(0, 62)}, {platform::columnBehind, "A Z"}}};
     for (int line = 7; line <= 52; ++line) lines.push_back({{1, std::to_string(line)}});
     printLines(lines);
-    const std::string text = sheetIn(document("Velmora.pdf"));
+    const std::string text = sheetIn(document());
     EXPECT_EQ(text.substr(0, text.find("7\n")), ruler.substr(0, 66) + "\ntoo long\n    for it\n  " +
                                                     ruler.substr(0, 61) + "A Z\n  " + ruler.substr(0, 62) +
                                                     "\n  A Z\n");
@@ -265,7 +242,7 @@ TEST_F(Printing, WhatFindsNoRoom) {
 
 TEST_F(Printing, ThePaperIsTheUsualOne) {
     printLines({{{1, "x"}}});
-    const std::string text = outputOf("pdftotext", {"-bbox", QString::fromStdString(document("Velmora.pdf")), "-"});
+    const std::string text = outputOf("pdftotext", {"-bbox", document(), "-"});
     const bool inAmerica = qgetenv("LC_ALL") == "en_US.UTF-8";
     EXPECT_NE(text.find(inAmerica ? "<page width=\"612" : "<page width=\"595"), std::string::npos) << text;
     if (!inAmerica) passWith("VELMORA_TEST_LOCALE=en_US.UTF-8", "Printing.ThePaper*");
