@@ -20,8 +20,6 @@ using namespace platform;
 using namespace driver;
 using namespace key;
 
-constexpr int tab = Tab;
-
 void tap(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         QKeyEvent event(type, key, modifiers, text);
@@ -63,17 +61,15 @@ std::function<void(int&)> swap(int from, int to) {
     return [=](int& code) { code = code == from ? to : code; };
 }
 
-using Note = std::function<void(const std::string&)>;
-
 /// A dialog with two buttons and a spin button, in this order.
 struct Setting {
-    explicit Setting(const Note& note) {
+    Setting() {
         ok.makeDefault();
-        ok.onClick = [note] { note("OK"); };
+        ok.onClick = [this] { note("OK"); };
         cancel.makeCancel();
-        cancel.onClick = [note] { note("Cancel"); };
-        spin.onSpinUp = [note] { note("up"); };
-        spin.onSpinDown = [note] { note("down"); };
+        cancel.onClick = [this] { note("Cancel"); };
+        spin.onSpinUp = [this] { note("up"); };
+        spin.onSpinDown = [this] { note("down"); };
     }
 
     Form form;
@@ -81,6 +77,7 @@ struct Setting {
     CommandButton ok{panel, {5, 5, 40, 20}};
     CommandButton cancel{panel, {50, 5, 40, 20}};
     SpinButton spin{panel, {5, 25, 12, 20}};
+    std::function<void(const std::string&)> note;
 };
 
 /// A dialog with a field of each kind.
@@ -109,86 +106,67 @@ class Controls : public Contract {
   protected:
     void SetUp() override { showMain(); }
 
-    Note noteOf(const std::string& before = "") {
+    std::function<void(const std::string&)> noteOf(const std::string& before = "") {
         return [this, before](const std::string& what) { note(before + what); };
     }
 
     /// Does each in a dialog of its own, prepared so.
-    void expectRows(const std::vector<Row<Entry>>& rows, const std::function<void(Entry&)>& prepare,
-                    const std::function<std::string(Entry&)>& result) {
-        for (const Row<Entry>& row : rows) {
+    template <class Dialog>
+    void expectRows(const std::vector<Row<Dialog>>& rows, const std::function<void(Dialog&)>& prepare,
+                    const std::function<std::string(Dialog&)>& result) {
+        for (const Row<Dialog>& row : rows) {
             trace_.clear();
-            Entry entry;
-            inDialog(entry.form, [&] {
-                prepare(entry);
-                row.act(entry);
-                EXPECT_EQ(result(entry), row.result) << row.what;
+            Dialog dialog;
+            inDialog(dialog.form, [&] {
+                prepare(dialog);
+                row.act(dialog);
+                EXPECT_EQ(result(dialog), row.result) << row.what;
             });
+            for (const int code : {Enter, Escape, Space, Up, Tab}) keyUp(code);
         }
     }
 };
 
-TEST_F(Controls, KeysWorkTheButtons) {
-    struct {
-        std::vector<int> keys;
-        const char* trace;
-        int swallowedDown = 0;
-        int swallowedPress = 0;
-    } const rows[] = {
-        {{Enter}, "OK"},
-        {{Space}, "OK"},
-        {{Escape}, "Cancel"},
-        {{Right, Space}, "Cancel"},
-        {{Down, Left, Space}, "OK"},
-        {{tab, Enter}, "Cancel"},
-        {{tab, tab, Up, Up, Down}, "up, up, down"},
-        {{tab, tab, Pad8, Pad2, Pad2}, "up, down, down"},
-        {{tab, tab, Left, Right, Pad4, Pad6, Up}, "up"},
-        {{tab, tab, Space, Enter}, "OK"},
-        {{Enter, Escape}, "Cancel", Enter, 0},
-        {{Enter, Escape}, "Cancel", 0, Enter},
-        {{tab, Space}, "OK", tab, 0},
+TEST_F(Controls, KeysAndThePointerWorkTheButtons) {
+    const auto press = [](const std::vector<int>& codes) {
+        return [codes](Setting&) {
+            for (const int code : codes) pressKey(code);
+        };
     };
-    for (const auto& row : rows) {
-        trace_.clear();
-        Setting setting(noteOf());
-        setting.form.onKeyDown = swap(row.swallowedDown, 0);
-        setting.form.onKeyPress = swap(row.swallowedPress, 0);
-        inDialog(setting.form, [&] {
-            for (const int keyCode : row.keys) pressKey(keyCode);
-        });
-        EXPECT_EQ(trace_, row.trace) << "in row " << &row - rows;
-    }
-}
-
-TEST_F(Controls, HeldKeysAndThePointerWorkTheButtons) {
-    const Row<Setting> rows[] = {
+    const std::vector<Row<Setting>> rows = {
+        {"Enter", press({Enter}), "OK"},
+        {"Space", press({Space}), "OK"},
+        {"Escape", press({Escape}), "Cancel"},
+        {"an arrow goes on", press({Right, Space}), "Cancel"},
+        {"and back", press({Down, Left, Space}), "OK"},
+        {"Tab goes on", press({Tab, Enter}), "Cancel"},
+        {"arrows spin", press({Tab, Tab, Up, Up, Down}), "up, up, down"},
+        {"those of the pad too", press({Tab, Tab, Pad8, Pad2, Pad2}), "up, down, down"},
+        {"but not sideways", press({Tab, Tab, Left, Right, Pad4, Pad6, Up}), "up"},
+        {"neither do others", press({Tab, Tab, Space, Enter}), "OK"},
+        {"the form swallows Enter", [](Setting& s) { s.form.onKeyDown = swap(Enter, 0), pressKey(Enter); }, ""},
+        {"or its character", [](Setting& s) { s.form.onKeyPress = swap(Enter, 0), pressKey(Enter); }, ""},
+        {"or Tab", [](Setting& s) { s.form.onKeyDown = swap(Tab, 0), pressKey(Tab), pressKey(Space); }, "OK"},
         {"Enter presses once", [](Setting&) { keyDown(Enter), keyDown(Enter); }, "OK"},
         {"Escape presses once", [](Setting&) { keyDown(Escape), keyDown(Escape); }, "Cancel"},
         {"and then presses once", [](Setting&) { keyDown(Space), keyDown(Space), keyUp(Space); }, "OK"},
         {"Space let go on another control", [](Setting&) { keyDown(Space), pressKey(Tab), keyUp(Space); }, ""},
         {"an arrow spins again and again", [](Setting& s) { s.spin.setFocus(), keyDown(Up), keyDown(Up); }, "up, up"},
-        {"Shift+Tab goes back", [](Setting&) { pressShiftTab(), pressKey(Up), pressShiftTab(), pressKey(Space); },
-         "up, Cancel"},
+        {"Shift+Tab", [](Setting&) { pressShiftTab(), pressKey(Up), pressShiftTab(), pressKey(Space); }, "up, Cancel"},
         {"a click gives the focus", [](Setting& s) { click(s.cancel), pressKey(Enter); }, "Cancel, Cancel"},
-        {"a disabled button answers no Enter",
-         [](Setting& s) { s.ok.setEnabled(false), s.spin.setFocus(), pressKey(Enter); }, ""},
+        {"a disabled button", [](Setting& s) { s.ok.setEnabled(false), s.spin.setFocus(), pressKey(Enter); }, ""},
         {"the focus leaves what is disabled", [](Setting& s) { s.ok.setEnabled(false), pressKey(Space); }, "Cancel"},
         {"another tab order", [](Setting& s) { s.spin.setTabIndex(1), pressKey(Tab), pressKey(Up); }, "up"},
-        {"the pressed button has the focus", [](Setting&) { pressKey(Escape), pressKey(Space); }, "Cancel, Cancel"},
+        {"the pressed button has the focus", press({Escape, Space}), "Cancel, Cancel"},
     };
-    for (const auto& row : rows) {
-        trace_.clear();
-        Setting setting(noteOf());
-        inDialog(setting.form, [&] { row.act(setting); });
-        EXPECT_EQ(trace_, row.result) << row.what;
-        for (const int code : {Enter, Escape, Space, Up, Tab}) keyUp(code);
-    }
+    expectRows<Setting>(
+        rows, [this](Setting& s) { s.note = noteOf(); }, [this](Setting&) { return trace_; });
 }
 
 TEST_F(Controls, ADialogAboveHasThemToItself) {
-    Setting below(noteOf("below "));
-    Setting above(noteOf("above "));
+    Setting below, above;
+    below.note = noteOf("below ");
+    above.note = noteOf("above ");
     below.form.onLoad = [&] { note("below loads"); };
     below.form.onActivate = [&] { note("below on top"); };
     below.ok.onGotFocus = [&] { note("its first control"); };
@@ -243,7 +221,7 @@ TEST_F(Controls, TypedTextPassesTheHandlersAndPastedTextKeepsToTheLimit) {
          [](Entry& e) { e.name.setText("12"), e.name.onKeyPress = swap('2', 0), pressKey(8); }, "1"},
         {"a disabled box", [](Entry& e) { e.name.setEnabled(false), typeText("a"); }, ""},
     };
-    expectRows(
+    expectRows<Entry>(
         rows, [](Entry&) {}, [](Entry& e) { return e.name.text(); });
 }
 
@@ -281,7 +259,7 @@ TEST_F(Controls, HandlersFollowTheFocus) {
          },
          "name up 13, name leaves, town gets it, town up 9"},
     };
-    expectRows(rows, notePlaces, [this](Entry&) { return run(200), trace_; });
+    expectRows<Entry>(rows, notePlaces, [this](Entry&) { return run(200), trace_; });
 }
 
 TEST_F(Controls, TheMaskTakesDigitsAtItsPlaces) {
@@ -293,7 +271,7 @@ TEST_F(Controls, TheMaskTakesDigitsAtItsPlaces) {
         {"the filter comes first", [](Entry& e) { e.zip.onKeyPress = swap('1', 0), typeText("1"), composeText("1"); },
          "     "},
     };
-    expectRows(
+    expectRows<Entry>(
         rows, [](Entry& e) { e.zip.setFocus(); }, [](Entry& e) { return e.zip.text(); });
 }
 
@@ -311,7 +289,7 @@ TEST_F(Controls, KeysChooseARow) {
         EXPECT_EQ(qt::faceOf<QComboBox>(e.state)->currentIndex(), -1) << "none is chosen at first";
         e.state.setFocus();
     };
-    expectRows(rows, fill, [](Entry& e) { return e.state.text(); });
+    expectRows<Entry>(rows, fill, [](Entry& e) { return e.state.text(); });
 }
 
 TEST_F(Controls, BoxesAndOptionsAreTickedAndChosen) {
@@ -338,7 +316,7 @@ TEST_F(Controls, BoxesAndOptionsAreTickedAndChosen) {
         e.far.onClick = [this] { note("far"); };
         e.print.onClick = [this] { note("print"); };
     };
-    expectRows(rows, notePresses, [this](Entry& e) {
+    expectRows<Entry>(rows, notePresses, [this](Entry& e) {
         run(200);
         trace_ += ' ';
         for (const bool value : {e.copy.value(), e.near.value(), e.far.value()}) trace_ += value ? '1' : '0';
@@ -349,23 +327,17 @@ TEST_F(Controls, BoxesAndOptionsAreTickedAndChosen) {
 TEST_F(Controls, APanelTakesItsSizeFromItsCaption) {
     Panel panel(main_->form, {10, 20, 100, 17});
     const QWidget& face = *panel.impl().widget();
-    const PanelLook cut{Bevel::Inset, Bevel::None, 2, 0xC0C0C0, 0, Align::Left, Fit::Cut};
-    PanelLook high = cut, wide = cut;
-    high.fit = Fit::Height;
-    wide.fit = Fit::Width;
+    const auto sizeWith = [&](Fit fit, const char* caption) {
+        panel.setLook({Bevel::Inset, Bevel::None, 2, 0xC0C0C0, 0, Align::Left, fit});
+        panel.setCaption(caption);
+        return face.size();
+    };
     panel.setFont({"Times New Roman", 9.75, true});
-    panel.setLook(high);
-    panel.setCaption("Amount");
-    const int oneLine = face.height() - 4;
-    panel.setCaption("Amount to be paid at once");
-    EXPECT_EQ(face.height(), 2 * oneLine + 4) << "two lines";
-    EXPECT_EQ(face.width(), 100);
-    panel.setLook(wide);
-    const int before = face.width();
-    panel.setCaption("Amount to be paid at once, in cash");
-    EXPECT_GT(face.width(), before);
-    panel.setCaption("");
-    EXPECT_EQ(face.width(), 4) << "the bevels alone";
+    const int oneLine = sizeWith(Fit::Height, "Amount").height() - 4;
+    EXPECT_EQ(sizeWith(Fit::Height, "Amount to be paid at once"), QSize(100, 2 * oneLine + 4)) << "two lines";
+    const int before = sizeWith(Fit::Width, "Amount to be paid at once").width();
+    EXPECT_GT(sizeWith(Fit::Width, "Amount to be paid at once, in cash").width(), before);
+    EXPECT_EQ(sizeWith(Fit::Width, "").width(), 4) << "the bevels alone";
 }
 
 }  // namespace
