@@ -28,39 +28,7 @@ TEST_F(Commands, TogglesRewriteTheirToolTipAndComeBack) {
     }
 }
 
-TEST_F(Commands, WhatHoldsAndWhatSetsGoing) {
-    struct {
-        const char* what;
-        std::vector<int> buttons;
-        bool running;
-    } const cases[] = {
-        {"pause", {Button::Pause}, false},
-        {"pause twice", {Button::Pause, Button::Pause}, true},
-        {"stop", {Button::Stop}, false},
-        {"stop and pause", {Button::Stop, Button::Pause}, true},
-        {"stop and high scores", {Button::Stop, Button::HighScores}, true},
-        {"pause and about", {Button::Pause, Button::About}, true},
-        {"order", {Button::Order}, true},
-        {"help", {Button::Help}, true},
-        {"the gap", {Button::Gap}, true},
-    };
-    for (const auto& row : cases) {
-        beginHand();
-        for (const int button : row.buttons) {
-            if (button != Button::About && button != Button::HighScores && button != Button::Order)
-                sim::clickToolButton(button);
-            else
-                inDialog(button, [this] {
-                    EXPECT_FALSE(game->Timer1.enabled());
-                    sim::pressKey(platform::key::Escape);
-                });
-        }
-        EXPECT_EQ(game->Timer1.enabled(), row.running) << row.what;
-        EXPECT_TRUE(game->mblnGameRunning) << row.what;
-    }
-}
-
-TEST_F(Commands, TheLineTellsHowThingsStand) {
+TEST_F(Commands, WhatHoldsAndWhatSetsGoingIsTold) {
     const auto press = [](int button) { return [button] { sim::clickToolButton(button); }; };
     const auto end = [this](int row, int tilesDropped, int handCount) {
         return [=, this] {
@@ -72,7 +40,14 @@ TEST_F(Commands, TheLineTellsHowThingsStand) {
             game->Timer1_Timer();
         };
     };
-    const auto highScores = [] { inDialog(Button::HighScores, [] { sim::pressKey(platform::key::Escape); }); };
+    const auto read = [this](int button) {
+        return [button, this] {
+            inDialog(button, [this] {
+                EXPECT_FALSE(game->Timer1.enabled());
+                sim::pressKey(platform::key::Escape);
+            });
+        };
+    };
     const auto pass = [this] {
         setBoard({"c3 c3 . . . . . . ."});
         land("c3", 3, [this] {
@@ -84,25 +59,32 @@ TEST_F(Commands, TheLineTellsHowThingsStand) {
         const char* what;
         std::function<void()> action;
         const char* told;
+        bool running;
     } rows[] = {
-        {"as it opens", [] {}, "Start Anew (F2) begins a match"},
-        {"Pause before a match", press(Button::Pause), "Start Anew (F2) begins a match"},
-        {"Stop before a match", press(Button::Stop), "Start Anew (F2) begins a match"},
-        {"a dialog before a match", highScores, "Start Anew (F2) begins a match"},
-        {"a match begins", [this] { startMatch(); }, ""},
-        {"Pause", press(Button::Pause), "Paused"},
-        {"Pause again", press(Button::Pause), ""},
-        {"Stop", press(Button::Stop), "Stopped"},
-        {"a dialog sets the game going", highScores, ""},
-        {"an offer was passed", pass, ""},
-        {"a won hand", end(12, 20, 14), ""},
-        {"the entry is taken", end(1, 20, 13), "The hand is lost: the entry is taken"},
-        {"not yet two seconds", [] { sim::runFor(1999); }, "The hand is lost: the entry is taken"},
-        {"two seconds", [] { sim::runFor(1); }, ""},
-        {"the last tile", end(12, 143, 13), "The hand is lost: it was the last tile"},
-        {"Pause at once", press(Button::Pause), "Paused"},
-        {"Pause stays", [] { sim::runFor(3000); }, "Paused"},
-        {"another match", [this] { startMatch(); }, ""},
+        {"as it opens", [] {}, "Start Anew (F2) begins a match", false},
+        {"Pause before a match", press(Button::Pause), "Start Anew (F2) begins a match", false},
+        {"Stop before a match", press(Button::Stop), "Start Anew (F2) begins a match", false},
+        {"a dialog before a match", read(Button::HighScores), "Start Anew (F2) begins a match", false},
+        {"a match begins", [this] { startMatch(); }, "", true},
+        {"Pause", press(Button::Pause), "Paused", false},
+        {"Pause again", press(Button::Pause), "", true},
+        {"Stop", press(Button::Stop), "Stopped", false},
+        {"Pause after Stop", press(Button::Pause), "", true},
+        {"Stop", press(Button::Stop), "Stopped", false},
+        {"a dialog sets the game going", read(Button::HighScores), "", true},
+        {"the order form", read(Button::Order), "", true},
+        {"the help", press(Button::Help), "", true},
+        {"the gap", press(Button::Gap), "", true},
+        {"an offer was passed", pass, "", true},
+        {"a won hand", end(12, 20, 14), "", true},
+        {"the entry is taken", end(1, 20, 13), "The hand is lost: the entry is taken", true},
+        {"not yet two seconds", [] { sim::runFor(1999); }, "The hand is lost: the entry is taken", true},
+        {"two seconds", [] { sim::runFor(1); }, "", true},
+        {"the last tile", end(12, 143, 13), "The hand is lost: it was the last tile", true},
+        {"Pause at once", press(Button::Pause), "Paused", false},
+        {"Pause stays", [] { sim::runFor(3000); }, "Paused", false},
+        {"the about box", read(Button::About), "", true},
+        {"another match", [this] { startMatch(); }, "", true},
     };
     std::vector<std::string> told;
     sim::setScreenReader(true);
@@ -110,6 +92,7 @@ TEST_F(Commands, TheLineTellsHowThingsStand) {
         const std::string before = game->lblHint.text();
         row.action();
         EXPECT_EQ(game->lblHint.text(), row.told) << row.what;
+        EXPECT_EQ(game->Timer1.enabled(), row.running) << row.what;
         if (before != row.told && *row.told != 0) told.push_back(row.told);
     }
     for (const std::string& text : told)

@@ -199,17 +199,12 @@ TEST_F(Dialogs, TheBreakDownListsItsItemsOnTheTable) {
     glngHandPoints = 1638400;
     auto expected =
         ExpectedTable().seats(1, 1, 1).score("0").tile(5, 1, "c1").dialog("102", 64, 222).repeatRow(64, 550, 667);
-    const auto print = [&](int x, int y, int shadowX, const std::string& text, bool shadow) {
-        expected.text({text,
-                       64 + (shadow ? shadowX : x),
-                       222 + y - (shadow ? 1 : 0),
-                       {"Wonton ICG", 11, true},
-                       shadow ? 0x404040u : 0x00FFFFu});
-    };
     const auto printPair = [&](int x, int y, const std::string& left, int rightX, const std::string& right) {
-        for (const bool shadow : {true, false}) {
-            print(x, y, x - 1, left, shadow);
-            print(rightX, y, rightX, right, shadow);
+        for (const int shadow : {1, 0}) {
+            const platform::Font font = {"Wonton ICG", 11, true};
+            const platform::Color color = shadow == 1 ? 0x404040 : 0x00FFFF;
+            expected.text({left, 64 + x - shadow, 222 + y - shadow, font, color});
+            expected.text({right, 64 + rightX, 222 + y - shadow, font, color});
         }
     };
     for (int i = 0; i < 8; ++i) printPair(i < 6 ? 38 : 354, 55 + 38 * (i % 6), items[i], i < 6 ? 249 : 566, doubles[i]);
@@ -225,26 +220,25 @@ TEST_F(Dialogs, TheBreakDownListsItsItemsOnTheTable) {
 
 TEST_F(Dialogs, TheRoundsSettingShowsEachChange) {
     gintNumRounds = 2;
-    const auto shows = [](const std::string& rounds) { EXPECT_EQ(gfrmRoundsSetting->sspNumRounds.caption(), rounds); };
+    const auto spin = [](int times, const std::string& rounds) {
+        for (int i = 0; i < std::abs(times); ++i)
+            (times > 0 ? gfrmRoundsSetting->SpinButton1.onSpinUp : gfrmRoundsSetting->SpinButton1.onSpinDown)();
+        EXPECT_EQ(gfrmRoundsSetting->sspNumRounds.caption(), rounds);
+    };
     inDialog(Button::RoundsSetting, [&] {
-        shows("2");
-        for (int click = 0; click < 2; ++click) {
-            gfrmRoundsSetting->SpinButton1.onSpinDown();
-            shows("1");
-        }
+        spin(0, "2");
+        spin(-1, "1");
+        spin(-1, "1");
+        spin(1, "2");
         expectDeaf({'1', 'O', Left, Right});
-        for (int click = 0; click < 98; ++click) gfrmRoundsSetting->SpinButton1.onSpinUp();
-        shows("99");
-        for (int click = 0; click < 2; ++click) {
-            gfrmRoundsSetting->SpinButton1.onSpinUp();
-            shows("100");
-        }
+        spin(97, "99");
+        spin(1, "100");
+        spin(1, "100");
         sim::press(gfrmRoundsSetting->cmdCancel);
     });
     EXPECT_EQ(gintNumRounds, 2);
     inDialog(Button::RoundsSetting, [&] {
-        shows("2");
-        gfrmRoundsSetting->SpinButton1.onSpinUp();
+        spin(1, "3");
         sim::press(gfrmRoundsSetting->cmdOK);
     });
     EXPECT_EQ(gintNumRounds, 3);

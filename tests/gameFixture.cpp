@@ -7,26 +7,6 @@
 #include "platform/sim/simulation.h"
 #include "play/frmChooseTiles.h"
 
-int16_t kindOf(const std::string& name) {
-    static const std::string honours = "ESWNRGB";
-    const auto digit = [&] { return name.size() == 2 ? name[1] - '0' : 0; };
-    switch (name.empty() ? ' ' : name[0]) {
-        case 'c':
-            return narrow16(digit());
-        case 'b':
-            return narrow16(9 + digit());
-        case 'w':
-            return narrow16(18 + digit());
-        case 's':
-            return narrow16(34 + digit());
-        case 'f':
-            return narrow16(38 + digit());
-        default:
-            EXPECT_NE(honours.find(name), std::string::npos) << "no tile is called " << name;
-            return narrow16(28 + static_cast<int>(honours.find(name)));
-    }
-}
-
 std::vector<std::string> words(const std::string& text) {
     std::istringstream in(text);
     std::vector<std::string> result;
@@ -34,20 +14,14 @@ std::vector<std::string> words(const std::string& text) {
     return result;
 }
 
-std::ostream& operator<<(std::ostream& out, const Candidate& candidate) {
-    return out << candidate.tiles << " at row " << candidate.row << " column " << candidate.column;
-}
-
-std::string tileName(const CellInfo& place) {
-    if (!place.Filled) return ".";
-    const TileKind& tile = place.Tile;
-    const auto digit = [](int number) { return static_cast<char>('0' + number); };
-    if (tile.Suit > 0) return {"cbw"[tile.Suit - 1], digit(tile.Number)};
-    if (tile.Number > 0) return {"ESWNRGB"[tile.Number - 10]};
-    return {tile.Bonus <= 4 ? 's' : 'f', digit((tile.Bonus - 1) % 4 + 1)};
-}
-
 namespace {
+
+const std::vector<std::string>& kindNames() {
+    static const auto names = words(
+        "c1 c2 c3 c4 c5 c6 c7 c8 c9 b1 b2 b3 b4 b5 b6 b7 b8 b9 w1 w2 w3 w4 w5 w6 w7 w8 w9 "
+        "E S W N R G B s1 s2 s3 s4 f1 f2 f3 f4");
+    return names;
+}
 
 int16_t firstTileOf(const frmMain& game, int16_t kind) {
     for (int16_t tile = 1; tile <= tileCount; ++tile)
@@ -56,6 +30,18 @@ int16_t firstTileOf(const frmMain& game, int16_t kind) {
 }
 
 }  // namespace
+
+int16_t kindOf(const std::string& name) {
+    const auto found = std::ranges::find(kindNames(), name);
+    EXPECT_NE(found, kindNames().end()) << "no tile is called " << name;
+    return narrow16(static_cast<int>(found - kindNames().begin()) + 1);
+}
+
+std::string tileName(const CellInfo& place) { return place.Filled ? kindNames().at(place.Tile.KindIdx - 1) : "."; }
+
+std::ostream& operator<<(std::ostream& out, const Candidate& candidate) {
+    return out << candidate.tiles << " at row " << candidate.row << " column " << candidate.column;
+}
 
 void GameFixture::SetUp() {
     sim::switchOn(1);
