@@ -12,18 +12,17 @@ namespace platform::qt {
 using sequencer::State;
 
 uint64_t SoundThread::begin(const std::string& file) {
-    std::unique_lock lock(mutex_);
-    const uint64_t performance = requests_.music.performance + 1;
-    requests_.music = {performance, file, true};
-    request(std::move(lock));
-    return performance;
+    const std::lock_guard lock(mutex_);
+    requests_.music = {requests_.music.performance + 1, file, true};
+    request();
+    return requests_.music.performance;
 }
 
 void SoundThread::setPlaying(uint64_t performance, bool playing) {
-    std::unique_lock lock(mutex_);
+    const std::lock_guard lock(mutex_);
     if (performance != requests_.music.performance) return;
     requests_.music.playing = playing;
-    request(std::move(lock));
+    request();
 }
 
 State SoundThread::stateOf(uint64_t performance) {
@@ -33,33 +32,27 @@ State SoundThread::stateOf(uint64_t performance) {
 }
 
 void SoundThread::playSound(const std::string& file) {
-    std::unique_lock lock(mutex_);
+    const std::lock_guard lock(mutex_);
     requests_.sounds.push_back(file);
-    request(std::move(lock));
+    request();
 }
 
-void SoundThread::request(std::unique_lock<std::mutex> lock) {
-    if (ending_) return;
+/// Tells the thread that there is something to do.
+void SoundThread::request() {
+    if (thread_.get_stop_token().stop_requested()) return;
     changes_ = true;
-    if (!thread_.joinable()) thread_ = std::thread([this] { run(); });
-    lock.unlock();
+    if (!thread_.joinable()) thread_ = std::jthread([this](const std::stop_token& end) { run(end); });
     changed_.notify_one();
 }
 
 void SoundThread::end() {
-    {
-        const std::lock_guard lock(mutex_);
-        ending_ = true;
-    }
-    changed_.notify_one();
+    thread_.request_stop();
     if (thread_.joinable()) thread_.join();
 }
 
-void SoundThread::run() {
+void SoundThread::run(const std::stop_token& end) {
     std::unique_lock lock(mutex_);
-    while (!ending_) {
-        changed_.wait(lock, [this] { return changes_ || ending_; });
-        if (ending_) break;
+    while (changed_.wait(lock, end, [this] { return changes_; }) && !end.stop_requested()) {
         changes_ = false;
         const Requests requests{requests_.music, std::exchange(requests_.sounds, {}),
                                 std::exchange(requests_.quiet, false)};
@@ -108,8 +101,7 @@ void SoundThread::tellEnded(uint64_t performance) {
 void SoundThread::tellQuiet() {
     const std::lock_guard lock(mutex_);
     requests_.quiet = true;
-    changes_ = true;
-    changed_.notify_one();
+    request();
 }
 
 }  // namespace platform::qt

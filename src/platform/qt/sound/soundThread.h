@@ -40,8 +40,8 @@ class SoundThread {
         bool quiet = false;  // the mixer has told so
     };
 
-    void request(std::unique_lock<std::mutex> lock);
-    void run();
+    void request();
+    void run(const std::stop_token& end);
     void carryOut(const Requests& requests);
     bool carryOut(const Music& wanted);
     void makeMixer();
@@ -49,11 +49,10 @@ class SoundThread {
     void tellQuiet();
 
     std::mutex mutex_;  // held for moments only; guards what follows
-    std::condition_variable changed_;
-    std::thread thread_;
+    std::condition_variable_any changed_;
+    std::jthread thread_;
     Requests requests_;
     bool changes_ = false;
-    bool ending_ = false;
     uint64_t ended_ = 0;   // the last performance that came to the end of its piece
     uint64_t failed_ = 0;  // the last one that couldn't be heard
 

@@ -1,12 +1,17 @@
 #include "platform/qt/sound/module/mixer.h"
 
+#include <SDL.h>
+#include <dlfcn.h>
+
 #include <algorithm>
 #include <cmath>
+#include <memory>
+#include <mutex>
 #include <span>
 #include <utility>
 #include <vector>
 
-#include "platform/qt/sound/module/device.h"
+#include "platform/base/files.h"
 #include "platform/qt/sound/module/limiter.h"
 #include "platform/qt/sound/module/music.h"
 #include "platform/qt/sound/module/samples.h"
@@ -16,6 +21,100 @@ namespace {
 
 constexpr float soundGain = 1.8F;         // thunder is then 13 LU above the music in its loudest moment
 constexpr int framesToRest = sampleRate;  // of silence, until the device may be closed
+
+constexpr Uint16 bufferFrames = 2048;
+
+void sayNothing(const char*, int, const char*, int, const char*, ...) {}
+
+/// Keeps ALSA, one of SDL's ways to a device, from writing to the terminal that there is none.
+void hushAlsa() {
+    using SetHandler = int (*)(decltype(&sayNothing));
+    void* const alsa = dlopen("libasound.so.2", RTLD_NOW | RTLD_NOLOAD);
+    if (alsa == nullptr) return;
+    const auto setHandler = reinterpret_cast<SetHandler>(dlsym(alsa, "snd_lib_error_set_handler"));
+    if (setHandler != nullptr) setHandler(sayNothing);
+}
+
+/// The sound device. While it is closed nothing of it is left, no thread and no connection. While it is locked, it asks
+/// for no frames.
+class Device {
+  public:
+    /// The filler writes the next frames, from the device's own thread. The name is shown beside its volume.
+    Device(const std::string& programName, std::function<void(std::span<float> samples)> filler)
+        : filler_(std::move(filler)) {
+        hushAlsa();
+        SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+        SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, programName.c_str());
+        SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_NAME, programName.c_str());
+    }
+    ~Device() {
+        close();
+        SDL_Quit();
+    }
+    Device(const Device&) = delete;
+    Device& operator=(const Device&) = delete;
+
+    bool open();            ///< From now on it asks for frames; false if it can't be had.
+    void close();           ///< Plays out what it has been given. Nothing if it isn't open.
+    void closeVanished() {  ///< Closes it if it was open and has been taken away.
+        if (SDL_GetAudioDeviceStatus(id_) == SDL_AUDIO_STOPPED) close();
+    }
+    void lock() { SDL_LockAudioDevice(id_); }
+    void unlock() { SDL_UnlockAudioDevice(id_); }
+
+  private:
+    static void SDLCALL fill(void* self, Uint8* bytes, int length) {
+        const auto samples = static_cast<size_t>(length) / sizeof(float);
+        static_cast<Device*>(self)->filler_({reinterpret_cast<float*>(bytes), samples});
+    }
+
+    std::function<void(std::span<float> samples)> filler_;
+    SDL_AudioDeviceID id_ = 0;
+};
+
+bool Device::open() {
+    if (id_ != 0) return true;
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
+    SDL_AudioSpec wanted{};
+    wanted.freq = sampleRate;
+    wanted.format = AUDIO_F32SYS;
+    wanted.channels = channels;
+    wanted.samples = bufferFrames;
+    wanted.callback = fill;
+    wanted.userdata = this;
+    id_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+    if (id_ == 0) SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    SDL_PauseAudioDevice(id_, 0);
+    return id_ != 0;
+}
+
+void Device::close() {
+    if (id_ == 0) return;
+    SDL_CloseAudioDevice(std::exchange(id_, 0));
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+}
+
+std::vector<float> converted(const SDL_AudioSpec& from, const Uint8* bytes, int length) {
+    const std::unique_ptr<SDL_AudioStream, decltype(&SDL_FreeAudioStream)> stream(
+        SDL_NewAudioStream(from.format, from.channels, from.freq, AUDIO_F32SYS, channels, sampleRate),
+        SDL_FreeAudioStream);
+    if (!stream || SDL_AudioStreamPut(stream.get(), bytes, length) != 0) return {};
+    SDL_AudioStreamFlush(stream.get());
+    std::vector<float> samples(static_cast<size_t>(SDL_AudioStreamAvailable(stream.get())) / sizeof(float));
+    SDL_AudioStreamGet(stream.get(), samples.data(), static_cast<int>(samples.size() * sizeof(float)));
+    return samples;
+}
+
+/// The samples of a wave file; empty if it is missing or corrupt.
+std::vector<float> samplesOf(const std::string& waveFile) {
+    SDL_AudioSpec format{};
+    Uint8* bytes = nullptr;
+    Uint32 length = 0;
+    if (!isOrdinaryFile(waveFile) || SDL_LoadWAV(waveFile.c_str(), &format, &bytes, &length) == nullptr) return {};
+    auto samples = converted(format, bytes, static_cast<int>(length));
+    SDL_FreeWAV(bytes);
+    return samples;
+}
 
 /// A sound on its way out.
 struct Sound {
@@ -33,8 +132,7 @@ struct Sound {
 class ModuleMixer final : public Mixer {
   public:
     ModuleMixer(const std::string& programName, MixerEvents events)
-        : events_(std::move(events)),
-          device_(programName, [this](float* samples, int frames) { mix(samples, frames); }) {}
+        : events_(std::move(events)), device_(programName, [this](std::span<float> samples) { mix(samples); }) {}
 
     bool begin(const std::string& file, uint64_t performance) override;
     void pause() override;
@@ -46,7 +144,7 @@ class ModuleMixer final : public Mixer {
     void makeRoomFor(const std::string& file);
     bool openDevice();
     void add(std::vector<float> samples);
-    void mix(float* samples, int frames);
+    void mix(std::span<float> samples);
     void noteSilence(std::span<const float> samples);
 
     MixerEvents events_;
@@ -62,7 +160,7 @@ bool ModuleMixer::begin(const std::string& file, uint64_t performance) {
     makeRoomFor(file);
     if (!music_.load(file)) return false;
     {
-        const Device::Hold hold(device_);
+        const std::lock_guard hold(device_);
         music_.begin(performance);
         silentFrames_ = 0;
     }
@@ -70,12 +168,12 @@ bool ModuleMixer::begin(const std::string& file, uint64_t performance) {
 }
 
 void ModuleMixer::pause() {
-    const Device::Hold hold(device_);
+    const std::lock_guard hold(device_);
     add(music_.silence());
 }
 
 void ModuleMixer::makeRoomFor(const std::string& file) {
-    const Device::Hold hold(device_);
+    const std::lock_guard hold(device_);
     if (music_.going() || !music_.isLoaded(file)) add(music_.silence());
 }
 
@@ -83,7 +181,7 @@ bool ModuleMixer::resume() {
     if (!music_.begun()) return false;
     device_.closeVanished();
     {
-        const Device::Hold hold(device_);
+        const std::lock_guard hold(device_);
         music_.resume();
         silentFrames_ = 0;
     }
@@ -96,7 +194,7 @@ void ModuleMixer::playSound(const std::string& file) {
     if (samples.empty()) return;
     for (float& sample : samples) sample *= soundGain;
     {
-        const Device::Hold hold(device_);
+        const std::lock_guard hold(device_);
         add(std::move(samples));
         silentFrames_ = 0;
     }
@@ -113,7 +211,7 @@ bool ModuleMixer::openDevice() {
 
 void ModuleMixer::rest() {
     const bool quiet = [this] {
-        const Device::Hold hold(device_);
+        const std::lock_guard hold(device_);
         return silentFrames_ >= framesToRest;
     }();
     if (quiet) device_.close();
@@ -123,16 +221,15 @@ void ModuleMixer::add(std::vector<float> samples) {
     if (!samples.empty()) sounds_.push_back({std::move(samples)});
 }
 
-void ModuleMixer::mix(float* samples, int frames) {
-    const std::span<float> out(samples, static_cast<size_t>(frames) * channels);
-    std::ranges::fill(out, 0.0F);
+void ModuleMixer::mix(std::span<float> samples) {
+    std::ranges::fill(samples, 0.0F);
     const bool wentOn = music_.going();
-    music_.render(samples, frames);
+    music_.render(samples.data(), static_cast<int>(samples.size()) / channels);
     if (wentOn && !music_.going()) events_.ended(music_.performance());
-    for (Sound& sound : sounds_) sound.addTo(out);
+    for (Sound& sound : sounds_) sound.addTo(samples);
     std::erase_if(sounds_, [](const Sound& sound) { return sound.over(); });
-    limiter_.pass(out);
-    noteSilence(out);
+    limiter_.pass(samples);
+    noteSilence(samples);
 }
 
 void ModuleMixer::noteSilence(std::span<const float> samples) {

@@ -7,6 +7,7 @@
 #include <iterator>
 #include <sstream>
 
+#include "platform/base/files.h"
 #include "platform/qt/sound/module/samples.h"
 
 namespace platform::qt {
