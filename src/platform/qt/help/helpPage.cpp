@@ -74,39 +74,34 @@ HelpPage::HelpPage(MakeHelpPicture makePicture) : makePicture_(makePicture) {
     connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int /*least*/, int most) {
         setHorizontalScrollBarPolicy(most > roundedUp ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
     });
-    connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { jumpTo(link.fragment()); });
+    connect(this, &QTextBrowser::anchorClicked, this, &HelpPage::follow);
 }
 
 void HelpPage::setText(const QString& markdown) {
     setMarkdown(markdown);
     document()->setDocumentMargin(textMargin);
-    nameHeadings();
+    listHeadings();
     formatAll();
     moveCursor(QTextCursor::Start);
 }
 
-void HelpPage::nameHeadings() {
+void HelpPage::listHeadings() {
     headings_.clear();
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        const int level = block.blockFormat().headingLevel();
-        if (level == 0) continue;
-        headings_.push_back({block.text(), level, anchorOf(block.text()), block.position()});
-        QTextCursor text(block);
-        text.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
-        QTextCharFormat named;
-        named.setAnchor(true);
-        named.setAnchorNames({headings_.back().anchor});
-        text.mergeCharFormat(named);
-    }
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        if (const int level = block.blockFormat().headingLevel(); level > 0)
+            headings_.push_back({block.text(), level, block.position()});
 }
 
-void HelpPage::jumpTo(const QString& anchor) {
-    const auto heading = std::ranges::find(headings_, anchor, &Heading::anchor);
-    if (heading == headings_.end()) return;
+void HelpPage::follow(const QUrl& link) {
+    for (const Heading& heading : headings_)
+        if (anchorOf(heading.text) == link.fragment()) return jumpTo(heading.position);
+}
+
+void HelpPage::jumpTo(int position) {
     QTextCursor place(document());
-    place.setPosition(heading->position);
+    place.setPosition(position);
     setTextCursor(place);  // A search goes on from here.
-    scrollToAnchor(anchor);
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect().top());
 }
 
 void HelpPage::showPlace(const QTextCursor& place) {

@@ -11,9 +11,8 @@ namespace platform::qt {
 /// A heading of the help text.
 struct Heading {
     QString text;
-    int level;       ///< From 1, the title.
-    QString anchor;  ///< What links to it say behind their "#".
-    int position;    ///< Of its first character in the text.
+    int level;     ///< From 1, the title.
+    int position;  ///< Of its first character in the text.
 };
 
 /// The help text as it is read: Markdown with links between its headings, tables, and pictures made by name. Its look
@@ -24,7 +23,7 @@ class HelpPage : public QTextBrowser {
 
     void setText(const QString& markdown);                              ///< Shows it from its beginning.
     const std::vector<Heading>& headings() const { return headings_; }  ///< In the order of the text.
-    void jumpTo(const QString& anchor);                                 ///< Brings that heading to the top.
+    void jumpTo(int position);                                          ///< Brings that heading to the top.
     void showPlace(const QTextCursor& place);                           ///< In the middle, if it wasn't in sight.
     void changeType(int steps);  ///< So many steps larger, or smaller if below 0, as far as the range of sizes goes.
     void resetType();            ///< The size at first.
@@ -35,7 +34,8 @@ class HelpPage : public QTextBrowser {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
-    void nameHeadings();
+    void listHeadings();
+    void follow(const QUrl& link);
     void setTypeStep(int step);
     void formatAll();
     void formatBlock(const QTextBlock& block);

@@ -53,7 +53,7 @@ HelpWindow::HelpWindow(MakeHelpPicture makePicture)
     page_->setAccessibleName("Help text");
     fillToolBar();
     const auto jump = [this](const QTreeWidgetItem* item) {
-        if (item) page_->jumpTo(item->data(0, Qt::UserRole).toString());
+        if (item) page_->jumpTo(item->data(0, Qt::UserRole).toInt());
     };
     connect(contents_, &QTreeWidget::currentItemChanged, this, jump);
     connect(contents_, &QTreeWidget::itemClicked, this, jump);  // Also once more on the one that it stands on.
@@ -128,7 +128,7 @@ void HelpWindow::fillContents() {
         while (!above.empty() && above.back().first >= level) above.pop_back();
         QTreeWidgetItem* const parent = above.empty() ? contents_->invisibleRootItem() : above.back().second;
         auto* const item = new QTreeWidgetItem(parent, {heading.text});
-        item->setData(0, Qt::UserRole, heading.anchor);
+        item->setData(0, Qt::UserRole, heading.position);
         above.emplace_back(level, item);
     }
     contents_->expandAll();

@@ -1,10 +1,20 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QLibrary>
 #include <QLocale>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QStandardPaths>
+#include <QTemporaryFile>
+#include <cerrno>
 #include <exception>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/base/runtime.h"
-#include "platform/qt/print/module/delivery.h"
 #include "platform/qt/print/module/page.h"
 
 namespace platform::qt {
@@ -12,6 +22,62 @@ namespace {
 
 constexpr double margin = 18;  // points, a quarter of an inch: what any printer can print within
 constexpr int printerErrorNumber = 482;
+constexpr int cupsVersion = 2;
+
+/// A function of the library that Qt's own printing goes by; fails with number 482 if it isn't there.
+template <class Function>
+Function* cupsFunction(const char* name) {
+    const auto found = QLibrary::resolve("cups", cupsVersion, name);
+    if (found == nullptr) failure::printerError();
+    return reinterpret_cast<Function*>(found);
+}
+
+/// Fills a file that has just been made; takes it away again if that fails.
+void fill(int descriptor, const QString& path, const QByteArray& bytes) {
+    QFile file;
+    const bool written = file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered, QFile::AutoCloseHandle) &&
+                         file.write(bytes) == bytes.size() && TEMP_FAILURE_RETRY(fsync(descriptor)) == 0;
+    if (written) return;
+    const int reason = errno;
+    QFile::remove(path);
+    failure::ofFile(reason, path.toStdString());
+}
+
+/// Has the print service print a PDF on that printer; fails with number 482 and the service's own words. Qt could send
+/// it too, but wouldn't tell whether the service took it.
+void sendToPrinter(const QString& printer, const QString& title, const QByteArray& pdf) {
+    using AskPassword = const char*(const char* prompt);
+    const auto setPasswordAsker = cupsFunction<void(AskPassword*)>("cupsSetPasswordCB");
+    using PrintFile = int(const char* printer, const char* file, const char* title, int optionCount, void* options);
+    const auto printFile = cupsFunction<PrintFile>("cupsPrintFile");
+    const auto lastError = cupsFunction<const char*()>("cupsLastErrorString");
+
+    QTemporaryFile file;
+    if (!file.open() || file.write(pdf) != pdf.size() || !file.flush())
+        failure::ofFile(errno, file.fileTemplate().toStdString());
+    setPasswordAsker([](const char*) -> const char* { return nullptr; });  // Else it asks at the terminal and waits.
+    if (printFile(printer.toLocal8Bit(), QFile::encodeName(file.fileName()), title.toUtf8(), 0, nullptr) == 0)
+        failure::printerError(lastError());
+}
+
+/// Writes a PDF to the user's documents folder, under a name of its own that begins with the one given, and returns its
+/// path. Fails with the number of a file's failure, such as 61, 70 or 75; no file is left then.
+QString saveInDocuments(const QString& name, const QByteArray& pdf) {
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    std::error_code error;
+    std::filesystem::create_directories(QFile::encodeName(folder.path()).constData(), error);
+    if (error) failure::ofFile(error.value(), folder.filePath(name + ".pdf").toStdString());
+    for (int number = 1;; ++number) {
+        const QString suffix = number == 1 ? QString() : QString(" %1").arg(number);
+        const QString path = folder.filePath(name + suffix + ".pdf");
+        constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+        const int descriptor = TEMP_FAILURE_RETRY(open(QFile::encodeName(path).constData(), flags, 0666));
+        if (descriptor < 0 && errno == EEXIST) continue;
+        if (descriptor < 0) failure::ofFile(errno, path.toStdString());
+        fill(descriptor, path, pdf);
+        return path;
+    }
+}
 
 /// A page of the paper that is usual here.
 QPageLayout usualPage() {
