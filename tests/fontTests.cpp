@@ -14,19 +14,29 @@
 #include <iostream>
 #include <map>
 
-#include "platform/qt/help/helpWindow.h"
+#include "platform/form.h"
+#include "platform/help.h"
 #include "platform/qt/window/fonts.h"
 #include "tests/application.h"
 #include "tests/printService.h"
 
 namespace {
 
+QWidget* helpText() {
+    static platform::Form form;
+    platform::WinHelpA(form, "", platform::HELP_INDEX, 0);
+    QWidget* text = nullptr;
+    for (const QWidget* window : QApplication::topLevelWidgets())
+        if (text == nullptr) text = window->findChild<QTextBrowser*>();
+    return text;
+}
+
 TEST(DesktopFontDeathTest, IsTheProgramsOwnWhereTheDesktopHasNone) {
     const std::map<const char*, QWidget* (*)()> windows = {
         {"a menu", []() -> QWidget* { return new QMenu; }},
         {"a message box", []() -> QWidget* { return new QMessageBox; }},
         {"a tool-tip", []() -> QWidget* { return QToolTip::showText({}, "Tip"), QApplication::topLevelWidgets()[0]; }},
-        {"the help", []() -> QWidget* { return (new platform::qt::HelpWindow(nullptr))->findChild<QTextBrowser*>(); }},
+        {"the help", helpText},
     };
     const QTemporaryDir folder;
     qputenv("FONTCONFIG_FILE", withoutFonts(folder.path()).toLocal8Bit());

@@ -23,10 +23,8 @@ struct HelpPicture {
     std::vector<uint32_t> pixels;
 };
 
-/// Makes the picture with that name; one of no size if there is none.
-using MakeHelpPicture = HelpPicture (*)(const std::string& name);
-
-/// Tells the viewer where the pictures come from that its text asks for by name; until then there are none.
-void setHelpPictures(MakeHelpPicture make);
+/// Makes the picture that the help text asks for by that name; one of no size if there is none. Null at first: the text
+/// has no pictures then.
+inline HelpPicture (*makeHelpPicture)(const std::string& name) = nullptr;
 
 }  // namespace platform

@@ -106,7 +106,7 @@ void command::showAbout(frmMain& m) {
 }
 
 void command::showHelp(frmMain& m) {
-    platform::setHelpPictures(gudtfHelpPicture);
+    platform::makeHelpPicture = gudtfHelpPicture;
     platform::WinHelpA(m.form, productFile::help, platform::HELP_INDEX, 0);
 }
 

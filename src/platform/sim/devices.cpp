@@ -101,6 +101,4 @@ void WinHelpA(Form& /*window*/, const std::string& file, uint32_t command, uint3
     if (command == HELP_INDEX) sim::note("help", file);
 }
 
-void setHelpPictures(MakeHelpPicture /*make*/) {}
-
 }  // namespace platform

@@ -6,7 +6,9 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
+#include "platform/help.h"
 #include "platform/qt/window/fonts.h"
 
 namespace platform::qt {
@@ -65,7 +67,7 @@ void formatTable(QTextTable& table, const QPalette& palette) {
 
 }  // namespace
 
-HelpPage::HelpPage(MakeHelpPicture makePicture) : makePicture_(makePicture) {
+HelpPage::HelpPage(const QString& markdown) {
     makeUpForMissingFonts();
     normalPoints_ = fontInfo().pointSizeF();
     setOpenLinks(false);
@@ -75,9 +77,6 @@ HelpPage::HelpPage(MakeHelpPicture makePicture) : makePicture_(makePicture) {
         setHorizontalScrollBarPolicy(most > roundedUp ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
     });
     connect(this, &QTextBrowser::anchorClicked, this, &HelpPage::follow);
-}
-
-void HelpPage::setText(const QString& markdown) {
     setMarkdown(markdown);
     document()->setDocumentMargin(textMargin);
     listHeadings();
@@ -86,7 +85,6 @@ void HelpPage::setText(const QString& markdown) {
 }
 
 void HelpPage::listHeadings() {
-    headings_.clear();
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
         if (const int level = block.blockFormat().headingLevel(); level > 0)
             headings_.push_back({block.text(), level, block.position()});
@@ -111,20 +109,16 @@ void HelpPage::showPlace(const QTextCursor& place) {
     if (bar.value() != before) bar.setValue(bar.value() + cursorRect().center().y() - viewport()->height() / 2);
 }
 
-void HelpPage::changeType(int steps) { setTypeStep(std::clamp(typeStep_ + steps, smallestStep, largestStep)); }
-
-void HelpPage::resetType() { setTypeStep(0); }
-
 /// What stands at the top stays where it is. Small type can leave too little text below to keep it there; it comes back
 /// with larger type unless the reader has scrolled meanwhile.
 void HelpPage::setTypeStep(int step) {
-    if (step == typeStep_) return;
+    const int before = std::exchange(typeStep_, std::clamp(step, smallestStep, largestStep));
+    if (typeStep_ == before) return;
     QScrollBar& bar = *verticalScrollBar();
     if (bar.value() != keptAt_) {
         kept_ = cursorForPosition(QPoint(textMargin, std::max(1, textMargin - bar.value())));
         keptTop_ = cursorRect(kept_).top();
     }
-    typeStep_ = step;
     QFont type = font();
     type.setPointSizeF(normalPoints_ * typeFactor());
     setFont(type);
@@ -167,8 +161,8 @@ void HelpPage::formatBlock(const QTextBlock& block) {
 }
 
 QImage HelpPage::pictureNamed(const QString& name) const {
-    if (!makePicture_) return {};
-    const HelpPicture made = makePicture_(name.toStdString());
+    if (!makeHelpPicture) return {};
+    const HelpPicture made = makeHelpPicture(name.toStdString());
     if (made.pixels.empty()) return {};
     const QImage image(reinterpret_cast<const uchar*>(made.pixels.data()), made.width, made.height,
                        QImage::Format_ARGB32);
@@ -186,7 +180,7 @@ void HelpPage::changeEvent(QEvent* event) {
 
 void HelpPage::wheelEvent(QWheelEvent* event) {
     if (event->modifiers() & Qt::ControlModifier)
-        changeType(event->angleDelta().y() > 0 ? 1 : -1);
+        setTypeStep(typeStep_ + (event->angleDelta().y() > 0 ? 1 : -1));
     else
         QTextBrowser::wheelEvent(event);
 }

@@ -4,8 +4,6 @@
 #include <QTextCursor>
 #include <vector>
 
-#include "platform/help.h"
-
 namespace platform::qt {
 
 /// A heading of the help text.
@@ -19,14 +17,13 @@ struct Heading {
 /// follows the desktop's palette, and its pictures grow with its type.
 class HelpPage : public QTextBrowser {
   public:
-    explicit HelpPage(MakeHelpPicture makePicture);  ///< Null if there are no pictures.
+    explicit HelpPage(const QString& markdown);  ///< Shows it from its beginning.
 
-    void setText(const QString& markdown);                              ///< Shows it from its beginning.
     const std::vector<Heading>& headings() const { return headings_; }  ///< In the order of the text.
     void jumpTo(int position);                                          ///< Brings that heading to the top.
     void showPlace(const QTextCursor& place);                           ///< In the middle, if it wasn't in sight.
-    void changeType(int steps);  ///< So many steps larger, or smaller if below 0, as far as the range of sizes goes.
-    void resetType();            ///< The size at first.
+    int typeStep() const { return typeStep_; }                          ///< Of the type's size, from the one at first.
+    void setTypeStep(int step);                                         ///< As far as the range of sizes goes.
 
   protected:
     QVariant loadResource(int type, const QUrl& url) override;
@@ -36,16 +33,14 @@ class HelpPage : public QTextBrowser {
   private:
     void listHeadings();
     void follow(const QUrl& link);
-    void setTypeStep(int step);
     void formatAll();
     void formatBlock(const QTextBlock& block);
     QImage pictureNamed(const QString& name) const;
     double typeFactor() const;
 
-    MakeHelpPicture makePicture_;
     std::vector<Heading> headings_;
     double normalPoints_ = 0;
-    int typeStep_ = 0;  // from the normal size
+    int typeStep_ = 0;
     QTextCursor kept_;  // the place that a change of type keeps
     int keptTop_ = 0;   // where its line stood, in pixels of the window
     int keptAt_ = -1;   // how far the text was scrolled after the last change
