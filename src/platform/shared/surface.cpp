@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
 #include <utility>
 
 #include "platform/shared/text.h"
@@ -15,34 +14,23 @@ constexpr Color black = 0;
 /// `pixelOf` swaps red and blue; doing it twice restores them.
 Color colorOf(uint32_t pixel) { return pixelOf(pixel) & 0xFFFFFF; }
 
-/// The part of a rectangle that lies on a surface of that size, and on a source with the rectangle's corner at a point.
-class Cut {
-  public:
-    Cut(const Place& place, const Surface& surface) : place_(place) { within(place.left, place.top, surface); }
+/// What two rectangles have in common; of no size or less if that is nothing.
+Place common(const Place& one, const Place& other) {
+    const int left = std::max(one.left, other.left), top = std::max(one.top, other.top);
+    return {left, top, std::min(one.left + one.width, other.left + other.width) - left,
+            std::min(one.top + one.height, other.top + other.height) - top};
+}
 
-    /// Cuts it to the source as well.
-    Cut& within(int sourceLeft, int sourceTop, const Surface& source) {
-        left_ = std::max(left_, -sourceLeft);
-        top_ = std::max(top_, -sourceTop);
-        right_ = std::min({right_, place_.width, source.width() - sourceLeft});
-        bottom_ = std::min({bottom_, place_.height, source.height() - sourceTop});
-        return *this;
-    }
+/// Where a surface lies that covers a place with the part of it.
+Place groundOf(const Place& place, const SurfacePart& part) {
+    return {place.left - part.left, place.top - part.top, part.surface.width(), part.surface.height()};
+}
 
-    bool empty() const { return right_ <= left_ || bottom_ <= top_; }
-    Place place() const { return {place_.left + left_, place_.top + top_, right_ - left_, bottom_ - top_}; }
-    /// The pixels of a part for a line of the place, which counts from 0.
-    const uint32_t* rowOf(const SurfacePart& part, int line) const {
-        return part.surface.row(part.top + top_ + line) + part.left + left_;
-    }
-
-  private:
-    Place place_;
-    int left_ = 0;
-    int top_ = 0;
-    int right_ = std::numeric_limits<int>::max();
-    int bottom_ = std::numeric_limits<int>::max();
-};
+/// The pixels from a point on that the part of a surface has for a place.
+const uint32_t* pixelsAt(int x, int y, const Place& place, const SurfacePart& part) {
+    const Place ground = groundOf(place, part);
+    return part.surface.row(y - ground.top) + x - ground.left;
+}
 
 /// Works out each pixel of a row anew, by its number from 0; true if one has got another colour.
 template <class Result>
@@ -73,18 +61,16 @@ bool copyRow(uint32_t* to, const uint32_t* from, int count) {
 
 /// Replaces the texts in a rectangle of a surface by those in the part of another.
 void copyTexts(Surface& destination, const Place& place, const SurfacePart& part) {
-    Cut cut(place, destination);
-    cut.within(part.left, part.top, part.surface);
-    const Place to = cut.place();
-    const int right = place.left - part.left, down = place.top - part.top;
-    const Place from{to.left - right, to.top - down, to.width, to.height};
+    const Place ground = groundOf(place, part);
+    const Place to = common(common(place, ground), {0, 0, destination.width(), destination.height()});
+    const Place from{to.left - ground.left, to.top - ground.top, to.width, to.height};
     std::vector<PrintedText> copies;
     for (const PrintedText& text : part.surface.texts)
         if (from.contains(text.left, text.top)) copies.push_back(text);
     std::erase_if(destination.texts, [&](const PrintedText& text) { return to.contains(text.left, text.top); });
     for (PrintedText& copy : copies) {
-        copy.left += right;
-        copy.top += down;
+        copy.left += ground.left;
+        copy.top += ground.top;
         destination.texts.push_back(std::move(copy));
     }
 }
@@ -156,25 +142,26 @@ uint32_t* Surface::canvas() {
     return pixels_.data();
 }
 
-/// Paints the rows of a rectangle, each by its number from 0, and remembers the rectangle if a pixel has changed.
+/// Paints the rows of a rectangle, as far as it lies on the surface, each from a point on, and remembers the rectangle
+/// if a pixel has changed.
 template <class PaintRow>
 void Surface::paintRows(const Place& place, PaintRow paintRow) {
+    const Place cut = common(place, {0, 0, width_, height_});
+    if (cut.width <= 0 || cut.height <= 0) return;
     ownPixels();
     bool changed = false;
-    for (int line = 0; line < place.height; ++line) {
-        uint32_t* const to = pixels_.data() + static_cast<size_t>(place.top + line) * width_ + place.left;
-        changed |= paintRow(to, line);
+    for (int y = cut.top; y < cut.top + cut.height; ++y) {
+        uint32_t* const to = pixels_.data() + static_cast<size_t>(y) * width_ + cut.left;
+        changed |= paintRow(to, cut.left, y, cut.width);
     }
-    if (changed) changes_.add(place);
+    if (changed) changes_.add(cut);
 }
 
 template <class CombineRow>
 void Surface::transfer(const Place& place, const SurfacePart& part, CombineRow combineRow) {
-    Cut cut(place, *this);
-    cut.within(part.left, part.top, part.surface);
-    if (cut.empty()) return;
-    paintRows(cut.place(),
-              [&](uint32_t* to, int line) { return combineRow(to, cut.rowOf(part, line), cut.place().width); });
+    paintRows(common(place, groundOf(place, part)), [&](uint32_t* to, int x, int y, int count) {
+        return combineRow(to, pixelsAt(x, y, place, part), count);
+    });
 }
 
 void Surface::copyWhole(const Surface& source) {
@@ -213,12 +200,10 @@ void BitBlt(Surface& destination, int x, int y, int width, int height, const Sur
 
 void paintMasked(Surface& destination, const Place& place, const SurfacePart& mask, const SurfacePart& picture) {
     if (!destination.hasPixels() || !mask.surface.hasPixels() || !picture.surface.hasPixels()) return;
-    Cut cut(place, destination);
-    cut.within(mask.left, mask.top, mask.surface).within(picture.left, picture.top, picture.surface);
-    if (cut.empty()) return;
-    destination.paintRows(cut.place(), [&](uint32_t* to, int line) {
-        const uint32_t *kept = cut.rowOf(mask, line), *added = cut.rowOf(picture, line);
-        return workOutRow(to, cut.place().width, [=](int i) { return (to[i] & kept[i]) | added[i]; });
+    const Place cut = common(common(place, groundOf(place, mask)), groundOf(place, picture));
+    destination.paintRows(cut, [&](uint32_t* to, int x, int y, int count) {
+        const uint32_t *kept = pixelsAt(x, y, place, mask), *added = pixelsAt(x, y, place, picture);
+        return workOutRow(to, count, [=](int i) { return (to[i] & kept[i]) | added[i]; });
     });
 }
 
