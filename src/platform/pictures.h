@@ -1,8 +1,10 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
+#include "platform/base/runtime.h"
 #include "platform/surface.h"
 
 namespace platform {
@@ -16,6 +18,10 @@ struct StoredPicture {
 std::span<const StoredPicture> storedPictures();
 
 /// The picture that the program carries under that name; fails with number 53 if there is none.
-const Picture& pictureByName(std::string_view name);
+inline const Picture& pictureByName(std::string_view name) {
+    for (const StoredPicture& stored : storedPictures())
+        if (stored.name == name) return stored.picture;
+    failure::ofFile(ENOENT, "picture " + std::string(name));
+}
 
 }  // namespace platform

@@ -1,6 +1,13 @@
 #include "platform/qt/controls/control.h"
 
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QKeyEvent>
+#include <QProxyStyle>
+#include <QPushButton>
 #include <QStyleFactory>
+#include <QStyleOption>
+#include <QStylePainter>
 #include <algorithm>
 
 #include "platform/qt/window/fonts.h"
@@ -10,6 +17,63 @@ namespace platform {
 namespace {
 
 constexpr Color lightGrey = 0xC0C0C0;
+
+/// The classic style for a spin box that has no field: its two arrows share the whole of it.
+class ArrowStyle : public QProxyStyle {
+  public:
+    ArrowStyle() : QProxyStyle(QStringLiteral("Windows")) {}
+
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                         const QWidget* widget) const override {
+        const QRect all = option->rect;
+        const int middle = all.height() / 2;
+        if (control != CC_SpinBox) return QProxyStyle::subControlRect(control, option, part, widget);
+        if (part == SC_SpinBoxUp) return {all.left(), all.top(), all.width(), middle};
+        if (part == SC_SpinBoxDown) return {all.left(), all.top() + middle, all.width(), all.height() - middle};
+        return {};
+    }
+};
+
+class Arrows : public QAbstractSpinBox {
+  public:
+    explicit Arrows(SpinButton& owner) : owner_(&owner) {
+        setFrame(false);
+        setContextMenuPolicy(Qt::NoContextMenu);
+        setAttribute(Qt::WA_InputMethodEnabled, false);
+        setAccessibleName(QStringLiteral("Up or down"));
+    }
+
+    void retire() { owner_ = nullptr; }
+
+    void stepBy(int steps) override {
+        if (owner_ != nullptr) qt::callUnlessBlocked(this, steps > 0 ? owner_->onSpinUp : owner_->onSpinDown);
+    }
+
+  protected:
+    StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
+
+    // Qt's own answer to a held key comes by a clock of its own; ours once for each repeat.
+    void keyPressEvent(QKeyEvent* event) override {
+        const int code = qt::strokeOf(*event, event->isAutoRepeat()).code;
+        const bool up = code == key::Up || code == key::Pad8;
+        const bool down = code == key::Down || code == key::Pad2;
+        if (up || down) stepBy(up ? 1 : -1);
+        event->setAccepted(up || down);
+    }
+
+    void paintEvent(QPaintEvent* event) override {
+        QAbstractSpinBox::paintEvent(event);
+        if (!hasFocus()) return;
+        constexpr int inset = 3;
+        QStyleOptionFocusRect mark;
+        mark.initFrom(this);
+        mark.rect.adjust(inset, inset, -inset, -inset);
+        QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, mark);
+    }
+
+  private:
+    SpinButton* owner_;
+};
 
 }  // namespace
 
@@ -73,6 +137,42 @@ int Control::tabIndex() const { return impl_->window->tabIndex(impl_.get()); }
 
 void Control::setAccessibleName(const std::string& name) {
     impl_->face->setAccessibleName(QString::fromStdString(name));
+}
+
+CaptionButton::CaptionButton(std::unique_ptr<Impl> impl) : Control(std::move(impl)) {
+    auto* const button = qt::faceOf<QAbstractButton>(*this);
+    // An access key reaches a button without the focus, also on a form that lies under another one.
+    QObject::connect(button, &QAbstractButton::pressed, button, [this, button] {
+        if (!qt::formStack().blocks(button)) setFocus();
+    });
+    QObject::connect(button, &QAbstractButton::clicked, button,
+                     [this, button] { qt::callUnlessBlocked(button, onClick); });
+}
+
+void CaptionButton::setCaption(const std::string& text) {
+    auto* const button = qt::faceOf<QAbstractButton>(*this);
+    button->setText(QString::fromStdString(text));
+    if (button->isCheckable()) qt::makeRoom(*button);
+}
+
+CommandButton::CommandButton(Panel& panel, const Place& place)
+    : CaptionButton(std::make_unique<Impl>(*this, new QPushButton, panel, place)) {}
+
+void CommandButton::makeDefault() {
+    qt::faceOf<QPushButton>(*this)->setDefault(true);
+    impl_->window->setDefaultButton(qt::faceOf<QPushButton>(*this));
+}
+
+void CommandButton::makeCancel() { impl_->window->setCancelButton(qt::faceOf<QPushButton>(*this)); }
+
+SpinButton::SpinButton(Panel& panel, const Place& place)
+    : Control(std::make_unique<Impl>(*this, new Arrows(*this), panel, place)) {
+    static QStyle* const style = new ArrowStyle;
+    impl_->face->setStyle(style);
+}
+
+SpinButton::~SpinButton() {
+    if (auto* const arrows = qt::faceOf<Arrows>(*this)) arrows->retire();
 }
 
 }  // namespace platform

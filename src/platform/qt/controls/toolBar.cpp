@@ -161,11 +161,7 @@ QImage cutImage(const ImageList& images, int number) {
     const int width = images.imageWidth;
     if (number < 1 || number * width > images.strip.width) return {};
     QImage image = qt::imageOf(images.strip).copy((number - 1) * width, 0, width, images.strip.height);
-    const QRgb mask = pixelOf(images.maskColor);
-    for (int y = 0; y < image.height(); ++y) {
-        auto* const line = reinterpret_cast<QRgb*>(image.scanLine(y));
-        std::replace(line, line + image.width(), mask, QRgb{0});
-    }
+    image.setAlphaChannel(image.createMaskFromColor(pixelOf(images.maskColor), Qt::MaskOutColor));
     return image;
 }
 
