@@ -4,8 +4,8 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
-#include "platform/base/runtime.h"
 #include "platform/form.h"
 
 namespace platform {
@@ -17,7 +17,7 @@ struct ImageList {
     Color maskColor = 0;
 };
 
-constexpr int firstButtonWidth = 28;  ///< Pixels, of each tool button until it gets another width.
+constexpr int buttonWidth = 28;  ///< Pixels, of each tool button but one that is stretched.
 
 using ButtonKeys = std::array<int, 2>;  ///< Codes as in platform::key, the one to be told first; 0 for none.
 
@@ -37,12 +37,9 @@ class ToolBar {
 
     std::function<void(int button)> onButtonClick;  ///< A button was pressed and let go again.
 
-    void setWidth(int pixels);                    ///< Of the strip, which leaves the buttons as wide as they are.
-    int width() const;                            ///< Of the strip, in pixels.
-    int buttonCount() const;                      ///< The gaps count too.
-    int buttonWidth(int button) const;            ///< Pixels.
-    void setButtonWidth(int button, int pixels);  ///< The buttons to its right move along.
-    void setButtonImage(int button, int image);   ///< Images are numbered from 1; 0 is none.
+    /// Makes the strip as wide as its form, and the button as wide as the others leave it.
+    void stretch(int button);
+    void setButtonImage(int button, int image);              ///< Images are numbered from 1; 0 is none.
     void setButtonKeys(int button, const ButtonKeys& keys);  ///< None at first. A gap answers to none.
     /// UTF-8, shown with the button's first key behind it while the pointer or the keys are at it; a new one at once.
     void setToolTip(int button, const std::string& text);
@@ -54,8 +51,7 @@ class ToolBar {
     std::unique_ptr<Impl> impl_;
 };
 
-/// A menu that opens at the mouse pointer, or under the tool button that has the keys. Its items are numbered from 1; a
-/// number that no item has fails with number 9.
+/// A menu that opens at the mouse pointer, or under the tool button that has the keys.
 class PopupMenu {
   public:
     explicit PopupMenu(Form& form);  ///< Without items and caption.
@@ -63,28 +59,15 @@ class PopupMenu {
 
     std::function<void(int item)> onClick;  ///< An item was chosen.
 
-    std::string caption;  ///< Of the whole menu, which a screen reader says, in UTF-8.
+    std::string caption;             ///< Of the whole menu, which a screen reader says, in UTF-8.
+    std::vector<std::string> items;  ///< Their captions in UTF-8, from the top down. They are numbered from 1.
+    int checkedItem = 0;             ///< The one with a mark; 0 for none.
 
-    /// The next one down, in UTF-8, without a mark.
-    void addItem(const std::string& itemCaption) {
-        items_.resize(items_.count() + 1);
-        items_[items_.count()].caption = itemCaption;
-    }
-    int itemCount() const { return items_.count(); }
-    const std::string& itemCaption(int item) const { return items_[item].caption; }
-    void setChecked(int item, bool checked) { items_[item].checked = checked; }  ///< The others keep their marks.
-    bool checked(int item) const { return items_[item].checked; }                ///< Whether it has the mark.
     void popUp();  ///< Opens, and returns when an item was chosen or the menu was left; timers go on.
 
     struct Impl;
 
   private:
-    struct Item {
-        std::string caption;
-        bool checked = false;
-    };
-
-    DynamicTable<Item> items_;
     std::unique_ptr<Impl> impl_;
 };
 

@@ -29,7 +29,7 @@ struct ButtonRow {
 
 constexpr State noState = nullptr;
 constexpr Command noCommand = nullptr;
-constexpr State levelState = [](const frmMain& m) { return m.mnuLevel.itemCaption(m.mlngLevel); };
+constexpr State levelState = [](const frmMain& m) { return std::string(rowOf(levels, m.mlngLevel).caption); };
 constexpr State breakDownState = [](const frmMain& m) { return onOff(m.mblnBreakDown); };
 constexpr State musicState = [](const frmMain& m) { return onOff(m.mblnMusicOn); };
 constexpr State peekState = [](const frmMain& m) { return onOff(m.mblnPeek); };
@@ -72,15 +72,13 @@ platform::ImageList ImageList1() {
 
 void frmMain::msSetUpToolbar() {
     mnuLevel.caption = "Level";
-    for (const LevelRow& level : levels) mnuLevel.addItem(level.caption);
-    mnuLevel.setChecked(1, true);
+    for (const LevelRow& level : levels) mnuLevel.items.emplace_back(level.caption);
+    mnuLevel.checkedItem = 1;
     for (const ButtonRow& row : buttons) {
         tbrZQT.setButtonImage(row.button, gintfButtonImage(row.button));
         tbrZQT.setButtonKeys(row.button, row.keys);
     }
-    tbrZQT.setWidth(form.scaleWidth());
-    const int count = tbrZQT.buttonCount();
-    tbrZQT.setButtonWidth(Button::Gap, tbrZQT.width() - (count - 1) * tbrZQT.buttonWidth(count));
+    tbrZQT.stretch(Button::Gap);
 }
 
 void frmMain::msSetToolTipText() {

@@ -114,5 +114,5 @@ void command::exit(frmMain& m) { m.form.unload(); }
 
 void frmMain::mnuLevelItem_Click(int item) {
     mlngLevel = item;
-    for (int i = 1; i <= mnuLevel.itemCount(); ++i) mnuLevel.setChecked(i, i == item);
+    mnuLevel.checkedItem = item;
 }

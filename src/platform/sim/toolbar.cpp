@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/base/runtime.h"
 #include "platform/sim/state.h"
 
 namespace sim {
@@ -21,7 +22,6 @@ struct ToolBar::Impl {
     }
 
     struct Button {
-        int width = firstButtonWidth;
         int image = 0;
         std::string toolTip;
         ButtonKeys keys{};
@@ -29,7 +29,6 @@ struct ToolBar::Impl {
 
     ToolBar& owner;
     sim::View& view;  ///< Of its form.
-    int width = 0;
     DynamicTable<Button> buttons;
 };
 
@@ -42,11 +41,7 @@ ToolBar::~ToolBar() {
     if (sim::state().toolBar == impl_.get()) sim::state().toolBar = nullptr;
 }
 
-void ToolBar::setWidth(int pixels) { impl_->width = pixels; }
-int ToolBar::width() const { return impl_->width; }
-int ToolBar::buttonCount() const { return impl_->buttons.count(); }
-int ToolBar::buttonWidth(int button) const { return impl_->buttons[button].width; }
-void ToolBar::setButtonWidth(int button, int pixels) { impl_->buttons[button].width = pixels; }
+void ToolBar::stretch(int /*button*/) {}
 void ToolBar::setButtonImage(int button, int image) { impl_->buttons[button].image = image; }
 void ToolBar::setButtonKeys(int button, const ButtonKeys& keys) { impl_->buttons[button].keys = keys; }
 
@@ -77,7 +72,7 @@ namespace sim {
 void clickToolButton(int button) {
     arrive();
     platform::ToolBar::Impl* const bar = state().toolBar;
-    if (bar == nullptr || !bar->view.hasKeys() || button < 1 || button > bar->owner.buttonCount()) return;
+    if (bar == nullptr || !bar->view.hasKeys() || button < 1 || button > bar->buttons.count()) return;
     if (bar->buttons[button].image == 0) return;
     note("tool", button);
     platform::callSlot(bar->owner.onButtonClick, button);
@@ -86,7 +81,7 @@ void clickToolButton(int button) {
 bool pressToolButton(const platform::Stroke& stroke) {
     platform::ToolBar::Impl* const bar = state().toolBar;
     if (bar == nullptr || !bar->view.hasKeys()) return false;
-    for (int button = 1; button <= bar->owner.buttonCount(); ++button) {
+    for (int button = 1; button <= bar->buttons.count(); ++button) {
         const auto& row = bar->buttons[button];
         if (row.image == 0 || std::find(row.keys.begin(), row.keys.end(), stroke.code) == row.keys.end()) continue;
         if (!stroke.repeat) clickToolButton(button);
@@ -101,7 +96,7 @@ void chooseMenuItem(int item) {
     if (menu == nullptr) return;
     closeMenu();
     note("menu", item);
-    if (item >= 1 && item <= menu->owner.itemCount()) platform::callSlot(menu->owner.onClick, item);
+    if (item >= 1 && item <= static_cast<int>(menu->owner.items.size())) platform::callSlot(menu->owner.onClick, item);
 }
 
 }  // namespace sim

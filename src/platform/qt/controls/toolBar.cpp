@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/base/runtime.h"
 #include "platform/qt/controls/control.h"
 #include "platform/qt/window/accessible.h"
 #include "platform/qt/window/images.h"
@@ -208,7 +209,7 @@ ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& image
     impl_->buttons.resize(buttonCount);
     for (int number = 1; number <= buttonCount; ++number) {
         auto* const button = new ToolButton(impl_->strip.get());
-        button->resize(firstButtonWidth, height);
+        button->resize(buttonWidth, height);
         QObject::connect(button, &QToolButton::clicked, impl_->strip.get(),
                          [this, button, number] { qt::callUnlessBlocked(button, onButtonClick, number); });
         impl_->buttons[number] = button;
@@ -219,22 +220,13 @@ ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& image
 
 ToolBar::~ToolBar() {
     if (impl_->strip.get() == nullptr) return;
-    for (int number = 1; number <= buttonCount(); ++number) impl_->buttons[number]->blockSignals(true);
+    for (int number = 1; number <= impl_->buttons.count(); ++number) impl_->buttons[number]->blockSignals(true);
 }
 
-void ToolBar::setWidth(int pixels) {
-    impl_->strip->resize(pixels, impl_->strip->height());
-    impl_->layOut();
-}
-
-int ToolBar::width() const { return impl_->strip->width(); }
-
-int ToolBar::buttonCount() const { return impl_->buttons.count(); }
-
-int ToolBar::buttonWidth(int button) const { return impl_->buttons[button]->width(); }
-
-void ToolBar::setButtonWidth(int button, int pixels) {
-    impl_->buttons[button]->resize(pixels, impl_->strip->height());
+void ToolBar::stretch(int button) {
+    const int width = impl_->strip->parentWidget()->width();
+    impl_->strip->resize(width, impl_->strip->height());
+    impl_->buttons[button]->resize(width - (impl_->buttons.count() - 1) * buttonWidth, impl_->strip->height());
     impl_->layOut();
 }
 
@@ -274,11 +266,11 @@ PopupMenu::~PopupMenu() {
 void PopupMenu::popUp() {
     const QPointer<QMenu> menu = new QMenu(impl_->window);  // Null when the form took it along.
     menu->setAccessibleName(QString::fromStdString(caption));
-    for (int item = 1; item <= itemCount(); ++item) {
-        QAction* const action = menu->addAction(QString::fromStdString(itemCaption(item)));
+    for (int item = 0; const std::string& text : items) {
+        QAction* const action = menu->addAction(QString::fromStdString(text));
         action->setCheckable(true);
-        action->setChecked(checked(item));
-        if (checked(item)) menu->setActiveAction(action);  // The arrow keys move on from it.
+        action->setChecked(++item == checkedItem);
+        if (item == checkedItem) menu->setActiveAction(action);  // The arrow keys move on from it.
         // Told at once: a dialog that opened over the menu would hold back the end of exec().
         QObject::connect(action, &QAction::triggered, menu, [slot = onClick, item] { callSlot(slot, item); });
     }
