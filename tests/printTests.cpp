@@ -121,7 +121,7 @@ TEST_F(Printing, SheetsSavedAtOnceNeverTakeEachOthersName) {
     std::array<platform::qt::PrintOutcome, count> outcomes;
     std::vector<std::thread> threads;
     for (size_t i = 0; i < count; ++i)
-        threads.emplace_back([&, i] { entry({"Sheet", {{{}, {{1, std::to_string(i)}}}}}, outcomes[i]); });
+        threads.emplace_back([&, i] { outcomes[i] = entry({"Sheet", {{{}, {{1, std::to_string(i)}}}}}); });
     for (std::thread& thread : threads) thread.join();
     for (size_t i = 0; i < count; ++i)
         EXPECT_EQ(sheetIn(QString::fromStdString(outcomes[i].file)), std::to_string(i) + "\n")

@@ -20,40 +20,22 @@ namespace {
 using qt::PrintJob;
 using qt::PrintOutcome;
 
-/// Keeps keys and clicks from the forms and shows that they have to wait.
-class Busy {
-  public:
-    Busy() {
-        qt::formStack().openBox(nullptr);
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    }
-    ~Busy() {
-        QGuiApplication::restoreOverrideCursor();
-        qt::formStack().closeBox(nullptr);
-    }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
-};
-
-void printNow(const PrintJob& job, PrintOutcome& outcome) {
-    void* const entry = qt::moduleEntry(qt::printModule, qt::printEntry);
-    if (entry != nullptr)
-        reinterpret_cast<qt::PrintEntry*>(entry)(job, outcome);
-    else
-        outcome = {{}, 53, std::string("File not found: ") + qt::printModule};
-}
-
-/// Prints in a thread of its own, since a print service may take its time; events are served until it is done.
+/// Prints in a thread of its own, since a print service may take its time. Events are served until it is done, but keys
+/// and clicks kept from the forms, and the pointer shows that they have to wait.
 PrintOutcome printed(const PrintJob& job) {
-    const Busy busy;
-    PrintOutcome outcome;
+    PrintOutcome outcome{{}, 53, std::string("File not found: ") + qt::printModule};
     QEventLoop loop;
+    qt::formStack().openBox(nullptr);
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     std::thread worker([&] {
-        printNow(job, outcome);
+        void* const entry = qt::moduleEntry(qt::printModule, qt::printEntry);
+        if (entry != nullptr) outcome = reinterpret_cast<qt::PrintEntry*>(entry)(job);
         QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
     });
     loop.exec();
     worker.join();  // Not done yet if the end of the program has ended the loop.
+    QGuiApplication::restoreOverrideCursor();
+    qt::formStack().closeBox(nullptr);
     return outcome;
 }
 

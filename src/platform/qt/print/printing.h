@@ -27,6 +27,6 @@ struct PrintOutcome {
 };
 
 /// The module's entry point. It takes as long as the print service does, and any thread may call it. Never throws.
-using PrintEntry = void(const PrintJob& job, PrintOutcome& outcome);
+using PrintEntry = PrintOutcome(const PrintJob& job);
 
 }  // namespace platform::qt

@@ -104,15 +104,13 @@ std::string deliver(const PrintJob& job) {
 }  // namespace
 }  // namespace platform::qt
 
-extern "C" __attribute__((visibility("default"))) void velmoraPrint(const platform::qt::PrintJob& job,
-                                                                    platform::qt::PrintOutcome& outcome) {
+extern "C" __attribute__((visibility("default"))) platform::qt::PrintOutcome velmoraPrint(
+    const platform::qt::PrintJob& job) {
     try {
-        outcome.file = platform::qt::deliver(job);
+        return {platform::qt::deliver(job), 0, {}};
     } catch (const RuntimeError& error) {
-        outcome.failure = error.number();
-        outcome.description = error.what();
+        return {{}, error.number(), error.what()};
     } catch (const std::exception& error) {
-        outcome.failure = platform::qt::printerErrorNumber;
-        outcome.description = error.what();
+        return {{}, platform::qt::printerErrorNumber, error.what()};
     }
 }
