@@ -87,7 +87,7 @@ struct Entry {
     TextBox name{panel, {100, 10, 100, 20}};
     TextBox town{panel, {100, 40, 100, 20}};
     ComboBox state{panel, {100, 70, 100, 24}};
-    MaskEdBox zip{panel, {100, 100, 60, 20}, "#####"};
+    MaskEdBox zip{panel, {100, 100, 60, 20}, 5};
     CheckBox copy{panel, {100, 130, 90, 20}};
     OptionButton near{panel, {10, 160, 80, 20}};
     OptionButton far{panel, {100, 160, 80, 20}};
@@ -282,10 +282,10 @@ TEST_F(Controls, KeysChooseARow) {
         {"and round at once", [](Entry&) { typeText("aaa"); }, "Alaska"},
         {"arrows", [](Entry&) { pressKey(Down), pressKey(Down), pressKey(Down), pressKey(Up); }, "Alaska"},
         {"a swallowed letter", [](Entry& e) { e.state.onKeyPress = swap('a', 0), typeText("a"); }, ""},
-        {"cleared", [](Entry& e) { typeText("a"), e.state.clear(); }, ""},
+        {"cleared", [](Entry& e) { typeText("a"), e.state.setRows({}); }, ""},
     };
     const auto fill = [](Entry& e) {
-        for (const char* text : {"", "Alaska", "Alabama", "Nevada"}) e.state.addItem(text);
+        e.state.setRows(std::to_array<const char*>({"", "Alaska", "Alabama", "Nevada"}));
         EXPECT_EQ(qt::faceOf<QComboBox>(e.state)->currentIndex(), -1) << "none is chosen at first";
         e.state.setFocus();
     };
@@ -328,7 +328,7 @@ TEST_F(Controls, APanelTakesItsSizeFromItsCaption) {
     Panel panel(main_->form, {10, 20, 100, 17});
     const QWidget& face = *panel.impl().widget();
     const auto sizeWith = [&](Fit fit, const char* caption) {
-        panel.setLook({Bevel::Inset, Bevel::None, 2, 0xC0C0C0, 0, Align::Left, fit});
+        panel.setLook({Bevel::Inset, Bevel::None, 2, 0, Align::Left, fit});
         panel.setCaption(caption);
         return face.size();
     };

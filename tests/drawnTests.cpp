@@ -94,7 +94,7 @@ TEST_F(Drawn, ACaptionStandsWhereItsLookSaysInItsColour) {
     panel.setCaption("HEH");
     for (const auto& row : rows) {
         panel.setFont({"Times New Roman", row.points, true});
-        panel.setLook({Bevel::None, Bevel::None, 1, 0xC0C0C0, 0x0000FF, row.align});
+        panel.setLook({Bevel::None, Bevel::None, 1, 0x0000FF, row.align});
         const QImage image = seen({20, 30, 120, 40});
         const Ink ink = inkOf(120, 40, 0xC0C0C0, [&](int x, int y) { return image.pixel(x, y); });
         EXPECT_NEAR(ink.left, row.left, 4);
@@ -105,7 +105,7 @@ TEST_F(Drawn, ACaptionStandsWhereItsLookSaysInItsColour) {
 
 TEST_F(Drawn, ACaptionHigherThanItsPanelLosesItsTopAndLeavesTheBevels) {
     constexpr int bevel = 2, room = 20 - 2 * bevel;
-    PanelLook look{Bevel::Raised, Bevel::None, bevel, 0xC0C0C0, 0x0000FF, Align::Left, Fit::Height};
+    PanelLook look{Bevel::Raised, Bevel::None, bevel, 0x0000FF, Align::Left, Fit::Height};
     Panel high(main_->form, {20, 30, 100, 0}), low(main_->form, {20, 90, 100, 20});
     for (Panel* const panel : {&high, &low}) {
         panel->setLook(look);

@@ -16,6 +16,7 @@
 namespace {
 
 constexpr int16_t noOption = -1;
+constexpr int zipDigits = 5;
 constexpr int textLength = 50, copiesLength = 4;  // characters
 
 constexpr const char* nameCharacters = R"(ABCDEFGHIJKLMNOPQRSTUVWXYZ ',.-"&)";
@@ -181,7 +182,7 @@ frmOrder::frmOrder()
       SSPanel1(textsOn(pnlFrame)),
       txtOrderInfo(fieldsOn<platform::TextBox>(pnlFrame, boxes)),
       cboOrderInfo(pnlFrame, statePlace),
-      mskOrderInfo(pnlFrame, zipPlace, "#####"),
+      mskOrderInfo(pnlFrame, zipPlace, zipDigits),
       chkECopy(pnlFrame, electronicPlace),
       optShipCost(fieldsOn<platform::OptionButton>(pnlFrame, options)),
       pnlAmtDue(pnlFrame, amountPlace),

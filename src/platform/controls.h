@@ -60,12 +60,11 @@ enum class Align { Left, Center, Right };
 /// from its top downward, or takes the width of its one line, from its left to the right.
 enum class Fit { Cut, Height, Width };
 
-/// How a panel looks: its bevels, from the edge inward, and its colours. Text is centred in the height.
+/// How a panel looks, on light grey: its bevels, from the edge inward, and its caption, centred in the height.
 struct PanelLook {
     Bevel outer = Bevel::None;
     Bevel inner = Bevel::None;
     int bevelWidth = 1;  ///< Of each bevel, in pixels.
-    Color back = 0xC0C0C0;
     Color fore = 0;
     Align align = Align::Center;
     Fit fit = Fit::Cut;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include <span>
 #include <string>
 
 #include "platform/controls.h"
@@ -27,11 +27,10 @@ class TextBox : public EditField {
     void setAlign(Align align);             ///< Of the text in the box.
 };
 
-/// A text box with a place for each sign of a mask, "#" for a digit; a place where nothing was typed is a blank, so
-/// that its text has as many characters as the mask has signs.
+/// A text box with a place for each of so many digits; a place where nothing was typed is a blank in its text.
 class MaskEdBox : public EditField {
   public:
-    MaskEdBox(Panel& panel, const Place& place, const std::string& mask);  ///< On a panel, which must live as long.
+    MaskEdBox(Panel& panel, const Place& place, int digits);  ///< On a panel, which must live as long.
 
     void clear();  ///< Blank at all its places.
 };
@@ -42,9 +41,8 @@ class ComboBox : public Control {
   public:
     ComboBox(Panel& panel, const Place& place);  ///< Without rows, on a panel, which must live as long.
 
-    void clear();                           ///< Without rows, and none is chosen.
-    void addItem(const std::string& text);  ///< The next row, in UTF-8.
-    std::string text() const;               ///< Of the row chosen, else empty.
+    void setRows(std::span<const char* const> texts);  ///< In UTF-8; none of them is chosen.
+    std::string text() const;                          ///< Of the row chosen, else empty.
 };
 
 /// A box to tick, with a caption at its right, for which it grows if it must.

@@ -108,10 +108,7 @@ void gsSetTabOrder(std::span<platform::Control* const> controls) {
     }
 }
 
-void gsLoadStates(platform::ComboBox& list) {
-    list.clear();
-    for (const char* const state : states) list.addItem(state);
-}
+void gsLoadStates(platform::ComboBox& list) { list.setRows(states); }
 
 std::string gstrfTrim(const std::string& text) {
     const size_t first = text.find_first_not_of(' ');

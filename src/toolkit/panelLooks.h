@@ -4,19 +4,18 @@
 
 // The looks of the panels that a dialog is built of.
 
-constexpr platform::Color panelGrey = 0xC0C0C0;
 constexpr platform::Color panelOrange = 0x0040C0;  ///< Red 192, green 64.
 constexpr int outerBevel = 2;                      ///< Pixels.
 
 /// Of the panel that covers a dialog.
-constexpr platform::PanelLook outerLook{platform::Bevel::Raised, platform::Bevel::Inset, outerBevel, panelGrey, 0,
+constexpr platform::PanelLook outerLook{platform::Bevel::Raised, platform::Bevel::Inset, outerBevel, 0,
                                         platform::Align::Center};
 constexpr platform::PanelLook raisedLook(platform::Color fore) {
-    return {platform::Bevel::Raised, platform::Bevel::None, 1, panelGrey, fore, platform::Align::Center};
+    return {platform::Bevel::Raised, platform::Bevel::None, 1, fore, platform::Align::Center};
 }
 constexpr platform::PanelLook insetLook(platform::Color fore, platform::Align align = platform::Align::Center) {
-    return {platform::Bevel::Inset, platform::Bevel::None, 1, panelGrey, fore, align};
+    return {platform::Bevel::Inset, platform::Bevel::None, 1, fore, align};
 }
 constexpr platform::PanelLook flatLook(platform::Color fore, platform::Align align = platform::Align::Center) {
-    return {platform::Bevel::None, platform::Bevel::None, 1, panelGrey, fore, align};
+    return {platform::Bevel::None, platform::Bevel::None, 1, fore, align};
 }

@@ -151,16 +151,15 @@ void TextBox::setText(const std::string& text) { impl_->text = text; }
 void TextBox::setMaxLength(int characters) { impl_->maxLength = characters; }
 void TextBox::setAlign(Align /*align*/) {}
 
-MaskEdBox::MaskEdBox(Panel& panel, const Place& /*place*/, const std::string& mask)
+MaskEdBox::MaskEdBox(Panel& panel, const Place& /*place*/, int digits)
     : EditField(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl())) {
-    impl_->text.assign(mask.size(), ' ');
+    impl_->text.assign(static_cast<size_t>(digits), ' ');
 }
 void MaskEdBox::clear() {}
 
 ComboBox::ComboBox(Panel& panel, const Place& /*place*/)
     : Control(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl())) {}
-void ComboBox::clear() {}
-void ComboBox::addItem(const std::string& /*text*/) {}
+void ComboBox::setRows(std::span<const char* const> /*texts*/) {}
 std::string ComboBox::text() const { return impl_->text; }
 
 CheckBox::CheckBox(Panel& panel, const Place& /*place*/)

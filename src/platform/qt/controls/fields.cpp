@@ -21,8 +21,6 @@
 namespace platform {
 namespace {
 
-constexpr int mostUnits = 2;  // that Qt counts for one character: for those outside the first plane
-
 int charactersIn(const QString& text) { return static_cast<int>(text.toStdU32String().size()); }
 
 QString firstCharacters(const QString& text, int count) {
@@ -94,11 +92,6 @@ class Line : public QLineEdit {
         if (target() != nullptr) callSlot(target()->onKeyUp, stroke.code);
     }
 };
-
-/// A mask of Qt's: an optional digit for each "#", with blanks where none was typed.
-QString maskOf(const std::string& mask) {
-    return QString::fromStdString(mask).replace(QLatin1Char('#'), QLatin1Char('0')) + QStringLiteral("; ");
-}
 
 QLineEdit* lineOf(const Control& field) { return qt::faceOf<QLineEdit>(field); }
 
@@ -187,15 +180,14 @@ void TextBox::setText(const std::string& text) {
 
 void TextBox::setMaxLength(int characters) {
     validatorOf(*this)->limit = characters;
-    lineOf(*this)->setMaxLength(mostUnits * characters);
     setText(text());
 }
 
 void TextBox::setAlign(Align align) { lineOf(*this)->setAlignment(qt::alignmentOf(align)); }
 
-MaskEdBox::MaskEdBox(Panel& panel, const Place& place, const std::string& mask)
+MaskEdBox::MaskEdBox(Panel& panel, const Place& place, int digits)
     : EditField(std::make_unique<Impl>(*this, new Line, panel, place)) {
-    lineOf(*this)->setInputMask(maskOf(mask));
+    lineOf(*this)->setInputMask(QString(digits, '0') + "; ");
 }
 
 void MaskEdBox::clear() { lineOf(*this)->clear(); }
@@ -205,12 +197,10 @@ ComboBox::ComboBox(Panel& panel, const Place& place) : Control(std::make_unique<
     new Rows(listOf(*this));
 }
 
-void ComboBox::clear() { listOf(*this)->clear(); }
-
-void ComboBox::addItem(const std::string& text) {
-    const int chosen = listOf(*this)->currentIndex();
-    listOf(*this)->addItem(QString::fromStdString(text));
-    listOf(*this)->setCurrentIndex(chosen);  // Qt chooses the first row by itself.
+void ComboBox::setRows(std::span<const char* const> texts) {
+    listOf(*this)->clear();
+    for (const char* const text : texts) listOf(*this)->addItem(text);
+    listOf(*this)->setCurrentIndex(-1);  // Qt chooses the first row by itself.
     qt::makeRoom(*listOf(*this));
 }
 

@@ -15,15 +15,7 @@
 namespace platform {
 namespace {
 
-constexpr double lightPart = 0.75;  // of the way from the panel's own colour to white
-constexpr double darkPart = 0.45;   // and to black
-
-/// The colour, that much of the way to another one.
-QColor towards(const QColor& color, const QColor& other, double part) {
-    const auto mixed = [part](int from, int to) { return from + static_cast<int>((to - from) * part); };
-    return QColor(mixed(color.red(), other.red()), mixed(color.green(), other.green()),
-                  mixed(color.blue(), other.blue()));
-}
+constexpr QRgb lightEdge = 0xFFEFEFEF, darkEdge = 0xFF6A6A6A;  // of a bevel
 
 }  // namespace
 
@@ -131,12 +123,10 @@ class Panel::Impl::Face : public QLabel {
 
 void Panel::Impl::Face::setLook(const PanelLook& look) {
     look_ = look;
-    const QColor back = qt::colorOf(look.back);
     QPalette palette = qt::classicPalette();
-    palette.setColor(QPalette::Window, back);
     palette.setColor(QPalette::WindowText, qt::colorOf(look.fore));
-    palette.setColor(QPalette::Light, towards(back, Qt::white, lightPart));
-    palette.setColor(QPalette::Dark, towards(back, Qt::black, darkPart));
+    palette.setColor(QPalette::Light, QColor(lightEdge));
+    palette.setColor(QPalette::Dark, QColor(darkEdge));
     setPalette(palette);
     const int bevels = (look.outer != Bevel::None ? 1 : 0) + (look.inner != Bevel::None ? 1 : 0);
     const int margin = bevels * look.bevelWidth;
