@@ -45,7 +45,7 @@ TEST_F(Announcements, AnOfferIsToldWithItsHighlight) {
     for (const auto& row : rows) {
         sim::setScreenReader(true);
         beginHand();
-        setBoard({row.board});
+        setBoard(row.board);
         const size_t before = sim::announcements().size();
         land(row.tile, 3, [&] {
             for (const int key : row.keys) sim::pressKey(key);

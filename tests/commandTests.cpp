@@ -49,7 +49,7 @@ TEST_F(Commands, WhatHoldsAndWhatSetsGoingIsTold) {
         };
     };
     const auto pass = [this] {
-        setBoard({"c3 c3 . . . . . . ."});
+        setBoard("c3 c3");
         land("c3", 3, [this] {
             EXPECT_EQ(game->lblHint.text(), "Left and Right choose, Enter takes");
             for (const int key : {platform::key::Left, platform::key::Enter}) sim::pressKey(key);

@@ -39,15 +39,13 @@ void expectFrame(const platform::Shape& frame, int left, int top, int width, int
 
 TEST_F(Dialogs, AnOfferStandsOnTheTableUntilEnterAndTheFallWithIt) {
     dealHand("c3", 4);
-    setBoard({"c1 c2 . . . . . . .", "b9 . . . . . . . ."});
+    setBoard("c1 c2 / b9");
     game->msDrawPlayArea();
     game->msDrawRound();
     game->msDrawSeats();
     nextTile();
     press(Left, 2);
-    const auto expected = [] {
-        return ExpectedTable().seats(4, 1, 1).board({"c1 c2 c3 . . . . . .", "b9 . . . . . . . ."});
-    };
+    const auto expected = [] { return ExpectedTable().seats(4, 1, 1).board("c1 c2 c3 / b9"); };
     double answered = 0;
     const auto look = [&] {
         EXPECT_TRUE(expected().offer(1, 1, "c1 c2 c3").pass(2).isSeenOn(shown));

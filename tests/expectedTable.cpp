@@ -45,14 +45,13 @@ ExpectedTable& ExpectedTable::tile(int column, int row, const std::string& name)
     return *this;
 }
 
-ExpectedTable& ExpectedTable::board(const std::vector<std::string>& rowsFromBottom) {
-    int row = 12;
-    for (const std::string& text : rowsFromBottom) {
-        const auto names = words(text);
-        for (int column = 1; column <= 9; ++column)
-            if (names.at(column - 1) != ".") tile(column, row, names[column - 1]);
-        --row;
-    }
+ExpectedTable& ExpectedTable::board(const std::string& rowsFromBottom) {
+    int row = 12, column = 0;
+    for (const std::string& name : words(rowsFromBottom))
+        if (name == "/")
+            --row, column = 0;
+        else if (++column; name != ".")
+            tile(column, row, name);
     return *this;
 }
 

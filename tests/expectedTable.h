@@ -16,8 +16,8 @@ class ExpectedTable {
 
     /// A tile on the board, falling or lying, in the view of its column.
     ExpectedTable& tile(int column, int row, const std::string& name);
-    /// Tiles on the board: texts of nine names each, from row 12 upward, a dot for an empty place.
-    ExpectedTable& board(const std::vector<std::string>& rowsFromBottom);
+    /// Tiles on the board, as in GameFixture::setBoard.
+    ExpectedTable& board(const std::string& rowsFromBottom);
     ExpectedTable& nextTile(const std::string& name);
     /// The tiles taken, from the left; behind a bar the flowers and seasons.
     ExpectedTable& earned(const std::string& text);

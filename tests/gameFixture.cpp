@@ -1,99 +1,104 @@
 #include "tests/gameFixture.h"
 
-#include <ostream>
+#include <algorithm>
 #include <sstream>
 #include <utility>
 
-#include "platform/sim/simulation.h"
 #include "play/frmChooseTiles.h"
-
-std::vector<std::string> words(const std::string& text) {
-    std::istringstream in(text);
-    std::vector<std::string> result;
-    for (std::string word; in >> word;) result.push_back(word);
-    return result;
-}
 
 namespace {
 
-const std::vector<std::string>& kindNames() {
+/// By kind; an empty place comes first.
+const std::vector<std::string>& tileNames() {
     static const auto names = words(
-        "c1 c2 c3 c4 c5 c6 c7 c8 c9 b1 b2 b3 b4 b5 b6 b7 b8 b9 w1 w2 w3 w4 w5 w6 w7 w8 w9 "
+        ". c1 c2 c3 c4 c5 c6 c7 c8 c9 b1 b2 b3 b4 b5 b6 b7 b8 b9 w1 w2 w3 w4 w5 w6 w7 w8 w9 "
         "E S W N R G B s1 s2 s3 s4 f1 f2 f3 f4");
     return names;
 }
 
-int16_t firstTileOf(const frmMain& game, int16_t kind) {
-    for (int16_t tile = 1; tile <= tileCount; ++tile)
-        if (game.TileKindOf[tile] == kind) return tile;
-    return 0;
+/// Names with a blank between them, without those of empty places at the end.
+template <class Places>
+std::string namesOf(const Places& places) {
+    std::string text;
+    for (const CellInfo& place : places) text += tileName(place) + ' ';
+    return text.substr(0, text.find_last_not_of(". ") + 1);
 }
 
 }  // namespace
 
 int16_t kindOf(const std::string& name) {
-    const auto found = std::ranges::find(kindNames(), name);
-    EXPECT_NE(found, kindNames().end()) << "no tile is called " << name;
-    return narrow16(static_cast<int>(found - kindNames().begin()) + 1);
+    const auto found = std::ranges::find(tileNames(), name);
+    EXPECT_NE(found, tileNames().end()) << "no tile is called " << name;
+    return narrow16(found - tileNames().begin());
 }
 
-std::string tileName(const CellInfo& place) { return place.Filled ? kindNames().at(place.Tile.KindIdx - 1) : "."; }
+std::string tileName(const CellInfo& place) { return tileNames().at(place.Filled ? place.Tile.KindIdx : 0); }
 
-std::ostream& operator<<(std::ostream& out, const Candidate& candidate) {
-    return out << candidate.tiles << " at row " << candidate.row << " column " << candidate.column;
+std::vector<std::string> words(const std::string& text) {
+    std::istringstream in(text);
+    return {std::istream_iterator<std::string>(in), {}};
 }
 
-void GameFixture::SetUp() {
-    sim::switchOn(1);
+std::vector<OfferedSet> offeredSets() {
+    std::vector<OfferedSet> sets;
+    for (int i = 1; i < gfrmChooseTiles->mintNumEntries; ++i)
+        sets.push_back({namesOf(PossibleTiles[i]), gfrmChooseTiles->maintRows[i], gfrmChooseTiles->maintCols[i]});
+    return sets;
+}
+
+void GameFixture::startProgram(double secondOfDay) {
+    TearDown();
+    sim::switchOn(1, secondOfDay);
     game = gfrmMain.hold();
     game->form.show();
 }
 
 void GameFixture::TearDown() {
+    sim::setHands({});
+    sim::setLog({});
     game.reset();
     gsClearAllForms();
 }
 
-void GameFixture::beginHand(int seat, int house, int wind) {
+void GameFixture::dealHand(const std::string& firstTiles, int seat, int house, int wind) {
     game->mlngSeat = seat;
     game->mlngHouse = house;
     game->mlngRoundWind = wind;
     game->msInitNewGame();
-}
-
-void GameFixture::setBoard(const std::vector<std::string>& rowsFromBottom) {
-    int row = bottomRow;
-    for (const std::string& text : rowsFromBottom) {
-        const auto names = words(text);
-        ASSERT_EQ(names.size(), static_cast<size_t>(columnCount)) << text;
-        for (int column = 1; column <= columnCount; ++column)
-            if (names[column - 1] != ".") game->CellTable[row][column].fill(game->TileKinds[kindOf(names[column - 1])]);
-        --row;
+    auto next = game->TileOrder.begin();
+    for (const std::string& name : words(firstTiles)) {
+        const auto tile = std::find_if(next, game->TileOrder.end(),
+                                       [&](int16_t each) { return game->TileKindOf[each] == kindOf(name); });
+        ASSERT_NE(tile, game->TileOrder.end()) << "there is no further tile " << name;
+        std::iter_swap(next++, tile);
     }
 }
 
-std::vector<std::string> GameFixture::board() const {
-    std::vector<std::string> rows;
-    for (int row = bottomRow; row >= 1; --row) {
-        std::string text;
-        bool any = false;
-        for (const CellInfo& place : game->CellTable[row]) {
-            if (!text.empty()) text += ' ';
-            text += tileName(place);
-            any = any || place.Filled;
-        }
-        if (!any) break;
-        rows.push_back(text);
-    }
-    return rows;
+void GameFixture::setBoard(const std::string& rowsFromBottom) {
+    int row = bottomRow, column = 0;
+    for (const std::string& name : words(rowsFromBottom))
+        if (name == "/")
+            --row, column = 0;
+        else if (++column; name != ".")
+            game->CellTable[row][column].fill(game->TileKinds[kindOf(name)]);
 }
+
+std::string GameFixture::board() const {
+    std::string text;
+    for (int row = bottomRow; !namesOf(game->CellTable[row]).empty(); --row)
+        text += (text.empty() ? "" : " / ") + namesOf(game->CellTable[row]);
+    return text;
+}
+
+std::string GameFixture::earned() const { return namesOf(game->EarnedTiles); }
 
 void GameFixture::land(const std::string& name, int column, const std::function<void()>& whileAsked) {
     sim::setHands([&] {
         if (!gfrmChooseTiles.isOpen()) return;
         whileAsked ? whileAsked() : answer();
     });
-    game->mintCurTile = firstTileOf(*game, kindOf(name));
+    const auto tile = std::ranges::find(game->TileKindOf, kindOf(name));
+    game->mintCurTile = narrow16(tile - game->TileKindOf.begin() + 1);
     game->mintCurCol = narrow16(column);
     game->mintCurRow = bottomRow;
     while (game->CellTable[game->mintCurRow][column].Filled) --game->mintCurRow;
@@ -106,17 +111,20 @@ void GameFixture::land(const std::string& name, int column, const std::function<
 
 /// Notes the offer and takes the entry that the test wants.
 void GameFixture::answer() {
-    std::vector<Candidate> offer;
-    for (int i = 1; i < gfrmChooseTiles->mintNumEntries; ++i) {
-        int tiles = 0;
-        for (const CellInfo& place : PossibleTiles[i]) tiles += place.Filled ? 1 : 0;
-        offer.push_back({gfrmChooseTiles->maintRows[i], gfrmChooseTiles->maintCols[i], tiles});
-    }
-    const size_t number = offers.size();
-    offers.push_back(offer);
-    const int entry = number < answers.size() ? answers[number] : gfrmChooseTiles->mintNumEntries;
+    const auto number = static_cast<size_t>(std::ranges::count(offers, ';'));
+    std::string offer;
+    for (const OfferedSet& set : offeredSets())
+        offer +=
+            (offer.empty() ? "" : ", ") + set.tiles + ' ' + std::to_string(set.row) + '/' + std::to_string(set.column);
+    offers += offer + ';';
+    const int entry = number < answers.size() ? answers[number] - '0' : gfrmChooseTiles->mintNumEntries;
     while (gfrmChooseTiles->mintCurEntry != entry) sim::pressKey(platform::key::Right);
     sim::pressKey(platform::key::Enter);
+}
+
+void GameFixture::nextTile() {
+    const int dropped = game->mintTilesDropped;
+    while (game->mintTilesDropped == dropped) sim::step();
 }
 
 void GameFixture::inDialog(const std::function<void()>& open, const std::function<void()>& action) {
@@ -142,17 +150,22 @@ void GameFixture::setHand(const std::string& text) {
     for (CellInfo& slot : game->EarnedTiles) slot.empty();
     game->mintPairSlot = 0;
     int slot = 1;
-    for (const std::string& name : words(text)) {
+    for (std::string name : words(text)) {
         if (name == "|") {
             slot = handTiles + 1;
             continue;
         }
-        if (slot == handTiles + 1 && game->mintPairSlot == 0) FAIL() << "no pair marked in " << text;
-        std::string tile = name;
-        if (tile.front() == '*') {  // the pair's first tile
+        if (name.front() == '*') {  // the pair's first tile
             game->mintPairSlot = narrow16(slot);
-            tile.erase(0, 1);
+            name.erase(0, 1);
         }
-        game->EarnedTiles[slot++].fill(game->TileKinds[kindOf(tile)]);
+        game->EarnedTiles[slot++].fill(game->TileKinds[kindOf(name)]);
     }
+}
+
+void GameFixture::tally(const std::string& hand, int seat, int house, int wind) {
+    beginHand(seat, house, wind);
+    setHand(hand);
+    game->mintHandCount = handTiles;
+    game->msTallyScore();
 }

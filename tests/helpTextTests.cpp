@@ -93,10 +93,7 @@ class HelpText : public GameFixture {
             for (const std::string& tile : set) hand += tile + " ";
         hand += "*" + pair[0] + " " + pair[1] + " |";
         for (const std::string& tile : bonus) hand += " " + tile;
-        beginHand(seat, house, wind);
-        setHand(hand);
-        game->mintHandCount = handTiles;
-        game->msTallyScore();
+        GameFixture::tally(hand, seat, house, wind);
     }
 
     bool scored(const std::string& item) {

@@ -1,6 +1,5 @@
 // The bolt over the table: when it strikes and when it ends.
 
-#include "platform/sim/simulation.h"
 #include "tests/gameFixture.h"
 
 namespace {
@@ -139,7 +138,7 @@ TEST_F(Lightning, AnOfferEndsIt) {
     for (const bool shown : {false, true}) {
         SCOPED_TRACE(shown ? "shown" : "due");
         beginHand();
-        setBoard({"c1 c2 . . . . . . ."});
+        setBoard("c1 c2");
         game->mblnLightningDue = true;
         if (shown) game->msDrawLightning();
         bool looked = false;
@@ -171,11 +170,7 @@ TEST_F(Lightning, StandsWhileTheFallIsHeldAndGoesWithTheNextTick) {
 }
 
 TEST_F(Lightning, NoneAfterMidnightUntilTheNextHand) {
-    game.reset();
-    gsClearAllForms();
-    sim::switchOn(1, 86400 - 100);
-    game = gfrmMain.hold();
-    game->form.show();
+    startProgram(86400 - 100);
     beginLongHand();
     int before = 0, after = 0;
     bool shown = false;

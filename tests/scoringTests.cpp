@@ -1,19 +1,10 @@
 // What a finished hand is worth.
 
-#include "platform/sim/simulation.h"
 #include "tests/gameFixture.h"
 
 namespace {
 
-class Tally : public GameFixture {
-  protected:
-    void tally(const std::string& hand, int seat, int house, int wind) {
-        beginHand(seat, house, wind);
-        setHand(hand);
-        game->mintHandCount = handTiles;
-        game->msTallyScore();
-    }
-};
+class Tally : public GameFixture {};
 
 TEST_F(Tally, EachHandHasItsItemsAndDoubles) {
     struct {
@@ -105,22 +96,20 @@ TEST_F(Tally, ThePairMovesBehindTheSetsWheneverItWasTaken) {
     for (const char* hand : {"*R R c1 c2 c3 b4 b4 b4 w5 w5 w5 E E E", "c1 c2 c3 *R R b4 b4 b4 w5 w5 w5 E E E",
                              "c1 c2 c3 b4 b4 b4 *R R w5 w5 w5 E E E", "c1 c2 c3 b4 b4 b4 w5 w5 w5 *R R E E E",
                              "c1 c2 c3 b4 b4 b4 w5 w5 w5 E E E *R R"}) {
-        tally(hand, 1, 1, 1);
-        int slot = 1;
-        for (const std::string& name : words("c1 c2 c3 b4 b4 b4 w5 w5 w5 E E E R R"))
-            EXPECT_EQ(game->EarnedTiles[slot++].Tile.KindIdx, kindOf(name)) << hand << " slot " << slot - 1;
+        tally(hand);
+        EXPECT_EQ(earned(), "c1 c2 c3 b4 b4 b4 w5 w5 w5 E E E R R") << hand;
         EXPECT_EQ(gstrScoreDesc, "Prevailing Wind Trio,Own Wind Trio,Mixed Hand") << hand;
     }
 }
 
 TEST_F(Tally, TheLastSetOfAHandCountsBeforeTheHand) {
     beginHand();
-    setBoard({"c5 c5 . . . . . . ."});
+    setBoard("c5 c5");
     setHand("c1 c2 c3 b4 b4 b4 w5 w5 w5 *R R");
     game->mintHandCount = game->mintEarnedCount = 11;
     game->mblnPairTaken = true;
     game->mblnDropKeyUsed = true;
-    answers = {1};
+    answers = "1";
     land("c5", 3);
     EXPECT_EQ(game->mlngScore, 4 + 50);
     EXPECT_EQ(gstrScoreDesc, "Mixed Hand");

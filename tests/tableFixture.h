@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/sim/simulation.h"
 #include "tests/expectedTable.h"
 #include "tests/gameFixture.h"
 
@@ -8,17 +7,22 @@
 /// opens or closes.
 class TableFixture : public GameFixture {
   protected:
-    void SetUp() override;
-    void TearDown() override;
+    void SetUp() override {
+        GameFixture::SetUp();
+        shown = sim::screen();
+        sim::setLog([this](const std::string& line) {
+            for (const char* const event : {" show", " form opens", " form closes"})
+                if (line.ends_with(event)) shown = sim::screen();
+        });
+    }
 
-    /// Begins a hand in which these tiles fall first.
-    void dealHand(const std::string& names, int seat, int house = 1, int wind = 1);
-    /// Lets time pass until the next tile has come in.
-    void nextTile();
     /// Lets the tile fall by so many rows.
     void ticks(int count, int interval = 400) { sim::runFor(count * interval); }
     /// Drops the tile, which lands; the next one hasn't come in yet.
-    void drop();
+    void drop() {
+        sim::pressKey(platform::key::Down);
+        while (game->mintCurRow != noRow) sim::step();
+    }
     void press(int keyCode, int times) {
         for (int i = 0; i < times; ++i) sim::pressKey(keyCode);
     }

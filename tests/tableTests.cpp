@@ -55,23 +55,24 @@ TEST_F(Table, LandedTilesStayInTheirViews) {
         press(steps < 0 ? Left : Right, std::abs(steps));
         drop();
     }
-    EXPECT_TRUE(ExpectedTable().seats(3, 1, 1).score("0").board({"c1 . . b5 N w9 . . R"}).isSeenOn(shown));
+    EXPECT_TRUE(ExpectedTable().seats(3, 1, 1).score("0").board("c1 . . b5 N w9 . . R").isSeenOn(shown));
     nextTile();
     EXPECT_TRUE(
-        ExpectedTable().seats(3, 1, 1).score("0").board({"c1 . . b5 N w9 . . R"}).tile(5, 1, "G").isSeenOn(shown));
+        ExpectedTable().seats(3, 1, 1).score("0").board("c1 . . b5 N w9 . . R").tile(5, 1, "G").isSeenOn(shown));
 }
 
 TEST_F(Table, EveryFaceIsTheOneOfItsKindAndAFullBoardIsSeenToItsEdges) {
-    const std::vector<std::string> boards[] = {
-        {"c1 c2 c3 c4 c5 c6 c7 c8 c9", "b1 b2 b3 b4 b5 b6 b7 b8 b9", "w1 w2 w3 w4 w5 w6 w7 w8 w9",
-         "E S W N R G B s1 s2", "s3 s4 f1 f2 f3 f4 . . ."},
-        std::vector<std::string>(12, "c1 . . . E . . . w9")};
-    for (const auto& rows : boards) {
+    std::string sides;
+    for (int row = 1; row <= bottomRow; ++row) sides += "c1 . . . E . . . w9 / ";
+    for (const std::string& rows :
+         {std::string("c1 c2 c3 c4 c5 c6 c7 c8 c9 / b1 b2 b3 b4 b5 b6 b7 b8 b9 / w1 w2 w3 w4 w5 w6 w7 w8 w9 / "
+                      "E S W N R G B s1 s2 / s3 s4 f1 f2 f3 f4"),
+          sides}) {
         beginHand(2);
         setBoard(rows);
         game->msDrawPlayArea();
         game->msShowPicture();
-        EXPECT_TRUE(ExpectedTable().board(rows).isSeenOn(shown)) << rows[0];
+        EXPECT_TRUE(ExpectedTable().board(rows).isSeenOn(shown)) << rows;
     }
 }
 
@@ -99,17 +100,17 @@ TEST_F(Table, TheNextTileShowsWithPeekFromTheNextShowOn) {
 
 TEST_F(Table, ATakenSetLeavesTheBoardAndStandsAmongTheEarned) {
     dealHand("c3 w9 b1", 2, 3, 4);
-    setBoard({"c1 c2 . R . . . . N", "b9 . . f1 . . . . .", "b7 W . . . . . . s1"});
+    setBoard("c1 c2 . R . . . . N / b9 . . f1 / b7 W . . . . . . s1");
     sim::clickToolButton(Button::Peek);
     nextTile();
     press(Left, 2);
     press(Down, 1);
-    answers = {1};
+    answers = "1";
     sim::setHands([this] {
         if (gfrmChooseTiles.isOpen()) sim::pressKey(Enter);
     });
     ticks(12, 5);
-    const std::vector<std::string> left = {"b9 . . R . . . . N", "b7 W . f1 . . . . .", ". . . . . . . . s1"};
+    const std::string left = "b9 . . R . . . . N / b7 W . f1 / . . . . . . . . s1";
     const auto table = [&] { return ExpectedTable().score("2").seats(2, 3, 4).board(left).earned("c1 c2 c3"); };
     EXPECT_TRUE(table().nextTile("w9").isSeenOn(shown)) << "at once";
     sim::runFor(400);
@@ -154,7 +155,7 @@ TEST_F(Table, ANewHandShowsWithItsFirstTick) {
     dealHand("c1 E", 2, 4, 1);
     game->mintHouseMoves = 3;
     setHand("c1 c2 c3 *R R | f2");
-    setBoard({"b1 b2 . . . . . . ."});
+    setBoard("b1 b2");
     sim::clickToolButton(Button::Peek);
     nextTile();
     const auto before =
