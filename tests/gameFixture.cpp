@@ -20,7 +20,7 @@ const std::vector<std::string>& tileNames() {
 template <class Places>
 std::string namesOf(const Places& places) {
     std::string text;
-    for (const CellInfo& place : places) text += tileName(place) + ' ';
+    for (const CellInfo& place : places) text += tileName(place.Filled ? place.Tile.KindIdx : 0) + ' ';
     return text.substr(0, text.find_last_not_of(". ") + 1);
 }
 
@@ -32,7 +32,7 @@ int16_t kindOf(const std::string& name) {
     return narrow16(found - tileNames().begin());
 }
 
-std::string tileName(const CellInfo& place) { return tileNames().at(place.Filled ? place.Tile.KindIdx : 0); }
+std::string tileName(int kind) { return tileNames().at(static_cast<size_t>(kind)); }
 
 std::vector<std::string> words(const std::string& text) {
     std::istringstream in(text);
@@ -166,6 +166,7 @@ void GameFixture::setHand(const std::string& text) {
 void GameFixture::tally(const std::string& hand, int seat, int house, int wind) {
     beginHand(seat, house, wind);
     setHand(hand);
+    game->mlngScore = 0;
     game->mintHandCount = handTiles;
     game->msTallyScore();
 }

@@ -14,8 +14,8 @@
 /// R G B dragons, s1 to s4 seasons, f1 to f4 flowers, a dot for none. Fails the test for any other.
 int16_t kindOf(const std::string& name);
 
-/// The short name of a tile; a dot for an empty place.
-std::string tileName(const CellInfo& place);
+/// The short name of a kind.
+std::string tileName(int kind);
 
 /// The words of a text.
 std::vector<std::string> words(const std::string& text);

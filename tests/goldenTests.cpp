@@ -49,11 +49,9 @@ class Transcript {
 
     void tellLanding(const frmMain& game) {
         landed_ = game.mintTilesDropped;
-        CellInfo tile;
-        tile.fill(game.TileKinds[game.TileKindOf[game.mintCurTile]]);
         text << std::setw(5) << std::right << landed_ << std::setw(9) << std::fixed << std::setprecision(3)
-             << sim::now() / 1000 << " s  " << std::setw(2) << std::left << tileName(tile) << " lands in row " << row_
-             << ", column " << game.mintCurCol << '\n';
+             << sim::now() / 1000 << " s  " << std::setw(2) << std::left << tileName(game.TileKindOf[game.mintCurTile])
+             << " lands in row " << row_ << ", column " << game.mintCurCol << '\n';
     }
 
     void tellOffer() {
