@@ -1,25 +1,24 @@
-// What comes out of the sound device: the real sound font, SDL's disk driver, pieces of a few notes.
+// What comes out of the sound device: the real sound font, SDL's disk driver, pieces of a few notes; then the game on
+// the real window, as it is heard.
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
-#include <algorithm>
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
 #include <chrono>
-#include <cmath>
-#include <cstdint>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
-#include <thread>
 
+#include "frmMain.h"
+#include "match/frmChooseSeat.h"
 #include "platform/desktop.h"
 #include "platform/qt/sound/soundThread.h"
 #include "platform/qt/window/modules.h"
+#include "tests/application.h"
 #include "tests/ear.h"
 #include "tests/soundFiles.h"
 
@@ -31,31 +30,11 @@ using namespace std::chrono_literals;
 
 constexpr float audible = 0.002F;
 
-/// A variable of the environment, for as long as this lives.
-class Variable {
-  public:
-    Variable(const char* name, const std::string& value) : name_(name) {
-        const char* const before = std::getenv(name);
-        if (before != nullptr) before_ = before;
-        setenv(name, value.c_str(), 1);
-    }
-    ~Variable() { before_ ? setenv(name_, before_->c_str(), 1) : unsetenv(name_); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-  private:
-    const char* name_;
-    std::optional<std::string> before_;
-};
-
 class Sound : public testing::Test {
   protected:
-    Sound() {
-        folder_ = std::filesystem::temp_directory_path() / ("sounds" + std::to_string(getpid()));
-        std::filesystem::create_directories(folder_);
-    }
     ~Sound() override {
         thread_.reset();
+        for (const char* const name : {"SDL_DISKAUDIODELAY", "ALSA_CONFIG_PATH"}) unsetenv(name);
         std::filesystem::remove_all(folder_);
     }
 
@@ -69,6 +48,7 @@ class Sound : public testing::Test {
         const auto end = std::chrono::steady_clock::now() + 20s;
         while (!condition()) {
             ASSERT_LT(std::chrono::steady_clock::now(), end) << "waited in vain for " << what;
+            QCoreApplication::processEvents();  // if there is one
             std::this_thread::sleep_for(2ms);
         }
     }
@@ -84,8 +64,9 @@ class Sound : public testing::Test {
         return performance;
     }
 
-    std::filesystem::path folder_;
-    std::optional<Ear> ear_{std::in_place};
+    std::filesystem::path folder_ = std::filesystem::temp_directory_path() / ("sounds" + std::to_string(getpid()));
+    const bool made_ = std::filesystem::create_directories(folder_);
+    std::optional<Ear> ear_{folder_};
     std::unique_ptr<SoundThread> thread_ = std::make_unique<SoundThread>();
 };
 
@@ -208,7 +189,7 @@ TEST_F(Sound, ThunderSoundsWithMusicAndWithout) {
 }
 
 TEST_F(Sound, MusicAndThunderHaveTheirLoudness) {
-    const Variable quick("SDL_DISKAUDIODELAY", "0");
+    setenv("SDL_DISKAUDIODELAY", "0", 1);
     // As decibels of its power; a meter finds -23 LUFS in the whole piece.
     struct {
         const char* file;
@@ -279,23 +260,23 @@ TEST_F(Sound, WhatCannotBeHeardIsSilence) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
         thread_ = std::make_unique<SoundThread>();
-        {
-            const Variable variable(row.variable, row.value);
-            const uint64_t performance = thread_->begin(row.file);
-            await("the failure", [&] { return thread_->stateOf(performance) == State::Failed; });
-            thread_->playSound(row.file);
-            thread_->setPlaying(performance, false);
-        }
+        setenv(row.variable, row.value.c_str(), 1);
+        const uint64_t performance = thread_->begin(row.file);
+        await("the failure", [&] { return thread_->stateOf(performance) == State::Failed; });
+        thread_->playSound(row.file);
+        thread_->setPlaying(performance, false);
         EXPECT_EQ(ear_->heard().peak(0, ear_->now()), 0);
+        unsetenv(row.variable);
+        ear_->attend();
         beginAndAwaitSound(good);
         thread_.reset();
-        ear_.emplace();
+        ear_.emplace(folder_);
     }
 }
 
 TEST_F(Sound, WithoutADeviceNothingIsSaid) {
-    const Variable driver("SDL_AUDIODRIVER", "alsa");
-    const Variable configuration("ALSA_CONFIG_PATH", "/dev/null");
+    setenv("SDL_AUDIODRIVER", "alsa", 1);
+    setenv("ALSA_CONFIG_PATH", "/dev/null", 1);
     const auto file = write("organ.mid", piece(organ, {{0, 900, 60}}, 1000));
     testing::internal::CaptureStderr();
     const uint64_t performance = thread_->begin(file);
@@ -308,7 +289,7 @@ TEST_F(Sound, DeviceThatVanishesIsOpenedAnewByTheNextBeginning) {
     uint64_t performance = beginAndAwaitSound(file);
     ear_.reset();
     await("the end", [&] { return thread_->stateOf(performance) == State::Ended; });
-    ear_.emplace();
+    ear_.emplace(folder_);
     performance = beginAndAwaitSound(file);
     EXPECT_EQ(thread_->stateOf(performance), State::Going);
 }
@@ -342,7 +323,7 @@ TEST_F(Sound, LastOfManyWishesCounts) {
 TEST_F(Sound, ProgramMayEndWhileTheFontIsLoading) {
     const auto file = write("organ.mid", piece(organ, {{0, 900, 60}}, 1000));
     ear_.reset();
-    const Variable driver("SDL_AUDIODRIVER", "dummy");
+    setenv("SDL_AUDIODRIVER", "dummy", 1);
     for (const auto wait : {0ms, 10ms, 40ms, 80ms, 150ms}) {
         const auto playFor = [&](SoundThread& thread) {
             thread.begin(file);
@@ -352,6 +333,30 @@ TEST_F(Sound, ProgramMayEndWhileTheFontIsLoading) {
         SoundThread thread;
         playFor(thread);
     }
+}
+
+class GameSound : public Sound {};
+
+TEST_F(GameSound, MusicAndThunderAreHeard) {
+    setUpApplication();
+    auto game = gfrmMain.hold();
+    game->form.show();
+    QTimer person;
+    QObject::connect(&person, &QTimer::timeout, [] {
+        QWidget* const window = QApplication::activeWindow();
+        if (window && gfrmChooseSeat.isOpen()) QTest::keyClick(window, Qt::Key_Enter);
+    });
+    person.start(10);
+    game->tbrZQT_ButtonClick(Button::StartAnew);
+    await("music", [&] { return ear_->heard().peak(0, ear_->now()) > audible; });
+    game->tbrZQT_ButtonClick(Button::Music);
+    await("the device to close", [&] { return !ear_->deviceOpen(); });
+    const size_t before = ear_->now();
+    game->mblnLightningShown = true;
+    game->msDrawLightning();
+    await("thunder", [&] { return ear_->heard().peak(before, ear_->now()) > 0.1F; });
+    game.reset();
+    gsClearAllForms();
 }
 
 TEST(Modules, WhatCannotBeLoadedHasNoEntryPoint) {
