@@ -22,10 +22,9 @@ void movePointer(int x, int y);
 void buttonDown(int x, int y);
 void buttonUp(int x, int y);
 void clickToolButton(int button);
-void goAway();                               ///< The keyboard goes to a window of another program.
-void comeBack();                             ///< And to the main window again.
-void chooseMenuItem(int item);               ///< Of the menu that the next pop-up opens; 0 leaves it.
-std::string pieceOfMusic(int milliseconds);  ///< The file of a piece so long; for 0 one that is not there.
-std::string lastMessage();                   ///< "title: text" of the last message box; each is answered at once.
+void goAway();                  ///< The keyboard goes to a window of another program.
+void comeBack();                ///< And to the main window again.
+void chooseMenuItem(int item);  ///< Of the menu that the next pop-up opens; 0 leaves it.
+std::string lastMessage();      ///< "title: text" of the last message box; each is answered at once.
 
 }  // namespace driver

@@ -37,41 +37,26 @@ class Lightning : public GameFixture {
     int thunders = 0;
 };
 
-TEST_F(Lightning, StrikesAMinuteAfterTheLastForOneTick) {
+TEST_F(Lightning, StrikesAMinuteAfterTheLastForOneTickAndThenItThunders) {
     beginLongHand();
+    listen();
     double last = second();
     for (int strike = 1; strike <= 6; ++strike) {
         SCOPED_TRACE(strike);
+        game->mblnMusicOn = strike % 2 == 0;  // It thunders with music and without.
         waitForStrike();
         EXPECT_GE(second() - last, 59.5) << "whole seconds count";
         EXPECT_LT(second() - last, 60 + 40);
+        EXPECT_EQ(thunders, strike - 1) << "the bolt comes first";
         last = second();
         while (game->mblnLightningShown) ASSERT_TRUE(sim::step());
         // A tile that lands meanwhile paints nothing.
         const int duration = static_cast<int>((second() - last) * 1000 + 0.5);
         EXPECT_TRUE(duration == 400 || duration == 800) << duration;
+        game->msDrawLightning();
+        EXPECT_EQ(thunders, strike) << "once";
     }
     EXPECT_EQ(game->mintGamesPlayed, 0);
-}
-
-TEST_F(Lightning, ThunderFollowsWhenItGoesOutWithMusicAndWithout) {
-    for (const bool music : {true, false}) {
-        SCOPED_TRACE(music ? "with music" : "without music");
-        game->mblnMusicOn = music;
-        beginLongHand();
-        listen();
-        thunders = 0;
-        waitForStrike();
-        EXPECT_EQ(thunders, 0) << "the bolt comes first";
-        while (game->mblnLightningShown) ASSERT_TRUE(sim::step());
-        EXPECT_EQ(thunders, 1);
-        waitForStrike();
-        sim::pressKey('Q');
-        EXPECT_EQ(thunders, 2);
-        game->msDrawLightning();
-        EXPECT_EQ(thunders, 2) << "nothing is under way";
-        sim::setLog({});
-    }
 }
 
 TEST_F(Lightning, OneTickInTenMakesAStrikeDueOnceAMinuteIsOver) {
@@ -91,64 +76,56 @@ TEST_F(Lightning, OneTickInTenMakesAStrikeDueOnceAMinuteIsOver) {
     EXPECT_NEAR(dueIn(10000), 1000, 100);
 }
 
-TEST_F(Lightning, AHandAndAStrikeNoteTheWholeSecondAndANewHandEndsAll) {
+TEST_F(Lightning, AHandAndAStrikeNoteTheWholeSecond) {
     sim::runFor(20600);
     beginHand();
     EXPECT_EQ(game->mlngLastLightning, 36021);
     game->Timer1.setEnabled(false);
     game->mblnLightningDue = true;
-    sim::runFor(800);  // 36021.4
-    game->msDrawLightning();
-    EXPECT_TRUE(game->mblnLightningShown);
-    EXPECT_EQ(game->mlngLastLightning, 36021);
-    sim::runFor(200);
-    game->msDrawLightning();
-    EXPECT_FALSE(game->mblnLightningShown);
-    EXPECT_EQ(game->mlngLastLightning, 36021) << "the painting counts, not the end";
-    game->mblnLightningDue = game->mblnLightningShown = true;
-    sim::runFor(5000);
-    listen();
-    beginHand();
-    EXPECT_FALSE(game->mblnLightningDue || game->mblnLightningShown);
-    EXPECT_EQ(game->mlngLastLightning, 36027);
-    EXPECT_EQ(thunders, 0);
-}
-
-TEST_F(Lightning, AnyKeyEndsItAndStillWorks) {
-    for (const int key : {int{platform::key::Left}, int{platform::key::Up}, int{'Q'}}) {
-        beginLongHand();
-        waitForStrike();
-        const int column = game->mintCurCol;
-        sim::pressKey(key);
-        EXPECT_FALSE(game->mblnLightningShown);
-        EXPECT_EQ(game->mintCurCol, key == platform::key::Left ? column - 1 : column);
+    for (const int pause : {800, 200}) {  // 36021.4, as it is painted, and 36021.6, as it ends
+        sim::runFor(pause);
+        game->msDrawLightning();
+        EXPECT_EQ(game->mblnLightningShown, pause == 800);
+        EXPECT_EQ(game->mlngLastLightning, 36021);
     }
-    const int16_t rows[] = {game->mintCurRow, noRow};  // A key between two tiles does so too.
-    for (const int16_t row : rows)
-        for (const bool shown : {false, true}) {  // A strike that is only due is over before it is seen.
-            game->mintCurRow = row;
-            game->mblnLightningDue = true;
-            if (shown) game->msDrawLightning();
-            sim::pressKey('Q');
-            EXPECT_FALSE(game->mblnLightningDue || game->mblnLightningShown) << row;
-        }
 }
 
-TEST_F(Lightning, AnOfferEndsIt) {
-    for (const bool shown : {false, true}) {
-        SCOPED_TRACE(shown ? "shown" : "due");
-        beginHand();
+TEST_F(Lightning, AnyKeyAnOfferAndAnotherHandEndIt) {
+    const auto press = [](int key) { return [key] { sim::pressKey(key); }; };
+    const auto offer = [this] {
         setBoard("c1 c2");
-        game->mblnLightningDue = true;
-        if (shown) game->msDrawLightning();
-        bool looked = false;
-        land("c3", 3, [&] {
-            looked = true;
+        land("c3", 3, [this] {
             EXPECT_FALSE(game->mblnLightningDue || game->mblnLightningShown);
             sim::pressKey(platform::key::Enter);
         });
-        EXPECT_TRUE(looked);
-    }
+    };
+    const struct {
+        const char* what;
+        bool tileFalls;
+        std::function<void()> action;
+        int column, thunders;
+    } rows[] = {
+        {"a key that steers", true, press(platform::key::Left), 4, 1},
+        {"a key that has no use", true, press('Q'), 5, 1},
+        {"a key between two tiles", false, press('Q'), 5, 1},
+        {"an offer", false, offer, 3, 1},
+        {"another hand", true, [this] { beginHand(); }, 5, 0},
+    };
+    for (const auto& row : rows)
+        for (const bool shown : {false, true}) {  // A strike that is only due is over before it is seen.
+            SCOPED_TRACE(row.what);
+            beginHand();
+            nextTile();
+            if (!row.tileFalls) game->mintCurRow = noRow;
+            game->mblnLightningDue = true;
+            if (shown) game->msDrawLightning();
+            thunders = 0;
+            listen();
+            row.action();
+            EXPECT_FALSE(game->mblnLightningDue || game->mblnLightningShown) << shown;
+            EXPECT_EQ(game->mintCurCol, row.column) << shown;
+            EXPECT_EQ(thunders, row.thunders) << shown;
+        }
 }
 
 TEST_F(Lightning, StandsWhileTheFallIsHeldAndGoesWithTheNextTick) {

@@ -1,9 +1,5 @@
 // When the music plays, from the toolbar's commands to the device, in virtual time.
 
-#include <sstream>
-
-#include "platform/desktop.h"
-#include "platform/sim/simulation.h"
 #include "platform/sound.h"
 #include "tests/gameFixture.h"
 
@@ -11,44 +7,22 @@ namespace {
 
 constexpr double statusInterval = 55;  // milliseconds
 
+/// The game with someone who confirms whatever opens.
 class GameMusic : public GameFixture {
   protected:
     void SetUp() override {
         GameFixture::SetUp();
-        sim::setLog([this](const std::string& line) {
-            std::istringstream in(line);
-            double time = 0;
-            std::string subject, verb, preposition, place;
-            in >> time >> subject >> verb >> preposition >> place;
-            if (subject != "music") return;
-            trace += trace.empty() ? "" : ", ";
-            trace += verb == "plays" ? "plays from " + place : verb;
-            if (verb == "plays") begun.push_back(time);
-        });
-    }
-
-    void restart() {
-        TearDown();
-        SetUp();
         trace.clear();
-    }
-
-    void press(int button) {
-        if (button == Button::StartAnew)
-            startMatch();
-        else
-            sim::clickToolButton(button);
-    }
-
-    /// Ends the match by its summary.
-    void endMatch() {
-        gintNumRounds = game->mintRoundsPlayed = 1;
+        sim::setLog([this](const std::string& line) {
+            const size_t at = line.find("music ");
+            if (at == std::string::npos) return;
+            const bool plays = line.find("plays", at) != std::string::npos;
+            trace += (trace.empty() ? "" : ", ") + (plays ? line.substr(at + 6) : "stops");
+            if (plays) begun.push_back(sim::now());
+        });
         sim::setHands([] {
             if (sim::modalDepth() > 0) sim::pressKey(platform::key::Enter);
         });
-        sim::runFor(1000);
-        sim::setHands({});
-        EXPECT_FALSE(game->mblnGameRunning);
     }
 
     std::string trace;          ///< When the music began to play and stopped.
@@ -83,8 +57,10 @@ TEST_F(GameMusic, ItFollowsTheCommands) {
         {"Music twice without a match", {StartAnew, endOfMatch, Music, Music}, "plays from 0, stops, plays from 0"},
     };
     for (const auto& row : rows) {
+        SetUp();
         for (const int button : row.buttons) {
-            button == endOfMatch ? endMatch() : press(button);
+            if (button == endOfMatch) gintNumRounds = game->mintRoundsPlayed = 1;
+            sim::clickToolButton(button);
             sim::runFor(1000);
         }
         EXPECT_EQ(trace, row.trace) << row.what;
@@ -92,15 +68,15 @@ TEST_F(GameMusic, ItFollowsTheCommands) {
         EXPECT_EQ(sim::pieceSounds(), sounds) << row.what;
         EXPECT_EQ(game->mmcZQT.updateInterval(), sounds ? statusInterval : 0) << row.what;
         EXPECT_EQ(game->tbrZQT.toolTip(Button::Music), row.wanted ? "Music:On" : "Music:Off") << row.what;
-        restart();
     }
 }
 
 TEST_F(GameMusic, ThePieceBeginsAtTheNextStatusEventAndEndlesslyAnew) {
     constexpr double length = 2000;  // milliseconds
     sim::setPieceLength(length);
-    press(Button::StartAnew);
+    sim::clickToolButton(Button::StartAnew);
     const double pressed = sim::now();
+    sim::goAway();  // The music plays on.
     sim::runFor(20000);
     ASSERT_GE(begun.size(), 9U);
     EXPECT_EQ(begun[0], pressed + statusInterval);
@@ -109,7 +85,7 @@ TEST_F(GameMusic, ThePieceBeginsAtTheNextStatusEventAndEndlesslyAnew) {
         EXPECT_LE(begun[i], begun[i - 1] + length + statusInterval);
     }
     begun.clear();
-    press(Button::Stop);
+    sim::clickToolButton(Button::Stop);
     sim::runFor(20000);
     EXPECT_TRUE(begun.empty());
 }
@@ -131,16 +107,16 @@ TEST_F(GameMusic, WithoutPieceOrDeviceTheGameIsSilentAndSaysNothing) {
         {"not set up", [](frmMain& form) { form.mblnMusicReady = false; }, 0},
     };
     for (const auto& row : rows) {
+        SetUp();
         row.take(*game);
-        press(Button::StartAnew);
+        sim::clickToolButton(Button::StartAnew);
         sim::runFor(3000);
         EXPECT_EQ(trace, "") << row.what;
         EXPECT_GT(game->mintTilesDropped, 0) << row.what;
         EXPECT_EQ(game->mmcZQT.updateInterval(), row.interval) << row.what;
-        press(Button::Stop);
+        sim::clickToolButton(Button::Stop);
         EXPECT_EQ(game->mmcZQT.command(), "Prev") << row.what << ": stopped without a test";
         EXPECT_TRUE(sim::messages().empty()) << row.what;
-        restart();
     }
 }
 
@@ -150,6 +126,7 @@ TEST_F(GameMusic, ADeviceThatStandsOpenIsNotOpenedAgainAndClosedAtTheEnd) {
         const char *file, *secondCommand, *lastCommand;
     } const rows[] = {{noPiece, "Next", "Close"}, {"piece.mid", "Open", "Open"}};
     for (const auto& row : rows) {
+        SetUp();
         platform::MMControl& device = game->mmcZQT;
         device.setCommand("Close");
         EXPECT_TRUE(gblnfInitMCI(device, true, false, 0, row.file, "Sequencer"));
@@ -159,7 +136,37 @@ TEST_F(GameMusic, ADeviceThatStandsOpenIsNotOpenedAgainAndClosedAtTheEnd) {
         EXPECT_EQ(device.command(), row.secondCommand) << row.file;
         EXPECT_THROW(game->msExitProgram(), sim::ProcessEnded);
         EXPECT_EQ(device.command(), row.lastCommand) << row.file;
-        restart();
+    }
+}
+
+TEST(MusicDevice, IsOpenedIfThePieceIsThere) {
+    struct {
+        const char* what;
+        int length;  // milliseconds; 0 if the file isn't there
+        const char *file, *deviceType;
+        int32_t mode;
+    } const rows[] = {
+        {"a piece", 1000, "piece.mid", "Sequencer", 525},
+        {"a file that isn't there", 0, "piece.mid", "Sequencer", 524},
+        {"no piece", 1000, "", "Sequencer", 530},
+        {"another device", 1000, "piece.mid", "WaveAudio", 524},
+    };
+    for (const auto& row : rows) {
+        sim::switchOn(1);
+        sim::setPieceLength(row.length);
+        platform::MMControl music;
+        EXPECT_EQ(music.mode(), 524) << row.what;
+        music.setDeviceType(row.deviceType);
+        music.setFileName(row.file);
+        const struct {
+            const char* command;
+            int32_t mode;
+        } steps[] = {
+            {"Open", row.mode}, {"Play", row.mode == 525 ? 526 : row.mode}, {"Stop", row.mode}, {"Close", 524}};
+        for (const auto& step : steps) {
+            music.setCommand(step.command);
+            EXPECT_EQ(music.mode(), step.mode) << row.what << ": " << step.command;
+        }
     }
 }
 

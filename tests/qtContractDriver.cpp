@@ -5,12 +5,10 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMessageBox>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
 #include <cmath>
-#include <fstream>
 #include <list>
 #include <set>
 
@@ -22,7 +20,6 @@
 #include "platform/timer.h"
 #include "tests/application.h"
 #include "tests/contractDriver.h"
-#include "tests/soundFiles.h"
 
 namespace driver {
 namespace {
@@ -180,14 +177,6 @@ void comeBack() {
 }
 
 void chooseMenuItem(int item) { person().menuItem = item; }
-
-std::string pieceOfMusic(int milliseconds) {
-    static const QTemporaryDir folder;
-    if (milliseconds == 0) return folder.filePath("none.mid").toStdString();
-    const std::string file = folder.filePath(QString::number(milliseconds) + ".mid").toStdString();
-    std::ofstream(file, std::ios::binary) << piece(woodBlock, {{0, milliseconds / 2, 60}}, milliseconds);
-    return file;
-}
 
 std::string lastMessage() { return person().lastMessage; }
 

@@ -31,11 +31,6 @@ void chooseMenuItem(int item) {
     sim::post([item] { sim::chooseMenuItem(item); });
 }
 
-std::string pieceOfMusic(int milliseconds) {
-    sim::setPieceLength(milliseconds);
-    return "piece.mid";
-}
-
 std::string lastMessage() { return sim::messages().empty() ? "" : sim::messages().back(); }
 
 }  // namespace driver
