@@ -366,6 +366,13 @@ TEST_F(GameSound, MusicAndThunderAreHeard) {
     gsClearAllForms();
 }
 
+TEST(Thunder, isWhatItsGeneratorMakes) {
+    std::ostringstream file;
+    file << std::ifstream(VELMORA_ASSETS "/sounds/Thunder2.wav", std::ios::binary).rdbuf();
+    const std::vector<uint8_t> made = thunder::waveFile(thunder::makeSamples());
+    EXPECT_TRUE(file.str() == std::string(made.begin(), made.end())) << "art/make makes another thunder";
+}
+
 TEST(Modules, WhatCannotBeLoadedHasNoEntryPoint) {
     using platform::qt::moduleEntry;
     EXPECT_NE(moduleEntry("velmora_sound.so", "makeMixer"), nullptr);
