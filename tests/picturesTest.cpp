@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <map>
 #include <string>
@@ -46,91 +45,79 @@ int countOf(const Rect& rect, Holds holds) {
 }
 
 TEST(Pictures, haveTheirSizesIn24Bits) {
-    struct Sheet {
+    const struct {
         const char* name;
         int width, height;
-    };
-    constexpr std::array sheets = {
-        Sheet{"picAllTiles", 1260, 117},
-        Sheet{"picTileBackMask", 30, 117},
-        Sheet{"picTileBack", 30, 117},
-        Sheet{"picTableTop", 64, 64},
-        Sheet{"picHouse", 256, 132},
-        Sheet{"picHouseMask", 64, 66},
-        Sheet{"picSmallHouse", 64, 32},
-        Sheet{"picSmallHouseMask", 16, 16},
-        Sheet{"picLightning", 200, 233},
-        Sheet{"picPass", 90, 39},
-        Sheet{"picLightningMask", 200, 233},
-        Sheet{"picPassMask", 90, 39},
-        Sheet{"101", 800, 600},
-        Sheet{"102", 667, 329},
-        Sheet{"103", 256, 256},
-        Sheet{"104", 500, 350},
-        Sheet{"ImageList1", 224, 16},
-    };
-    for (const Sheet& sheet : sheets) {
-        SCOPED_TRACE(sheet.name);
+    } sheets[] = {{"picAllTiles", 1260, 117},
+                  {"picTileBackMask", 30, 117},
+                  {"picTileBack", 30, 117},
+                  {"picTableTop", 64, 64},
+                  {"picHouse", 256, 132},
+                  {"picHouseMask", 64, 66},
+                  {"picSmallHouse", 64, 32},
+                  {"picSmallHouseMask", 16, 16},
+                  {"picLightning", 200, 233},
+                  {"picPass", 90, 39},
+                  {"picLightningMask", 200, 233},
+                  {"picPassMask", 90, 39},
+                  {"101", 800, 600},
+                  {"102", 667, 329},
+                  {"103", 256, 256},
+                  {"104", 500, 350},
+                  {"ImageList1", 224, 16}};
+    for (const auto& sheet : sheets) {
         const PngImage& image = picture(sheet.name);
-        EXPECT_EQ(image.width, sheet.width);
-        EXPECT_EQ(image.height, sheet.height);
-        EXPECT_TRUE(image.trueColour24);
+        EXPECT_EQ(image.width, sheet.width) << sheet.name;
+        EXPECT_EQ(image.height, sheet.height) << sheet.name;
+        EXPECT_TRUE(image.trueColour24) << sheet.name;
     }
 }
 
 TEST(Pictures, areBlackWhereTheirMaskIsWhite) {
-    struct Pair {
+    const struct {
         const char *picture, *mask;
-    };
-    constexpr std::array pairs = {Pair{"picAllTiles", "picTileBackMask"}, Pair{"picTileBack", "picTileBackMask"},
-                                  Pair{"picHouse", "picHouseMask"}, Pair{"picSmallHouse", "picSmallHouseMask"},
-                                  Pair{"picPass", "picPassMask"}};
-    for (const Pair& pair : pairs) {
-        SCOPED_TRACE(pair.picture);
+    } pairs[] = {{"picAllTiles", "picTileBackMask"},
+                 {"picTileBack", "picTileBackMask"},
+                 {"picHouse", "picHouseMask"},
+                 {"picSmallHouse", "picSmallHouseMask"},
+                 {"picPass", "picPassMask"}};
+    for (const auto& pair : pairs) {
         const PngImage& image = picture(pair.picture);
         const PngImage& mask = picture(pair.mask);
-        const Rect all = {0, 0, image.width, image.height};
-        const auto maskAt = [&](int x, int y) { return mask.at(x % mask.width, y % mask.height); };
-        const int shown = countOf(all, [&](int x, int y) { return maskAt(x, y) == black; });
-        const int kept = countOf(all, [&](int x, int y) { return maskAt(x, y) == white; });
-        EXPECT_EQ(shown + kept, image.width * image.height) << "a mask colour that is neither black nor white";
-        EXPECT_GT(shown, 0);
-        EXPECT_GT(kept, 0);
-        EXPECT_EQ(countOf(all, [&](int x, int y) { return maskAt(x, y) == white && image.at(x, y) != black; }), 0);
+        const auto pixels = [&](uint32_t colour, bool blackOnly) {  // where the mask has that colour
+            return countOf({0, 0, image.width, image.height}, [&](int x, int y) {
+                return mask.at(x % mask.width, y % mask.height) == colour && (!blackOnly || image.at(x, y) == black);
+            });
+        };
+        EXPECT_EQ(pixels(black, false) + pixels(white, false), image.width * image.height) << pair.mask;
+        EXPECT_EQ(pixels(white, true), pixels(white, false)) << pair.picture;
+        for (const uint32_t colour : {black, white}) EXPECT_GT(pixels(colour, false), 0) << pair.mask;
     }
-}
-
-/// Pixels left out at the left and the right of a line.
-struct Cut {
-    int left, right;
-};
-
-Cut cutOf(int view, int line) {
-    const int fromBottom = tileHeight - 1 - line;
-    const int far = std::max(0, 3 - line);
-    const int near = std::max(0, 2 - fromBottom);
-    if (view == 0) return line == 0 || fromBottom == 0 ? Cut{1, 1} : Cut{0, 0};
-    return view == 1 ? Cut{near, far} : Cut{far, near};
 }
 
 TEST(Pictures, tilesHaveTheOutlineOfTheirView) {
     const PngImage& mask = picture("picTileBackMask");
     for (int view = 0; view < viewCount; ++view)
         for (int line = 0; line < tileHeight; ++line) {
-            const Cut cut = cutOf(view, line);
-            for (int x = 0; x < tileWidth; ++x)
-                EXPECT_EQ(mask.at(x, view * tileHeight + line) == black, x >= cut.left && x < tileWidth - cut.right)
-                    << "view " << view << ", line " << line << ", x " << x;
+            const int far = std::max(0, 3 - line), near = std::max(0, line - tileHeight + 3);  // pixels left out
+            const int corner = line == 0 || line == tileHeight - 1 ? 1 : 0;
+            const int left = view == 0   ? corner
+                             : view == 1 ? near
+                                         : far,
+                      right = view == 0 ? corner : far + near - left;
+            const Rect row = {0, view * tileHeight + line, tileWidth, 1},
+                       shown = {left, row.y, tileWidth - left - right, 1};
+            EXPECT_EQ(countOf(row, [&](int x, int y) { return (mask.at(x, y) == black) != shown.holds(x, y); }), 0)
+                << "view " << view << ", line " << line;
         }
 }
 
 TEST(Pictures, lightningMaskIsTheComplement) {
     const PngImage& bolt = picture("picLightning");
     const PngImage& mask = picture("picLightningMask");
-    EXPECT_EQ(countOf({0, 0, bolt.width, bolt.height},
-                      [&](int x, int y) { return (bolt.at(x, y) ^ mask.at(x, y)) != (white ^ black); }),
-              0);
-    EXPECT_GT(countOf({0, 0, bolt.width, bolt.height}, [&](int x, int y) { return bolt.at(x, y) != black; }), 0);
+    const Rect all = {0, 0, bolt.width, bolt.height};
+    EXPECT_EQ(countOf(all, [&](int x, int y) { return (bolt.at(x, y) ^ mask.at(x, y)) != (white ^ black); }), 0);
+    EXPECT_GT(countOf(all, [&](int x, int y) { return bolt.at(x, y) != black; }), 0);
 }
 
 TEST(Table, frameEndsExactlyAtTheBoard) {
@@ -164,13 +151,10 @@ TEST(Table, labelsStandInTheirRows) {
 }
 
 TEST(Table, smallTableLeavesNoSeam) {
-    constexpr int left = 592;
-    constexpr int upper = 304;
     const PngImage& table = picture("101");
     const PngImage& top = picture("picTableTop");
-    EXPECT_EQ(countOf({0, 0, top.width, top.height},
-                      [&](int x, int y) { return top.at(x, y) != table.at(left + x, upper + y); }),
-              0);
+    const Rect all = {0, 0, top.width, top.height};
+    EXPECT_EQ(countOf(all, [&](int x, int y) { return top.at(x, y) != table.at(592 + x, 304 + y); }), 0);
 }
 
 TEST(Faces, areToldApart) {

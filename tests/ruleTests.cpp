@@ -1,11 +1,8 @@
 // The model of the game, the start of a hand and the drop loop.
 
-#include <algorithm>
-#include <set>
-
 #include "platform/desktop.h"
 #include "platform/pictures.h"
-#include "platform/sim/simulation.h"
+#include "scoring/frmBreakDown.h"
 #include "tests/gameFixture.h"
 #include "toolkit/failures.h"
 #include "toolkit/modScreen.h"
@@ -21,7 +18,7 @@ class DropLoop : public GameFixture {
     void SetUp() override {
         GameFixture::SetUp();
         beginHand();
-        sim::runFor(500);  // The first tick comes after the interval that the timer last had.
+        nextTile();
     }
 
     void fill(int column, int fromRow) {
@@ -48,7 +45,7 @@ TEST_F(DropLoop, KeysSteerByTheRules) {
     };
     for (const auto& row : cases) {
         beginHand();
-        sim::runFor(400);
+        nextTile();
         game->mintCurCol = narrow16(row.column);
         if (row.filled > 0) game->CellTable[1][row.filled].fill(game->TileKinds[1]);
         sim::pressKey(row.key);
@@ -56,46 +53,24 @@ TEST_F(DropLoop, KeysSteerByTheRules) {
     }
 }
 
-TEST_F(DropLoop, AHardDropCannotBeSteeredAndEndsWithTheTile) {
+TEST_F(DropLoop, AHardDropCannotBeSteeredAndEndsWithTheTileThoughTheKeyIsHeld) {
     for (const int key : {Down, 98}) {
-        beginHand();
-        sim::runFor(400);
-        sim::pressKey(key);
+        dealHand("c1 b5");
+        nextTile();
+        sim::keyDown(key);
         EXPECT_TRUE(game->mblnDropKeyUsed);
         sim::pressKey(Left);
         EXPECT_EQ(game->mintCurCol, 5);
         sim::runFor(5 * 11);
         EXPECT_EQ(game->mintCurRow, 12);
-        sim::runFor(5 * 2 + 20);
-        EXPECT_EQ(game->mintTilesDropped, 2);
-        EXPECT_EQ(game->Timer1.interval(), 400);
-        EXPECT_FALSE(game->mblnDropKeyUsed);
-    }
-}
-
-TEST_F(DropLoop, AHeldDownDropsOneTile) {
-    for (const int held : {Down, 98}) {
-        const int tiles = game->mintTilesDropped;
-        sim::keyDown(held);
-        EXPECT_EQ(game->Timer1.interval(), 5);
-        for (; game->mintTilesDropped == tiles || game->mintCurRow != 1; sim::runFor(30)) sim::keyDown(held);
-        sim::keyDown(held);
+        for (; game->mintTilesDropped == 1; sim::step()) sim::keyDown(key);
+        sim::keyDown(key);
         EXPECT_EQ(game->Timer1.interval(), 400) << "a repeat of the last tile's press";
-        sim::keyDown(Left);
-        sim::keyDown(Left);
+        EXPECT_FALSE(game->mblnDropKeyUsed);
+        for (int repeat = 0; repeat < 2; ++repeat) sim::keyDown(Left);
         EXPECT_EQ(game->mintCurCol, 3) << "sideways keys go on repeating";
-        for (const int code : {Left, held}) sim::keyUp(code);
+        for (const int code : {Left, key}) sim::keyUp(code);
     }
-}
-
-TEST_F(DropLoop, ATilePushedOverAGapLandsOnWhatLiesThere) {
-    fill(4, 7);
-    sim::runFor(400 * 5);
-    EXPECT_EQ(game->mintCurRow, 6);
-    sim::pressKey(Left);
-    sim::runFor(400);
-    EXPECT_EQ(game->mintCurRow, noRow);
-    EXPECT_TRUE(game->CellTable[6][4].Filled);
 }
 
 TEST_F(DropLoop, WhatEventsInsideATickLeaveItToDo) {
@@ -109,13 +84,13 @@ TEST_F(DropLoop, WhatEventsInsideATickLeaveItToDo) {
         {"stop", [this] { game->tbrZQT_ButtonClick(Button::Stop); }, 6},
         {"pause and on", [this] { game->tbrZQT_ButtonClick(Button::Pause), game->tbrZQT_ButtonClick(Button::Pause); },
          7},
-        {"a step over a taken place", [] { sim::pressKey(Left); }, 6},
         {"a step over a free place", [] { sim::pressKey(Right); }, 7},
         {"another hand", [this] { game->msInitNewGame(); }, noRow},
+        {"a step over a taken place", [] { sim::pressKey(Left); }, 6},
     };
     for (const auto& row : cases) {
         beginHand();
-        sim::runFor(400);
+        nextTile();
         fill(4, 7);
         sim::runFor(400 * 5);
         ASSERT_EQ(game->mintCurRow, 6) << row.what;
@@ -124,15 +99,8 @@ TEST_F(DropLoop, WhatEventsInsideATickLeaveItToDo) {
         EXPECT_EQ(game->mintCurRow, row.row) << row.what;
         EXPECT_FALSE(game->mblnInTimerTick) << row.what;
     }
-}
-
-TEST_F(DropLoop, ATilePutOverATakenPlaceInsideATickLandsAtTheNext) {
-    fill(4, 7);
-    sim::runFor(400 * 5);
-    sim::post([] { sim::pressKey(Left); });
     game->Timer1_Timer();
-    game->Timer1_Timer();
-    EXPECT_TRUE(game->CellTable[6][4].Filled);
+    EXPECT_TRUE(game->CellTable[6][4].Filled) << "it lands on what lies there at the next tick";
     EXPECT_EQ(game->mintCurRow, noRow);
 }
 
@@ -150,18 +118,28 @@ TEST_F(DropLoop, WhatEndsAHand) {
         {"fourteen tiles and the entry taken", 14, 50, 5, 1, 1},
         {"fourteen tiles and the last tile", 14, 143, 0, 1, 1},
     };
-    game->mblnBreakDown = false;
-    for (const auto& row : cases) {
-        beginHand();
-        game->mintGamesPlayed = game->mintGamesWon = 0;
-        game->mintHandCount = narrow16(row.handCount);
-        game->mintTilesDropped = narrow16(row.dropped);
-        if (row.filledColumn > 0) fill(row.filledColumn, 1);
-        game->Timer1_Timer();
-        EXPECT_EQ(game->mintGamesPlayed, row.gamesPlayed) << row.what;
-        EXPECT_EQ(game->mintGamesWon, row.gamesWon) << row.what;
-        EXPECT_EQ(game->mintTilesDropped, row.gamesPlayed > 0 ? 0 : row.dropped + 1) << row.what;
-    }
+    int breakDowns = 0;
+    sim::setHands([&] {
+        if (!gfrmBreakDown.isOpen()) return;
+        ++breakDowns;
+        sim::pressKey(platform::key::Enter);
+    });
+    for (const auto& row : cases)
+        for (const bool breakDown : {true, false}) {
+            SCOPED_TRACE(row.what);
+            beginHand();
+            breakDowns = game->mintGamesPlayed = game->mintGamesWon = 0;
+            game->mblnBreakDown = breakDown;
+            game->mintHandCount = narrow16(row.handCount);
+            game->mintTilesDropped = narrow16(row.dropped);
+            if (row.filledColumn > 0) fill(row.filledColumn, 1);
+            game->Timer1_Timer();
+            EXPECT_EQ(game->mintGamesPlayed, row.gamesPlayed);
+            EXPECT_EQ(game->mintGamesWon, row.gamesWon);
+            EXPECT_EQ(breakDowns, breakDown ? row.gamesWon : 0);
+            EXPECT_EQ(game->mintTilesDropped, row.gamesPlayed > 0 ? 0 : row.dropped + 1);
+            EXPECT_TRUE(game->Timer1.enabled());
+        }
 }
 
 TEST_F(DropLoop, PauseHoldsTheTileAndAHardDropGoesOn) {
@@ -178,9 +156,7 @@ TEST_F(DropLoop, PauseHoldsTheTileAndAHardDropGoesOn) {
 
 class Toolkit : public GameFixture {};
 
-TEST_F(Toolkit, AFormIsSizedWithAMenuBarInMind) {
-    EXPECT_EQ(game->form.scaleWidth(), 795);
-    EXPECT_EQ(game->form.scaleHeight(), 581);
+TEST_F(Toolkit, TheWindowIsInTheMiddle) {
     EXPECT_DOUBLE_EQ(game->form.width(), 795 * 15);
     EXPECT_DOUBLE_EQ(game->form.left(), (platform::screenWidth() - 795 * 15) / 2);
 }
@@ -217,9 +193,7 @@ TEST_F(Toolkit, NumbersNarrowOrFail) {
 }
 
 TEST_F(Toolkit, ADelayLetsEventsRunAlsoOverMidnight) {
-    game.reset();
-    gsClearObjects(gfrmMain);
-    sim::switchOn(1, 86399.5);
+    startProgram(86399.5);
     bool served = false;
     sim::postAfter(1500, [&] { served = true; });
     gsDelay(2);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "platform/surface.h"
@@ -50,24 +51,24 @@ TEST(SurfaceContract, BitBltCombinesAndClips) {
     };
     const Grid under(0x10305), over(0x5070B);
     const Surface source(over.picture), before(under.picture);
-    for (const auto& r : rects) {
+    for (const auto& r : rects)
         for (const uint32_t operation : {SRCCOPY, SRCAND, SRCPAINT, unknown}) {
             Surface surface(under.picture);
             BitBlt(surface, r.x, r.y, r.width, r.height, source, r.sourceX, r.sourceY, operation);
-            for (int y = 0; y < gridHeight; ++y) {
-                for (int x = 0; x < gridWidth; ++x) {
-                    const int fromX = r.sourceX + x - r.x, fromY = r.sourceY + y - r.y;
-                    const bool hit = x >= r.x && x < r.x + r.width && y >= r.y && y < r.y + r.height;
-                    const Color old = before.point(x, y), from = source.point(fromX, fromY);
-                    Color expected = old;
-                    if (hit && isOn(fromX, fromY) && operation == SRCCOPY) expected = from;
-                    if (hit && isOn(fromX, fromY) && operation == SRCAND) expected = old & from;
-                    if (hit && isOn(fromX, fromY) && operation == SRCPAINT) expected = old | from;
-                    ASSERT_EQ(surface.point(x, y), expected) << r.what << " at " << x << ", " << y;
-                }
+            for (int i = 0; i < gridWidth * gridHeight; ++i) {
+                const int x = i % gridWidth, y = i / gridWidth, fromX = r.sourceX + x - r.x,
+                          fromY = r.sourceY + y - r.y;
+                const bool hit = x >= r.x && x < r.x + r.width && y >= r.y && y < r.y + r.height;
+                const Color old = before.point(x, y), from = source.point(fromX, fromY);
+                Color expected = old;
+                if (hit && isOn(fromX, fromY))
+                    expected = operation == SRCCOPY    ? from
+                               : operation == SRCAND   ? old & from
+                               : operation == SRCPAINT ? old | from
+                                                       : old;
+                ASSERT_EQ(surface.point(x, y), expected) << r.what << " at " << x << ", " << y;
             }
         }
-    }
 }
 
 TEST(SurfaceContract, ClearGivesTheBackgroundBack) {
@@ -106,57 +107,38 @@ TEST(SurfaceContract, WidthFollowsFontAndText) {
     EXPECT_EQ(widthOf(typewriter, "iiii"), widthOf(typewriter, "WWWW"));
 }
 
-/// Draws something small on a surface, chosen by a number among so many kinds of drawing.
-void drawSomething(Surface& surface, const Surface& other, uint32_t choice, uint32_t kinds) {
-    const int x = static_cast<int>(choice >> 8 & 7), y = static_cast<int>(choice >> 12 & 7);
-    const Place place{x, y, 3, 2};
-    switch (choice % kinds) {
-        case 0:
-            return BitBlt(surface, x, y, 3, 2, other, y, x, SRCCOPY);
-        case 1:
-            return BitBlt(surface, x, y, 3, 2, other, y, x, SRCAND);
-        case 2:
-            return BitBlt(surface, x, y, 3, 2, other, y, x, SRCPAINT);
-        case 3:
-            return paintMasked(surface, place, {other, y, x}, {other, x, y});
-        case 4:
-            surface.canvas()[choice >> 16 & 31] = 0xFF000000 | choice;
-            return;
-        case 5:
-            return surface.clear();
-        default:
-            return;
-    }
-}
-
-/// The first pixel at which two surfaces differ on what both have; empty if there is none.
-std::string firstDifference(const Surface& a, const Surface& b) {
-    for (int y = 0; y < std::min(a.height(), b.height()); ++y)
-        for (int x = 0; x < std::min(a.width(), b.width()); ++x)
-            if (a.point(x, y) != b.point(x, y)) return std::to_string(x) + ", " + std::to_string(y);
-    return "";
-}
-
 TEST(SurfaceContract, ACopyOfTheWholeIsWholeWhateverWasDrawnOnEither) {
     const Grid one(0x10305), two(0x5070B), three(0x30901);
     const Surface other(two.picture);
-    Surface source(one.picture);
-    Surface destination(gridWidth - 1, gridHeight - 1);
-    Surface second(three.picture);
+    Surface source(one.picture), destination(gridWidth - 1, gridHeight - 1), second(three.picture);
     uint32_t choice = 1;
+    int x = 0, y = 0;
+    const std::function<void(Surface&)> strokes[] = {
+        [&](Surface& on) { BitBlt(on, x, y, 3, 2, other, y, x, SRCCOPY); },
+        [&](Surface& on) { BitBlt(on, x, y, 3, 2, other, y, x, SRCAND); },
+        [&](Surface& on) { BitBlt(on, x, y, 3, 2, other, y, x, SRCPAINT); },
+        [&](Surface& on) {
+            paintMasked(on, {x, y, 3, 2}, {other, y, x}, {other, x, y});
+        },
+        [&](Surface& on) { on.canvas()[choice >> 19 & 31] = 0xFF000000 | choice; },
+        [&](Surface& on) { on.clear(); },
+        [](Surface&) {},
+    };
     for (int turn = 0; turn < 4000; ++turn) {
         const bool many = turn % 500 == 0;  // More than a surface remembers, and none that changes all of it.
-        const int strokes = many ? 300 : static_cast<int>(choice >> 20 & 3);
-        for (int stroke = 0; stroke < strokes; ++stroke) {
+        for (int left = many ? 300 : static_cast<int>(choice >> 20 & 3); left > 0; --left) {
             choice = choice * 1664525 + 1013904223;
+            x = static_cast<int>(choice >> 11 & 7), y = static_cast<int>(choice >> 15 & 7);
             Surface* const surfaces[] = {&source, &destination, &second};
-            drawSomething(*surfaces[choice >> 28 & 1 ? 0 : (choice >> 26) % 3], other, choice >> 3, many ? 4 : 7);
+            strokes[(choice >> 3) % (many ? 4 : 7)](*surfaces[choice >> 28 & 1 ? 0 : (choice >> 26) % 3]);
         }
         if (turn % 97 == 0) source = Surface(turn % 2 == 0 ? one.picture : three.picture);
         if (turn % 61 == 0) destination.resize(gridWidth - turn % 2, gridHeight);
         const Surface& from = turn % 13 == 0 ? second : source;
         BitBlt(destination, 0, 0, from.width(), from.height(), from, 0, 0, SRCCOPY);
-        ASSERT_EQ(firstDifference(destination, from), "") << "turn " << turn;
+        const auto width = std::min(destination.width(), from.width());
+        for (int line = 0; line < std::min(destination.height(), from.height()); ++line)
+            ASSERT_TRUE(std::equal(from.row(line), from.row(line) + width, destination.row(line))) << "turn " << turn;
     }
 }
 
@@ -188,11 +170,9 @@ TEST(SurfaceContract, WhatHasChangedIsKnownAndNothingElse) {
         row.draws();
         std::vector<Place> changed;
         surface.changes().collect(before, {0, 0, gridWidth, gridHeight}, changed);
-        ASSERT_EQ(changed.size(), row.changed.size()) << row.what;
-        for (size_t i = 0; i < changed.size(); ++i)
-            EXPECT_TRUE(changed[i].left == row.changed[i].left && changed[i].top == row.changed[i].top &&
-                        changed[i].width == row.changed[i].width && changed[i].height == row.changed[i].height)
-                << row.what;
+        EXPECT_TRUE(std::ranges::equal(changed, row.changed, [](const Place& a, const Place& b) {
+            return std::tie(a.left, a.top, a.width, a.height) == std::tie(b.left, b.top, b.width, b.height);
+        })) << row.what;
     }
 }
 
