@@ -4,7 +4,6 @@
 #include <fstream>
 #include <map>
 
-#include "platform/sim/simulation.h"
 #include "presentation/frmBitmaps.h"
 #include "presentation/helpPictures.h"
 #include "scoring/scoringItems.h"
@@ -12,8 +11,7 @@
 
 namespace {
 
-using Row = std::vector<std::string>;    // the cells of a line
-using Tiles = std::vector<std::string>;  // short names
+using Row = std::vector<std::string>;  // the cells of a line
 
 std::string trimmed(const std::string& text) {
     const size_t first = text.find_first_not_of(' ');
@@ -60,14 +58,12 @@ std::vector<std::string> picturesIn(const std::string& text) {
     return names;
 }
 
-/// The sets of tiles that a text shows.
-std::vector<Tiles> setsIn(const std::string& text) {
-    std::vector<Tiles> sets;
-    for (std::string name : picturesIn(text)) {
+/// The sets of tiles that a text shows, each as short names.
+std::vector<std::string> setsIn(const std::string& text) {
+    std::vector<std::string> sets;
+    for (const std::string& name : picturesIn(text)) {
         EXPECT_TRUE(name.starts_with("tiles:")) << name;
-        name.erase(0, 6);
-        std::ranges::replace(name, ',', ' ');
-        sets.push_back(words(name));
+        std::ranges::replace(sets.emplace_back(name.substr(6)), ',', ' ');
     }
     return sets;
 }
@@ -75,25 +71,19 @@ std::vector<Tiles> setsIn(const std::string& text) {
 class HelpText : public GameFixture {
   protected:
     /// Values a hand that holds these sets, filled up with sequences and a pair that score nothing by themselves.
-    void tally(const std::vector<Tiles>& sets, int seat, int house, int wind) {
-        std::vector<Tiles> threes;
-        Tiles pair, bonus;
-        for (const Tiles& set : sets) {
-            const bool isBonus = set[0][0] == 's' || set[0][0] == 'f';
-            if (isBonus) bonus.insert(bonus.end(), set.begin(), set.end());
-            if (!isBonus && set.size() == 3) threes.push_back(set);
-            if (!isBonus && set.size() == 2) pair = set;
-            if (!isBonus && set.size() == 4) ADD_FAILURE() << "no set: " << set[0] << "...";
-        }
-        for (const char suit : {'c', 'b', 'w', 'c'})
-            if (threes.size() < 4) threes.push_back({{suit, '1'}, {suit, '2'}, {suit, '3'}});
-        if (pair.empty()) pair = {"w5", "w5"};
-        std::string hand;
-        for (const Tiles& set : threes)
-            for (const std::string& tile : set) hand += tile + " ";
-        hand += "*" + pair[0] + " " + pair[1] + " |";
-        for (const std::string& tile : bonus) hand += " " + tile;
-        GameFixture::tally(hand, seat, house, wind);
+    void tally(const std::vector<std::string>& sets, int seat, int house, int wind) {
+        std::string hand, pair = "w5 w5", bonus;
+        for (const std::string& set : sets)
+            if (set[0] == 's' || set[0] == 'f')
+                bonus += ' ' + set;
+            else if (words(set).size() == 2)
+                pair = set;
+            else
+                hand += set + ' ';
+        for (const char* const filler : {"c1 c2 c3 ", "b1 b2 b3 ", "w1 w2 w3 ", "c1 c2 c3 "})
+            if (words(hand).size() < 12) hand += filler;
+        EXPECT_EQ(words(hand).size(), 12u) << "not of sets: " << hand;
+        GameFixture::tally(hand + '*' + pair + " |" + bonus, seat, house, wind);
     }
 
     bool scored(const std::string& item) {
@@ -101,11 +91,10 @@ class HelpText : public GameFixture {
     }
 
     /// Whether the tiles, side by side on the bottom row, would be offered.
-    bool isOffered(const Tiles& tiles) {
+    bool isOffered(const std::string& tiles) {
         beginHand();
-        for (int i = 0; i < static_cast<int>(tiles.size()); ++i)
-            game->CellTable[bottomRow][i + 1].fill(game->TileKinds[kindOf(tiles[static_cast<size_t>(i)])]);
-        return game->mblnfTileConnection(bottomRow, 1, narrow16(tiles.size()));
+        setBoard(tiles);
+        return game->mblnfTileConnection(bottomRow, 1, narrow16(words(tiles).size()));
     }
 };
 
@@ -194,7 +183,7 @@ TEST_F(HelpText, TellsEveryCommandBesideItsIcon) {
 
 TEST_F(HelpText, ShowsSetsThatAreOfferedAndOthersThatAreNot) {
     for (const Row& row : rowsUnder({"Set", "Example", "Rule"}))
-        for (const Tiles& set : setsIn(row[1])) EXPECT_TRUE(isOffered(set)) << row[1];
+        for (const std::string& set : setsIn(row[1])) EXPECT_TRUE(isOffered(set)) << row[1];
     for (const Row& row : rowsUnder({"Tiles", "Why not"})) EXPECT_FALSE(isOffered(setsIn(row[0]).at(0))) << row[0];
 }
 
@@ -204,9 +193,9 @@ TEST_F(HelpText, TellsWhatIsThePlayersOwn) {
     for (const int house : {1, 3})
         for (int place = 0; place < 4; ++place) {
             const Row& row = rows[static_cast<size_t>(place)];
-            const std::string wind = setsIn(row[1]).at(0).at(0);
-            tally({{wind, wind, wind}, setsIn(row[2]).at(0), setsIn(row[3]).at(0)}, (house - 1 + place) % 4 + 1, house,
-                  1);
+            const std::string wind = setsIn(row[1]).at(0);
+            tally({wind + ' ' + wind + ' ' + wind, setsIn(row[2]).at(0), setsIn(row[3]).at(0)},
+                  (house - 1 + place) % 4 + 1, house, 1);
             for (const char* item : {"Own Wind Trio", "Own Season Tile", "Own Flower Tile"})
                 EXPECT_TRUE(scored(item)) << row[0] << ": " << item;
         }
