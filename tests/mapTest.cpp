@@ -10,34 +10,26 @@
 
 namespace {
 
-const std::string source = std::string(VELMORA_SOURCE) + "/src/";
-
-std::vector<std::string> linesOf(const std::string& file) {
-    std::ifstream in(source + file);
-    EXPECT_TRUE(in.good()) << file;
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    return lines;
-}
+std::ifstream source(const std::string& file) { return std::ifstream(VELMORA_SOURCE "/src/" + file); }
 
 TEST(Map, EveryProcedureLivesWhereTheMapHasIt) {
-    std::map<std::string, std::vector<std::string>> map;
     const std::regex heading(R"(    // ((?:\w+/)?\w+\.cpp): .*)");
     const std::regex declaration(R"(    (?:\[\[noreturn\]\] )?[\w:]+ (\w+)\(.*)");
+    const std::regex definition(R"(^[\w:]+ frmMain::(\w+)\(.*)");
+    std::map<std::string, std::vector<std::string>> map;
     std::string file;
     std::smatch match;
-    for (const std::string& line : linesOf("frmMain.h")) {
+    auto header = source("frmMain.h");
+    for (std::string line; std::getline(header, line);)
         if (std::regex_match(line, match, heading))
             file = match[1];
         else if (!file.empty() && std::regex_match(line, match, declaration))
             map[file].push_back(match[1]);
-    }
     EXPECT_GE(map.size(), 9u);
-
-    const std::regex definition(R"(^[\w:]+ frmMain::(\w+)\(.*)");
     for (const auto& [name, procedures] : map) {
         std::vector<std::string> defined;
-        for (const std::string& line : linesOf(name))
+        auto text = source(name);
+        for (std::string line; std::getline(text, line);)
             if (std::regex_match(line, match, definition)) defined.push_back(match[1]);
         EXPECT_EQ(defined, procedures) << name;
     }
