@@ -92,29 +92,6 @@ TEST_F(Tally, EachHandHasItsItemsAndDoubles) {
     EXPECT_TRUE(sim::messages().empty());
 }
 
-TEST_F(Tally, ThePairMovesBehindTheSetsWheneverItWasTaken) {
-    for (const char* hand : {"*R R c1 c2 c3 b4 b4 b4 w5 w5 w5 E E E", "c1 c2 c3 *R R b4 b4 b4 w5 w5 w5 E E E",
-                             "c1 c2 c3 b4 b4 b4 *R R w5 w5 w5 E E E", "c1 c2 c3 b4 b4 b4 w5 w5 w5 *R R E E E",
-                             "c1 c2 c3 b4 b4 b4 w5 w5 w5 E E E *R R"}) {
-        tally(hand);
-        EXPECT_EQ(earned(), "c1 c2 c3 b4 b4 b4 w5 w5 w5 E E E R R") << hand;
-        EXPECT_EQ(gstrScoreDesc, "Prevailing Wind Trio,Own Wind Trio,Mixed Hand") << hand;
-    }
-}
-
-TEST_F(Tally, TheLastSetOfAHandCountsBeforeTheHand) {
-    beginHand();
-    setBoard("c5 c5");
-    setHand("c1 c2 c3 b4 b4 b4 w5 w5 w5 *R R");
-    game->mintHandCount = game->mintEarnedCount = 11;
-    game->mblnPairTaken = true;
-    game->mblnDropKeyUsed = true;
-    answers = "1";
-    land("c5", 3);
-    EXPECT_EQ(game->mlngScore, 4 + 50);
-    EXPECT_EQ(gstrScoreDesc, "Mixed Hand");
-}
-
 TEST_F(Tally, TheOperationsOfAHouseLeaveItsOwnSeatAlone) {
     void (frmMain::*const operations[])(int16_t) = {&frmMain::msHouseIsEast, &frmMain::msHouseIsSouth,
                                                     &frmMain::msHouseIsWest, &frmMain::msHouseIsNorth};
