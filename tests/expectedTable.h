@@ -1,13 +1,9 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <map>
-#include <string>
-#include <vector>
+#include <sstream>
 
-#include "platform/surface.h"
 #include "tests/gameFixture.h"
 #include "tools/png.h"
 

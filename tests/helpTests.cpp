@@ -110,8 +110,7 @@ TEST_F(Help, OpensOnceAndComesBackToTheFront) {
     window->showMinimized();
     EXPECT_EQ(help(), first) << "it isn't minimised with the game";
     window->showNormal();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    bringToFront();
     openHelp();
     EXPECT_EQ(help(), first);
     first->showMinimized();
@@ -325,8 +324,7 @@ TEST_F(Help, EachWindowKeepsItsKeys) {
     EXPECT_NE(game->Timer1.interval(), dropInterval);
     EXPECT_GT(page().verticalScrollBar()->value(), 0) << "the help has taken them";
 
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    bringToFront();
     const int scrolled = page().verticalScrollBar()->value();
     for (int i = 0; i < 4; ++i) press(Qt::Key_Left);
     EXPECT_EQ(game->mintCurCol, 1);

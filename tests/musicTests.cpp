@@ -1,6 +1,5 @@
 // When the music plays, from the toolbar's commands to the device, in virtual time.
 
-#include "platform/sound.h"
 #include "tests/gameFixture.h"
 
 namespace {

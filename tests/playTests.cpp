@@ -1,13 +1,10 @@
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <numeric>
 #include <optional>
 #include <random>
 #include <set>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 #include "hiscores/frmGetName.h"
 #include "hiscores/frmHiScore.h"

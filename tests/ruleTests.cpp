@@ -122,6 +122,7 @@ TEST_F(DropLoop, WhatEndsAHand) {
     sim::setHands([&] {
         if (!gfrmBreakDown.isOpen()) return;
         ++breakDowns;
+        EXPECT_FALSE(game->Timer1.enabled()) << "the next hand begins a whole interval after it";
         sim::pressKey(platform::key::Enter);
     });
     for (const auto& row : cases)
