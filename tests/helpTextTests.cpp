@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <map>
+#include <regex>
 
 #include "presentation/frmBitmaps.h"
 #include "presentation/helpPictures.h"
@@ -13,16 +14,13 @@ namespace {
 
 using Row = std::vector<std::string>;  // the cells of a line
 
-std::string trimmed(const std::string& text) {
-    const size_t first = text.find_first_not_of(' ');
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
+/// What stands in a text between the places that match, or else in their first group.
+std::vector<std::string> partsOf(const std::string& text, const std::regex& match, int group = -1) {
+    return {std::sregex_token_iterator(text.begin(), text.end(), match, group), {}};
 }
 
 Row cellsOf(const std::string& line) {
-    Row cells;
-    std::istringstream in(line.substr(1));
-    for (std::string cell; std::getline(in, cell, '|');) cells.push_back(trimmed(cell));
-    return cells;
+    return partsOf(line.substr(line.find_first_not_of("| ")), std::regex(" *\\| *"));
 }
 
 std::vector<std::string> linesOfHelp() {
@@ -50,12 +48,7 @@ std::vector<Row> rowsUnder(const Row& header) {
 
 /// The pictures that a text asks for, by name.
 std::vector<std::string> picturesIn(const std::string& text) {
-    std::vector<std::string> names;
-    for (size_t mark = text.find("!["); mark != std::string::npos; mark = text.find("![", mark + 1)) {
-        const size_t name = text.find("](", mark) + 2;
-        names.push_back(text.substr(name, text.find(')', name) - name));
-    }
-    return names;
+    return partsOf(text, std::regex(R"(!\[[^\]]*\]\(([^)]*)\))"), 1);
 }
 
 /// The sets of tiles that a text shows, each as short names.

@@ -138,72 +138,51 @@ TEST_F(GameMusic, ADeviceThatStandsOpenIsNotOpenedAgainAndClosedAtTheEnd) {
     }
 }
 
-TEST(MusicDevice, IsOpenedIfThePieceIsThere) {
+TEST(MusicDevice, IsOpenedIfThePieceIsThereAndPlaysFromWhereItStands) {
+    constexpr int whole = 1000, rest = 400, nothing = 0;  // milliseconds of the piece
     struct {
-        const char* what;
-        int length;  // milliseconds; 0 if the file isn't there
-        const char *file, *deviceType;
-        int32_t mode;
+        const char* script;  // commands, and milliseconds between them
+        int32_t mode;        // after it
+        int plays;           // milliseconds from then on
+        const char *file = "piece.mid", *deviceType = "Sequencer";
+        int length = whole;  // 0 if the file isn't there
     } const rows[] = {
-        {"a piece", 1000, "piece.mid", "Sequencer", 525},
-        {"a file that isn't there", 0, "piece.mid", "Sequencer", 524},
-        {"no piece", 1000, "", "Sequencer", 530},
-        {"another device", 1000, "piece.mid", "WaveAudio", 524},
+        {"Play", 524, nothing},
+        {"Open", 525, nothing},
+        {"Open Play", 526, whole},
+        {"Open Close Play", 524, nothing},
+        {"Open Play Stop Close", 524, nothing, ""},
+        {"Open Play", 524, nothing, "none.mid", "Sequencer", 0},
+        {"Open Play Stop", 524, nothing, "none.mid", "Sequencer", 0},
+        {"Open Play", 530, nothing, ""},
+        {"Open Play Stop", 530, nothing, ""},
+        {"Open Play", 524, nothing, "piece.mid", "WaveAudio"},
+        {"Open Play 600 Stop", 525, nothing},
+        {"Open Play 600 Stop Play", 526, rest},
+        {"Open Play 600 Stop 900 Play", 526, rest},
+        {"Open Play 600 Stop Prev Play", 526, whole},
+        {"Open Play 600 Stop Next Play", 526, whole},
+        {"Open Play 600 Play", 526, rest},
+        {"Open Play 600 Next", 526, whole},
+        {"Open Play 600 Louder", 526, rest},
+        {"Open Play 600 Close Play", 524, nothing},
+        {"Open Play 1300", 525, nothing},
+        {"Open Play 1300 Play", 525, nothing},
+        {"Open Play 1300 Stop Play Stop", 525, nothing},
+        {"Open Play 1300 Next Play", 526, whole},
     };
     for (const auto& row : rows) {
         sim::switchOn(1);
         sim::setPieceLength(row.length);
         platform::MMControl music;
-        EXPECT_EQ(music.mode(), 524) << row.what;
         music.setDeviceType(row.deviceType);
         music.setFileName(row.file);
-        const struct {
-            const char* command;
-            int32_t mode;
-        } steps[] = {
-            {"Open", row.mode}, {"Play", row.mode == 525 ? 526 : row.mode}, {"Stop", row.mode}, {"Close", 524}};
-        for (const auto& step : steps) {
-            music.setCommand(step.command);
-            EXPECT_EQ(music.mode(), step.mode) << row.what << ": " << step.command;
-        }
-    }
-}
-
-TEST(MusicDevice, PlaysFromWhereItStands) {
-    constexpr int length = 1000;  // milliseconds
-    constexpr int whole = length, rest = 400, nothing = 0;
-    struct {
-        int after;  // milliseconds of playing; from the length on the piece is at its end
-        std::vector<const char*> commands;
-        int32_t mode;  // after them
-        int plays;     // milliseconds from then on
-    } const rows[] = {
-        {600, {"Stop"}, 525, nothing},
-        {600, {"Stop", "Play"}, 526, rest},
-        {600, {"Stop", "Prev", "Play"}, 526, whole},
-        {600, {"Stop", "Next", "Play"}, 526, whole},
-        {600, {"Play"}, 526, rest},
-        {600, {"Next"}, 526, whole},
-        {600, {"Louder"}, 526, rest},
-        {600, {"Close", "Play"}, 524, nothing},
-        {1300, {}, 525, nothing},
-        {1300, {"Play"}, 525, nothing},
-        {1300, {"Stop", "Play", "Stop"}, 525, nothing},
-        {1300, {"Next", "Play"}, 526, whole},
-    };
-    for (const auto& row : rows) {
-        sim::switchOn(1);
-        sim::setPieceLength(length);
-        platform::MMControl music;
-        music.setDeviceType("Sequencer");
-        music.setFileName("piece.mid");
-        for (const char* command : {"Open", "Play"}) music.setCommand(command);
-        sim::runFor(row.after);
-        for (const char* command : row.commands) music.setCommand(command);
-        EXPECT_EQ(music.mode(), row.mode) << "row " << &row - rows;
+        for (const std::string& word : words(row.script))
+            std::isdigit(word[0]) != 0 ? sim::runFor(std::stoi(word)) : music.setCommand(word);
+        EXPECT_EQ(music.mode(), row.mode) << row.script << ", " << row.file;
         int plays = 0;
         for (; music.mode() == 526; plays += 10) sim::runFor(10);
-        EXPECT_EQ(plays, row.plays) << "row " << &row - rows;
+        EXPECT_EQ(plays, row.plays) << row.script;
     }
 }
 
