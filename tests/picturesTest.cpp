@@ -121,33 +121,31 @@ TEST(Pictures, lightningMaskIsTheComplement) {
 }
 
 TEST(Table, frameEndsExactlyAtTheBoard) {
-    constexpr Rect outer = {21, 44, 310, 507};
-    constexpr Rect board = {40, 63, 270, 468};
-    const PngImage& table = picture("101");
-    const auto isRed = [&](int x, int y) {
-        return red(table.at(x, y)) > green(table.at(x, y)) && red(table.at(x, y)) > blue(table.at(x, y));
+    constexpr Rect around = {10, 34, 332, 527}, outer = {21, 44, 310, 507}, board = {40, 63, 270, 468};
+    const auto isWrong = [&](int x, int y) {
+        const uint32_t colour = picture("101").at(x, y);
+        const bool isRed = red(colour) > std::max(green(colour), blue(colour));
+        return isRed != (outer.holds(x, y) && !board.holds(x, y));
     };
-    EXPECT_EQ(countOf({10, 34, 332, 527},
-                      [&](int x, int y) { return isRed(x, y) != (outer.holds(x, y) && !board.holds(x, y)); }),
-              0);
+    EXPECT_EQ(countOf(around, isWrong), 0);
 }
 
 TEST(Table, labelsStandInTheirRows) {
     constexpr Rect labels[] = {
         {353, 45, 447, 24}, {353, 99, 447, 23}, {353, 242, 447, 23}, {353, 323, 447, 22}, {353, 403, 447, 24}};
-    const PngImage& table = picture("101");
-    const auto magenta = [&](int x, int y) {
-        const uint32_t colour = table.at(x, y);
-        return red(colour) > 120 && std::min(red(colour), blue(colour)) > 2 * green(colour);
+    const auto magentaIn = [](const Rect& rect) {
+        return countOf(rect, [](int x, int y) {
+            const uint32_t colour = picture("101").at(x, y);
+            return red(colour) > 120 && std::min(red(colour), blue(colour)) > 2 * green(colour);
+        });
     };
     int inLabels = 0;
-    for (const Rect& label : labels) {
-        inLabels += countOf(label, magenta);
-        for (const int line : {label.y, label.y + label.height - 1})
-            EXPECT_GT(countOf({label.x, line, label.width, 1}, magenta), 0) << "nothing in line " << line;
-        EXPECT_GT(countOf({label.x, label.y, 1, label.height}, magenta), 0) << "nothing at the left of " << label.y;
+    for (const auto& [x, y, width, height] : labels) {
+        inLabels += magentaIn({x, y, width, height});
+        for (const Rect& edge : {Rect{x, y, width, 1}, {x, y + height - 1, width, 1}, {x, y, 1, height}})
+            EXPECT_GT(magentaIn(edge), 0) << "nothing from " << edge.x << ", " << edge.y;
     }
-    EXPECT_EQ(countOf({331, 0, 469, 600}, magenta), inLabels) << "magenta outside the labels";
+    EXPECT_EQ(magentaIn({331, 0, 469, 600}), inLabels) << "magenta outside the labels";
 }
 
 TEST(Table, smallTableLeavesNoSeam) {

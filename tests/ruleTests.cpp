@@ -162,17 +162,6 @@ TEST_F(Toolkit, TheWindowIsInTheMiddle) {
     EXPECT_DOUBLE_EQ(game->form.left(), (platform::screenWidth() - 795 * 15) / 2);
 }
 
-TEST_F(Toolkit, OneCommaGoesFromOneEnd) {
-    struct {
-        const char *text, *expected;
-    } const cases[] = {{",a,", "a,"}, {"a,", "a"}, {"a,b", "a,b"}, {",", ""}, {"", ""}};
-    for (const auto& row : cases) {
-        std::string text = row.text;
-        gsStripComma(text);
-        EXPECT_EQ(text, row.expected) << row.text;
-    }
-}
-
 TEST_F(Toolkit, AFailureIsReportedByNameAndTheCallerGoesOn) {
     EXPECT_EQ(guarded("msSomething", []() -> int { failure::overflow(); }), 0);
     beginHand();

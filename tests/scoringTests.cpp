@@ -92,24 +92,6 @@ TEST_F(Tally, EachHandHasItsItemsAndDoubles) {
     EXPECT_TRUE(sim::messages().empty());
 }
 
-TEST_F(Tally, TheOperationsOfAHouseLeaveItsOwnSeatAlone) {
-    void (frmMain::*const operations[])(int16_t) = {&frmMain::msHouseIsEast, &frmMain::msHouseIsSouth,
-                                                    &frmMain::msHouseIsWest, &frmMain::msHouseIsNorth};
-    for (int32_t house = 1; house <= 4; ++house) {
-        beginHand(house, house, 1);
-        setHand("*R R | s1 f1");
-        for (const int16_t slot : {15, 16}) (game.get()->*operations[house - 1])(slot);
-        EXPECT_EQ(gstrScoreDesc, "") << house;
-    }
-}
-
-TEST_F(Tally, ASetOfDragonsStandsForAllItsTrios) {
-    beginHand();
-    gstrScoreDesc = "Red Dragon Trio,Own Wind Trio,Red Dragon Trio,Blue Dragon Trio,";
-    game->msReplace_Dragon_Tiles_Desc("Two Dragons Set,");
-    EXPECT_EQ(gstrScoreDesc, "Two Dragons Set,Own Wind Trio,Two Dragons Set,");
-}
-
 TEST_F(Tally, AnOverflowIsReportedAndLeavesTheScore) {
     beginHand();
     game->mlngScore = 2147483640;

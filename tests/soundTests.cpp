@@ -65,17 +65,17 @@ class Sound : public testing::Test {
 
     std::filesystem::path folder_ = std::filesystem::temp_directory_path() / ("sounds" + std::to_string(getpid()));
     const bool made_ = std::filesystem::create_directories(folder_);
+    const std::string music_ = write("organ.mid", piece(organ, {{0, 9000, 60}}, 9000));
     std::optional<Ear> ear_{folder_};
     std::unique_ptr<SoundThread> thread_ = std::make_unique<SoundThread>();
 };
 
 TEST_F(Sound, MusicBeginsAtOnceAndDiesAwaySoonAfterItsEnd) {
-    const auto file = write("organ.mid", piece(organ, {{0, 20000, 60}}, 20000));
     constexpr struct {
         double from, to;    // milliseconds before the silence
         float least, most;  // parts of the loudness before
     } fade[] = {{30, 22, 0.7F, 1.2F}, {14, 6, 0.3F, 0.7F}, {1, 0, 0, 0.1F}};
-    uint64_t performance = beginAndAwaitSound(file);
+    uint64_t performance = beginAndAwaitSound(music_);
     for (int time = 0; time < 2; ++time) {
         awaitFrames(framesIn(200));
         const size_t stopped = ear_->now();
@@ -94,7 +94,7 @@ TEST_F(Sound, MusicBeginsAtOnceAndDiesAwaySoonAfterItsEnd) {
             EXPECT_LE(share, part.most) << part.from << " ms before the silence";
         }
         const size_t begun = ear_->now();
-        performance = thread_->begin(file);
+        performance = thread_->begin(music_);
         awaitFrames(framesIn(600));
         const size_t sounds = ear_->heard().firstAbove(audible, begun);
         EXPECT_GT(sounds, begun) << "silent until it begins";
@@ -165,11 +165,10 @@ TEST_F(Sound, MusicThatWasCutOffLeavesNothingBehind) {
 }
 
 TEST_F(Sound, ThunderSoundsWithMusicAndWithout) {
-    const auto file = write("organ.mid", piece(organ, {{0, 9000, 60}}, 9000));
     const auto thunder = write("thunder.wav", plateau(500));
     constexpr float level = 0.4F;  // of left and right together, where the plateau is at 0.5
     for (const bool withMusic : {false, true}) {
-        if (withMusic) beginAndAwaitSound(file);
+        if (withMusic) beginAndAwaitSound(music_);
         awaitFrames(withMusic ? framesIn(500) : 0);
         const size_t before = ear_->now();
         thread_->playSound(thunder);
@@ -183,11 +182,7 @@ TEST_F(Sound, ThunderSoundsWithMusicAndWithout) {
         EXPECT_LT(std::fabs(heard.mean(begin + framesIn(600), framesIn(50))), level / 4) << "it is over";
         if (!withMusic) continue;
         for (size_t at = before - framesIn(200); at < before + framesIn(900); at += framesIn(20)) {
-            float least = 1, most = -1;
-            for (size_t i = at; i < at + framesIn(20); ++i) {
-                least = std::min(least, heard.frames[i]);
-                most = std::max(most, heard.frames[i]);
-            }
+            const auto [least, most] = std::ranges::minmax(heard.part(at, framesIn(20)));
             EXPECT_GT(most - least, audible) << "a break in the music";
         }
     }
@@ -296,13 +291,12 @@ TEST_F(Sound, DeviceThatVanishesIsOpenedAnewByTheNextBeginning) {
 }
 
 TEST_F(Sound, LastOfManyWishesCounts) {
-    const auto file = write("organ.mid", piece(organ, {{0, 9000, 60}}, 9000));
     const auto thunder = write("thunder.wav", plateau(50));
     for (const bool playing : {true, false}) {
         uint64_t performance = 0;
         for (int press = 0; press < 60; ++press) {
             if (press % 2 == 0)
-                performance = thread_->begin(file);
+                performance = thread_->begin(music_);
             else
                 thread_->setPlaying(performance, false);
             if (press % 3 == 0) thread_->playSound(thunder);
@@ -310,7 +304,7 @@ TEST_F(Sound, LastOfManyWishesCounts) {
             std::this_thread::sleep_for(std::chrono::milliseconds(press));
         }
         if (playing) {
-            beginAndAwaitSound(file);
+            beginAndAwaitSound(music_);
             awaitFrames(framesIn(500));
             const size_t now = ear_->now();
             awaitFrames(framesIn(300));
@@ -322,12 +316,11 @@ TEST_F(Sound, LastOfManyWishesCounts) {
 }
 
 TEST_F(Sound, ProgramMayEndWhileTheFontIsLoading) {
-    const auto file = write("organ.mid", piece(organ, {{0, 900, 60}}, 1000));
     ear_.reset();
     setenv("SDL_AUDIODRIVER", "dummy", 1);
     for (const auto wait : {0ms, 10ms, 40ms, 80ms, 150ms}) {
         const auto playFor = [&](SoundThread& thread) {
-            thread.begin(file);
+            thread.begin(music_);
             std::this_thread::sleep_for(wait);
         };
         EXPECT_EXIT((playFor(*thread_), platform::endProcess()), testing::ExitedWithCode(0), "");
