@@ -11,6 +11,7 @@
 #include <cstdlib>
 
 #include "frmMain.h"
+#include "platform/qt/window/formWindow.h"
 #include "tests/application.h"
 #include "tools/album/hands.h"
 #include "tools/album/stage.h"
@@ -32,8 +33,6 @@ class Onlooker : public QObject {
     explicit Onlooker(QWidget* window) : window_(window), hands_(window), stage_(hands_) { lookSoon(); }
 
     int looks = 0;
-    int dialogs = 0;  ///< Looks at which something lay over the table.
-    int strikes = 0;  ///< Looks at which lightning stood over it.
 
   private:
     void lookSoon() {
@@ -41,7 +40,7 @@ class Onlooker : public QObject {
     }
 
     void look() {
-        const bool enough = looks >= leastLooks && dialogs > 0 && strikes > 0 && gfrmMain->mintGamesPlayed > 0;
+        const bool enough = looks >= leastLooks && dialogs_ > 0 && strikes_ > 0 && gfrmMain->mintGamesPlayed > 0;
         if (enough || looks == mostLooks || ::testing::Test::HasFailure()) return QApplication::exit(0);
         lookSoon();  // Even if this look opens a dialog and stays in it.
         compare();
@@ -51,8 +50,8 @@ class Onlooker : public QObject {
     /// Compares what the shows so far have left on the screen with the window painted anew and whole.
     void compare() {
         ++looks;
-        if (!hands_.seesTableOnly()) ++dialogs;
-        if (gfrmMain->mblnLightningShown) ++strikes;
+        if (!hands_.seesTableOnly()) ++dialogs_;
+        if (gfrmMain->mblnLightningShown) ++strikes_;
         gfrmMain->mlngLastLightning = -60;  // A strike may come at any time.
         const QImage seen = screenOf(window_).convertToFormat(format);
         ASSERT_EQ(seen, window_->grab().toImage().convertToFormat(format)) << "at look " << looks;
@@ -66,6 +65,8 @@ class Onlooker : public QObject {
 
     static constexpr QImage::Format format = QImage::Format_RGB32;
 
+    int dialogs_ = 0;  // looks at which something lay over the table
+    int strikes_ = 0;  // looks at which lightning stood over it
     QWidget* window_;
     album::Hands hands_;
     album::Stage stage_;
@@ -75,18 +76,13 @@ TEST(Show, LeavesTheWholePictureOnTheScreenEachTime) {
     setUpApplication();
     const auto game = gfrmMain.hold();
     game->form.show();
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    QWidget* const window =
-        *std::find_if(windows.begin(), windows.end(), [](const QWidget* each) { return each->isVisible(); });
+    QWidget* const window = platform::qt::windowOf(game->form);
     const auto* const line = window->findChild<QLabel*>();
     ASSERT_TRUE(QTest::qWaitFor([&] { return line->isVisible(); })) << "the last to come up";
     QTest::qWait(2 * untilPainted);
     Onlooker onlooker(window);
     QApplication::exec();
-    EXPECT_GE(onlooker.looks, leastLooks);
-    EXPECT_LT(onlooker.looks, mostLooks) << "a whole hand was played";
-    EXPECT_GT(onlooker.dialogs, 0);
-    EXPECT_GT(onlooker.strikes, 0);
+    EXPECT_LT(onlooker.looks, mostLooks) << "there were dialogs and lightning, and a whole hand was played";
     std::fflush(nullptr);
     std::_Exit(::testing::Test::HasFailure() ? 1 : 0);  // A dialog may still be open, with its loop below this one.
 }
