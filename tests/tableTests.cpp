@@ -1,7 +1,5 @@
 // The whole window as a player sees it, moment by moment.
 
-#include "match/frmChooseSeat.h"
-#include "platform/desktop.h"
 #include "play/frmChooseTiles.h"
 #include "tests/tableFixture.h"
 
@@ -26,26 +24,17 @@ TEST_F(Table, IsBareUntilTheFirstTileComes) {
 TEST_F(Table, ATileFallsByRowsAndGoesAsideByColumns) {
     dealHand("c1 E", 3);
     nextTile();
-    const auto seesTile = [&](int column, int row) {
-        return ExpectedTable().seats(3, 1, 1).score("0").tile(column, row, "c1").isSeenOn(shown);
+    const auto go = [&](int key, int column, int row) {
+        key != 0 ? sim::pressKey(key) : ticks(1);
+        EXPECT_TRUE(ExpectedTable().seats(3, 1, 1).score("0").tile(column, row, "c1").isSeenOn(shown))
+            << "column " << column << ", row " << row;
     };
-    ticks(1);
-    EXPECT_TRUE(seesTile(5, 2)) << "a falling tick";
-    for (const int column : {4, 3, 2, 1}) {
-        press(Left, 1);
-        EXPECT_TRUE(seesTile(column, 2)) << "left to column " << column;
-    }
-    ticks(1);
-    for (int column = 2; column <= 9; ++column) {
-        press(Right, 1);
-        EXPECT_TRUE(seesTile(column, 3)) << "right to column " << column;
-    }
-    for (int row = 4; row <= 12; ++row) {
-        ticks(1);
-        EXPECT_TRUE(seesTile(9, row)) << "down to row " << row;
-    }
-    ticks(1);
-    EXPECT_TRUE(seesTile(9, 12)) << "it lies";
+    go(0, 5, 2);
+    for (int column = 4; column >= 1; --column) go(Left, column, 2);
+    go(0, 1, 3);
+    for (int column = 2; column <= 9; ++column) go(Right, column, 3);
+    for (int row = 4; row <= 12; ++row) go(0, 9, row);
+    go(0, 9, 12);  // It lies.
 }
 
 TEST_F(Table, LandedTilesStayInTheirViews) {
@@ -55,10 +44,10 @@ TEST_F(Table, LandedTilesStayInTheirViews) {
         press(steps < 0 ? Left : Right, std::abs(steps));
         drop();
     }
-    EXPECT_TRUE(ExpectedTable().seats(3, 1, 1).score("0").board("c1 . . b5 N w9 . . R").isSeenOn(shown));
+    auto table = ExpectedTable().seats(3, 1, 1).score("0").board("c1 . . b5 N w9 . . R");
+    EXPECT_TRUE(table.isSeenOn(shown));
     nextTile();
-    EXPECT_TRUE(
-        ExpectedTable().seats(3, 1, 1).score("0").board("c1 . . b5 N w9 . . R").tile(5, 1, "G").isSeenOn(shown));
+    EXPECT_TRUE(table.tile(5, 1, "G").isSeenOn(shown));
 }
 
 TEST_F(Table, EveryFaceIsTheOneOfItsKindAndAFullBoardIsSeenToItsEdges) {
