@@ -60,16 +60,16 @@ const std::vector<int> palettes[] = {
 };
 
 /// Deals finished hands at random.
-class Dealer {
-  public:
-    int below(int count) { return static_cast<int>(random_() % static_cast<uint32_t>(count)); }
+class HandWorth : public GameFixture {
+  protected:
+    int below(int count) { return static_cast<int>(random() % static_cast<uint32_t>(count)); }
 
     /// A hand as its text, sets in the order of taking with the pair among them; also as sets of kinds.
     std::string deal(selfplay::WonHand& hand) {
         const std::vector<int>& kinds = palettes[below(std::size(palettes))];
         const auto anyKind = [&] { return kinds[below(static_cast<int>(kinds.size()))]; };
         const bool hasRuns = below(3) > 0;
-        left_.fill(4);
+        left.fill(4);
         std::vector<std::string> sets;
         while (sets.size() < 4) {
             const int kind = anyKind();
@@ -85,40 +85,34 @@ class Dealer {
         const std::string pair = tileName(hand.pairKind);
         sets.insert(sets.begin() + below(5), '*' + pair + ' ' + pair + ' ');
         hand.bonusKinds = kindsFrom({{35, 42}});
-        std::shuffle(hand.bonusKinds.begin(), hand.bonusKinds.end(), random_);
+        std::shuffle(hand.bonusKinds.begin(), hand.bonusKinds.end(), random);
         hand.bonusKinds.resize(below(3) == 0 ? 8 - below(2) : below(7));
         std::string text = std::accumulate(sets.begin(), sets.end(), std::string()) + '|';
         for (const int kind : hand.bonusKinds) text += ' ' + tileName(kind);
         return text;
     }
 
-  private:
     /// Whether there are enough copies of these kinds.
     bool take(std::initializer_list<int> kinds) {
-        auto left = left_;
+        auto after = left;
         for (const int kind : kinds)
-            if (--left[kind] < 0) return false;
-        left_ = left;
+            if (--after[kind] < 0) return false;
+        left = after;
         return true;
     }
 
-    std::mt19937 random_{20};
-    std::array<int, kindCount + 1> left_{};
-};
-
-class HandWorth : public GameFixture {
-  protected:
+    std::mt19937 random{20};
+    std::array<int, kindCount + 1> left{};
     const Unseen unseen;
 };
 
 TEST_F(HandWorth, IsWhatTheTallySaysForAnyHand) {
     std::set<std::string> itemsSeen;
-    Dealer dealer;
     selfplay::WonHand hand{};
-    for (int deal = 0; deal < 6400; ++deal) {
-        for (int* const each : {&hand.house, &hand.seat, &hand.wind}) *each = dealer.below(seatCount) + 1;
-        game->mlngLevel = hand.level = dealer.below(levelCount) + 1;
-        const std::string text = dealer.deal(hand);
+    for (int hands = 0; hands < 6400; ++hands) {
+        for (int* const each : {&hand.house, &hand.seat, &hand.wind}) *each = below(seatCount) + 1;
+        game->mlngLevel = hand.level = below(levelCount) + 1;
+        const std::string text = deal(hand);
         tally(text, hand.seat, hand.house, hand.wind);
         const selfplay::HandWorth worth = handWorth(hand);
         std::string items;
