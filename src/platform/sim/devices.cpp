@@ -1,10 +1,14 @@
-// The simulated desktop's devices: sound, the printer and the help's viewer.
+// The simulated desktop's devices: sound, the printer, the help's viewer and the program's folder.
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
+#include <optional>
+#include <stdexcept>
 #include <utility>
 
 #include "platform/base/runtime.h"
+#include "platform/desktop.h"
 #include "platform/help.h"
 #include "platform/printer.h"
 #include "platform/shared/sequencer.h"
@@ -23,7 +27,23 @@ double piecePosition() {
     return music.playing ? std::min(music.length, music.start + state().now - music.since) : music.start;
 }
 
+/// An empty folder that goes, with all that was put into it, when it isn't needed any more.
+struct OwnFolder {
+    OwnFolder() {
+        if (::mkdtemp(path.data()) == nullptr) throw std::runtime_error("no folder can be made for the program");
+    }
+    ~OwnFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path, ignored);
+    }
+
+    std::string path = std::filesystem::temp_directory_path() / "velmora-XXXXXX";
+};
+std::optional<OwnFolder> ownFolder;
+
 }  // namespace
+
+void emptyProgramFolder() { ownFolder.reset(); }
 
 void setPieceLength(double milliseconds) { state().music.length = milliseconds; }
 void setSoundDevice(bool present) { state().music.device = present; }
@@ -99,6 +119,11 @@ void Printer::endDoc() {
 
 void WinHelpA(Form& /*window*/, const std::string& file, uint32_t command, uint32_t /*data*/) {
     if (command == HELP_INDEX) sim::note("help", file);
+}
+
+std::string programFile(const std::string& name) {
+    if (!sim::ownFolder) sim::ownFolder.emplace();
+    return sim::ownFolder->path + "/" + name;
 }
 
 }  // namespace platform

@@ -1,8 +1,35 @@
+#include <algorithm>
+#include <cmath>
+
+#include "platform/shared/text.h"
 #include "platform/sim/state.h"
 
-namespace sim {
+namespace platform {
+namespace {
 
-platform::Surface screen() {
+constexpr double widthPerPoint = 2.0 / 3;  // pixels: half the font's height
+constexpr int boldExtra = 1;               // pixels
+
+/// The bytes of UTF-8 text that begin a character.
+int characterCount(const std::string& text) {
+    return static_cast<int>(std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
+}
+
+}  // namespace
+
+void drawText(Surface& surface, int x, int y, const std::string& text, const Font& font, Color color) {
+    surface.texts.push_back({text, x, y, font, color});
+}
+
+// All characters are equally wide, so that a test can tell a text's width beforehand.
+int measureText(const std::string& text, const Font& font) {
+    const int width = static_cast<int>(std::lround(font.points * widthPerPoint)) + (font.bold ? boldExtra : 0);
+    return width * characterCount(text);
+}
+
+}  // namespace platform
+
+platform::Surface sim::screen() {
     const auto* const main = platform::desk().main();
     if (main == nullptr) return {};
     platform::Surface result = main->surface;
@@ -12,5 +39,3 @@ platform::Surface screen() {
                          dialog->surface, 0, 0, platform::SRCCOPY);
     return result;
 }
-
-}  // namespace sim

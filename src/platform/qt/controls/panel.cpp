@@ -9,7 +9,6 @@
 #include "platform/qt/controls/control.h"
 #include "platform/qt/window/fonts.h"
 #include "platform/qt/window/images.h"
-#include "platform/qt/window/presence.h"
 #include "platform/shared/ticks.h"
 
 namespace platform {
@@ -46,19 +45,17 @@ void Shape::show(const Look& look) {
 /// fonts looked through, which takes a third as long as all the rest of the start.
 struct Label::Impl : QObject {
     explicit Impl(QWidget* form) : face(new QLabel(form)), isEarly(!form->isVisible()) {
-        qt::presence().watch(this, [this] { present(); });
-        if (isEarly) form->installEventFilter(this);
+        form->installEventFilter(this);
     }
-    ~Impl() override { qt::presence().forget(this); }
 
-    bool eventFilter(QObject* form, QEvent* event) override {
-        if (event->type() != QEvent::Paint) return false;
-        form->removeEventFilter(this);
+    bool eventFilter(QObject* /*form*/, QEvent* event) override {
         constexpr int moment = 20;  // milliseconds
-        QTimer::singleShot(moment, this, [this] {
-            isEarly = false;
-            present();
-        });
+        if (event->type() == qt::FormStack::playerHasMoved) present();
+        if (event->type() == QEvent::Paint && std::exchange(waits, false))
+            QTimer::singleShot(moment, this, [this] {
+                isEarly = false;
+                present();
+            });
         return false;
     }
 
@@ -71,6 +68,7 @@ struct Label::Impl : QObject {
 
     qt::Owned<QLabel> face;
     bool isEarly;
+    bool waits = isEarly;  // until the form is painted
     Font font;
 };
 

@@ -1,10 +1,17 @@
 #include "platform/qt/window/application.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <QIcon>
+#include <QSocketNotifier>
 #include <QWindow>
+#include <array>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 
 #include "platform/base/uncaught.h"
 #include "platform/pictures.h"
@@ -13,8 +20,6 @@
 #include "platform/qt/window/formStack.h"
 #include "platform/qt/window/formWindow.h"
 #include "platform/qt/window/images.h"
-#include "platform/qt/window/presence.h"
-#include "platform/qt/window/signals.h"
 
 namespace platform {
 namespace {
@@ -50,6 +55,29 @@ class FontWatch : public QObject {
     }
 };
 
+std::array<int, 2> ends{-1, -1};  // of the pipe from the signal handler to the event loop
+
+/// Only a write is allowed here: the signal may have come in the middle of anything.
+void tellLoop(int /*signal*/) {
+    const char byte = 0;
+    [[maybe_unused]] const ssize_t written = write(ends[1], &byte, 1);
+}
+
+/// Has the handler called in the event loop when an interrupt or a termination signal has asked the program to end. The
+/// first signal does so; a second one ends the process at once.
+void onEndSignal(std::function<void()> handler) {
+    if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
+    auto* const notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, QCoreApplication::instance());
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [notifier, called = std::move(handler)] {
+        notifier->setEnabled(false);
+        called();
+    });
+    struct sigaction action {};
+    action.sa_handler = tellLoop;
+    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaction(signal, &action, nullptr);
+}
+
 QApplication* openDisplay(int& argc, char** argv) {
     const QtMessageHandler usual = qInstallMessageHandler(hearOfDisplay);
     QApplication* const application = new QApplication(argc, argv);
@@ -74,13 +102,13 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
         if (qt::FormWindow* const form = qt::formStack().top()) form->followFocus();
     });
     QObject::connect(application, &QGuiApplication::focusWindowChanged, [] {
-        qt::presence().look();
+        qt::formStack().lookForPlayer();
         qt::formStack().bringBoxToFront();
     });
 }
 
 int Application::run() {
-    qt::onEndSignal([] {
+    onEndSignal([] {
         if (Form* const main = mainForm()) main->unload();
     });
     qt::formStack().onMainWindowGone = [] { QApplication::exit(0); };

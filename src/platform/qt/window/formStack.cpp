@@ -7,13 +7,14 @@
 #include <QPointer>
 #include <QToolButton>
 #include <QWidget>
+#include <QWindow>
 #include <utility>
 
 #include "platform/base/uncaught.h"
 #include "platform/qt/controls/control.h"
 #include "platform/qt/window/formWindow.h"
 #include "platform/qt/window/keys.h"
-#include "platform/qt/window/presence.h"
+#include "platform/shared/ticks.h"
 
 namespace platform::qt {
 namespace {
@@ -52,6 +53,13 @@ quint32 keyOf(const QKeyEvent& event) {
 
 FormWindow* windowOf(const Form::Impl* form) {
     return form != nullptr ? static_cast<FormWindow*>(&form->view) : nullptr;
+}
+
+/// Whether the keyboard is with that window, or with a menu or box that stands before it.
+bool hasKeyboard(const QWidget& main) {
+    const QWindow* each = QGuiApplication::focusWindow();
+    while (each != nullptr && each != main.windowHandle()) each = each->transientParent();
+    return each != nullptr;
 }
 
 bool belongsToForms(const QWidget* face) { return dynamic_cast<const FormWindow*>(face->window()); }
@@ -98,8 +106,23 @@ void FormStack::noteChange() {
 }
 
 void FormStack::noteEnd() {
-    presence().look();
+    lookForPlayer();
     if (onMainWindowGone) onMainWindowGone();
+}
+
+void FormStack::lookForPlayer() {
+    const FormWindow* const main = mainWindow();
+    const bool isActive = main != nullptr && hasKeyboard(*main);
+    mainHasHadKeyboard_ = main != nullptr && (mainHasHadKeyboard_ || isActive);
+    setAway(main != nullptr && (main->isMinimized() || (mainHasHadKeyboard_ && !isActive)));
+}
+
+void FormStack::setAway(bool away) const {
+    if (away == ticks().isAway()) return;
+    if (away) desk().letGoOfKeys();
+    ticks().setAway(away);
+    QEvent moved(playerHasMoved);
+    if (FormWindow* const main = mainWindow()) QCoreApplication::sendEvent(main, &moved);
 }
 
 bool FormStack::eventFilter(QObject* watched, QEvent* event) {
@@ -150,7 +173,7 @@ bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {
         if (toForms && owner && own && !event.isAutoRepeat()) release(event);
         return toForms;
     }
-    if (toForms) presence().hearKey();
+    if (toForms) setAway(false);  // Where no window manager gives the keyboard back, keys come all the same.
     const Press press = desk().keyDown(keyOf(event), isRepeat(event), owner);
     released_.erase(keyOf(event));
     if (press == Press::Foreign) return true;

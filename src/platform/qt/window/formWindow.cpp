@@ -18,7 +18,6 @@
 #include "platform/qt/window/accessible.h"
 #include "platform/qt/window/formStack.h"
 #include "platform/qt/window/images.h"
-#include "platform/qt/window/presence.h"
 #include "platform/shared/tabOrder.h"
 
 namespace platform {
@@ -229,7 +228,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 void FormWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() != QEvent::WindowStateChange) return;
-    presence().look();
+    formStack().lookForPlayer();
     if (windowState() & refusedStates)
         QMetaObject::invokeMethod(
             this, [this] { setWindowState(windowState() & ~refusedStates); }, Qt::QueuedConnection);
