@@ -5,6 +5,7 @@
 #include "hiscores/frmGetName.h"
 #include "hiscores/frmHiScore.h"
 #include "modZQT.h"
+#include "platform/base/text.h"
 #include "platform/desktop.h"
 #include "platform/pictures.h"
 #include "platform/sim/simulation.h"
@@ -30,8 +31,7 @@ class HiScoreDialogs : public GameFixture {
         int number = 0;
         for (const Row& row : rows) {
             HiScoreRecord& record = gaudtHiScore[++number];
-            record = {{}, narrow16(row.rounds), narrow16(row.level), row.score};
-            record.strName = row.name;
+            record = {platform::toCodePage(row.name), narrow16(row.rounds), narrow16(row.level), row.score};
         }
         gsSaveHiScore();
         gaudtHiScore = {};

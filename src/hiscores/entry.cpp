@@ -1,5 +1,6 @@
 #include "frmMain.h"
 #include "hiscores/frmGetName.h"
+#include "platform/base/text.h"
 #include "toolkit/failures.h"
 
 namespace {
@@ -21,7 +22,7 @@ bool findRow(int32_t score, int& row) {
 void enterMatch(const frmMain& m, int entered) {
     for (int row = hiScoreRows; row > entered; --row) gaudtHiScore[row] = gaudtHiScore[row - 1];
     HiScoreRecord& record = gaudtHiScore[entered];
-    record.strName = gfrmGetName->mprpName();
+    record.strName = platform::toCodePage(gfrmGetName->mprpName());
     record.intRounds = m.mintRoundsPlayed;
     record.intLevel = narrow16(m.mlngLevel);
     record.lngScore = m.mlngScore;

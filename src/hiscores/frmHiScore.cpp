@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/base/text.h"
 #include "presentation/layout.h"
 #include "toolkit/failures.h"
 #include "toolkit/input.h"
@@ -61,7 +62,7 @@ void frmHiScore::msPrintRow(int row, platform::Color color, int shift) {
     };
     const HiScoreRecord& record = gaudtHiScore[row];
     const std::string score = std::to_string(record.lngScore);
-    print(maudtNamePsn[row], gstrfTrim(record.strName.text()));
+    print(maudtNamePsn[row], gstrfTrim(platform::fromCodePage(record.strName)));
     print(maudtRoundsPsn[row], std::to_string(record.intRounds));
     print(maudtLevelPsn[row], std::to_string(record.intLevel));
     print(maudtScorePsn[row], score, form.surface().textWidth(score));
@@ -69,7 +70,7 @@ void frmHiScore::msPrintRow(int row, platform::Color color, int shift) {
 
 std::string frmHiScore::mstrfSpokenRow(int row) const {
     const HiScoreRecord& record = gaudtHiScore[row];
-    return ". " + std::to_string(row) + ": " + gstrfTrim(record.strName.text()) + ", rounds played " +
+    return ". " + std::to_string(row) + ": " + gstrfTrim(platform::fromCodePage(record.strName)) + ", rounds played " +
            std::to_string(record.intRounds) + ", Level " + std::to_string(record.intLevel) + ", score " +
            std::to_string(record.lngScore);
 }

@@ -32,7 +32,7 @@ void appendNumber(std::string& bytes, Number number) {
 
 HiScoreRecord recordFrom(const std::string& bytes) {
     HiScoreRecord record;
-    record.strName.setBytes(bytes.substr(nameAt, roundsAt));
+    record.strName = bytes.substr(nameAt, roundsAt);
     record.intRounds = numberAt<int16_t>(bytes, roundsAt);
     record.intLevel = numberAt<int16_t>(bytes, levelAt);
     record.lngScore = numberAt<int32_t>(bytes, scoreAt);
@@ -59,7 +59,9 @@ void gsSaveHiScore() {
         const auto table = std::exchange(gaudtHiScore, {});  // No row is shown that could not be stored.
         std::string bytes;
         for (const HiScoreRecord& record : table) {
-            bytes += record.strName.bytes();
+            std::string name = record.strName;
+            name.resize(hiScoreNameLength, ' ');
+            bytes += name;
             appendNumber(bytes, record.intRounds);
             appendNumber(bytes, record.intLevel);
             appendNumber(bytes, record.lngScore);

@@ -4,14 +4,13 @@
 #include <string>
 
 #include "platform/base/runtime.h"
-#include "platform/base/text.h"
 
 constexpr int hiScoreRows = 5;
 constexpr int hiScoreNameLength = 10;  ///< Characters.
 
 /// A row of the table of high scores; one whose score is 0 has never been filled.
 struct HiScoreRecord {
-    platform::FixedText<hiScoreNameLength> strName;
+    std::string strName;    // in the code page, as the file holds it; blanks behind it say nothing
     int16_t intRounds = 0;  // played in the match
     int16_t intLevel = 0;   // at its end
     int32_t lngScore = 0;

@@ -26,6 +26,33 @@ int openForBoth(const std::string& path) {
     return handle;
 }
 
+/// Writes from the beginning; how many bytes the system has taken. If it wasn't all, errno says why.
+size_t put(int handle, const std::string& bytes) {
+    size_t taken = 0;
+    while (taken < bytes.size()) {
+        const auto at = static_cast<off_t>(taken);
+        const ssize_t got = TEMP_FAILURE_RETRY(::pwrite(handle, bytes.data() + taken, bytes.size() - taken, at));
+        if (got == 0) errno = ENOSPC;
+        if (got <= 0) break;
+        taken += static_cast<size_t>(got);
+    }
+    return taken;
+}
+
+/// Closes the file as far as the disk can tell, and is 0 if it has taken all. A disk behind a network or a quota may
+/// refuse only then what was written; the handle itself stays open, so that it can still be put back.
+int closeCopy(int handle) {
+    const int copy = ::dup(handle);
+    return copy < 0 ? copy : ::close(copy);
+}
+
+/// Puts back what a write that failed has overwritten, and takes off what it has added; true if that went well.
+bool putBack(int handle, const std::string& before, size_t written, size_t wanted) {
+    const std::string overwritten = before.substr(0, written);
+    if (put(handle, overwritten) != overwritten.size()) return false;
+    return before.size() == wanted || ::ftruncate(handle, static_cast<off_t>(before.size())) == 0;
+}
+
 }  // namespace
 
 File::File(const std::string& path) : path_(path), handle_(openForBoth(path)) {}
@@ -47,38 +74,11 @@ std::string File::read(size_t count, size_t from) const {
 
 void File::write(const std::string& bytes) {
     const std::string before = read(bytes.size());
-    const size_t written = put(bytes);
-    if (written == bytes.size() && TEMP_FAILURE_RETRY(closeCopy()) == 0) return;
+    const size_t written = put(handle_, bytes);
+    if (written == bytes.size() && TEMP_FAILURE_RETRY(closeCopy(handle_)) == 0) return;
     const int error = errno;
-    if (written > 0 && !putBack(before, written, bytes.size())) failure::ofFile(EIO, path_);
+    if (written > 0 && !putBack(handle_, before, written, bytes.size())) failure::ofFile(EIO, path_);
     failure::ofFile(error, path_);
-}
-
-/// Writes from the beginning; how many bytes the system has taken. If it wasn't all, errno says why.
-size_t File::put(const std::string& bytes) const {
-    size_t taken = 0;
-    while (taken < bytes.size()) {
-        const auto at = static_cast<off_t>(taken);
-        const ssize_t got = TEMP_FAILURE_RETRY(::pwrite(handle_, bytes.data() + taken, bytes.size() - taken, at));
-        if (got == 0) errno = ENOSPC;
-        if (got <= 0) break;
-        taken += static_cast<size_t>(got);
-    }
-    return taken;
-}
-
-/// Closes the file as far as the disk can tell, and is 0 if it has taken all. A disk behind a network or a quota may
-/// refuse only then what was written; the handle itself stays open, so that it can still be put back.
-int File::closeCopy() const {
-    const int copy = ::dup(handle_);
-    return copy < 0 ? copy : ::close(copy);
-}
-
-/// Puts back what a write that failed has overwritten, and takes off what it has added; true if that went well.
-bool File::putBack(const std::string& before, size_t written, size_t wanted) const {
-    const std::string overwritten = before.substr(0, written);
-    if (put(overwritten) != overwritten.size()) return false;
-    return before.size() == wanted || ::ftruncate(handle_, static_cast<off_t>(before.size())) == 0;
 }
 
 }  // namespace platform

@@ -39,10 +39,6 @@ class File {
     void write(const std::string& bytes);
 
   private:
-    size_t put(const std::string& bytes) const;
-    int closeCopy() const;
-    bool putBack(const std::string& before, size_t written, size_t wanted) const;
-
     std::string path_;
     int handle_;
 };
