@@ -38,12 +38,6 @@ QTextEdit::ExtraSelection marked(const QTextCursor& match, QRgb back) {
     return mark;
 }
 
-QWidget* gapOf(QWidget* parent) {
-    auto* const gap = new QWidget(parent);
-    gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    return gap;
-}
-
 /// The help viewer: the text, its contents beside it, a search in it and larger or smaller type.
 class HelpWindow : public QMainWindow {
   public:
@@ -118,7 +112,9 @@ void HelpWindow::fillToolBar() {
                               [this] { showMatch(-1); }));
     bar->addAction(addCommand("Next", "The next place", {Qt::Key_F3}, [this] { showMatch(1); }));
     bar->addWidget(found_);
-    bar->addWidget(gapOf(bar));
+    auto* const gap = new QWidget;
+    gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(gap);
     bar->addAction(addCommand("Smaller", "Smaller type", {Qt::CTRL | Qt::Key_Minus},
                               [this] { page_->setTypeStep(page_->typeStep() - 1); }));
     bar->addAction(addCommand("Normal", "Normal type", {Qt::CTRL | Qt::Key_0}, [this] { page_->setTypeStep(0); }));

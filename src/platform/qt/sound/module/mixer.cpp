@@ -4,7 +4,6 @@
 #include <dlfcn.h>
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
 #include <mutex>
 #include <span>
@@ -233,8 +232,7 @@ void ModuleMixer::mix(std::span<float> samples) {
 }
 
 void ModuleMixer::noteSilence(std::span<const float> samples) {
-    const bool silent = !music_.going() && sounds_.empty() &&
-                        std::ranges::all_of(samples, [](float sample) { return std::fabs(sample) < inaudible; });
+    const bool silent = !music_.going() && sounds_.empty() && isSilent(samples);
     const int before =
         std::exchange(silentFrames_, silent ? silentFrames_ + static_cast<int>(samples.size()) / channels : 0);
     if (before < framesToRest && silentFrames_ >= framesToRest) events_.quiet();

@@ -1,7 +1,5 @@
 #include "platform/qt/sound/module/music.h"
 
-#include <algorithm>
-#include <cmath>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -86,10 +84,6 @@ int takeInstruments(void* data, fluid_midi_event_t* event) {
 
 void renderFrames(fluid_synth_t* synth, float* samples, int frames) {
     fluid_synth_write_float(synth, frames, samples, 0, channels, samples, 1, channels);
-}
-
-bool isSilent(const std::vector<float>& samples) {
-    return std::ranges::all_of(samples, [](float sample) { return std::fabs(sample) < inaudible; });
 }
 
 }  // namespace

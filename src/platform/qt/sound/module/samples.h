@@ -1,9 +1,18 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
+#include <span>
+
 namespace platform::qt {
 
-constexpr int sampleRate = 22050;     // frames a second
-constexpr int channels = 2;           // samples a frame, left and right in turn
-constexpr float inaudible = 0.0001F;  // a sample below is silence
+constexpr int sampleRate = 22050;  // frames a second
+constexpr int channels = 2;        // samples a frame, left and right in turn
+
+/// Whether nobody can hear them.
+inline bool isSilent(std::span<const float> samples) {
+    constexpr float inaudible = 0.0001F;
+    return std::ranges::all_of(samples, [](float sample) { return std::fabs(sample) < inaudible; });
+}
 
 }  // namespace platform::qt
