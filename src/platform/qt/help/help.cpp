@@ -8,20 +8,221 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSplitter>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QTextTable>
 #include <QToolBar>
 #include <QTreeWidget>
+#include <QWheelEvent>
 #include <algorithm>
+#include <cmath>
 #include <fstream>
 #include <iterator>
+#include <utility>
+#include <vector>
 
 #include "platform/base/files.h"
 #include "platform/desktop.h"
 #include "platform/qt/controls/control.h"
-#include "platform/qt/help/helpPage.h"
+#include "platform/qt/window/fonts.h"
 
 namespace platform {
 namespace {
+
+constexpr int smallestStep = -4;
+constexpr int largestStep = 10;
+constexpr double stepFactor = 1.15;
+constexpr int textMargin = 18;       // pixels around the text
+constexpr int cellPadding = 6;       // pixels
+constexpr int tableMargin = 10;      // pixels above and below a table
+constexpr int roundedUp = 4;         // pixels by which Qt may make a table wider than its page
+constexpr double lineGap = 3;        // pixels between lines, in the normal size
+constexpr double headerTint = 0.14;  // part of the text's colour in a header's background
+constexpr double borderTint = 0.35;  // and in the lines of a table
+
+QColor mixed(const QColor& back, const QColor& fore, double part) {
+    const auto mix = [part](int from, int to) { return from + static_cast<int>(std::lround((to - from) * part)); };
+    return {mix(back.red(), fore.red()), mix(back.green(), fore.green()), mix(back.blue(), fore.blue())};
+}
+
+/// What a link to the heading says: lower case, words joined by "-", punctuation left out.
+QString anchorOf(const QString& heading) {
+    QString anchor;
+    for (const QChar character : heading.toLower())
+        if (character.isLetterOrNumber() || character == '-')
+            anchor += character;
+        else if (character.isSpace())
+            anchor += '-';
+    return anchor;
+}
+
+/// Lines, room around the text, and a header row that stands out.
+void formatTable(QTextTable& table, const QPalette& palette) {
+    const QColor back = palette.color(QPalette::Base);
+    const QColor fore = palette.color(QPalette::Text);
+    QTextTableFormat format = table.format();
+    format.setCellPadding(cellPadding);
+    format.setCellSpacing(0);
+    format.setTopMargin(tableMargin);
+    format.setBottomMargin(tableMargin);
+    format.setBorder(1);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setBorderCollapse(true);
+    format.setBorderBrush(mixed(back, fore, borderTint));
+    table.setFormat(format);
+    for (int row = 0; row < table.rows(); ++row)
+        for (int column = 0; column < table.columns(); ++column) {
+            QTextTableCell cell = table.cellAt(row, column);
+            QTextCharFormat look = cell.format();
+            look.setVerticalAlignment(QTextCharFormat::AlignMiddle);
+            if (row == 0) look.setBackground(mixed(back, fore, headerTint));
+            cell.setFormat(look);
+        }
+}
+
+/// The help text as it is read: Markdown with links between its headings, tables, and pictures made by name. Its look
+/// follows the desktop's palette, and its pictures grow with its type.
+class HelpPage : public QTextBrowser {
+  public:
+    explicit HelpPage(const QString& markdown);  ///< Shows it from its beginning.
+
+    void jumpTo(int position);                  ///< Brings that place of the text to the top.
+    void showPlace(const QTextCursor& place);   ///< In the middle, if it wasn't in sight.
+    int typeStep() const { return typeStep_; }  ///< Of the type's size, from the one at first.
+    void setTypeStep(int step);                 ///< As far as the range of sizes goes.
+
+  protected:
+    QVariant loadResource(int type, const QUrl& url) override;
+    void changeEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    void follow(const QUrl& link);
+    void formatAll();
+    void formatBlock(const QTextBlock& block);
+    QImage pictureNamed(const QString& name) const;
+    double typeFactor() const;
+
+    double normalPoints_ = 0;
+    int typeStep_ = 0;
+    QTextCursor kept_;  // the place that a change of type keeps
+    int keptTop_ = 0;   // where its line stood, in pixels of the window
+    int keptAt_ = -1;   // how far the text was scrolled after the last change
+};
+
+HelpPage::HelpPage(const QString& markdown) {
+    qt::makeUpForMissingFonts();
+    normalPoints_ = fontInfo().pointSizeF();
+    setOpenLinks(false);
+    setUndoRedoEnabled(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int /*least*/, int most) {
+        setHorizontalScrollBarPolicy(most > roundedUp ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    });
+    connect(this, &QTextBrowser::anchorClicked, this, &HelpPage::follow);
+    setMarkdown(markdown);
+    document()->setDocumentMargin(textMargin);
+    formatAll();
+    moveCursor(QTextCursor::Start);
+}
+
+void HelpPage::follow(const QUrl& link) {
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        if (block.blockFormat().headingLevel() > 0 && anchorOf(block.text()) == link.fragment())
+            return jumpTo(block.position());
+}
+
+void HelpPage::jumpTo(int position) {
+    QTextCursor place(document());
+    place.setPosition(position);
+    setTextCursor(place);  // A search goes on from here.
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect().top());
+}
+
+void HelpPage::showPlace(const QTextCursor& place) {
+    QScrollBar& bar = *verticalScrollBar();
+    const int before = bar.value();
+    setTextCursor(place);
+    if (bar.value() != before) bar.setValue(bar.value() + cursorRect().center().y() - viewport()->height() / 2);
+}
+
+/// What stands at the top stays where it is. Small type can leave too little text below to keep it there; it comes back
+/// with larger type unless the reader has scrolled meanwhile.
+void HelpPage::setTypeStep(int step) {
+    const int before = std::exchange(typeStep_, std::clamp(step, smallestStep, largestStep));
+    if (typeStep_ == before) return;
+    QScrollBar& bar = *verticalScrollBar();
+    if (bar.value() != keptAt_) {
+        kept_ = cursorForPosition(QPoint(textMargin, std::max(1, textMargin - bar.value())));
+        keptTop_ = cursorRect(kept_).top();
+    }
+    QFont type = font();
+    type.setPointSizeF(normalPoints_ * typeFactor());
+    setFont(type);
+    formatAll();
+    bar.setValue(bar.value() + cursorRect(kept_).top() - keptTop_);
+    keptAt_ = bar.value();
+}
+
+double HelpPage::typeFactor() const { return std::pow(stepFactor, typeStep_); }
+
+/// Gives the text what its source doesn't say: colours of the palette, lines of tables, pictures in the type's size.
+void HelpPage::formatAll() {
+    QTextCursor all(document());
+    all.beginEditBlock();  // Else each change would lay the text out anew.
+    for (QTextFrame* const frame : document()->rootFrame()->childFrames())
+        if (auto* const table = qobject_cast<QTextTable*>(frame)) formatTable(*table, palette());
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) formatBlock(block);
+    all.endEditBlock();
+    document()->markContentsDirty(0, document()->characterCount());
+}
+
+void HelpPage::formatBlock(const QTextBlock& block) {
+    QTextCursor text(block);
+    QTextBlockFormat lines;
+    lines.setLineHeight(lineGap * typeFactor(), QTextBlockFormat::LineDistanceHeight);
+    text.mergeBlockFormat(lines);
+    for (const QTextLayout::FormatRange& range : block.textFormats()) {
+        QTextCharFormat look;
+        if (range.format.isImageFormat()) {
+            const QString name = range.format.toImageFormat().name();
+            document()->addResource(QTextDocument::ImageResource, QUrl(name), pictureNamed(name));
+            look.setVerticalAlignment(QTextCharFormat::AlignMiddle);
+        } else if (!range.format.anchorHref().isEmpty()) {
+            look.setForeground(palette().color(QPalette::Link));
+        }
+        text.setPosition(block.position() + range.start);
+        text.setPosition(text.position() + range.length, QTextCursor::KeepAnchor);
+        text.mergeCharFormat(look);
+    }
+}
+
+QImage HelpPage::pictureNamed(const QString& name) const {
+    if (!makeHelpPicture) return {};
+    const HelpPicture made = makeHelpPicture(name.toStdString());
+    if (made.pixels.empty()) return {};
+    const QImage image(reinterpret_cast<const uchar*>(made.pixels.data()), made.width, made.height,
+                       QImage::Format_ARGB32);
+    return image.scaled((QSizeF(image.size()) * typeFactor()).toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        .copy();  // Of its own, also where nothing was scaled.
+}
+
+/// Nothing but the text's own pictures, which are added as it is formatted: the text never reaches for a file.
+QVariant HelpPage::loadResource(int /*type*/, const QUrl& /*url*/) { return {}; }
+
+void HelpPage::changeEvent(QEvent* event) {
+    QTextBrowser::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) formatAll();
+}
+
+void HelpPage::wheelEvent(QWheelEvent* event) {
+    if (event->modifiers() & Qt::ControlModifier)
+        setTypeStep(typeStep_ + (event->angleDelta().y() > 0 ? 1 : -1));
+    else
+        QTextBrowser::wheelEvent(event);
+}
 
 constexpr QSize firstSize(1000, 720);  // pixels, where the screen has room
 constexpr double screenPart = 0.9;     // that it takes at most; the rest is for its frame
@@ -58,7 +259,7 @@ class HelpWindow : public QMainWindow {
     void findAll();
     void showMatch(int step);
 
-    qt::HelpPage* page_;
+    HelpPage* page_;
     QTreeWidget* contents_ = new QTreeWidget;
     QLineEdit* wanted_ = new QLineEdit;
     QLabel* found_ = new QLabel;
@@ -66,7 +267,7 @@ class HelpWindow : public QMainWindow {
     int match_ = 0;                     // the one that is shown, from 0
 };
 
-HelpWindow::HelpWindow(const QString& markdown) : page_(new qt::HelpPage(markdown)) {
+HelpWindow::HelpWindow(const QString& markdown) : page_(new HelpPage(markdown)) {
     setWindowTitle(QApplication::applicationName() + " Help");
     resize(firstSize.boundedTo(screen()->availableSize() * screenPart));
     auto* const halves = new QSplitter;
@@ -145,12 +346,13 @@ void HelpWindow::changeEvent(QEvent* event) {
 /// The chapters stand beside the title, and all other headings under the last one of a lower level.
 void HelpWindow::fillContents() {
     std::vector<std::pair<int, QTreeWidgetItem*>> above;
-    for (const qt::Heading& heading : page_->headings()) {
-        const int level = std::max(heading.level, chapterLevel);
+    for (QTextBlock block = page_->document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() == 0) continue;
+        const int level = std::max(block.blockFormat().headingLevel(), chapterLevel);
         while (!above.empty() && above.back().first >= level) above.pop_back();
         QTreeWidgetItem* const parent = above.empty() ? contents_->invisibleRootItem() : above.back().second;
-        auto* const item = new QTreeWidgetItem(parent, {heading.text});
-        item->setData(0, Qt::UserRole, heading.position);
+        auto* const item = new QTreeWidgetItem(parent, {block.text()});
+        item->setData(0, Qt::UserRole, block.position());
         above.emplace_back(level, item);
     }
     contents_->expandAll();
