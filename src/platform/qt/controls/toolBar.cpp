@@ -47,7 +47,6 @@ class ToolButton : public QToolButton {
   private:
     QString toolTipWithKey() const;
     void goOn(int step);
-    void pressOnce(const QKeyEvent& event);
 };
 
 /// The strip that the buttons lie on. F10 in its form goes to the first of them, and the buttons' own keys press them.
@@ -131,16 +130,12 @@ void ToolButton::focusOutEvent(QFocusEvent* event) {
 }
 
 void ToolButton::keyPressEvent(QKeyEvent* event) {
-    switch (qt::strokeOf(*event, event->isAutoRepeat()).code) {
-        case key::Left:
-        case key::Pad4:
-            return goOn(-1);
-        case key::Right:
-        case key::Pad6:
-            return goOn(1);
-        default:
-            if (!event->isAutoRepeat()) pressOnce(*event);
-    }
+    const int code = qt::strokeOf(*event, event->isAutoRepeat()).code;
+    if (code == key::Left || code == key::Pad4) return goOn(-1);
+    if (code == key::Right || code == key::Pad6) return goOn(1);
+    if (event->isAutoRepeat()) return;
+    if (code == key::Enter || code == key::Space) click();
+    if (code == key::Escape || event->key() == Qt::Key_F10) qt::formWindowOf(this)->takeKeysBack();
 }
 
 void ToolButton::goOn(int step) {
@@ -149,12 +144,6 @@ void ToolButton::goOn(int step) {
     const auto place = static_cast<int>(std::ranges::find(row, this) - row.begin());
     row[static_cast<size_t>((place + step + count) % count)]->mark(Qt::TabFocusReason);
     update();
-}
-
-void ToolButton::pressOnce(const QKeyEvent& event) {
-    const int code = qt::strokeOf(event, false).code;
-    if (code == key::Enter || code == key::Space) click();
-    if (code == key::Escape || event.key() == Qt::Key_F10) qt::formWindowOf(this)->takeKeysBack();
 }
 
 /// The image with that number, the mask colour left out; null if the strip doesn't reach so far.
@@ -179,6 +168,7 @@ struct ToolBar::Impl {
     explicit Impl(qt::FormWindow* parent, const ImageList& list) : strip(new Strip(parent)), images(list) {}
 
     qt::Owned<Strip> strip;
+    QObject listener;  // Nothing is heard of clicks when it is gone.
     QFrame* edge = nullptr;
     DynamicTable<ToolButton*> buttons;
     ImageList images;
@@ -210,7 +200,7 @@ ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& image
     for (int number = 1; number <= buttonCount; ++number) {
         auto* const button = new ToolButton(impl_->strip.get());
         button->resize(buttonWidth, height);
-        QObject::connect(button, &QToolButton::clicked, impl_->strip.get(),
+        QObject::connect(button, &QToolButton::clicked, &impl_->listener,
                          [this, button, number] { qt::callUnlessBlocked(button, onButtonClick, number); });
         impl_->buttons[number] = button;
     }
@@ -218,10 +208,7 @@ ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& image
     if (impl_->strip->parentWidget()->isVisible()) impl_->strip->show();
 }
 
-ToolBar::~ToolBar() {
-    if (impl_->strip.get() == nullptr) return;
-    for (int number = 1; number <= impl_->buttons.count(); ++number) impl_->buttons[number]->blockSignals(true);
-}
+ToolBar::~ToolBar() = default;
 
 void ToolBar::stretch(int button) {
     const int width = impl_->strip->parentWidget()->width();

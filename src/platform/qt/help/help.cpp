@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSplitter>
@@ -49,13 +50,8 @@ QColor mixed(const QColor& back, const QColor& fore, double part) {
 
 /// What a link to the heading says: lower case, words joined by "-", punctuation left out.
 QString anchorOf(const QString& heading) {
-    QString anchor;
-    for (const QChar character : heading.toLower())
-        if (character.isLetterOrNumber() || character == '-')
-            anchor += character;
-        else if (character.isSpace())
-            anchor += '-';
-    return anchor;
+    static const QRegularExpression punctuation("[^\\w\\s-]", QRegularExpression::UseUnicodePropertiesOption);
+    return heading.toLower().remove(punctuation).replace(' ', '-');
 }
 
 /// Lines, room around the text, and a header row that stands out.

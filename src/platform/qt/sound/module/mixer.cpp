@@ -141,7 +141,7 @@ class ModuleMixer final : public Mixer {
 
   private:
     void makeRoomFor(const std::string& file);
-    bool openDevice();
+    bool start(const std::function<void()>& action);
     void add(std::vector<float> samples);
     void mix(std::span<float> samples);
     void noteSilence(std::span<const float> samples);
@@ -155,15 +155,8 @@ class ModuleMixer final : public Mixer {
 };
 
 bool ModuleMixer::begin(const std::string& file, uint64_t performance) {
-    device_.closeVanished();
     makeRoomFor(file);
-    if (!music_.load(file)) return false;
-    {
-        const std::lock_guard hold(device_);
-        music_.begin(performance);
-        silentFrames_ = 0;
-    }
-    return openDevice();
+    return music_.load(file) && start([&] { music_.begin(performance); });
 }
 
 void ModuleMixer::pause() {
@@ -177,31 +170,25 @@ void ModuleMixer::makeRoomFor(const std::string& file) {
 }
 
 bool ModuleMixer::resume() {
-    if (!music_.begun()) return false;
-    device_.closeVanished();
-    {
-        const std::lock_guard hold(device_);
-        music_.resume();
-        silentFrames_ = 0;
-    }
-    return openDevice();
+    return music_.begun() && start([&] { music_.resume(); });
 }
 
 void ModuleMixer::playSound(const std::string& file) {
-    device_.closeVanished();
     auto samples = samplesOf(file);
     if (samples.empty()) return;
     for (float& sample : samples) sample *= soundGain;
-    {
-        const std::lock_guard hold(device_);
-        add(std::move(samples));
-        silentFrames_ = 0;
-    }
-    openDevice();
+    start([&] { add(std::move(samples)); });
 }
 
-// It is opened only when there is something to ask for, so that it doesn't begin with silence.
-bool ModuleMixer::openDevice() {
+/// Does what begins to sound, and sees to it that it is heard; false if it can't be. The device is opened only when
+/// there is something to ask for, so that it doesn't begin with silence.
+bool ModuleMixer::start(const std::function<void()>& action) {
+    device_.closeVanished();
+    {
+        const std::lock_guard hold(device_);
+        action();
+        silentFrames_ = 0;
+    }
     if (device_.open()) return true;
     music_.silence();
     sounds_.clear();
@@ -209,11 +196,8 @@ bool ModuleMixer::openDevice() {
 }
 
 void ModuleMixer::rest() {
-    const bool quiet = [this] {
-        const std::lock_guard hold(device_);
-        return silentFrames_ >= framesToRest;
-    }();
-    if (quiet) device_.close();
+    if (const std::lock_guard hold(device_); silentFrames_ < framesToRest) return;
+    device_.close();
 }
 
 void ModuleMixer::add(std::vector<float> samples) {
