@@ -65,7 +65,7 @@ void paintRule(QPainter& painter, const QPoint& middle, int reach) {
 void paintFramedCloth(QPainter& painter, const QSize& size, int breadth) {
     const QRect all(QPoint(0, 0), size);
     const QRect inner = all.adjusted(breadth, breadth, -breadth, -breadth);
-    painter.drawImage(0, 0, cloth(size, groundGreen));
+    lay(painter, {0, 0}, cloth(size, groundGreen));
     paintHollowShadow(painter, inner, 12, 0.45);
     paintFrame(painter, all, inner);
 }
@@ -92,12 +92,11 @@ void paintGridColumn(QPainter& painter, int left) {
         const QColor shade = row % 2 == 0 ? QColor(0, 0, 0, 70) : QColor(0, 0, 0, 100);
         painter.fillRect(left, gridTop + row * gridPitch, gridWidth, gridPitch, shade);
     }
-    painter.setPen(QColor::fromRgb(giltDeep));
+    const QColor lines = QColor::fromRgb(giltDeep);
     for (int row = 1; row < gridRows; ++row)
-        painter.drawLine(left, gridTop + row * gridPitch, grid.right(), gridTop + row * gridPitch);
-    painter.drawLine(left + doublesFrom, grid.top(), left + doublesFrom, grid.bottom());
-    painter.setPen(QColor::fromRgb(gilt));
-    painter.drawRect(grid.adjusted(-1, -1, 0, 0));
+        painter.fillRect(left, gridTop + row * gridPitch, gridWidth, 1, lines);
+    painter.fillRect(left + doublesFrom, grid.top(), 1, grid.height(), lines);
+    paintBorder(painter, grid.adjusted(-1, -1, 1, 1), QColor::fromRgb(gilt));
 }
 
 constexpr int seatFrame = 16;
@@ -124,13 +123,11 @@ constexpr Line hiScoreLines[] = {
 };
 
 void paintPaper(QPainter& painter, const QRect& paper) {
-    QImage image(paper.size(), QImage::Format_RGB32);
-    everyPixel(image.rect(), [&](int x, int y) {
-        const double away = std::hypot(double(x) / paper.width() - 0.45, double(y) / paper.height() - 0.4);
-        const double fibre = 1 + 0.012 * (grain(x / 3, y) - 0.5);
-        image.setPixel(x, y, lit(ivory, fibre * (1.01 - 0.12 * soft(0.25, 0.8, away))));
-    });
-    painter.drawImage(paper.topLeft(), image);
+    lay(painter, paper.topLeft(), shaded({QPoint(0, 0), paper.size()}, [&](double x, double y) {
+            const double away = std::hypot(x / paper.width() - 0.45, y / paper.height() - 0.4);
+            const double fibre = 1 + 0.012 * (grain(cellAt(x, 3), cellAt(y, 1)) - 0.5);
+            return lit(ivory, fibre * (1.01 - 0.12 * soft(0.25, 0.8, away)));
+        }));
     paintHollowShadow(painter, paper, 10, 0.35);
 }
 
@@ -144,11 +141,9 @@ QByteArray levelsInWords() {
 }
 
 void paintHiScoreRows(QPainter& painter) {
-    painter.setPen(QColor::fromRgb(mix(ivory, gilt, 0.6)));
-    for (int row = 0; row <= hiScoreRows; ++row) {
-        const int y = hiScoreFirstRow - 7 + row * hiScorePitch;
-        painter.drawLine(rowLinesLeft, y, rowLinesRight, y);
-    }
+    for (int row = 0; row <= hiScoreRows; ++row)
+        painter.fillRect(rowLinesLeft, hiScoreFirstRow - 7 + row * hiScorePitch, rowLinesRight - rowLinesLeft + 1, 1,
+                         QColor::fromRgb(mix(ivory, gilt, 0.6)));
     for (int row = 0; row < hiScoreRows; ++row) {
         const QPainterPath number = script::flowing(QString::number(row + 1), 22);
         const QPointF middle(46, hiScoreFirstRow + 9 + row * hiScorePitch);

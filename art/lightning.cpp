@@ -92,13 +92,13 @@ Brightness brightnessAt(const std::vector<Piece>& bolt, const QPointF& point) {
 }
 
 /// Fades to nothing at all four edges.
-double fade(int x, int y) {
-    const int edge = std::min({x, flash.width() - 1 - x, y, flash.height() - 1 - y});
+double fade(double x, double y) {
+    const double edge = std::min({x, flash.width() - 1 - x, y, flash.height() - 1 - y});
     return soft(0, 22, edge);
 }
 
 /// The colour that the place is to have on a black table, channels 0 to 255.
-std::array<double, 3> glowAt(const std::vector<Piece>& bolt, int x, int y) {
+std::array<double, 3> glowAt(const std::vector<Piece>& bolt, double x, double y) {
     const Brightness bright = brightnessAt(bolt, QPointF(x + 0.5, y + 0.5));
     // What the cloth throws back of the light in the air is green.
     constexpr double air[] = {5, 34, 7}, light[] = {120, 150, 255};
@@ -143,21 +143,23 @@ class Spread {
 };
 
 QImage tableUnderFlash() {
-    QImage table(flash.right() + 1, flash.bottom() + 1, QImage::Format_RGB888);
+    QImage table(flash.size() * density, QImage::Format_RGB888);
     QPainter painter(&table);
+    painter.scale(density, density);
+    painter.translate(-flash.topLeft());
     paintTable(painter);
-    painter.end();
-    return table.copy(flash);
+    return table;
 }
 
 QImage makeLightning() {
     const QImage table = tableUnderFlash();
     const std::vector<Piece> bolt = makeBolt();
-    QImage image(flash.size(), QImage::Format_RGB888);
-    std::array<Spread, 3> spreads{Spread(flash.width()), Spread(flash.width()), Spread(flash.width())};
-    for (int y = 0; y < flash.height(); ++y) {
-        for (int x = 0; x < flash.width(); ++x) {
-            const std::array<double, 3> glow = glowAt(bolt, x, y);
+    QImage image(table.size(), QImage::Format_RGB888);
+    std::array<Spread, 3> spreads{Spread(image.width()), Spread(image.width()), Spread(image.width())};
+    const auto place = [](int pixel) { return (pixel + 0.5) / density - 0.5; };
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const std::array<double, 3> glow = glowAt(bolt, place(x), place(y));
             for (int channel = 0; channel < 3; ++channel) {
                 const int under = table.constScanLine(y)[3 * x + channel];
                 const double clear = under + glow[channel] * (255 - under) / 255;
@@ -179,12 +181,12 @@ const QImage& lightning() {
 
 }  // namespace
 
-void paintLightning(QPainter& painter) { painter.drawImage(0, 0, lightning()); }
+void paintLightning(QPainter& painter) { lay(painter, {0, 0}, lightning()); }
 
 void paintLightningMask(QPainter& painter) {
     QImage mask = lightning();
     mask.invertPixels();
-    painter.drawImage(0, 0, mask);
+    lay(painter, {0, 0}, mask);
 }
 
 }  // namespace tableArt

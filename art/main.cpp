@@ -1,16 +1,19 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <cstdio>
+#include <cstdlib>
 
+#include "materials.h"
 #include "pictures.h"
 
 namespace {
 
 bool make(const Picture& picture, const QString& folder) {
-    QImage image(picture.size, QImage::Format_RGB888);
+    QImage image(picture.size * materials::density, QImage::Format_RGB888);
     image.fill(Qt::black);
     {
         QPainter painter(&image);
+        painter.scale(materials::density, materials::density);
         picture.paint(painter);
     }
     const QString path = folder + '/' + picture.name + ".png";
@@ -24,8 +27,9 @@ bool make(const Picture& picture, const QString& folder) {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: make_pictures FOLDER\n");
+    materials::density = argc == 3 ? std::atoi(argv[2]) : 1;
+    if (argc < 2 || argc > 3 || materials::density < 1 || materials::density > 4) {
+        std::fprintf(stderr, "usage: make_pictures FOLDER [DENSITY]\n");
         return 2;
     }
     for (const auto& pictures : {tilePictures(), tablePictures()})

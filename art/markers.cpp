@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "materials.h"
@@ -14,7 +15,7 @@ constexpr char32_t windCharacters[] = U"東南西北";
 constexpr char windLetters[] = "ESWN";
 
 /// How far inside the large diamond a pixel lies, in pixels along a row or column; negative outside.
-double largeInside(int x, int y) {
+double largeInside(double x, double y) {
     const double dx = std::abs(x + 0.5 - houseSize.width() / 2.0), dy = std::abs(y + 0.5 - houseSize.height() / 2.0);
     return (1 - dx / (houseSize.width() / 2.0) - dy / (houseSize.height() / 2.0)) * houseSize.width() / 2.0;
 }
@@ -25,7 +26,7 @@ double rimLight(double dx, double dy) {
     return dx < 0 ? 0.85 : 0.5;
 }
 
-QRgb largePixel(int x, int y) {
+QRgb largePixel(double x, double y) {
     const double inside = largeInside(x, y);
     const double dx = x + 0.5 - houseSize.width() / 2.0, dy = y + 0.5 - houseSize.height() / 2.0;
     if (inside < 1.2) return lit(lacquerDeep, 1.1);
@@ -36,16 +37,13 @@ QRgb largePixel(int x, int y) {
     return mix(lit(lacquerRed, 0.92), lacquerGloss, 0.42 * glow);
 }
 
-QImage largeDiamond() {
-    QImage image(houseSize, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    everyPixel(image.rect(), [&](int x, int y) {
-        if (largeInside(x, y) >= 0) image.setPixel(x, y, largePixel(x, y));
+void paintLargeDiamond(QPainter& painter) {
+    everyPixel({QPoint(0, 0), houseSize}, [&](double x, double y) {
+        if (largeInside(x, y) >= 0) dot(painter, x, y, smooth(x, y, largePixel));
     });
-    return image;
 }
 
-/// A wind's sign in the middle of a cell, as large as the diamond has room for.
+/// A wind's sign in the middle of a rectangle, as large as the diamond has room for.
 QPainterPath largeSign(int wind, bool chinese, const QRectF& cell) {
     constexpr double chineseRoom = 59, letterRoom = 53, brushGrowth = 0.35;
     const QPainterPath path = chinese ? script::brushed(QString::fromUcs4(&windCharacters[wind], 1), 40)
@@ -81,15 +79,19 @@ constexpr const char* smallSigns[scripts][winds][signSize] = {
 };
 
 /// A diamond with its points cut off, so that a sign of nine pixels finds room in sixteen.
-double smallInside(int x, int y) {
+double smallInside(double x, double y) {
     const double middle = (smallHouseSize.width() - 1) / 2.0;
     return 9 - std::abs(x - middle) - std::abs(y - middle);
 }
 
-QRgb smallPixel(int x, int y) {
+/// Where smallInside is still on the diamond: half a pixel beyond the middles of its outermost ones.
+constexpr double smallEdge = -0.5;
+
+QRgb smallPixel(double x, double y) {
     constexpr int last = smallHouseSize.width() - 1;
     const bool facesLamp = x + y < last;
-    const bool rim = smallInside(x, y) == 0 || x == 0 || y == 0 || x == last || y == last;
+    const double nearest = std::min({smallInside(x, y), x, y, last - x, last - y});
+    const bool rim = nearest < smallEdge + 1;
     if (rim) return facesLamp ? gilt : giltDeep;
     return lit(lacquerRed, facesLamp ? 1.0 : 0.86);
 }
@@ -104,25 +106,26 @@ void paintSmallSign(QPainter& painter, const char* const (&sign)[signSize]) {
 }  // namespace
 
 void paintHouse(QPainter& painter) {
-    const QImage diamond = largeDiamond();
     for (int cell = 0; cell < scripts * winds; ++cell) {
-        const QRect place(QPoint(cell % winds * houseSize.width(), cell / winds * houseSize.height()), houseSize);
-        painter.drawImage(place.topLeft(), diamond);
-        const QPainterPath sign = largeSign(cell % winds, cell < winds, place);
+        painter.save();
+        painter.translate(cell % winds * houseSize.width(), cell / winds * houseSize.height());
+        paintLargeDiamond(painter);
+        const QPainterPath sign = largeSign(cell % winds, cell < winds, QRect(QPoint(0, 0), houseSize));
         script::paint(painter, sign, {ivory, giltBright, lacquerDeep}, 1.2);
+        painter.restore();
     }
 }
 
 void paintHouseMask(QPainter& painter) {
-    paintMask(painter, houseSize, [](int x, int y) { return largeInside(x, y) >= 0; });
+    paintMask(painter, houseSize, [](double x, double y) { return largeInside(x, y) >= 0; });
 }
 
 void paintSmallHouse(QPainter& painter) {
     for (int cell = 0; cell < scripts * winds; ++cell) {
         painter.save();
         painter.translate(cell % winds * smallHouseSize.width(), cell / winds * smallHouseSize.height());
-        everyPixel({QPoint(0, 0), smallHouseSize}, [&](int x, int y) {
-            if (smallInside(x, y) >= 0) dot(painter, x, y, smallPixel(x, y));
+        everyPixel({QPoint(0, 0), smallHouseSize}, [&](double x, double y) {
+            if (smallInside(x, y) >= smallEdge) dot(painter, x, y, smooth(x, y, smallPixel));
         });
         paintSmallSign(painter, smallSigns[cell / winds][cell % winds]);
         painter.restore();
@@ -130,7 +133,7 @@ void paintSmallHouse(QPainter& painter) {
 }
 
 void paintSmallHouseMask(QPainter& painter) {
-    paintMask(painter, smallHouseSize, [](int x, int y) { return smallInside(x, y) >= 0; });
+    paintMask(painter, smallHouseSize, [](double x, double y) { return smallInside(x, y) >= smallEdge; });
 }
 
 }  // namespace tableArt

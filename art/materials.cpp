@@ -24,7 +24,7 @@ constexpr SideLight sideLights[] = {
     {0.50, 1.55},  // bottom
 };
 
-/// The layers of a frame, counted in pixels outward from its inner edge.
+/// The layers of a frame, counted in pixels outward from its inner edge; each is a pixel broad.
 constexpr int edgeLine = 1;
 constexpr int innerSlopeEnd = 4;
 constexpr int giltLine = 5;
@@ -35,23 +35,23 @@ constexpr int leastForInlay = 14;
 /// A place on a frame: its side, its distance from the inner edge, the breadth there and the share of the way along.
 struct FramePlace {
     Side side;
-    int depth;
+    double depth;
     int breadth;
     double along;
 };
 
-FramePlace framePlace(const QRect& outer, const QRect& inner, int x, int y) {
-    const int depths[] = {inner.top() - y, inner.left() - x, x - inner.right(), y - inner.bottom()};
+FramePlace framePlace(const QRect& outer, const QRect& inner, double x, double y) {
+    const double depths[] = {inner.top() - y, inner.left() - x, x - inner.right(), y - inner.bottom()};
     const int breadths[] = {inner.top() - outer.top(), inner.left() - outer.left(), outer.right() - inner.right(),
                             outer.bottom() - inner.bottom()};
     const auto side = std::max_element(std::begin(depths), std::end(depths)) - std::begin(depths);
     const bool level = side == int(Side::top) || side == int(Side::bottom);
-    const double along = level ? double(x - outer.left()) / outer.width() : double(y - outer.top()) / outer.height();
+    const double along = level ? (x - outer.left()) / outer.width() : (y - outer.top()) / outer.height();
     return {Side(side), depths[side], breadths[side], along};
 }
 
 QRgb lacquerFace(const FramePlace& place, const SideLight& light) {
-    const double across = double(place.depth - giltShade) / (place.breadth - outerSlope - giltShade);
+    const double across = (place.depth - giltShade) / (place.breadth - outerSlope - giltShade);
     const double curve = 0.72 + 0.42 * std::sin(across * 3.14);
     const double body = curve * (0.82 + 0.18 * light.outward);
     const double ridge = std::exp(-std::pow((across - 0.66) / 0.17, 2));
@@ -61,23 +61,26 @@ QRgb lacquerFace(const FramePlace& place, const SideLight& light) {
 
 QRgb framePixel(const FramePlace& place) {
     const SideLight& light = sideLights[int(place.side)];
-    if (place.depth <= edgeLine || place.depth >= place.breadth) return lacquerDeep;
-    if (place.depth <= innerSlopeEnd) return lit(lacquerRed, light.inward * (1.1 - 0.12 * place.depth));
-    if (place.depth == giltLine) return mix(gilt, light.inward > 1 ? giltBright : giltDeep, 0.45);
-    if (place.depth == giltShade) return mix(lacquerDeep, giltDeep, light.outward > 1 ? 0.75 : 0.25);
-    if (place.depth > place.breadth - outerSlope) return lit(lacquerRed, light.outward);
+    const int layer = cellAt(place.depth, 1);
+    if (layer <= edgeLine || layer >= place.breadth) return lacquerDeep;
+    if (layer <= innerSlopeEnd) return lit(lacquerRed, light.inward * (1.1 - 0.12 * place.depth));
+    if (layer == giltLine) return mix(gilt, light.inward > 1 ? giltBright : giltDeep, 0.45);
+    if (layer == giltShade) return mix(lacquerDeep, giltDeep, light.outward > 1 ? 0.75 : 0.25);
+    if (layer > place.breadth - outerSlope) return lit(lacquerRed, light.outward);
     return lacquerFace(place, light);
 }
 
 /// A small inlay of gilt in the middle of a frame's corner.
 void paintInlay(QPainter& painter, const QPoint& middle) {
     constexpr int radius = 4;
-    everyPixel({middle.x() - radius, middle.y() - radius, 2 * radius + 1, 2 * radius + 1}, [&](int x, int y) {
-        const int dx = x - middle.x(), dy = y - middle.y(), away = std::abs(dx) + std::abs(dy);
-        if (away > radius) return;
-        const QRgb rim = dx + dy < 0 ? giltBright : dx + dy > 0 ? giltDeep : gilt;
-        dot(painter, x, y, away == radius ? lacquerDeep : away == 0 ? giltDeep : rim);
-    });
+    const QRect square(middle.x() - radius, middle.y() - radius, 2 * radius + 1, 2 * radius + 1);
+    lay(painter, square.topLeft(), shaded(square, [&](double x, double y) -> QRgb {
+            const double dx = x - middle.x(), dy = y - middle.y();
+            const int away = cellAt(std::abs(dx) + std::abs(dy), 1), fall = cellAt(dx + dy, 1);
+            if (away > radius) return 0;
+            const QRgb rim = fall < 0 ? giltBright : fall > 0 ? giltDeep : gilt;
+            return away == radius ? lacquerDeep : away == 0 ? giltDeep : rim;
+        }));
 }
 
 void paintInlays(QPainter& painter, const QRect& outer, const QRect& inner) {
@@ -96,10 +99,13 @@ double distanceTo(const QRect& rect, double x, double y) {
 }
 
 /// One thread lies over the other in turn; each thread has its own slight thickness.
-double weave(int x, int y) {
-    const bool over = ((x / 2 + y / 2) & 1) != 0;
-    const double crest = (over ? x : y) % 2 == 0 ? 0.020 : -0.020;
-    const double thread = (over ? grain(x / 2, -1) : grain(-1, y / 2)) - 0.5;
+double weave(double x, double y) {
+    constexpr int breadth = 2;
+    const int column = cellAt(x, breadth), row = cellAt(y, breadth);
+    const bool over = ((column + row) & 1) != 0;
+    const double across = ((over ? x : y) + 0.5) / breadth;
+    const double crest = 0.020 * std::sin(2 * M_PI * (across - std::floor(across)));
+    const double thread = (over ? grain(column, -1) : grain(-1, row)) - 0.5;
     return 1 + crest + 0.045 * thread + (over ? 0.012 : -0.012);
 }
 
@@ -124,47 +130,64 @@ double soft(double edge0, double edge1, double x) {
     return t * t * (3 - 2 * t);
 }
 
-void dot(QPainter& painter, int x, int y, QRgb color) { painter.fillRect(x, y, 1, 1, QColor::fromRgb(color)); }
+void dot(QPainter& painter, double x, double y, QRgb color) {
+    const double side = 1.0 / density, back = 0.5 - side / 2;
+    painter.fillRect(QRectF(x + back, y + back, side, side), QColor::fromRgb(color));
+}
+
+void paintBorder(QPainter& painter, const QRect& rect, const QBrush& brush) {
+    painter.fillRect(rect.left(), rect.top(), rect.width(), 1, brush);
+    painter.fillRect(rect.left(), rect.bottom(), rect.width(), 1, brush);
+    painter.fillRect(rect.left(), rect.top(), 1, rect.height(), brush);
+    painter.fillRect(rect.right(), rect.top(), 1, rect.height(), brush);
+}
+
+void lay(QPainter& painter, const QPoint& corner, const QImage& image) {
+    const QPoint real = painter.transform().map(corner);
+    painter.save();
+    painter.resetTransform();
+    painter.drawImage(real, image);
+    painter.restore();
+}
+
+QRgb meanOf(const std::array<QRgb, 4>& colors) {
+    int sums[4] = {};
+    for (const QRgb color : colors) {
+        sums[0] += qRed(color), sums[1] += qGreen(color), sums[2] += qBlue(color), sums[3] += qAlpha(color);
+    }
+    const auto mean = [](int sum) { return (sum + 2) / 4; };
+    return qRgba(mean(sums[0]), mean(sums[1]), mean(sums[2]), mean(sums[3]));
+}
 
 QImage cloth(QSize size, QRgb color) {
-    QImage image(size, QImage::Format_RGB32);
     const double centreX = size.width() * 0.46, centreY = size.height() * 0.42;
-    everyPixel(image.rect(), [&](int x, int y) {
+    return shaded({QPoint(0, 0), size}, [&](double x, double y) {
         const double away = std::hypot((x - centreX) / size.width(), (y - centreY) / size.height());
-        image.setPixel(x, y, lit(color, (1.06 - 0.36 * soft(0.1, 0.85, away)) * weave(x, y)));
+        return lit(color, (1.06 - 0.36 * soft(0.1, 0.85, away)) * weave(x, y));
     });
-    return image;
 }
 
 void paintFrame(QPainter& painter, const QRect& outer, const QRect& inner) {
-    QImage image(outer.size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    everyPixel(outer, [&](int x, int y) {
-        if (inner.contains(x, y)) return;
-        image.setPixel(QPoint(x, y) - outer.topLeft(), framePixel(framePlace(outer, inner, x, y)));
-    });
-    painter.drawImage(outer.topLeft(), image);
+    lay(painter, outer.topLeft(), shaded(outer, [&](double x, double y) {
+            return holds(inner, x, y) ? 0 : framePixel(framePlace(outer, inner, x, y));
+        }));
     if (inner.left() - outer.left() >= leastForInlay) paintInlays(painter, outer, inner);
 }
 
 void paintShadow(QPainter& painter, const QRect& raised, int reach, double strength) {
     const QRect thrown = raised.translated(reach / 3, reach / 2);
     const QRect all = thrown.adjusted(-reach, -reach, reach, reach);
-    QImage image(all.size(), QImage::Format_ARGB32_Premultiplied);
-    everyPixel(all, [&](int x, int y) {
-        const double dark = raised.contains(x, y) ? 0 : strength * (1 - soft(0, reach, distanceTo(thrown, x, y)));
-        image.setPixel(QPoint(x, y) - all.topLeft(), qRgba(0, 0, 0, int(std::lround(255 * dark))));
-    });
-    painter.drawImage(all.topLeft(), image);
+    lay(painter, all.topLeft(), shaded(all, [&](double x, double y) {
+            const double dark = holds(raised, x, y) ? 0 : strength * (1 - soft(0, reach, distanceTo(thrown, x, y)));
+            return qRgba(0, 0, 0, int(std::lround(255 * dark)));
+        }));
 }
 
 void paintHollowShadow(QPainter& painter, const QRect& hollow, int reach, double strength) {
-    QImage image(hollow.size(), QImage::Format_ARGB32_Premultiplied);
-    everyPixel(image.rect(), [&](int x, int y) {
-        const double open = soft(-1, reach, x) * soft(-1, reach * 1.4, y);
-        image.setPixel(x, y, qRgba(0, 0, 0, int(std::lround(255 * strength * (1 - open)))));
-    });
-    painter.drawImage(hollow.topLeft(), image);
+    lay(painter, hollow.topLeft(), shaded({QPoint(0, 0), hollow.size()}, [&](double x, double y) {
+            const double open = soft(-1, reach, x) * soft(-1, reach * 1.4, y);
+            return qRgba(0, 0, 0, int(std::lround(255 * strength * (1 - open))));
+        }));
 }
 
 void paintTray(QPainter& painter, const QRect& rect, double darker) {

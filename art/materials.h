@@ -2,9 +2,17 @@
 
 #include <QImage>
 #include <QPainter>
+#include <array>
+#include <cmath>
 
 /// What everything on the table is made of. One lamp at the top left lights it all.
+///
+/// Places and sizes are counted in the game's pixels, whatever the density. A place inside a pixel is a fraction, counted
+/// from the middle of the pixel at (0, 0): at density 1 all places that are painted are whole numbers.
 namespace materials {
+
+/// How many real pixels each of the game's pixels has each way, 1 to 4. It is set once, before anything is painted.
+inline int density = 1;
 
 /// The colours of the materials in plain light.
 inline constexpr QRgb clothGreen = qRgb(27, 92, 63);
@@ -23,6 +31,13 @@ inline constexpr QRgb magentaDeep = qRgb(44, 6, 40);
 
 /// A hash of a place, 0 to 1, the same at every making.
 double grain(int x, int y);
+
+/// The number of the cell that a place lies in, where each cell is so many of the game's pixels broad; cells may be
+/// as narrow as one real pixel.
+inline int cellAt(double place, double breadth) { return static_cast<int>(std::floor((place + 0.5) / breadth)); }
+
+/// Whether a rectangle of whole pixels holds a place.
+inline bool holds(const QRect& rect, double x, double y) { return rect.contains(cellAt(x, 1), cellAt(y, 1)); }
 
 /// The colour at share t (0 to 1) of the way from one colour to another.
 QRgb mix(QRgb from, QRgb to, double t);
@@ -48,21 +63,50 @@ void paintHollowShadow(QPainter& painter, const QRect& hollow, int reach, double
 /// Paints a shallow tray in the cloth round a rectangle, darker than the cloth by the given share of black.
 void paintTray(QPainter& painter, const QRect& rect, double darker);
 
-/// Calls paint(x, y) at every pixel of a rectangle, row by row.
+/// Paints a line one pixel broad along the inside of a rectangle's edge.
+void paintBorder(QPainter& painter, const QRect& rect, const QBrush& brush);
+
+/// Lays an image of real pixels with its corner at a whole pixel.
+void lay(QPainter& painter, const QPoint& corner, const QImage& image);
+
+/// Calls paint(x, y) at the middle of every real pixel of a rectangle, row by row.
 template <typename Paint>
 void everyPixel(const QRect& rect, Paint paint) {
-    for (int y = rect.top(); y <= rect.bottom(); ++y)
-        for (int x = rect.left(); x <= rect.right(); ++x) paint(x, y);
+    const auto middle = [](int start, int pixel) { return start + (pixel + 0.5) / density - 0.5; };
+    for (int row = 0; row < rect.height() * density; ++row)
+        for (int column = 0; column < rect.width() * density; ++column)
+            paint(middle(rect.left(), column), middle(rect.top(), row));
 }
 
-/// Paints one pixel.
-void dot(QPainter& painter, int x, int y, QRgb color);
+/// Paints one real pixel.
+void dot(QPainter& painter, double x, double y, QRgb color);
+
+/// The mean of colours with their shares of opacity already in them.
+QRgb meanOf(const std::array<QRgb, 4>& colors);
+
+/// The colour of a real pixel. Where they are fine, edges that run aslant are smoothed.
+template <typename Color>
+QRgb smooth(double x, double y, Color color) {
+    if (density == 1) return color(x, y);
+    const double aside = 0.25 / density;
+    return meanOf({color(x - aside, y - aside), color(x + aside, y - aside), color(x - aside, y + aside),
+                   color(x + aside, y + aside)});
+}
+
+/// An image of a rectangle, with color(x, y) at every place; shares of opacity are already in the colours.
+template <typename Color>
+QImage shaded(const QRect& rect, Color color) {
+    QImage image(rect.size() * density, QImage::Format_ARGB32_Premultiplied);
+    auto* pixel = reinterpret_cast<QRgb*>(image.bits());
+    everyPixel(rect, [&](double x, double y) { *pixel++ = smooth(x, y, color); });
+    return image;
+}
 
 /// Paints the mask of what covers a picture of the given size: black where covers(x, y) holds, white elsewhere.
 template <typename Covers>
 void paintMask(QPainter& painter, QSize size, Covers covers) {
     everyPixel({QPoint(0, 0), size},
-               [&](int x, int y) { dot(painter, x, y, covers(x, y) ? qRgb(0, 0, 0) : qRgb(255, 255, 255)); });
+               [&](double x, double y) { dot(painter, x, y, covers(x, y) ? qRgb(0, 0, 0) : qRgb(255, 255, 255)); });
 }
 
 }  // namespace materials

@@ -4,8 +4,8 @@
 #include <QSize>
 #include <span>
 
-/// One picture that the game loads: its file name under assets/pictures, its size in pixels and what paints it.
-/// The painter stands on a picture of that size, filled with black, with antialiasing off.
+/// One picture that the game loads: its file name under assets/pictures, its size in the game's pixels and what paints
+/// it. The painter counts in the game's pixels, on a picture of that size filled with black, with antialiasing off.
 struct Picture {
     const char* name;
     QSize size;

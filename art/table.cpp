@@ -52,7 +52,7 @@ constexpr Label labels[] = {
 
 /// Every second column is a hair lighter, so that the eye finds the column that a tile falls in.
 void paintGround(QPainter& painter) {
-    painter.drawImage(ground.topLeft(), cloth(ground.size(), groundGreen));
+    lay(painter, ground.topLeft(), cloth(ground.size(), groundGreen));
     for (int x = ground.left() + tileWidth; x < ground.right(); x += 2 * tileWidth)
         painter.fillRect(x, ground.top(), tileWidth, ground.height(), QColor(130, 240, 180, 13));
     for (int x = ground.left() + tileWidth; x < ground.right(); x += tileWidth)
@@ -72,11 +72,13 @@ QRgb matPixel(const QPointF& fromCentre) {
     return lit(straw, plait * light);
 }
 
-QImage plaitedMat(const QRect& area) {
-    QImage image(area.size(), QImage::Format_RGB32);
+QBrush plaitedMat(const QRect& area) {
     const QPointF middle(matRadii.width() - 0.5, matRadii.height() - 0.5);
-    everyPixel(image.rect(), [&](int x, int y) { image.setPixel(x, y, matPixel(QPointF(x, y) - middle)); });
-    return image;
+    const QImage mat =
+        shaded({QPoint(0, 0), area.size()}, [&](double x, double y) { return matPixel(QPointF(x, y) - middle); });
+    QBrush brush(mat.convertToFormat(QImage::Format_RGB32));
+    brush.setTransform(QTransform::fromTranslate(area.left(), area.top()).scale(1.0 / density, 1.0 / density));
+    return brush;
 }
 
 void paintOval(QPainter& painter, const QPointF& moved, double inside) {
@@ -91,18 +93,18 @@ void paintMatShadow(QPainter& painter) {
     for (int inside = -reach; inside <= reach; ++inside) paintOval(painter, thrown, inside);
 }
 
-/// Lacquer that gleams towards the lamp, in a line of so many pixels round an area.
-QPen lacquerPen(const QRect& area, int breadth) {
+/// Lacquer that gleams towards the lamp, over an area.
+QLinearGradient gleam(const QRect& area) {
     QLinearGradient lacquer(area.topLeft(), area.bottomRight());
     lacquer.setColorAt(0.2, QColor::fromRgb(mix(lacquerRed, lacquerGloss, 0.35)));
     lacquer.setColorAt(0.8, QColor::fromRgb(lit(lacquerRed, 0.6)));
-    return QPen(lacquer, breadth);
+    return lacquer;
 }
 
 /// A rim of lacquer with a gilt line inside it.
 void paintMatRim(QPainter& painter, const QRect& area) {
     const std::pair<double, QPen> lines[] = {
-        {2, lacquerPen(area, 4)}, {0.5, QColor::fromRgb(lacquerDeep)}, {4.5, QColor::fromRgb(gilt)}};
+        {2, QPen(gleam(area), 4)}, {0.5, QColor::fromRgb(lacquerDeep)}, {4.5, QColor::fromRgb(gilt)}};
     painter.setBrush(Qt::NoBrush);
     for (const auto& [inside, pen] : lines) {
         painter.setPen(pen);
@@ -112,12 +114,10 @@ void paintMatRim(QPainter& painter, const QRect& area) {
 
 void paintMat(QPainter& painter) {
     const QRect area((matCentre - QPointF(matRadii.width(), matRadii.height())).toPoint(), (matRadii * 2).toSize());
-    QBrush straws(plaitedMat(area));
-    straws.setTransform(QTransform::fromTranslate(area.left(), area.top()));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     paintMatShadow(painter);
-    painter.setBrush(straws);
+    painter.setBrush(plaitedMat(area));
     paintOval(painter, {0, 0}, 1);
     paintMatRim(painter, area);
     painter.restore();
@@ -127,14 +127,11 @@ void paintMat(QPainter& painter) {
 void paintSmallTable(QPainter& painter) {
     constexpr int breadth = 3;
     constexpr QRect felt = smallTable.adjusted(breadth, breadth, -breadth, -breadth);
-    painter.drawImage(felt.topLeft(), cloth(felt.size(), clothGreen));
+    lay(painter, felt.topLeft(), cloth(felt.size(), clothGreen));
     paintHollowShadow(painter, felt, 4, 0.4);
-    const QPen rings[breadth] = {QColor::fromRgb(lacquerDeep), lacquerPen(smallTable, 1), QColor::fromRgb(gilt)};
-    painter.setBrush(Qt::NoBrush);
-    for (int inside = 0; inside < breadth; ++inside) {
-        painter.setPen(rings[inside]);
-        painter.drawRect(smallTable.adjusted(inside, inside, -inside - 1, -inside - 1));
-    }
+    const QBrush rings[breadth] = {QColor::fromRgb(lacquerDeep), gleam(smallTable), QColor::fromRgb(gilt)};
+    for (int inside = 0; inside < breadth; ++inside)
+        paintBorder(painter, smallTable.adjusted(inside, inside, -inside, -inside), rings[inside]);
 }
 
 void paintSeats(QPainter& painter) {
@@ -154,7 +151,7 @@ void paintLabels(QPainter& painter) {
 }  // namespace
 
 void paintTable(QPainter& painter) {
-    painter.drawImage(0, 0, cloth(tableSize, clothGreen));
+    lay(painter, {0, 0}, cloth(tableSize, clothGreen));
     paintShadow(painter, frameOuter, 16, 0.55);
     paintGround(painter);
     paintFrame(painter, frameOuter, ground);

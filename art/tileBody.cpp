@@ -1,6 +1,7 @@
 #include "tileBody.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "materials.h"
 #include "tileRosette.h"
@@ -43,14 +44,16 @@ constexpr Side sideBelow = {0xFFA68048, 0xFF523A1C, 0xFF523A1C};
 constexpr double jointShade = 0.35;
 constexpr std::array bambooJoints = {12, 26};
 
-QRgb frontColour(const Material& material, const QRect& front, int x, int y) {
-    if (x == front.right() || y == front.bottom()) return material.edgeShaded;
-    if (x == front.left() || y == front.top()) return material.edgeLit;
-    const double fall = static_cast<double>(x - front.left()) / front.width() + static_cast<double>(y) / front.height();
+QRgb frontColour(const Material& material, const QRect& front, double x, double y) {
+    const int column = materials::cellAt(x, 1), row = materials::cellAt(y, 1);
+    if (column == front.right() || row == front.bottom()) return material.edgeShaded;
+    if (column == front.left() || row == front.top()) return material.edgeLit;
+    const double fall = (x - front.left()) / front.width() + y / front.height();
     return materials::mix(material.lit, material.shaded, fall / 2);
 }
 
-QRgb sideColour(const QRect& front, int x, int y) {
+QRgb sideColour(const QRect& front, double placeX, double placeY) {
+    const int x = materials::cellAt(placeX, 1), y = materials::cellAt(placeY, 1);
     const int beside = std::max(front.left() - x, x - front.right());
     const int below = y - front.bottom();
     if (below >= beside) return sideBelow[below - 1];
@@ -61,7 +64,8 @@ QRgb sideColour(const QRect& front, int x, int y) {
 
 /// Fine diagonal threads of paler lacquer with a speck of gilt wherever two of them cross.
 void paintTrellis(QPainter& painter) {
-    materials::everyPixel(rim, [&](int x, int y) {
+    materials::everyPixel(rim, [&](double placeX, double placeY) {
+        const int x = materials::cellAt(placeX, 1), y = materials::cellAt(placeY, 1);
         const bool falling = (x - rim.center().x() - y + rim.center().y()) % mesh == 0;
         const bool rising = (x - rim.center().x() + y - rim.center().y()) % mesh == 0;
         if (falling || rising) materials::dot(painter, x, y, falling && rising ? materials::gilt : trellis);
@@ -69,10 +73,8 @@ void paintTrellis(QPainter& painter) {
 }
 
 void paintRim(QPainter& painter) {
-    painter.setPen(QColor::fromRgb(materials::gilt));
-    painter.drawRect(rim.adjusted(0, 0, -1, -1));
-    painter.setPen(QColor::fromRgb(lacquer.edgeShaded));
-    painter.drawRect(rim.adjusted(1, 1, -2, -2));
+    materials::paintBorder(painter, rim, QColor::fromRgb(materials::gilt));
+    materials::paintBorder(painter, rim.adjusted(1, 1, -1, -1), QColor::fromRgb(lacquer.edgeShaded));
 }
 
 void paintCorners(QPainter& painter) {
@@ -85,22 +87,27 @@ void paintCorners(QPainter& painter) {
 }
 
 void paintBody(QPainter& painter, const TileView& view, const Material& material) {
-    materials::everyPixel(QRect(0, 0, tileWidth, tileHeight), [&](int x, int y) {
-        if (!view.covers(x, y)) return;
-        const bool front = view.front.contains(x, y);
-        materials::dot(painter, x, y, front ? frontColour(material, view.front, x, y) : sideColour(view.front, x, y));
+    const auto colour = [&](double x, double y) {
+        const bool front = materials::holds(view.front, x, y);
+        return front ? frontColour(material, view.front, x, y) : sideColour(view.front, x, y);
+    };
+    materials::everyPixel(QRect(0, 0, tileWidth, tileHeight), [&](double x, double y) {
+        if (view.covers(x, y)) materials::dot(painter, x, y, materials::smooth(x, y, colour));
     });
 }
 
 }  // namespace
 
-bool TileView::covers(int x, int y) const {
-    const auto cut = [y](const CornerCut& top, const CornerCut& bottom) {
-        constexpr int lines = std::tuple_size_v<CornerCut>;
-        const int fromBottom = tileHeight - 1 - y;
-        return y < lines ? top[y] : fromBottom < lines ? bottom[fromBottom] : 0;
+bool TileView::covers(double x, double y) const {
+    const auto keeps = [](const Corner& corner, double across, double down) {
+        const double fromRound = corner.round - 0.5;
+        const bool inRound = std::max(across, down) < fromRound;
+        return across + down >= corner.slant - 0.5 &&
+               !(inRound && std::hypot(fromRound - across, fromRound - down) > corner.round);
     };
-    return x >= cut(topLeft, bottomLeft) && x < tileWidth - cut(topRight, bottomRight);
+    const double right = tileWidth - 1 - x, bottom = tileHeight - 1 - y;
+    return keeps(topLeft, x, y) && keeps(topRight, right, y) && keeps(bottomLeft, x, bottom) &&
+           keeps(bottomRight, right, bottom);
 }
 
 void paintIvory(QPainter& painter, const TileView& view) { paintBody(painter, view, ivory); }
@@ -115,5 +122,5 @@ void paintBack(QPainter& painter, const TileView& view) {
 }
 
 void paintTileMask(QPainter& painter, const TileView& view) {
-    materials::paintMask(painter, {tileWidth, tileHeight}, [&](int x, int y) { return view.covers(x, y); });
+    materials::paintMask(painter, {tileWidth, tileHeight}, [&](double x, double y) { return view.covers(x, y); });
 }

@@ -10,29 +10,33 @@ constexpr int tileHeight = 39;
 constexpr int faceWidth = 25;
 constexpr int faceHeight = 35;
 
-/// How many pixels are left out of a corner: of its outermost line, the next one and the one after that.
-using CornerCut = std::array<int, 3>;
+/// What a corner of a tile leaves out: so many pixels of its outermost line, one less of the next, or a round.
+struct Corner {
+    int slant;
+    double round;
+};
 
 /// One view of a tile: its outline, where its front lies and where a face starts on it.
 struct TileView {
-    CornerCut topLeft, topRight, bottomLeft, bottomRight;
+    Corner topLeft, topRight, bottomLeft, bottomRight;
     QRect front;
     QPoint face;
 
-    /// Whether the tile covers the pixel (x, y) of its 30 by 39 rectangle.
-    bool covers(int x, int y) const;
+    /// Whether the tile covers the place (x, y) of its 30 by 39 rectangle.
+    bool covers(double x, double y) const;
 };
 
-constexpr CornerCut square = {0, 0, 0};
-constexpr CornerCut rounded = {1, 0, 0};
-constexpr CornerCut farSlant = {3, 2, 1};
-constexpr CornerCut nearSlant = {2, 1, 0};
+/// The rounds are such that at density 1 a keen corner keeps its pixel and a rounded one loses it, and no other.
+constexpr Corner keen = {0, 1.2};
+constexpr Corner rounded = {0, 2.4};
+constexpr Corner farSlant = {3, 0};
+constexpr Corner nearSlant = {2, 0};
 
 /// Straight on, side at the right, side at the left: the rows of every sheet of tiles.
 constexpr std::array<TileView, 3> tileViews = {{
     {rounded, rounded, rounded, rounded, QRect(0, 0, 30, 39), QPoint(2, 2)},
-    {square, farSlant, nearSlant, square, QRect(0, 0, 27, 37), QPoint(1, 1)},
-    {farSlant, square, square, nearSlant, QRect(3, 0, 27, 37), QPoint(4, 1)},
+    {keen, farSlant, nearSlant, keen, QRect(0, 0, 27, 37), QPoint(1, 1)},
+    {farSlant, keen, keen, nearSlant, QRect(3, 0, 27, 37), QPoint(4, 1)},
 }};
 
 /// Paints the blank ivory tile of a view with its side.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "materials.h"
 #include "script.h"
 
 namespace {
@@ -38,12 +39,12 @@ QImage inkOf(const QSize& size, const QPainterPath& path) {
 }  // namespace
 
 void paintBrush(QPainter& painter, const QRect& box, char32_t character, QRgb ink, double weight) {
-    QImage image = inkOf(box.size(), outlineOf(character, weight)).convertToFormat(QImage::Format_ARGB32);
+    QImage image = inkOf(box.size() * materials::density, outlineOf(character, weight)).convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x) {
             const double share = (qAlpha(image.pixel(x, y)) / 255.0 - 0.5) * sharpness + 0.5;
             const int alpha = static_cast<int>(std::lround(std::clamp(share, 0.0, 1.0) * 255));
             image.setPixel(x, y, (ink & 0xFFFFFF) | static_cast<QRgb>(alpha) << 24);
         }
-    painter.drawImage(box.topLeft(), image);
+    materials::lay(painter, box.topLeft(), image);
 }

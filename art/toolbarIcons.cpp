@@ -284,9 +284,11 @@ constexpr char drawings[icons][iconSize][iconSize + 1] = {
 
 void paintToolbarIcons(QPainter& painter) {
     painter.fillRect(0, 0, icons * iconSize, iconSize, QColor::fromRgb(seenThrough));
-    materials::everyPixel({0, 0, icons * iconSize, iconSize}, [&](int x, int y) {
+    materials::everyPixel({0, 0, icons * iconSize, iconSize}, [&](double x, double y) {
+        const int column = materials::cellAt(x, 1), row = materials::cellAt(y, 1);
         for (const Tint& tint : tints)
-            if (tint.letter == drawings[x / iconSize][y][x % iconSize]) materials::dot(painter, x, y, tint.color);
+            if (tint.letter == drawings[column / iconSize][row][column % iconSize])
+                materials::dot(painter, x, y, tint.color);
     });
 }
 
