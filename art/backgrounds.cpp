@@ -93,8 +93,7 @@ void paintGridColumn(QPainter& painter, int left) {
         painter.fillRect(left, gridTop + row * gridPitch, gridWidth, gridPitch, shade);
     }
     const QColor lines = QColor::fromRgb(giltDeep);
-    for (int row = 1; row < gridRows; ++row)
-        painter.fillRect(left, gridTop + row * gridPitch, gridWidth, 1, lines);
+    for (int row = 1; row < gridRows; ++row) painter.fillRect(left, gridTop + row * gridPitch, gridWidth, 1, lines);
     painter.fillRect(left + doublesFrom, grid.top(), 1, grid.height(), lines);
     paintBorder(painter, grid.adjusted(-1, -1, 1, 1), QColor::fromRgb(gilt));
 }

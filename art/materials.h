@@ -7,8 +7,8 @@
 
 /// What everything on the table is made of. One lamp at the top left lights it all.
 ///
-/// Places and sizes are counted in the game's pixels, whatever the density. A place inside a pixel is a fraction, counted
-/// from the middle of the pixel at (0, 0): at density 1 all places that are painted are whole numbers.
+/// Places and sizes are counted in the game's pixels, whatever the density. A place inside a pixel is a fraction,
+/// counted from the middle of the pixel at (0, 0): at density 1 all places that are painted are whole numbers.
 namespace materials {
 
 /// How many real pixels each of the game's pixels has each way, 1 to 4. It is set once, before anything is painted.

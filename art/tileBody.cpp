@@ -45,21 +45,27 @@ constexpr double jointShade = 0.35;
 constexpr std::array bambooJoints = {12, 26};
 
 QRgb frontColour(const Material& material, const QRect& front, double x, double y) {
-    const int column = materials::cellAt(x, 1), row = materials::cellAt(y, 1);
-    if (column == front.right() || row == front.bottom()) return material.edgeShaded;
-    if (column == front.left() || row == front.top()) return material.edgeLit;
+    const auto nearness = [](double one, double other) { return std::clamp(1 - std::min(one, other), 0.0, 1.0); };
     const double fall = (x - front.left()) / front.width() + y / front.height();
-    return materials::mix(material.lit, material.shaded, fall / 2);
+    const QRgb flat = materials::mix(material.lit, material.shaded, fall / 2);
+    const QRgb withLight = materials::mix(flat, material.edgeLit, nearness(x - front.left(), y - front.top()));
+    return materials::mix(withLight, material.edgeShaded, nearness(front.right() - x, front.bottom() - y));
 }
 
-QRgb sideColour(const QRect& front, double placeX, double placeY) {
-    const int x = materials::cellAt(placeX, 1), y = materials::cellAt(placeY, 1);
-    const int beside = std::max(front.left() - x, x - front.right());
-    const int below = y - front.bottom();
-    if (below >= beside) return sideBelow[below - 1];
-    const Side& side = x < front.left() ? sideInLight : sideInShade;
-    const bool joint = std::ranges::find(bambooJoints, y - beside) != bambooJoints.end();
-    return joint ? materials::mix(side[beside - 1], qRgb(0, 0, 0), jointShade) : side[beside - 1];
+/// The colour of a side so far from the front: that of its lines, and between them a mixture.
+QRgb colourAt(const Side& side, double depth) {
+    const double line = std::clamp(depth - 1, 0.0, side.size() - 1.0);
+    const size_t upper = static_cast<size_t>(line);
+    return materials::mix(side[upper], side[std::min(upper + 1, side.size() - 1)], line - upper);
+}
+
+QRgb sideColour(const QRect& front, double x, double y) {
+    const double beside = std::max(front.left() - x, x - front.right());
+    const double below = y - front.bottom();
+    if (below >= beside) return colourAt(sideBelow, below);
+    double shade = 0;
+    for (const int joint : bambooJoints) shade = std::max(shade, jointShade * (1 - std::abs(y - beside - joint)));
+    return materials::mix(colourAt(x < front.left() ? sideInLight : sideInShade, beside), qRgb(0, 0, 0), shade);
 }
 
 /// Fine diagonal threads of paler lacquer with a speck of gilt wherever two of them cross.

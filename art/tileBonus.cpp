@@ -3,6 +3,7 @@
 #include <cmath>
 #include <span>
 
+#include "fineBonus.h"
 #include "materials.h"
 #include "tileBody.h"
 #include "tileFaces.h"
@@ -282,6 +283,11 @@ constexpr std::array flowers = {
 
 void paintBlade(QPainter& painter, const Blade& blade) {
     constexpr int steps = 80;
+    if (materials::density > 1) {
+        constexpr QPointF middle(0.5, 0.5);
+        return paintFineBlade(painter, blade.root + middle, blade.bend + middle, blade.tip + middle, blade.breadth,
+                              blade.lit, blade.shaded);
+    }
     for (const bool shaded : {true, false})
         for (int i = 0; i <= steps; ++i) {
             const double t = static_cast<double>(i) / steps;
@@ -310,10 +316,7 @@ constexpr int horizon = 28;
 constexpr QRect scene(1, 1, faceWidth - 2, faceHeight - 2);
 constexpr QRect plaque(0, 0, 6, 8);
 
-}  // namespace
-
-void paintSeason(QPainter& painter, int number) {
-    const Season& season = seasons[number - 1];
+void paintSeasonSprites(QPainter& painter, const Season& season) {
     painter.save();
     painter.setClipRect(scene, Qt::IntersectClip);
     for (int y = 0; y < faceHeight; ++y) {
@@ -325,13 +328,30 @@ void paintSeason(QPainter& painter, int number) {
     paintBlades(painter, season.blades);
     painter.fillRect(plaque, QColor::fromRgb(paletteColour('w')));
     painter.restore();
+}
+
+void paintFlowerSprites(QPainter& painter, const Flower& flower) {
+    paintParts(painter, flower.parts);
+    if (!flower.bloom.empty()) paintRosette(painter, flower.bloomCentre, flower.bloom);
+}
+
+}  // namespace
+
+void paintSeason(QPainter& painter, int number) {
+    const Season& season = seasons[number - 1];
+    if (materials::density > 1)
+        paintFineSeason(painter, number, season.high, season.low);
+    else
+        paintSeasonSprites(painter, season);
     paintIndex(painter, 0, 0, digit(number), paletteColour('k'));
 }
 
 void paintFlower(QPainter& painter, int number) {
     const Flower& flower = flowers[number - 1];
     paintBlades(painter, flower.blades);
-    paintParts(painter, flower.parts);
-    if (!flower.bloom.empty()) paintRosette(painter, flower.bloomCentre, flower.bloom);
+    if (materials::density > 1)
+        paintFineFlower(painter, number);
+    else
+        paintFlowerSprites(painter, flower);
     paintIndex(painter, 0, 0, digit(number), paletteColour('v'));
 }

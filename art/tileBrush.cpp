@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "materials.h"
+#include "outline.h"
 #include "script.h"
 
 namespace {
@@ -36,10 +37,18 @@ QImage inkOf(const QSize& size, const QPainterPath& path) {
     return fine.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
+void paintFineBrush(QPainter& painter, const QRect& box, const QPainterPath& path, QRgb ink) {
+    const QRectF bounds = path.boundingRect();
+    QTransform fit = QTransform::fromTranslate(box.left(), box.top());
+    fit.scale(box.width() / bounds.width(), box.height() / bounds.height());
+    outline::engrave(painter, fit.map(path.translated(-bounds.topLeft())), ink);
+}
+
 }  // namespace
 
 void paintBrush(QPainter& painter, const QRect& box, char32_t character, QRgb ink, double weight) {
-    QImage image = inkOf(box.size() * materials::density, outlineOf(character, weight)).convertToFormat(QImage::Format_ARGB32);
+    if (materials::density > 1) return paintFineBrush(painter, box, outlineOf(character, weight), ink);
+    QImage image = inkOf(box.size(), outlineOf(character, weight)).convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x) {
             const double share = (qAlpha(image.pixel(x, y)) / 255.0 - 0.5) * sharpness + 0.5;

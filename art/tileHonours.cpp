@@ -1,5 +1,7 @@
 #include <array>
 
+#include "fineSuits.h"
+#include "materials.h"
 #include "tileBrush.h"
 #include "tileFaces.h"
 #include "tileSprites.h"
@@ -39,6 +41,7 @@ constexpr Sprite frameQuarter =
     "bb.b........";
 
 void paintBlueFrame(QPainter& painter) {
+    if (materials::density > 1) return paintFineFrame(painter);
     constexpr QPoint corner(1, 7);
     constexpr QSize mirrored(11, 14);
     for (const bool right : {false, true})

@@ -43,7 +43,8 @@ int depthOf(double x, double y) {
 /// Lacquered wood: long wavy grain under a sheen that falls from the top left.
 QRgb woodColour(double x, double y) {
     const double wave = std::sin(y * 1.3 + 1.6 * std::sin(x * 0.07) + 0.7 * std::sin(x * 0.19 + y * 0.2));
-    const double fibre = materials::grain(materials::cellAt(x, 7), materials::cellAt(y, 1.0 / materials::density)) - 0.5;
+    const double fibre =
+        materials::grain(materials::cellAt(x, 7), materials::cellAt(y, 1.0 / materials::density)) - 0.5;
     const double sheen = 0.62 - 0.5 * y / passHeight - 0.18 * x / passWidth;
     return materials::mix(woodDark, woodLight, std::clamp(sheen + 0.14 * wave + 0.16 * fibre, 0.0, 1.0));
 }

@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "materials.h"
+#include "outline.h"
 #include "tileSprites.h"
 
 namespace {
@@ -33,9 +34,52 @@ char mostOf(std::span<const Ring> rings, int x, int y) {
     return std::ranges::max_element(shares, {}, [](const auto& share) { return share.second; })->first;
 }
 
+/// The petal that points upwards: narrow at the inner radius and rounded at the outer one.
+QPainterPath petalOf(const Ring& ring, double inner) {
+    const double half = std::numbers::pi / ring.petals * ring.cover;
+    const auto at = [&](double radius, double turn) {
+        return QPointF(radius * std::sin(turn), -radius * std::cos(turn));
+    };
+    const double shoulder = inner + 0.7 * (ring.outer - inner);
+    QPainterPath petal(at(inner, -half * 0.7));
+    petal.lineTo(at(shoulder, -half));
+    petal.cubicTo(at(ring.outer, -half), at(ring.outer, half), at(shoulder, half));
+    petal.lineTo(at(inner, half * 0.7));
+    petal.closeSubpath();
+    return petal;
+}
+
+void engraveIn(QPainter& painter, const QPainterPath& path, char letter) {
+    const QRgb colour = paletteColour(letter);
+    if (letter == 'w') return painter.fillPath(path, QColor::fromRgb(colour));
+    outline::engrave(painter, path, colour);
+}
+
 }  // namespace
 
+void paintFineRosette(QPainter& painter, QPointF centre, std::span<const Ring> rings, std::string_view from,
+                      std::string_view to) {
+    const auto painted = [&](char letter) {
+        return from.find(letter) != std::string_view::npos ? to[from.find(letter)] : letter;
+    };
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (size_t i = 0; i < rings.size(); ++i) {
+        const Ring& ring = rings[i];
+        if (ring.between != '.') engraveIn(painter, outline::disc(centre, ring.outer), painted(ring.between));
+        if (ring.petals == 0) continue;
+        const QPainterPath petal = petalOf(ring, i + 1 < rings.size() ? rings[i + 1].outer : 0);
+        for (int turn = 0; turn < ring.petals; ++turn) {
+            const QTransform place =
+                QTransform::fromTranslate(centre.x(), centre.y()).rotate(turn * 360.0 / ring.petals);
+            engraveIn(painter, place.map(petal), painted(ring.petal));
+        }
+    }
+    painter.restore();
+}
+
 void paintRosette(QPainter& painter, QPoint centre, std::span<const Ring> rings) {
+    if (materials::density > 1) return paintFineRosette(painter, QPointF(centre) + QPointF(0.5, 0.5), rings);
     const int reach = static_cast<int>(std::ceil(rings.front().outer));
     for (int y = -reach; y <= reach; ++y)
         for (int x = -reach; x <= reach; ++x)

@@ -4,6 +4,8 @@
 #include <array>
 
 #include "materials.h"
+#include "outline.h"
+#include "script.h"
 
 namespace {
 
@@ -55,6 +57,17 @@ void walk(Sprite sprite, Put put) {
     }
 }
 
+/// The symbol as an outline, as high and at most as broad as its sprite.
+void paintFineIndex(QPainter& painter, int x, int y, char symbol, QRgb colour) {
+    constexpr QSizeF room{5, 6};
+    const QPainterPath path = script::plain(QString(QChar(symbol)), room.height());
+    const QRectF bounds = path.boundingRect();
+    QTransform fit = QTransform::fromTranslate(x, y);
+    fit.scale(std::min(room.width() / bounds.width(), room.height() / bounds.height()),
+              room.height() / bounds.height());
+    outline::engrave(painter, fit.map(path.translated(-bounds.topLeft())), colour);
+}
+
 }  // namespace
 
 QRgb paletteColour(char letter) {
@@ -76,6 +89,7 @@ void paintSprite(QPainter& painter, int x, int y, Sprite sprite, std::string_vie
 }
 
 void paintIndex(QPainter& painter, int x, int y, char symbol, QRgb colour) {
+    if (materials::density > 1) return paintFineIndex(painter, x, y, symbol, colour);
     const auto* glyph = std::ranges::find(indexGlyphs, symbol, &IndexGlyph::symbol);
     walk(glyph->rows, [&](int column, int row, char) { materials::dot(painter, x + column, y + row, colour); });
 }

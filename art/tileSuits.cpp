@@ -1,6 +1,8 @@
 #include <array>
 #include <span>
 
+#include "fineSuits.h"
+#include "materials.h"
 #include "tileBrush.h"
 #include "tileFaces.h"
 #include "tileRosette.h"
@@ -101,7 +103,19 @@ constexpr std::array wheel = {
     Ring{12.5, 'B', 'B', 0, 0}, Ring{11.4, 'b', 'b', 0, 0}, Ring{10.4, 'w', 'w', 0, 0}, Ring{9.5, 'w', 'g', 8, 0.8},
     Ring{6.3, 'w', 'w', 0, 0},  Ring{5.4, 'r', 'r', 0, 0},  Ring{3.6, 'y', 'y', 0, 0},  Ring{2.3, 'R', 'R', 0, 0},
 };
+constexpr std::array fineWheel = {
+    Ring{12.5, 'B', 'B', 0, 0},    Ring{11.8, 'b', 'c', 28, 0.4}, Ring{10.5, 'w', 'w', 0, 0},
+    Ring{9.9, 'w', 'g', 12, 0.82}, Ring{6.9, 'w', 'w', 0, 0},     Ring{6.5, 'r', 'r', 0, 0},
+    Ring{5.8, 'w', 'r', 8, 0.8},   Ring{2.9, 'y', 'y', 0, 0},     Ring{2.3, 'R', 'R', 0, 0},
+    Ring{0.8, 'y', 'y', 0, 0},
+};
 constexpr QPoint wheelCentre(12, 21);
+
+void paintFineDiscs(QPainter& painter, const Circles& face) {
+    const double radius = face.disc.find('\n') / 2.0;
+    for (const Disc& disc : face.places)
+        paintFineDisc(painter, QPointF(disc.x + radius, disc.y + radius), radius, disc.colour);
+}
 
 struct Stick {
     int x, y, height;
@@ -139,7 +153,13 @@ constexpr Sprite stickEnd = ".DDD.\n";
 constexpr Sprite stickKnot = "DlmmD\n";
 constexpr Sprite stickCane = ".lmD.\n";
 
+void paintFineStick(QPainter& painter, const Stick& stick) {
+    const QPointF top(stick.x + stickEnd.find('\n') / 2.0, stick.y);
+    paintFineCane(painter, top, top + QPointF(0, stick.height), static_cast<double>(stickEnd.find('\n')), stick.colour);
+}
+
 void paintStick(QPainter& painter, const Stick& stick) {
+    if (materials::density > 1) return paintFineStick(painter, stick);
     const int last = stick.height - 1;
     for (int row = 0; row <= last; ++row) {
         const bool end = row == 0 || row == last;
@@ -163,7 +183,18 @@ constexpr int leaningWays[] = {0, 1, -1, 0};
 constexpr Sprite leaningKnot = "DmD\n";
 constexpr Sprite leaningCane = "lmD\n";
 
+void paintFineLeaning(QPainter& painter, const Leaning& half) {
+    constexpr double breadth = 4;
+    for (size_t cane = 0; cane < std::size(leaningCanes); ++cane) {
+        const QPointF upright(leaningCanes[cane] + leaningCane.find('\n') / 2.0, half.top);
+        const QPointF leant = upright + QPointF(leaningWays[cane] * lean, 0), below(0, leaningHeight);
+        paintFineCane(painter, half.upsideDown ? leant : upright, (half.upsideDown ? upright : leant) + below, breadth,
+                      half.colour);
+    }
+}
+
 void paintLeaning(QPainter& painter, const Leaning& half) {
+    if (materials::density > 1) return paintFineLeaning(painter, half);
     for (int row = 0; row < leaningHeight; ++row) {
         const int line = half.top + (half.upsideDown ? leaningHeight - 1 - row : row);
         const bool knot = row % (leaningHeight / 2) == 0;
@@ -234,13 +265,17 @@ constexpr Sprite tenThousand =
 
 void paintCircles(QPainter& painter, int number) {
     paintIndex(painter, 0, 0, digit(number), paletteColour('B'));
+    if (number == 1 && materials::density > 1)
+        return paintFineRosette(painter, wheelCentre + QPointF(0.5, 0.5), fineWheel);
     if (number == 1) return paintRosette(painter, wheelCentre, wheel);
     const Circles& face = circles[number - 1];
+    if (materials::density > 1) return paintFineDiscs(painter, face);
     for (const Disc& disc : face.places) paintSprite(painter, disc.x, disc.y, face.disc, tones, disc.colour);
 }
 
 void paintBamboo(QPainter& painter, int number) {
     paintIndex(painter, 0, 0, digit(number), paletteColour('G'));
+    if (number == 1 && materials::density > 1) return paintFineBird(painter);
     if (number == 1) paintSprite(painter, birdPlace.x(), birdPlace.y(), bird);
     if (number == 8)
         for (const Leaning& half : leaningHalves) paintLeaning(painter, half);
@@ -251,5 +286,7 @@ void paintCharacters(QPainter& painter, int number) {
     paintIndex(painter, 0, 0, digit(number), paletteColour('R'));
     const Numeral& numeral = numerals[number - 1];
     paintBrush(painter, numeral.box, numeral.character, paletteColour('k'), 1.0);
+    if (materials::density > 1)
+        return paintBrush(painter, {tenThousandPlace, QSize(19, 17)}, U'萬', paletteColour('r'), 0.6);
     paintSprite(painter, tenThousandPlace.x(), tenThousandPlace.y(), tenThousand);
 }
