@@ -43,11 +43,16 @@ void paintLargeDiamond(QPainter& painter) {
     });
 }
 
+QPainterPath signOf(int wind, bool chinese) {
+    constexpr double size = 40;
+    return chinese ? script::brushed(QString::fromUcs4(&windCharacters[wind], 1), size)
+                   : script::flowing(QString(QChar(windLetters[wind])), size);
+}
+
 /// A wind's sign in the middle of a rectangle, as large as the diamond has room for.
 QPainterPath largeSign(int wind, bool chinese, const QRectF& cell) {
     constexpr double chineseRoom = 59, letterRoom = 53, brushGrowth = 0.35;
-    const QPainterPath path = chinese ? script::brushed(QString::fromUcs4(&windCharacters[wind], 1), 40)
-                                      : script::flowing(QString(QChar(windLetters[wind])), 40);
+    const QPainterPath path = signOf(wind, chinese);
     const QRectF bounds = path.boundingRect();
     const double scale = (chinese ? chineseRoom : letterRoom) / (bounds.width() + bounds.height());
     QTransform fit = QTransform::fromTranslate(cell.center().x(), cell.center().y());
@@ -57,6 +62,7 @@ QPainterPath largeSign(int wind, bool chinese, const QRectF& cell) {
 }
 
 constexpr int signSize = 9;
+constexpr QRect signPlace{3, 3, signSize, signSize};
 
 /// The signs of the small markers, drawn pixel by pixel: Chinese, then English.
 constexpr const char* smallSigns[scripts][winds][signSize] = {
@@ -96,11 +102,23 @@ QRgb smallPixel(double x, double y) {
     return lit(lacquerRed, facesLamp ? 1.0 : 0.86);
 }
 
-void paintSmallSign(QPainter& painter, const char* const (&sign)[signSize]) {
-    constexpr QPoint origin{3, 3};
+void paintSmallSign(QPainter& painter, int wind, bool chinese) {
+    const auto& sign = smallSigns[chinese ? 0 : 1][wind];
     for (int y = 0; y < signSize; ++y)
         for (int x = 0; x < signSize; ++x)
-            if (sign[y][x] == '#') dot(painter, origin.x() + x, origin.y() + y, ivory);
+            if (sign[y][x] == '#') dot(painter, signPlace.left() + x, signPlace.top() + y, ivory);
+}
+
+void paintFineSmallSign(QPainter& painter, int wind, bool chinese) {
+    constexpr double growth = 0.12;
+    const QPainterPath path = signOf(wind, chinese);
+    const QRectF bounds = path.boundingRect();
+    const double scale = signSize / std::max(bounds.width(), bounds.height());
+    const QPointF middle = QRectF(signPlace).center();
+    QTransform fit = QTransform::fromTranslate(middle.x(), middle.y());
+    fit.scale(scale, scale);
+    fit.translate(-bounds.center().x(), -bounds.center().y());
+    script::paint(painter, script::grown(fit.map(path), growth), {ivory, ivory, lacquerDeep}, 0.4);
 }
 
 }  // namespace
@@ -127,7 +145,7 @@ void paintSmallHouse(QPainter& painter) {
         everyPixel({QPoint(0, 0), smallHouseSize}, [&](double x, double y) {
             if (smallInside(x, y) >= smallEdge) dot(painter, x, y, smooth(x, y, smallPixel));
         });
-        paintSmallSign(painter, smallSigns[cell / winds][cell % winds]);
+        (density > 1 ? paintFineSmallSign : paintSmallSign)(painter, cell % winds, cell < winds);
         painter.restore();
     }
 }

@@ -111,14 +111,15 @@ QPainterPath drawn(const QPainterPath& line, double breadth) {
     return path;
 }
 
-void paint(QPainter& painter, const QPainterPath& path, std::string_view inks) {
+void paint(QPainter& painter, const QPainterPath& path, std::string_view inks, double lineBreadth) {
     if (inks.size() == 1) return engrave(painter, path, paletteColour(inks[0]));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(path, fall(path.boundingRect(), paletteColour(inks[0]), paletteColour(inks[1])));
     // The line is as fine on a shape that is painted enlarged.
-    const double breadth = 0.25 * materials::density / std::sqrt(painter.transform().determinant());
-    if (inks.size() > 2) painter.strokePath(path, QPen(QColor::fromRgb(paletteColour(inks[2])), breadth));
+    const double breadth = lineBreadth * materials::density / std::sqrt(std::abs(painter.transform().determinant()));
+    const QPen pen(QColor::fromRgb(paletteColour(inks.back())), breadth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    if (inks.size() > 2) painter.strokePath(path.simplified(), pen);
     painter.restore();
 }
 
@@ -126,13 +127,13 @@ void paint(QPainter& painter, std::span<const Shape> shapes) {
     for (const Shape& shape : shapes) paint(painter, path(shape.path), shape.inks);
 }
 
-void engrave(QPainter& painter, const QPainterPath& path, QRgb ink) {
+void engrave(QPainter& painter, const QPainterPath& path, QRgb ink, double rimLight) {
     constexpr double depth = 0.22;
     constexpr QPointF aside{depth, depth};
     const auto color = [&](QRgb other, double share) { return QColor::fromRgb(materials::mix(ink, other, share)); };
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(path.translated(1.3 * aside), QColor(255, 255, 255, 190));
+    painter.fillPath(path.translated(1.3 * aside), QColor(255, 255, 255, int(255 * rimLight)));
     painter.fillPath(path, color(qRgb(0, 0, 0), 0.5));
     painter.setClipPath(path, Qt::IntersectClip);
     painter.fillPath(path.translated(aside), color(qRgb(255, 255, 255), 0.28));

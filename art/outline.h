@@ -30,10 +30,11 @@ struct Shape {
 
 /// Paints shapes, one over the other.
 void paint(QPainter& painter, std::span<const Shape> shapes);
-void paint(QPainter& painter, const QPainterPath& path, std::string_view inks);
+void paint(QPainter& painter, const QPainterPath& path, std::string_view inks, double lineBreadth = 0.25);
 
 /// Fills an outline as an engraver does: its upper left wall lies in shade, its floor is inked, and its lower right
-/// wall takes the light.
-void engrave(QPainter& painter, const QPainterPath& path, QRgb ink);
+/// wall takes the light. So does the rim beyond it, by a share that suits the ground: less on dark lacquer than on
+/// ivory.
+void engrave(QPainter& painter, const QPainterPath& path, QRgb ink, double rimLight = 0.75);
 
 }  // namespace outline

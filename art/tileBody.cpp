@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "materials.h"
+#include "outline.h"
 #include "tileRosette.h"
 #include "tileSprites.h"
 
@@ -32,6 +33,16 @@ constexpr Sprite backCorner =
 constexpr std::array lotus = {
     Ring{9.6, 'B', 'B', 0, 0},   Ring{8.8, 'Y', 'Y', 0, 0}, Ring{8.1, 'B', 'y', 8, 0.8}, Ring{5.2, 'B', 'B', 0, 0},
     Ring{4.5, 'Y', 'r', 8, 0.7}, Ring{2.4, 'y', 'y', 0, 0}, Ring{1.0, 'w', 'w', 0, 0},
+};
+
+/// The same as outlines.
+constexpr std::array fineLotus = {
+    Ring{9.6, 'Y', 'Y', 0, 0}, Ring{9, 'B', 'y', 16, 0.74}, Ring{6.7, 'Y', 'Y', 0, 0}, Ring{6.1, 'B', 'e', 8, 0.84},
+    Ring{3.2, 'Y', 'Y', 0, 0}, Ring{2.7, 'r', 'r', 0, 0},   Ring{1.2, 'y', 'y', 0, 0},
+};
+constexpr outline::Shape fineCorner[] = {
+    {"M 0 0 L 5.6 0 Q 5 1.3 3.4 1.5 Q 1.5 1.5 1.5 3.4 Q 1.3 5 0 5.6 Z", "yYB"},
+    {"E 2.9 2.9 0.7 0.7", "yYB"},
 };
 
 /// The bamboo of a side, from the front outward; its far line doubles as the tile's edge.
@@ -78,9 +89,52 @@ void paintTrellis(QPainter& painter) {
     });
 }
 
+void paintFineTrellis(QPainter& painter) {
+    constexpr double speck = 0.55;
+    constexpr int reach = 6 * mesh;
+    const QPointF middle = QRectF(rim).center();
+    QPainterPath threads, specks;
+    for (int across = -reach; across <= reach; across += mesh)
+        for (const int way : {-1, 1}) {
+            threads.moveTo(middle + QPointF(across - way * reach, -reach));
+            threads.lineTo(middle + QPointF(across + way * reach, reach));
+        }
+    for (int x = -reach; x <= reach; x += mesh / 2)
+        for (int y = -reach; y <= reach; y += mesh / 2)
+            if ((x + y) % mesh == 0) specks.addPath(outline::disc(middle + QPointF(x, y), speck));
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipRect(rim, Qt::IntersectClip);
+    painter.strokePath(threads, QPen(QColor::fromRgb(trellis), 0.5));
+    painter.fillPath(specks, QColor::fromRgb(materials::gilt));
+    painter.restore();
+}
+
 void paintRim(QPainter& painter) {
     materials::paintBorder(painter, rim, QColor::fromRgb(materials::gilt));
     materials::paintBorder(painter, rim.adjusted(1, 1, -1, -1), QColor::fromRgb(lacquer.edgeShaded));
+}
+
+/// One corner piece, painted in all four corners.
+void paintFineCorners(QPainter& painter) {
+    const QRectF inside = QRectF(rim).adjusted(2, 2, -2, -2);
+    for (const int right : {1, -1})
+        for (const int low : {1, -1}) {
+            painter.save();
+            painter.translate(right > 0 ? inside.left() : inside.right(), low > 0 ? inside.top() : inside.bottom());
+            painter.scale(right, low);
+            outline::paint(painter, fineCorner);
+            painter.restore();
+        }
+}
+
+/// All that lies on a back, as outlines.
+void paintFineBack(QPainter& painter) {
+    constexpr double rimLight = 0.2;
+    paintFineTrellis(painter);
+    paintRim(painter);
+    paintFineCorners(painter);
+    paintFineRosette(painter, QRectF(rim).center(), fineLotus, {}, {}, rimLight);
 }
 
 void paintCorners(QPainter& painter) {
@@ -121,6 +175,7 @@ void paintIvory(QPainter& painter, const TileView& view) { paintBody(painter, vi
 void paintBack(QPainter& painter, const TileView& view) {
     paintBody(painter, view, lacquer);
     painter.translate(view.face);
+    if (materials::density > 1) return paintFineBack(painter);
     paintTrellis(painter);
     paintRim(painter);
     paintCorners(painter);

@@ -49,16 +49,16 @@ QPainterPath petalOf(const Ring& ring, double inner) {
     return petal;
 }
 
-void engraveIn(QPainter& painter, const QPainterPath& path, char letter) {
+void engraveIn(QPainter& painter, const QPainterPath& path, char letter, double rimLight) {
     const QRgb colour = paletteColour(letter);
     if (letter == 'w') return painter.fillPath(path, QColor::fromRgb(colour));
-    outline::engrave(painter, path, colour);
+    outline::engrave(painter, path, colour, rimLight);
 }
 
 }  // namespace
 
 void paintFineRosette(QPainter& painter, QPointF centre, std::span<const Ring> rings, std::string_view from,
-                      std::string_view to) {
+                      std::string_view to, double rimLight) {
     const auto painted = [&](char letter) {
         return from.find(letter) != std::string_view::npos ? to[from.find(letter)] : letter;
     };
@@ -66,13 +66,13 @@ void paintFineRosette(QPainter& painter, QPointF centre, std::span<const Ring> r
     painter.setRenderHint(QPainter::Antialiasing);
     for (size_t i = 0; i < rings.size(); ++i) {
         const Ring& ring = rings[i];
-        if (ring.between != '.') engraveIn(painter, outline::disc(centre, ring.outer), painted(ring.between));
+        if (ring.between != '.') engraveIn(painter, outline::disc(centre, ring.outer), painted(ring.between), rimLight);
         if (ring.petals == 0) continue;
         const QPainterPath petal = petalOf(ring, i + 1 < rings.size() ? rings[i + 1].outer : 0);
         for (int turn = 0; turn < ring.petals; ++turn) {
             const QTransform place =
                 QTransform::fromTranslate(centre.x(), centre.y()).rotate(turn * 360.0 / ring.petals);
-            engraveIn(painter, place.map(petal), painted(ring.petal));
+            engraveIn(painter, place.map(petal), painted(ring.petal), rimLight);
         }
     }
     painter.restore();

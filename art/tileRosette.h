@@ -17,6 +17,7 @@ struct Ring {
 /// clear.
 void paintRosette(QPainter& painter, QPoint centre, std::span<const Ring> rings);
 
-/// Paints the same rings as outlines round any point; each letter named in `from` is painted as its partner in `to`.
+/// Paints the same rings as engraved outlines round any point; each letter named in `from` is painted as its partner in
+/// `to`.
 void paintFineRosette(QPainter& painter, QPointF centre, std::span<const Ring> rings, std::string_view from = {},
-                      std::string_view to = {});
+                      std::string_view to = {}, double rimLight = 0.75);

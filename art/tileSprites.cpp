@@ -23,6 +23,8 @@ constexpr std::array inks = {
     Ink{'p', 0xFFF4A6BC}, Ink{'P', 0xFFD4547C}, Ink{'v', 0xFF7A3C9C},  // pink, deep pink, violet
     Ink{'t', 0xFF7C5028}, Ink{'T', 0xFF4A2C14}, Ink{'w', 0xFFFFFDF6},  // brown, dark brown, white
     Ink{'n', 0xFFE2ECF6}, Ink{'s', 0xFFB8C4D0}, Ink{'i', 0xFFF4EAD0},  // snow, its shade, ivory
+    Ink{'h', 0xFFFFCEA4}, Ink{'H', 0xFFE29E74}, Ink{'#', 0xFF503A3E},  // a hand, its shade, the outline of icons
+    Ink{'m', 0xFFF06CE0}, Ink{'M', 0xFF9C1E92},                        // magenta, deep magenta
 };
 
 struct IndexGlyph {

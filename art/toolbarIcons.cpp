@@ -1,5 +1,6 @@
 #include <QPainter>
 
+#include "fineIcons.h"
 #include "materials.h"
 #include "tableArt.h"
 
@@ -280,9 +281,31 @@ constexpr char drawings[icons][iconSize][iconSize + 1] = {
 };
 // clang-format on
 
+/// What is seen through has no half measures, so that a pixel at the edge of an icon is its own colour or none.
+QRgb keyed(QRgb pixel) {
+    constexpr int halfSeen = 128;
+    return qAlpha(pixel) < halfSeen ? seenThrough : qUnpremultiply(pixel) | 0xFF000000;
+}
+
+void paintFineIcons(QPainter& painter) {
+    QImage image(QSize(icons * iconSize, iconSize) * materials::density, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter inks(&image);
+    inks.scale(materials::density, materials::density);
+    for (int icon = 0; icon < icons; ++icon) {
+        paintFineIcon(inks, icon);
+        inks.translate(iconSize, 0);
+    }
+    inks.end();
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, keyed(image.pixel(x, y)));
+    materials::lay(painter, {0, 0}, image);
+}
+
 }  // namespace
 
 void paintToolbarIcons(QPainter& painter) {
+    if (materials::density > 1) return paintFineIcons(painter);
     painter.fillRect(0, 0, icons * iconSize, iconSize, QColor::fromRgb(seenThrough));
     materials::everyPixel({0, 0, icons * iconSize, iconSize}, [&](double x, double y) {
         const int column = materials::cellAt(x, 1), row = materials::cellAt(y, 1);
