@@ -1,5 +1,6 @@
 // Judges the pictures: tiles that look solid, faces that no eye confuses, words that stay words, and calm ground under
-// what the game prints. Its one argument is the folder of the pictures.
+// what the game prints. Its argument is the folder of the pictures. Those of a higher density are judged by the same
+// measures, and against the plain ones: two more arguments are their density and the folder of the plain ones.
 
 #include <QImage>
 #include <algorithm>
@@ -18,14 +19,23 @@ constexpr int tileHeight = 39;
 constexpr int viewCount = 3;
 constexpr int faceCount = 42;
 
+/// The pictures that are judged, how many pixels they have each way for one of the game's, and the pictures of
+/// density 1.
 std::string folder;
+int density = 1;
+std::string plainFolder;
 
-QImage picture(const char* name) {
-    const QImage image(QString::fromStdString(folder + '/' + name + ".png"));
+QImage pictureIn(const std::string& place, const char* name) {
+    const QImage image(QString::fromStdString(place + '/' + name + ".png"));
     if (!image.isNull()) return image;
-    std::cerr << "check_pictures: no picture " << folder << '/' << name << ".png\n";
+    std::cerr << "check_pictures: no picture " << place << '/' << name << ".png\n";
     std::exit(2);
 }
+
+QImage picture(const char* name) { return pictureIn(folder, name); }
+
+/// A rectangle of the game's pixels in those of the pictures.
+QRect real(const QRect& rect) { return {rect.topLeft() * density, rect.size() * density}; }
 
 template <typename Measure>
 int sumOver(const QRect& rect, Measure measure) {
@@ -37,21 +47,102 @@ int sumOver(const QRect& rect, Measure measure) {
 
 std::string tileNamed(int face, int view) { return "face " + std::to_string(face) + ", view " + std::to_string(view); }
 
+constexpr QRgb black = 0xFF000000;
+constexpr QRgb white = 0xFFFFFFFF;
+
+constexpr const char* names[] = {"101",
+                                 "102",
+                                 "103",
+                                 "104",
+                                 "ImageList1",
+                                 "picAllTiles",
+                                 "picHouse",
+                                 "picHouseMask",
+                                 "picLightning",
+                                 "picLightningMask",
+                                 "picPass",
+                                 "picPassMask",
+                                 "picSmallHouse",
+                                 "picSmallHouseMask",
+                                 "picTableTop",
+                                 "picTileBack",
+                                 "picTileBackMask"};
+
+struct Masked {
+    const char *picture, *mask;
+};
+constexpr Masked maskedPictures[] = {{"picAllTiles", "picTileBackMask"},
+                                     {"picTileBack", "picTileBackMask"},
+                                     {"picHouse", "picHouseMask"},
+                                     {"picSmallHouse", "picSmallHouseMask"},
+                                     {"picPass", "picPassMask"}};
+
+void checkSizes() {
+    for (const char* name : names)
+        expect(picture(name).size() == pictureIn(plainFolder, name).size() * density,
+               std::string(name) + " isn't as large as the plain one in the game's pixels");
+}
+
+/// How many of the pixels round a pixel, and it itself, are black; beyond the edge there is white.
+int blackRound(const QImage& mask, int x, int y) {
+    return sumOver({x - 1, y - 1, 3, 3},
+                   [&](int nearX, int nearY) { return mask.valid(nearX, nearY) && mask.pixel(nearX, nearY) == black; });
+}
+
+// A mask is that of density 1 with a finer outline: a pixel of the game away from the outline is all black or all white
+// as it is there, and one at the outline by the greater part.
+void checkOutlines() {
+    for (const Masked& masked : maskedPictures) {
+        const QImage mask = picture(masked.mask);
+        const QImage plain = pictureIn(plainFolder, masked.mask);
+        const auto isWrong = [&](int x, int y) {
+            const int all = density * density;
+            const int blacks =
+                sumOver(real({x, y, 1, 1}), [&](int fineX, int fineY) { return mask.pixel(fineX, fineY) == black; });
+            const int round = blackRound(plain, x, y);
+            const int right = plain.pixel(x, y) == black ? blacks : all - blacks;
+            return round == 0 || round == 9 ? right < all : 2 * right < all;
+        };
+        expect(sumOver(plain.rect(), isWrong) == 0, std::string(masked.mask) + " isn't the plain mask, finer");
+        expect(sumOver(mask.rect(),
+                       [&](int x, int y) { return mask.pixel(x, y) != black && mask.pixel(x, y) != white; }) == 0,
+               std::string(masked.mask) + " has half tones");
+    }
+}
+
+// The picture under the white of a mask is black, so that nothing of it shows.
+void checkGround() {
+    for (const Masked& masked : maskedPictures) {
+        const QImage image = picture(masked.picture);
+        const QImage mask = picture(masked.mask);
+        const auto shines = [&](int x, int y) {
+            return mask.pixel(x % mask.width(), y % mask.height()) == white && image.pixel(x, y) != black;
+        };
+        expect(sumOver(image.rect(), shines) == 0, std::string(masked.picture) + " shows beyond its mask");
+    }
+    QImage complement = picture("picLightningMask");
+    complement.invertPixels();
+    expect(complement == picture("picLightning"), "the lightning's mask isn't its complement");
+}
+
+void checkFrame() {
+    constexpr QRect outer{21, 44, 310, 507}, board{40, 63, 270, 468}, around{10, 34, 332, 527};
+    const QImage table = picture("101");
+    const auto isAmiss = [&](int x, int y) {
+        const QRgb colour = table.pixel(x, y);
+        const bool red = qRed(colour) > std::max(qGreen(colour), qBlue(colour));
+        return red != (real(outer).contains(x, y) && !real(board).contains(x, y));
+    };
+    expect(sumOver(real(around), isAmiss) == 0, "the frame doesn't end exactly at the board");
+}
+
 // A mask is white where nothing is shown; what is shown is hardly anywhere as black as what isn't.
 void checkInk() {
-    struct Pair {
-        const char *picture, *mask;
-    };
-    constexpr Pair pairs[] = {{"picAllTiles", "picTileBackMask"},
-                              {"picTileBack", "picTileBackMask"},
-                              {"picHouse", "picHouseMask"},
-                              {"picSmallHouse", "picSmallHouseMask"},
-                              {"picPass", "picPassMask"}};
-    for (const Pair& pair : pairs) {
+    for (const Masked& pair : maskedPictures) {
         const QImage image = picture(pair.picture);
         const QImage mask = picture(pair.mask);
-        const auto shows = [&](int x, int y) { return mask.pixel(x % mask.width(), y % mask.height()) == 0xFF000000; };
-        const auto isBlack = [&](int x, int y) { return shows(x, y) && image.pixel(x, y) == 0xFF000000; };
+        const auto shows = [&](int x, int y) { return mask.pixel(x % mask.width(), y % mask.height()) == black; };
+        const auto isBlack = [&](int x, int y) { return shows(x, y) && image.pixel(x, y) == black; };
         expect(10 * sumOver(image.rect(), isBlack) < sumOver(image.rect(), shows),
                std::string(pair.picture) + " is black");
     }
@@ -70,8 +161,8 @@ void checkSides() {
             const int left = face * tileWidth;
             const int top = side.view * tileHeight + bandWidth;
             const int height = tileHeight - 2 * bandWidth;
-            expect(sumOver({left + side.band, top, bandWidth, height}, green) <
-                       bandWidth * sumOver({left + side.edgeOfFront, top, 1, height}, green),
+            expect(sumOver(real({left + side.band, top, bandWidth, height}), green) <
+                       bandWidth * sumOver(real({left + side.edgeOfFront, top, 1, height}), green),
                    tileNamed(face, side.view) + ": its side is no darker than its front");
         }
 }
@@ -98,9 +189,10 @@ void checkWords() {
     for (const Label& label : labels) {
         int gaps = 0;
         int blank = 0;
-        for (int x = left; x < table.width(); ++x) {
-            const bool ink = sumOver({x, label.top, 1, label.bottom - label.top + 1}, magenta) > 0;
-            if (ink) gaps += blank >= wordGap ? 1 : 0;
+        const QRect rows = real({left, label.top, 1, label.bottom - label.top + 1});
+        for (int x = rows.left(); x < table.width(); ++x) {
+            const bool ink = sumOver({x, rows.top(), 1, rows.height()}, magenta) > 0;
+            if (ink) gaps += blank >= wordGap * density ? 1 : 0;
             blank = ink ? 0 : blank + 1;
         }
         expect(gaps == label.gaps, std::string(label.words) + ": words run together or fall apart");
@@ -128,7 +220,7 @@ void checkCalm() {
                    std::abs(green(x, y) - green(x, y + 1)) > loudestStep;
         };
         for (int row = 0; row < place.rows; ++row) {
-            const QRect rect = place.rect.translated(0, row * place.pitch);
+            const QRect rect = real(place.rect.translated(0, row * place.pitch));
             expect(sumOver(rect, isLoud) == 0, std::string(place.name) + " is loud under the text at " +
                                                    std::to_string(rect.x()) + ", " + std::to_string(rect.y()));
         }
@@ -185,7 +277,10 @@ double distanceOf(const Face& one, const Face& other) {
 
 void checkFaces() {
     constexpr double leastDistance = 20;
-    const QImage tiles = picture("picAllTiles");
+    // Of a higher density the mean of all pixels that stand for one of the game's.
+    const QImage tiles =
+        picture("picAllTiles")
+            .scaled(faceCount * tileWidth, viewCount * tileHeight, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     for (const Eye& eye : eyes)
         for (int view = 0; view < viewCount; ++view) {
             std::vector<Face> faces;
@@ -203,11 +298,14 @@ void checkFaces() {
 }  // namespace
 
 int main(int count, char** words) {
-    if (count != 2) {
-        std::cerr << "usage: check_pictures FOLDER\n";
+    if (count != 2 && count != 4) {
+        std::cerr << "usage: check_pictures FOLDER [DENSITY FOLDER_OF_DENSITY_1]\n";
         return 2;
     }
-    folder = words[1];
-    for (const auto check : {checkInk, checkSides, checkWords, checkCalm, checkFaces}) check();
+    folder = plainFolder = words[1];
+    if (count == 4) density = std::atoi(words[2]), plainFolder = words[3];
+    for (const auto check :
+         {checkSizes, checkOutlines, checkGround, checkFrame, checkInk, checkSides, checkWords, checkCalm, checkFaces})
+        check();
     return pleased ? 0 : 1;
 }

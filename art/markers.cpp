@@ -110,10 +110,10 @@ void paintSmallSign(QPainter& painter, int wind, bool chinese) {
 }
 
 void paintFineSmallSign(QPainter& painter, int wind, bool chinese) {
-    constexpr double growth = 0.12;
+    constexpr double growth = 0.12, room = 15.8;
     const QPainterPath path = signOf(wind, chinese);
     const QRectF bounds = path.boundingRect();
-    const double scale = signSize / std::max(bounds.width(), bounds.height());
+    const double scale = room / (bounds.width() + bounds.height());
     const QPointF middle = QRectF(signPlace).center();
     QTransform fit = QTransform::fromTranslate(middle.x(), middle.y());
     fit.scale(scale, scale);

@@ -37,11 +37,15 @@ QImage inkOf(const QSize& size, const QPainterPath& path) {
     return fine.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-void paintFineBrush(QPainter& painter, const QRect& box, const QPainterPath& path, QRgb ink) {
+/// The outline stands in the middle of the box and is hardly stretched to fill it.
+void paintFineBrush(QPainter& painter, const QRectF& box, const QPainterPath& path, QRgb ink) {
     const QRectF bounds = path.boundingRect();
-    QTransform fit = QTransform::fromTranslate(box.left(), box.top());
-    fit.scale(box.width() / bounds.width(), box.height() / bounds.height());
-    outline::engrave(painter, fit.map(path.translated(-bounds.topLeft())), ink);
+    constexpr double mostStretched = 1.12;
+    const double across = box.width() / bounds.width(), down = box.height() / bounds.height();
+    const double most = mostStretched * std::min(across, down);
+    QTransform fit = QTransform::fromTranslate(box.center().x(), box.center().y());
+    fit.scale(std::min(across, most), std::min(down, most));
+    outline::engrave(painter, fit.map(path.translated(-bounds.center())), ink);
 }
 
 }  // namespace

@@ -235,12 +235,14 @@ constexpr Sprite bird =
 struct Numeral {
     char32_t character;
     QRect box;
+    double lower = 0;  ///< As an outline it stands so much lower, to be told from another.
 };
 constexpr std::array numerals = {
-    Numeral{U'一', QRect(6, 7, 17, 4)},  Numeral{U'二', QRect(6, 3, 17, 11)}, Numeral{U'三', QRect(6, 1, 17, 15)},
+    Numeral{U'一', QRect(6, 7, 17, 4)},  Numeral{U'二', QRect(6, 3, 17, 11)}, Numeral{U'三', QRect(6, 1, 17, 15), 0.8},
     Numeral{U'四', QRect(6, 2, 17, 14)}, Numeral{U'五', QRect(6, 1, 18, 15)}, Numeral{U'六', QRect(6, 1, 18, 15)},
     Numeral{U'七', QRect(6, 1, 18, 15)}, Numeral{U'八', QRect(5, 2, 19, 14)}, Numeral{U'九', QRect(6, 1, 18, 15)},
 };
+constexpr double numeralWeight = 1.0;
 constexpr QPoint tenThousandPlace(3, 18);
 constexpr Sprite tenThousand =
     ".....rr.....rr.....\n"
@@ -260,6 +262,16 @@ constexpr Sprite tenThousand =
     ".rr..rrr....rr..rr.\n"
     ".rr...........rrrr.\n"
     ".r.............rr..";
+
+void paintFineCharacters(QPainter& painter, const Numeral& numeral) {
+    constexpr QRect tenThousandBox(2, 17, 21, 18);
+    constexpr double tenThousandWeight = 0.5;
+    painter.save();
+    painter.translate(0, numeral.lower);
+    paintBrush(painter, numeral.box, numeral.character, paletteColour('k'), numeralWeight);
+    painter.restore();
+    paintBrush(painter, tenThousandBox, U'萬', paletteColour('r'), tenThousandWeight);
+}
 
 }  // namespace
 
@@ -285,8 +297,7 @@ void paintBamboo(QPainter& painter, int number) {
 void paintCharacters(QPainter& painter, int number) {
     paintIndex(painter, 0, 0, digit(number), paletteColour('R'));
     const Numeral& numeral = numerals[number - 1];
-    paintBrush(painter, numeral.box, numeral.character, paletteColour('k'), 1.0);
-    if (materials::density > 1)
-        return paintBrush(painter, {tenThousandPlace, QSize(19, 17)}, U'萬', paletteColour('r'), 0.6);
+    if (materials::density > 1) return paintFineCharacters(painter, numeral);
+    paintBrush(painter, numeral.box, numeral.character, paletteColour('k'), numeralWeight);
     paintSprite(painter, tenThousandPlace.x(), tenThousandPlace.y(), tenThousand);
 }
