@@ -52,13 +52,12 @@ void paintRule(QPainter& painter, const QPoint& middle, int reach) {
     line.setColorAt(1, faded);
     painter.fillRect(middle.x() - reach, middle.y(), 2 * reach, 1, line);
     constexpr int radius = 5;
-    for (int dy = -radius; dy <= radius; ++dy) {
-        const int half = radius - std::abs(dy);
-        painter.fillRect(middle.x() - half, middle.y() + dy, 2 * half + 1, 1,
-                         QColor::fromRgb(dy < 0 ? giltBright : gilt));
-        if (half > 0)
-            painter.fillRect(middle.x() - half + 1, middle.y() + dy, 2 * half - 1, 1, QColor::fromRgb(lacquerRed));
-    }
+    const QRect square(-radius, -radius, 2 * radius + 1, 2 * radius + 1);
+    lay(painter, middle + square.topLeft(), shaded(square, [](double x, double y) -> QRgb {
+            const int away = cellAt(std::abs(x) + std::abs(y), 1);
+            if (away > radius) return 0;
+            return away < radius ? lacquerRed : cellAt(y, 1) < 0 ? giltBright : gilt;
+        }));
 }
 
 /// Covers a whole picture with cloth inside a frame.

@@ -50,13 +50,26 @@ FramePlace framePlace(const QRect& outer, const QRect& inner, double x, double y
     return {Side(side), depths[side], breadths[side], along};
 }
 
+/// A line that is engraved in the lacquer, finer than the game's pixels: it lies between the middles of two.
+constexpr double hairline = 8.4;
+constexpr double hairBreadth = 0.5;
+
+/// How much darker or brighter the engraved line and its rim make the lacquer.
+double hairLight(double depth, const SideLight& light) {
+    const double away = (depth - hairline) / hairBreadth;
+    if (std::abs(away) >= 0.75) return 1;
+    if (std::abs(away) < 0.5) return 0.45;
+    return (away < 0) == (light.outward > 1) ? 1.35 : 1;
+}
+
 QRgb lacquerFace(const FramePlace& place, const SideLight& light) {
     const double across = (place.depth - giltShade) / (place.breadth - outerSlope - giltShade);
     const double curve = 0.72 + 0.42 * std::sin(across * 3.14);
     const double body = curve * (0.82 + 0.18 * light.outward);
     const double ridge = std::exp(-std::pow((across - 0.66) / 0.17, 2));
     const double sheen = 0.10 + 0.34 * std::exp(-std::pow((place.along - 0.24) / 0.22, 2));
-    return mix(lit(lacquerRed, body), lacquerGloss, ridge * sheen * light.outward);
+    const QRgb lacquer = mix(lit(lacquerRed, body), lacquerGloss, ridge * sheen * light.outward);
+    return lit(lacquer, hairLight(place.depth, light));
 }
 
 QRgb framePixel(const FramePlace& place) {
@@ -64,7 +77,11 @@ QRgb framePixel(const FramePlace& place) {
     const int layer = cellAt(place.depth, 1);
     if (layer <= edgeLine || layer >= place.breadth) return lacquerDeep;
     if (layer <= innerSlopeEnd) return lit(lacquerRed, light.inward * (1.1 - 0.12 * place.depth));
-    if (layer == giltLine) return mix(gilt, light.inward > 1 ? giltBright : giltDeep, 0.45);
+    if (layer == giltLine) {
+        // The line is a bead: the half of it that faces the lamp is brighter.
+        const double facing = (place.depth - giltLine) * (light.outward > 1 ? 1 : -1);
+        return lit(mix(gilt, light.inward > 1 ? giltBright : giltDeep, 0.45), 1 + 0.7 * facing);
+    }
     if (layer == giltShade) return mix(lacquerDeep, giltDeep, light.outward > 1 ? 0.75 : 0.25);
     if (layer > place.breadth - outerSlope) return lit(lacquerRed, light.outward);
     return lacquerFace(place, light);

@@ -68,7 +68,8 @@ QRgb matPixel(const QPointF& fromCentre) {
     // Every second ring is turned by half a strand.
     const double twist = std::atan2(y, x) * strandsAround / 2 + (int(ring) % 2) * M_PI / 2;
     const double plait = 1 + 0.035 * std::sin(twist) * std::sin(ring * M_PI) - 0.03 * std::cos(ring * 2 * M_PI);
-    const double light = 1 - 0.07 * (x + y) - 0.10 * soft(0.75, 1, ring / ringsAcross);
+    const double strands = density > 1 ? 0.022 * std::sin(ring * 10 * M_PI) : 0;
+    const double light = 1 + strands - 0.07 * (x + y) - 0.10 * soft(0.75, 1, ring / ringsAcross);
     return lit(straw, plait * light);
 }
 
