@@ -78,9 +78,13 @@ constexpr Masked maskedPictures[] = {{"picAllTiles", "picTileBackMask"},
                                      {"picPass", "picPassMask"}};
 
 void checkSizes() {
-    for (const char* name : names)
-        expect(picture(name).size() == pictureIn(plainFolder, name).size() * density,
+    for (const char* name : names) {
+        const QImage image = picture(name);
+        const QImage plain = pictureIn(plainFolder, name);
+        expect(image.size() == plain.size() * density,
                std::string(name) + " isn't as large as the plain one in the game's pixels");
+        expect(density == 1 || image != plain.scaled(image.size()), std::string(name) + " is the plain one, enlarged");
+    }
 }
 
 /// How many of the pixels round a pixel, and it itself, are black; beyond the edge there is white.
@@ -125,7 +129,7 @@ void checkGround() {
     expect(complement == picture("picLightning"), "the lightning's mask isn't its complement");
 }
 
-void checkFrame() {
+void checkTable() {
     constexpr QRect outer{21, 44, 310, 507}, board{40, 63, 270, 468}, around{10, 34, 332, 527};
     const QImage table = picture("101");
     const auto isAmiss = [&](int x, int y) {
@@ -134,6 +138,7 @@ void checkFrame() {
         return red != (real(outer).contains(x, y) && !real(board).contains(x, y));
     };
     expect(sumOver(real(around), isAmiss) == 0, "the frame doesn't end exactly at the board");
+    expect(table.copy(real({592, 304, 64, 64})) == picture("picTableTop"), "the small table shows a seam");
 }
 
 // A mask is white where nothing is shown; what is shown is hardly anywhere as black as what isn't.
@@ -305,7 +310,7 @@ int main(int count, char** words) {
     folder = plainFolder = words[1];
     if (count == 4) density = std::atoi(words[2]), plainFolder = words[3];
     for (const auto check :
-         {checkSizes, checkOutlines, checkGround, checkFrame, checkInk, checkSides, checkWords, checkCalm, checkFaces})
+         {checkSizes, checkOutlines, checkGround, checkTable, checkInk, checkSides, checkWords, checkCalm, checkFaces})
         check();
     return pleased ? 0 : 1;
 }

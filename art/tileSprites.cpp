@@ -59,9 +59,9 @@ void walk(Sprite sprite, Put put) {
     }
 }
 
-/// The symbol as an outline, as high and at most as broad as its sprite.
+/// The symbol as an outline, about as large as its sprite.
 void paintFineIndex(QPainter& painter, int x, int y, char symbol, QRgb colour) {
-    constexpr QSizeF room{6.2, 6};
+    constexpr QSizeF room{5.6, 5.5};
     const QPainterPath path = script::plain(QString(QChar(symbol)), room.height());
     const QRectF bounds = path.boundingRect();
     QTransform fit = QTransform::fromTranslate(x, y);
