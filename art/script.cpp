@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "materials.h"
+
 namespace script {
 
 namespace {
@@ -28,11 +30,25 @@ QPen edgePen(QRgb color, double width) {
     return QPen(QColor::fromRgb(color), 2 * width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
 }
 
-QLinearGradient inkOf(const QRectF& bounds, const Ink& ink) {
+QLinearGradient inkOf(const QRectF& bounds, const Ink& ink, QRgb mixedIn = 0, double share = 0) {
     QLinearGradient gradient(bounds.topLeft(), bounds.bottomLeft());
-    gradient.setColorAt(0, QColor::fromRgb(ink.upper));
-    gradient.setColorAt(1, QColor::fromRgb(ink.lower));
+    gradient.setColorAt(0, QColor::fromRgb(materials::mix(ink.upper, mixedIn, share)));
+    gradient.setColorAt(1, QColor::fromRgb(materials::mix(ink.lower, mixedIn, share)));
     return gradient;
+}
+
+/// Fills an outline with its ink. Where pixels are fine the ink stands up a little: its upper left rim takes the light
+/// and its lower right one lies in shade.
+void fill(QPainter& painter, const QPainterPath& path, const QRectF& bounds, const Ink& ink) {
+    if (materials::density == 1) return painter.fillPath(path, inkOf(bounds, ink));
+    constexpr QPointF rim{0.2, 0.2};
+    painter.save();
+    painter.fillPath(path, inkOf(bounds, ink, qRgb(0, 0, 0), 0.3));
+    painter.setClipPath(path, Qt::IntersectClip);
+    painter.fillPath(path.translated(-rim), inkOf(bounds, ink, qRgb(255, 255, 255), 0.2));
+    painter.setClipPath(path.translated(rim), Qt::IntersectClip);
+    painter.fillPath(path.translated(-rim), inkOf(bounds, ink));
+    painter.restore();
 }
 
 }  // namespace
@@ -52,7 +68,7 @@ void paint(QPainter& painter, const QPainterPath& path, const Ink& ink, double e
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     if (edgeWidth > 0) painter.strokePath(path, edgePen(ink.edge, edgeWidth));
-    painter.fillPath(path, inkOf(path.boundingRect(), ink));
+    fill(painter, path, path.boundingRect(), ink);
     painter.restore();
 }
 
@@ -71,7 +87,7 @@ void paintInBand(QPainter& painter, const QPainterPath& path, const QRect& band,
     painter.setRenderHint(QPainter::Antialiasing);
     painter.strokePath(fitted, edgePen(ink.edge, edgeWidth));
     painter.setClipRect(band);
-    painter.fillPath(fitted, inkOf(band, ink));
+    fill(painter, fitted, band, ink);
     painter.restore();
 }
 
