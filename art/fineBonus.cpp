@@ -314,5 +314,5 @@ void paintFineBlade(QPainter& painter, QPointF root, QPointF bend, QPointF tip, 
     const char inks[] = {lit, shaded, 'G'};
     const bool leaf = breadth >= 2;
     outline::paint(painter, outline::stroke(root, bend, tip, breadth, 0), {inks, size_t(leaf ? 3 : 2)});
-    if (leaf) painter.fillPath(outline::stroke(root, bend, tip, 0.3, 0), QColor::fromRgb(paletteColour('l')));
+    if (leaf) outline::paint(painter, outline::stroke(root, bend, tip, 0.3, 0), "ll");
 }

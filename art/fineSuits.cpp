@@ -2,7 +2,10 @@
 
 #include <array>
 #include <cmath>
+#include <string>
+#include <vector>
 
+#include "materials.h"
 #include "outline.h"
 #include "tileRosette.h"
 #include "tileSprites.h"
@@ -14,6 +17,11 @@ constexpr std::array discRings = {
     Ring{1.00, 'm', 'm', 0, 0},   Ring{0.86, 'l', 'l', 0, 0}, Ring{0.80, 'm', 'm', 0, 0},
     Ring{0.66, 'w', 'm', 8, 0.8}, Ring{0.25, 'D', 'D', 0, 0}, Ring{0.10, 'w', 'w', 0, 0},
 };
+
+/// The same where they would run together.
+constexpr std::array smallDiscRings = {Ring{1.00, 'm', 'm', 0, 0}, Ring{0.70, 'w', 'w', 0, 0},
+                                       Ring{0.48, 'D', 'D', 0, 0}, Ring{0.17, 'w', 'w', 0, 0}};
+constexpr double leastDetailed = 10;
 
 /// One member of a cane that stands upright in a box of 5 by 7: waisted, with a knot at its lower end.
 constexpr std::string_view member = "M 1 0.6 C 1.5 2 1.5 5 1 6.4 L 4 6.4 C 3.5 5 3.5 2 4 0.6 Z";
@@ -62,7 +70,9 @@ constexpr QPointF frameCentre(12.5, 20.5);
 }  // namespace
 
 void paintFineDisc(QPainter& painter, QPointF centre, double radius, std::string_view colours) {
-    std::array<Ring, discRings.size()> rings = discRings;
+    const bool detailed = radius * materials::density >= leastDetailed;
+    const std::span<const Ring> unit = detailed ? std::span<const Ring>(discRings) : smallDiscRings;
+    std::vector<Ring> rings(unit.begin(), unit.end());
     for (Ring& ring : rings) ring.outer *= radius;
     paintFineRosette(painter, centre, rings, "Dml", colours);
 }
@@ -79,7 +89,7 @@ void paintFineCane(QPainter& painter, QPointF from, QPointF to, double breadth, 
         const QPointF moved(0, part * boxHeight);
         if (part < 2) {
             outline::engrave(painter, outline::path(member).translated(moved), paletteColour(colours[1]));
-            painter.fillPath(outline::path(gloss).translated(moved), QColor::fromRgb(paletteColour(colours[2])));
+            outline::paint(painter, outline::path(gloss).translated(moved), std::string(2, colours[2]));
         }
         outline::engrave(painter, outline::path(knot).translated(moved), paletteColour(colours[0]));
     }
