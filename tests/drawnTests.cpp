@@ -92,6 +92,8 @@ TEST_F(Drawn, ACaptionStandsWhereItsLookSaysInItsColour) {
         {Align::Left, 20, 1, 58}, {Align::Right, 20, 60, 118}, {Align::Center, 20, 31, 88}, {Align::Left, 10, 1, 29}};
     Panel panel(main_->form, {20, 30, 120, 40});
     panel.setCaption("HEH");
+    Shape hidden(main_->form);  // as long as nobody shows it
+    hidden.setPlace({20, 30, 120, 40});
     for (const auto& row : rows) {
         panel.setFont({"Times New Roman", row.points, true});
         panel.setLook({Bevel::None, Bevel::None, 1, 0x0000FF, row.align});

@@ -219,6 +219,7 @@ TEST_F(OrderForm, ThePrintersFontComesBackAndAFailingPrinterIsReported) {
             EXPECT_EQ(told(platform::printer().font), told(row.after));
             sim::breakPrinter(0);
             sim::press(order.cmdPrint);
+            ASSERT_FALSE(sim::sheets().empty());
             EXPECT_EQ(sim::sheets().back().size(), 25u) << "once more, whole";
         });
         TearDown();
