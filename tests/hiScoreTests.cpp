@@ -1,4 +1,5 @@
-// The score file, byte for byte, and all that can stand in its way.
+// The score file, byte for byte, all that can stand in its way, the view of its table, and the dialog that asks for a
+// name.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -17,8 +18,10 @@
 #include "modZQT.h"
 #include "platform/base/text.h"
 #include "platform/desktop.h"
+#include "platform/pictures.h"
 #include "platform/sim/simulation.h"
 #include "tests/gameFixture.h"
+#include "tests/seenText.h"
 
 namespace {
 
@@ -68,23 +71,28 @@ namespace {
 
 namespace fs = std::filesystem;
 using std::string_literals::operator""s;
+using namespace platform::key;
 
-const std::string blankRecord = "          \0\0\0\0\0\0\0\0"s;
-const std::string fullTable =
-    "ANN       \x04\0\x02\0\xF4\x01\0\0"
-    "Bob Miller\x01\0\x01\0\x90\x01\0\0"
-    "          \x64\0\x05\0\x2C\x01\0\0"
-    "c         \x02\0\x03\0\xC8\0\0\0"
-    "\xC9mile     \x03\0\x04\0\x64\0\0\0"s;
+/// A row of the file; the name is of the code page's bytes.
+std::string record(std::string name, int rounds, int level, int score) {
+    name.resize(10, ' ');
+    for (const int number : {rounds, rounds >> 8, level, level >> 8, score, score >> 8, score >> 16, score >> 24})
+        name += static_cast<char>(number);
+    return name;
+}
 
-class ScoreFile : public GameFixture {
+const std::string blankRecord = record("", 0, 0, 0);
+const std::string fullTable = record("ANN", 4, 2, 500) + record("Bob Miller", 1, 1, 400) + record("", 100, 5, 300) +
+                              record("c", 2, 3, 200) + record("\xC9mile", 3, 4, 100);
+
+class HiScores : public GameFixture {
   protected:
     void SetUp() override {
         GameFixture::SetUp();
         path = platform::programFile("HiScore.dat");
         gaudtHiScore = {};
     }
-    ~ScoreFile() override { comingErrors().clear(); }
+    ~HiScores() override { comingErrors().clear(); }
 
     void put(const std::string& bytes) const { std::ofstream(path, std::ios::binary) << bytes; }
 
@@ -111,7 +119,7 @@ class ScoreFile : public GameFixture {
                 if (!meanwhile.empty()) put(meanwhile);
                 sim::typeText("Eve");
             }
-            sim::pressKey(platform::key::Enter);
+            sim::pressKey(Enter);
         });
         sim::runFor(1000);
         sim::setHands({});
@@ -130,12 +138,20 @@ class ScoreFile : public GameFixture {
         return all;
     }
 
+    /// Opens the view of the table by its button, does something there and leaves it.
+    static void inTable(const std::function<void()>& action) {
+        inDialog(Button::HighScores, [&] {
+            action();
+            sim::pressKey(Escape);
+        });
+    }
+
     std::string path;
     std::string meanwhile;  // what another program puts there while a name is typed; empty for nothing
     size_t heard = 0;       // messages
 };
 
-TEST_F(ScoreFile, IsByteForByteAsItIsLaidOut) {
+TEST_F(HiScores, IsByteForByteAsItIsLaidOut) {
     const std::string laidOut = fullTable.substr(0, 18) + "longer tha\xFE\xFF\x05\0\x78\x56\x34\x12"s +
                                 "x         \xFF\xFF\x00\x80\x00\x00\x00\x80"s + blankRecord + blankRecord;
     std::ofstream(path + ".elsewhere") << "x";
@@ -156,7 +172,7 @@ TEST_F(ScoreFile, IsByteForByteAsItIsLaidOut) {
     EXPECT_EQ(bytes(), laidOut) << "what was read is what was written";
 }
 
-TEST_F(ScoreFile, AnyLengthKeepsItsRowsAndWhatLiesBehindTheTable) {
+TEST_F(HiScores, AnyLengthKeepsItsRowsAndWhatLiesBehindTheTable) {
     const std::string longFile = fullTable + "and more";
     for (size_t length = 0; length <= longFile.size(); ++length) {
         SCOPED_TRACE(length);
@@ -173,7 +189,7 @@ TEST_F(ScoreFile, AnyLengthKeepsItsRowsAndWhatLiesBehindTheTable) {
     EXPECT_TRUE(sim::messages().empty());
 }
 
-TEST_F(ScoreFile, NamesAreOneByteACharacter) {
+TEST_F(HiScores, NamesAreOneByteACharacter) {
     struct {
         const char *what, *name, *bytes, *readBack;
     } const cases[] = {
@@ -199,10 +215,10 @@ TEST_F(ScoreFile, NamesAreOneByteACharacter) {
     EXPECT_EQ(bytes().substr(0, 10), "\0\x1F\x81\x8D\x8F\x90\x9D\x80\xA0 "s) << "and yet stay as they are";
 }
 
-TEST_F(ScoreFile, AMatchEntersByItsScoreAlone) {
+TEST_F(HiScores, AMatchEntersByItsScoreAlone) {
     const std::string full = fullTable;
     const auto rows = [&](int first, int count) { return full.substr((first - 1) * 18, count * 18); };
-    const auto entered = [](const char* score) { return "Eve       \x02\0\x03\0"s + std::string(score, 2) + "\0\0"s; };
+    const auto eve = [](int score) { return record("Eve", 2, 3, score); };
     struct {
         const char* what;
         std::string before;  // empty: no file
@@ -210,21 +226,17 @@ TEST_F(ScoreFile, AMatchEntersByItsScoreAlone) {
         std::string after;  // empty: nothing enters
         std::string meanwhile = {};
     } const cases[] = {
-        {"the first ever", "", 1, entered("\1\0") + blankRecord + blankRecord + blankRecord + blankRecord},
+        {"the first ever", "", 1, eve(1) + blankRecord + blankRecord + blankRecord + blankRecord},
         {"no score makes no file", "", 0, ""},
-        {"in the middle", full, 350, rows(1, 2) + entered("\x5E\1") + rows(3, 2)},
-        {"below an equal score", full, 400, rows(1, 2) + entered("\x90\1") + rows(3, 2)},
-        {"on top", full, 501, entered("\xF5\1") + rows(1, 4)},
-        {"into the last row", full, 101, rows(1, 4) + entered("\x65\0")},
+        {"in the middle", full, 350, rows(1, 2) + eve(350) + rows(3, 2)},
+        {"below an equal score", full, 400, rows(1, 2) + eve(400) + rows(3, 2)},
+        {"on top", full, 501, eve(501) + rows(1, 4)},
+        {"into the last row", full, 101, rows(1, 4) + eve(101)},
         {"equal to the last row", full, 100, ""},
-        {"into a blank row", rows(1, 2) + blankRecord + blankRecord + blankRecord, 1,
-         rows(1, 2) + entered("\1\0") + blankRecord + blankRecord},
-        {"below another program's new row", full, 350,
-         rows(1, 1) + entered("\xC2\1") + rows(2, 1) + entered("\x5E\1") + rows(3, 1),
-         rows(1, 1) + entered("\xC2\1") + rows(2, 3)},
-        {"into the file that another program has made", "", 7, rows(1, 3) + entered("\7\0") + blankRecord, rows(1, 3)},
-        {"no more, since another program's row is better", full, 101, rows(1, 4) + entered("\x66\0"),
-         rows(1, 4) + entered("\x66\0")},
+        {"into a blank row", rows(1, 4) + blankRecord, 1, rows(1, 4) + eve(1)},
+        {"below another program's", full, 350, eve(600) + rows(1, 2) + eve(350) + rows(3, 1), eve(600) + rows(1, 4)},
+        {"into another program's file", "", 7, rows(1, 3) + eve(7) + blankRecord, rows(1, 3)},
+        {"no more, by another program", full, 101, rows(1, 4) + eve(102), rows(1, 4) + eve(102)},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
@@ -240,7 +252,7 @@ TEST_F(ScoreFile, AMatchEntersByItsScoreAlone) {
     EXPECT_TRUE(sim::messages().empty());
 }
 
-TEST_F(ScoreFile, WhatStandsInItsWayIsToldOnceAndNothingIsLost) {
+TEST_F(HiScores, WhatStandsInItsWayIsToldOnceAndNothingIsLost) {
     using Type = fs::file_type;
     struct Fault {
         std::string what, before;  // what the file holds; empty: there is none
@@ -266,7 +278,7 @@ TEST_F(ScoreFile, WhatStandsInItsWayIsToldOnceAndNothingIsLost) {
         return calls({{"close", {0, 0, closing}}, {"pwrite", writing}});
     };
     const Errors interrupted = {{"open", {EINTR}}, {"pread", {EINTR}}, {"pwrite", {EINTR}}, {"close", {0, 0, EINTR}}};
-    const auto onTop = "Eve       \x02\0\x03\0\x58\2\0\0"s + fullTable.substr(0, 72);
+    const auto onTop = record("Eve", 2, 3, 600) + fullTable.substr(0, 72);
     const std::string one = "summary ", two = "summary name ", all = "summary name table ",
                       read = "gblnfReadHiScoreFile: Error ", save = "gsSaveHiScore: Error ",
                       noFile = "75 - Path/File access error: ", missing = "53 - File not found: ",
@@ -316,6 +328,96 @@ TEST_F(ScoreFile, WhatStandsInItsWayIsToldOnceAndNothingIsLost) {
         fs::remove(path);
         EXPECT_TRUE(fs::is_empty(folder)) << "nothing was made beside it";
     }
+}
+
+constexpr platform::Color shadow = 0x404040;
+
+/// What stands in the view of the table.
+std::string texts() {
+    std::string all;
+    for (const platform::PrintedText& text : gfrmHiScore->form.surface().texts) {
+        EXPECT_EQ(text.font.name, "Times New Roman");
+        EXPECT_EQ(text.font.points, 12);
+        EXPECT_TRUE(text.font.bold);
+        EXPECT_TRUE(text.color == shadow || text.color == 0) << text.color;
+        all += (text.color == shadow ? "grey " : "") + text.text + '@' + std::to_string(text.left) + ',' +
+               std::to_string(text.top) + '\n';
+    }
+    return all;
+}
+
+TEST_F(HiScores, TheTableStandsWhereItsPictureHasRoom) {
+    put(record("ANN", 4, 2, 123456) + record(" Zo\xEB \x80", 100, 5, 500) + record("", 1, 1, 7) + record("x", 9, 9, 0) +
+        record("bad", 1, 1, -12));
+    inTable([&] {
+        EXPECT_EQ(gfrmHiScore->form.left() - game->form.left(), 147.5 * 15);
+        EXPECT_EQ(gfrmHiScore->form.top() - game->form.top(), 115 * 15);
+        // A letter of this size is nine pixels wide here, so that the scores end at 445.
+        EXPECT_EQ(texts(), seenText("hiScores"));
+        const platform::Surface ground(platform::pictureByName("104"));
+        int different = 0;
+        for (int y = 0; y < 351; ++y)
+            for (int x = 0; x < 500; ++x)
+                if (gfrmHiScore->form.surface().point(x, y) != ground.point(x, std::min(y, 349))) ++different;
+        EXPECT_EQ(different, 0) << "the picture, its last line twice";
+    });
+}
+
+TEST_F(HiScores, TheTableIsReadAnewAtEachShowing) {
+    inTable([] { EXPECT_EQ(texts(), "") << "no file yet"; });
+    EXPECT_FALSE(fs::exists(path));
+    put(record("A", 1, 1, 5));
+    inTable([] { EXPECT_NE(texts().find("A@66"), std::string::npos); });
+    put(record("B", 1, 1, 5));
+    inTable([] { EXPECT_EQ(texts().find("A@66"), std::string::npos); });
+    fs::remove(path);
+    fs::create_directory(path);
+    inTable([] { EXPECT_EQ(sim::messages().size(), 1u) << "told once, and shown all the same"; });
+}
+
+TEST_F(HiScores, TheNameDialogTellsTheScoreAndTakesWhatTheKeysMayType) {
+    struct {
+        const char *typed, *name;
+    } const cases[] = {
+        {"aBcXyZ 09", "aBcXyZ 09"},
+        {"~!@#$%^&*(", "~!@#$%^&*("},
+        {")_+`-={}|[", ")_+`-={}|["},
+        {"]\\:\";'<>?,", "]\\:\";'<>?,"},
+        {"./", "./"},
+        {"Zoë£中x", "Zox"},
+        {"12345678901", "1234567890"},
+        {"  a ", "  a "},
+    };
+    const frmGetName* const object = gfrmGetName.hold().get();
+    std::string before;
+    for (const auto& row : cases) {
+        gfrmGetName->msLoadFormVariables(-5);
+        inDialog([] { gfrmGetName.showModal(); },
+                 [&] {
+                     EXPECT_EQ(gfrmGetName->sspCongratulations.caption(),
+                               "Congratulations!  You Have A High Score Of -5!");
+                     EXPECT_TRUE(gfrmGetName->txtName.hasFocus());
+                     EXPECT_EQ(gfrmGetName->txtName.text(), "");
+                     EXPECT_EQ(gfrmGetName->mprpName(), before) << "as long as no other is accepted";
+                     sim::typeText(row.typed);
+                     for (const int key : {int{Escape}, int{Tab}, int{Left}, int{Up}}) sim::pressKey(key);
+                     EXPECT_TRUE(gfrmGetName.isOpen());
+                     sim::pressKey(Enter);
+                 });
+        EXPECT_EQ(gfrmGetName->mprpName(), row.name);
+        before = row.name;
+    }
+    inDialog([] { gfrmGetName.showModal(); },
+             [&] {
+                 gfrmGetName->txtName.setText("Bob");
+                 gfrmGetName->txtName.setEnabled(false);  // Enter then comes to the form alone.
+                 sim::pressKey(Space);
+                 EXPECT_TRUE(gfrmGetName.isOpen());
+                 sim::pressKey(Enter);
+             });
+    EXPECT_EQ(gfrmGetName->mprpName(), "Bob");
+    EXPECT_EQ(gfrmGetName.hold().get(), object);
+    gfrmGetName->txtName.setEnabled(true);
 }
 
 }  // namespace
