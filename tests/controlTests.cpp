@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QTest>
-#include <functional>
 #include <utility>
 #include <vector>
 

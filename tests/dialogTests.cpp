@@ -1,7 +1,5 @@
 // What each dialog shows and where, what the keys and the pointer do in it, and what closes it.
 
-#include <functional>
-
 #include "forms/frmAbout.h"
 #include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"

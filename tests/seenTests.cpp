@@ -72,8 +72,7 @@ std::string colourOf(const QWidget& widget, QPalette::ColorRole role, const char
 
 /// What is painted in the upper left corner and in the lower right one, so many pixels inward.
 std::pair<QRgb, QRgb> cornersOf(const QImage& seen, int depth) {
-    const QPoint corner = seen.rect().bottomRight() - QPoint(depth, depth);
-    return {seen.valid(depth, depth) ? seen.pixel(depth, depth) : 0, seen.valid(corner) ? seen.pixel(corner) : 0};
+    return {seen.pixel(depth, depth), seen.pixel(seen.rect().bottomRight() - QPoint(depth, depth))};
 }
 
 /// The edges, from the corners inward, each with its width.
@@ -97,7 +96,7 @@ std::string frameOf(QWidget& widget) {
     const QImage seen = seenOf(widget, widget.rect());
     const QRgb color = seen.pixel(0, 0);
     int width = 0;
-    while (cornersOf(seen, width) == std::pair(color, color)) ++width;
+    while (width < seen.height() && cornersOf(seen, width) == std::pair(color, color)) ++width;
     return ' ' + std::to_string(width) + " wide in " + nameOf(color);
 }
 
