@@ -52,26 +52,23 @@ PrintService::~PrintService() {
 void PrintService::writeSettings(Queue queue) const {
     for (const char* each : {"root", "bin/backend", "cache", "spool/tmp", "state", "out"}) QDir(folder_).mkpath(each);
     QFile::link("/usr/lib/cups/daemon", folder_ + "/bin/daemon");
-    const auto ownersAlone = QFile::ReadOwner | QFile::WriteOwner;
-    writeFile(folder_ + "/bin/backend/sheet",
-              "#!/bin/sh\n"
-              "[ $# -ge 5 ] || exit 0\n"
-              "cat \"${6:--}\" >'" +
-                  folder_ + "/out/part' && mv '" + folder_ + "/out/part' '" + folder_ + "/out/job'\n",
-              ownersAlone | QFile::ExeOwner);
-    writeFile(folder_ + "/root/cupsd.conf",
-              "Listen " + folder_ + "/socket\n<Location />\nOrder allow,deny\nAllow all\n</Location>\n", ownersAlone);
-    writeFile(
-        folder_ + "/root/cups-files.conf",
-        QString("ServerRoot %1/root\nServerBin %1/bin\nRequestRoot %1/spool\nCacheDir %1/cache\nStateDir %1/state\n"
-                "TempDir %1/spool/tmp\nAccessLog %1/access\nErrorLog %1/errors\nPageLog %1/pages\nPrintcap\n")
-            .arg(folder_),
-        ownersAlone);
-    writeFile(folder_ + "/root/printers.conf",
-              QString("<DefaultPrinter sheets>\nDeviceURI sheet:/\nState Idle\nAccepting %1\nJobSheets none none\n"
-                      "</DefaultPrinter>\n")
-                  .arg(queue == Queue::Accepts ? "Yes" : "No"),
-              ownersAlone);
+    const auto write = [this](const char* file, const char* text, QFile::Permissions more = {}) {
+        writeFile(folder_ + file, QString(text).replace("FOLDER", folder_),
+                  QFile::ReadOwner | QFile::WriteOwner | more);
+    };
+    write("/bin/backend/sheet",
+          "#!/bin/sh\n[ $# -ge 5 ] || exit 0\n"
+          "cat \"${6:--}\" >'FOLDER/out/part' && mv 'FOLDER/out/part' 'FOLDER/out/job'\n",
+          QFile::ExeOwner);
+    write("/root/cupsd.conf", "Listen FOLDER/socket\n<Location />\nOrder allow,deny\nAllow all\n</Location>\n");
+    write("/root/cups-files.conf",
+          "ServerRoot FOLDER/root\nServerBin FOLDER/bin\nRequestRoot FOLDER/spool\nCacheDir FOLDER/cache\n"
+          "StateDir FOLDER/state\nTempDir FOLDER/spool/tmp\nAccessLog FOLDER/access\nErrorLog FOLDER/errors\n"
+          "PageLog FOLDER/pages\nPrintcap\n");
+    const std::string accepting = queue == Queue::Accepts ? "Accepting Yes\n" : "Accepting No\n";
+    write("/root/printers.conf", ("<DefaultPrinter sheets>\nDeviceURI sheet:/\nState Idle\n" + accepting +
+                                  "JobSheets none none\n</DefaultPrinter>\n")
+                                     .c_str());
 }
 
 QString PrintService::waitForJob() const {
