@@ -93,7 +93,7 @@ TEST_F(GameMusic, WithoutPieceOrDeviceTheGameIsSilentAndSaysNothing) {
     struct {
         const char* what;
         void (*take)(frmMain&);
-        int interval;  // during a match
+        int interval, mode;  // during a match
     } const rows[] = {
         {"no piece",
          [](frmMain& form) {
@@ -101,9 +101,9 @@ TEST_F(GameMusic, WithoutPieceOrDeviceTheGameIsSilentAndSaysNothing) {
              form.mmcZQT.setCommand("Close");
              form.Form_Load();
          },
-         55},
-        {"no device", [](frmMain&) { sim::setSoundDevice(false); }, 55},
-        {"not set up", [](frmMain& form) { form.mblnMusicReady = false; }, 0},
+         55, 524},
+        {"no device", [](frmMain&) { sim::setSoundDevice(false); }, 55, 524},
+        {"not set up", [](frmMain& form) { form.mblnMusicReady = false; }, 0, 525},
     };
     for (const auto& row : rows) {
         SetUp();
@@ -113,6 +113,7 @@ TEST_F(GameMusic, WithoutPieceOrDeviceTheGameIsSilentAndSaysNothing) {
         EXPECT_EQ(trace, "") << row.what;
         EXPECT_GT(game->mintTilesDropped, 0) << row.what;
         EXPECT_EQ(game->mmcZQT.updateInterval(), row.interval) << row.what;
+        EXPECT_EQ(game->mmcZQT.mode(), row.mode) << row.what << ": it isn't begun again and again";
         sim::clickToolButton(Button::Stop);
         EXPECT_EQ(game->mmcZQT.command(), "Prev") << row.what << ": stopped without a test";
         EXPECT_TRUE(sim::messages().empty()) << row.what;
