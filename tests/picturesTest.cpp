@@ -1,9 +1,8 @@
-// What the game relies on in the committed pictures: sizes, masks, outlines, places, and faces that differ.
+// What the game relies on in the committed pictures: sizes, masks, outlines and places.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <map>
 #include <string>
 
@@ -16,7 +15,6 @@ constexpr uint32_t white = 0xFFFFFFFF;
 constexpr int tileWidth = 30;
 constexpr int tileHeight = 39;
 constexpr int viewCount = 3;
-constexpr int faceCount = 42;
 
 const PngImage& picture(const std::string& name) {
     static std::map<std::string, PngImage> pictures;
@@ -153,23 +151,6 @@ TEST(Table, smallTableLeavesNoSeam) {
     const PngImage& top = picture("picTableTop");
     const Rect all = {0, 0, top.width, top.height};
     EXPECT_EQ(countOf(all, [&](int x, int y) { return top.at(x, y) != table.at(592 + x, 304 + y); }), 0);
-}
-
-TEST(Faces, areToldApart) {
-    constexpr int clearStep = 96;  // of red, green and blue together
-    constexpr int leastPixels = 40;
-    const PngImage& tiles = picture("picAllTiles");
-    for (int one = 0; one < faceCount; ++one)
-        for (int other = one + 1; other < faceCount; ++other)
-            for (int view = 0; view < viewCount; ++view) {
-                const int differing = countOf({0, view * tileHeight, tileWidth, tileHeight}, [&](int x, int y) {
-                    const uint32_t a = tiles.at(one * tileWidth + x, y);
-                    const uint32_t b = tiles.at(other * tileWidth + x, y);
-                    const int step = std::abs(red(a) - red(b)) + std::abs(green(a) - green(b));
-                    return step + std::abs(blue(a) - blue(b)) > clearStep;
-                });
-                EXPECT_GE(differing, leastPixels) << "faces " << one << " and " << other << ", view " << view;
-            }
 }
 
 }  // namespace
