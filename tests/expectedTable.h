@@ -20,23 +20,29 @@ class ExpectedTable {
     }
     /// Tiles on the board, as in GameFixture::setBoard.
     ExpectedTable& board(const std::string& rowsFromBottom) {
-        int row = 12, column = 0;
-        for (const std::string& name : words(rowsFromBottom))
-            if (name == "/")
-                --row, column = 0;
-            else if (++column; name != ".")
-                tile(column, row, name);
+        std::istringstream rows(rowsFromBottom);
+        int row = 12;
+        for (std::string names; std::getline(rows, names, '/'); --row) {
+            int column = 1;
+            for (const std::string& name : words(names)) {
+                if (name != ".") tile(column, row, name);
+                ++column;
+            }
+        }
         return *this;
     }
     ExpectedTable& nextTile(const std::string& name) { return straightTile(474, 44, name); }
     /// The tiles taken, from the left; behind a bar the flowers and seasons.
     ExpectedTable& earned(const std::string& text) {
-        int left = 352, top = 177;
-        for (const std::string& name : words(text))
-            if (name == "|")
-                left = 352, top = 129;
-            else
-                straightTile(left, top, name), left += 30;
+        std::istringstream rows(text);
+        int top = 177;
+        for (std::string names; std::getline(rows, names, '|'); top = 129) {
+            int left = 352;
+            for (const std::string& name : words(names)) {
+                straightTile(left, top, name);
+                left += 30;
+            }
+        }
         return *this;
     }
     /// The small table with its names, the small marker on the House, and the large one.
@@ -109,8 +115,10 @@ class ExpectedTable {
             for (int x = 0; x < width; ++x) {
                 if ((surface.row(y)[x] & colourBits) == pixels_[at(x, y)]) continue;
                 ++count;
-                left = std::min(left, x), right = std::max(right, x);
-                top = std::min(top, y), bottom = y;
+                left = std::min(left, x);
+                right = std::max(right, x);
+                top = std::min(top, y);
+                bottom = y;
             }
         if (count == 0) return ::testing::AssertionSuccess();
         return how << count << " pixels differ, in x " << left << " to " << right << ", y " << top << " to " << bottom;

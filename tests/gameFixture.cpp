@@ -75,12 +75,15 @@ void GameFixture::dealHand(const std::string& firstTiles, int seat, int house, i
 }
 
 void GameFixture::setBoard(const std::string& rowsFromBottom) {
-    int row = bottomRow, column = 0;
-    for (const std::string& name : words(rowsFromBottom))
-        if (name == "/")
-            --row, column = 0;
-        else if (++column; name != ".")
-            game->CellTable[row][column].fill(game->TileKinds[kindOf(name)]);
+    std::istringstream rows(rowsFromBottom);
+    int row = bottomRow;
+    for (std::string names; std::getline(rows, names, '/'); --row) {
+        int column = 1;
+        for (const std::string& name : words(names)) {
+            if (name != ".") game->CellTable[row][column].fill(game->TileKinds[kindOf(name)]);
+            ++column;
+        }
+    }
 }
 
 std::string GameFixture::board() const {

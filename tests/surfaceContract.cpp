@@ -128,7 +128,8 @@ TEST(SurfaceContract, ACopyOfTheWholeIsWholeWhateverWasDrawnOnEither) {
         const bool many = turn % 500 == 0;  // More than a surface remembers, and none that changes all of it.
         for (int left = many ? 300 : static_cast<int>(choice >> 20 & 3); left > 0; --left) {
             choice = choice * 1664525 + 1013904223;
-            x = static_cast<int>(choice >> 11 & 7), y = static_cast<int>(choice >> 15 & 7);
+            x = static_cast<int>(choice >> 11 & 7);
+            y = static_cast<int>(choice >> 15 & 7);
             Surface* const surfaces[] = {&source, &destination, &second};
             strokes[(choice >> 3) % (many ? 4 : 7)](*surfaces[choice >> 28 & 1 ? 0 : (choice >> 26) % 3]);
         }
