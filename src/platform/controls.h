@@ -152,7 +152,6 @@ class CommandButton : public CaptionButton {
 class SpinButton : public Control {
   public:
     SpinButton(Panel& panel, const Place& place);  ///< On a panel, which must live as long.
-    ~SpinButton();
 
     std::function<void()> onSpinUp;    ///< Once for each press and repeat of the upper arrow or the Up key.
     std::function<void()> onSpinDown;  ///< Once for each press and repeat of the lower arrow or the Down key.

@@ -45,7 +45,6 @@ class MMControl {
     int32_t mode() const;
 
   private:
-    struct CommandRow;
     void open();
     void play();
     void stop();

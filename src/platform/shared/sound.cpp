@@ -1,14 +1,11 @@
 #include "platform/sound.h"
 
+#include <map>
+
 #include "platform/base/uncaught.h"
 #include "platform/shared/sequencer.h"
 
 namespace platform {
-
-struct MMControl::CommandRow {
-    const char* word;
-    void (MMControl::*carryOut)();
-};
 
 MMControl::MMControl() {
     statusTimer_.onTick = [this] { callSlot(onStatusUpdate); };
@@ -22,26 +19,19 @@ void MMControl::setUpdateInterval(int milliseconds) {
 }
 
 void MMControl::setCommand(const std::string& command) {
-    static constexpr CommandRow commands[] = {
+    static const std::map<std::string, void (MMControl::*)()> commands = {
         {"Open", &MMControl::open},   {"Play", &MMControl::play},   {"Stop", &MMControl::stop},
         {"Next", &MMControl::rewind}, {"Prev", &MMControl::rewind}, {"Close", &MMControl::close},
     };
     command_ = command;
-    for (const CommandRow& row : commands)
-        if (command == row.word) (this->*row.carryOut)();
+    if (const auto found = commands.find(command); found != commands.end()) (this->*found->second)();
 }
 
 int32_t MMControl::mode() const {
     if (!playing_) return restingMode_;
-    switch (sequencer::stateOf(performance_)) {
-        case sequencer::State::Going:
-            return modePlaying;
-        case sequencer::State::Ended:
-            return modeStopped;
-        case sequencer::State::Failed:
-            break;
-    }
-    return modeNotReady;
+    const sequencer::State state = sequencer::stateOf(performance_);
+    if (state == sequencer::State::Failed) return modeNotReady;
+    return state == sequencer::State::Going ? modePlaying : modeStopped;
 }
 
 void MMControl::open() {

@@ -140,7 +140,6 @@ void CommandButton::makeCancel() { impl_->answers = key::Escape; }
 
 SpinButton::SpinButton(Panel& panel, const Place& /*place*/)
     : Control(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl())) {}
-SpinButton::~SpinButton() = default;
 
 std::string EditField::text() const { return impl_->text; }
 void EditField::selectAll() {}

@@ -36,17 +36,18 @@ class ArrowStyle : public QProxyStyle {
 
 class Arrows : public QAbstractSpinBox {
   public:
-    explicit Arrows(SpinButton& owner) : owner_(&owner) {
+    Arrows() {
         setFrame(false);
         setContextMenuPolicy(Qt::NoContextMenu);
         setAttribute(Qt::WA_InputMethodEnabled, false);
         setAccessibleName(QStringLiteral("Up or down"));
     }
 
-    void retire() { owner_ = nullptr; }
-
     void stepBy(int steps) override {
-        if (owner_ != nullptr) qt::callUnlessBlocked(this, steps > 0 ? owner_->onSpinUp : owner_->onSpinDown);
+        const Control::Impl* const control = qt::formWindowOf(this)->controlOf(this);
+        if (control == nullptr) return;  // It is gone, and its face goes soon.
+        const auto& spin = static_cast<const SpinButton&>(control->owner);
+        qt::callUnlessBlocked(this, steps > 0 ? spin.onSpinUp : spin.onSpinDown);
     }
 
   protected:
@@ -70,9 +71,6 @@ class Arrows : public QAbstractSpinBox {
         mark.rect.adjust(inset, inset, -inset, -inset);
         QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, mark);
     }
-
-  private:
-    SpinButton* owner_;
 };
 
 }  // namespace
@@ -166,13 +164,9 @@ void CommandButton::makeDefault() {
 void CommandButton::makeCancel() { impl_->window->setCancelButton(qt::faceOf<QPushButton>(*this)); }
 
 SpinButton::SpinButton(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, new Arrows(*this), panel, place)) {
+    : Control(std::make_unique<Impl>(*this, new Arrows, panel, place)) {
     static QStyle* const style = new ArrowStyle;
     impl_->face->setStyle(style);
-}
-
-SpinButton::~SpinButton() {
-    if (auto* const arrows = qt::faceOf<Arrows>(*this)) arrows->retire();
 }
 
 }  // namespace platform
