@@ -49,35 +49,19 @@ class ToolButton : public QToolButton {
     void goOn(int step);
 };
 
-/// The strip that the buttons lie on. F10 in its form goes to the first of them, and the buttons' own keys press them.
-class Strip : public QWidget {
-  public:
-    explicit Strip(qt::FormWindow* form);
-
-    /// The buttons that are seen, from the left.
-    std::vector<ToolButton*> row() const;
-
-  private:
-    bool take(const QKeyEvent& event, bool repeat);
-};
-
-Strip::Strip(qt::FormWindow* form) : QWidget(form) {
-    form->takeToolKey = [strip = QPointer<Strip>(this)](const QKeyEvent& event, bool repeat) {
-        return strip && strip->take(event, repeat);
-    };
-}
-
-std::vector<ToolButton*> Strip::row() const {
+/// The buttons of a strip that are seen, from the left.
+std::vector<ToolButton*> buttonsOn(const QWidget* strip) {
     std::vector<ToolButton*> seen;
-    for (QObject* child : children())
+    for (QObject* child : strip->children())
         if (auto* const button = dynamic_cast<ToolButton*>(child); button && button->isVisible())
             seen.push_back(button);
     return seen;
 }
 
-bool Strip::take(const QKeyEvent& event, bool repeat) {
-    const auto seen = row();
-    const bool marks = event.key() == Qt::Key_F10 && !seen.empty() && !qt::formWindowOf(this)->toolsHaveKeys();
+/// Whether a key of its form is one for a strip: F10 goes to the first of the buttons, and their own keys press them.
+bool takeKey(const QWidget* strip, const QKeyEvent& event, bool repeat) {
+    const auto seen = buttonsOn(strip);
+    const bool marks = event.key() == Qt::Key_F10 && !seen.empty() && !qt::formWindowOf(strip)->toolsHaveKeys();
     const auto pressed =
         std::ranges::find_if(seen, [&](const ToolButton* button) { return button->isPressedBy(event); });
     if (!marks && pressed == seen.end()) return false;
@@ -139,7 +123,7 @@ void ToolButton::keyPressEvent(QKeyEvent* event) {
 }
 
 void ToolButton::goOn(int step) {
-    const auto row = static_cast<const Strip*>(parentWidget())->row();
+    const auto row = buttonsOn(parentWidget());
     const auto count = static_cast<int>(row.size());
     const auto place = static_cast<int>(std::ranges::find(row, this) - row.begin());
     row[static_cast<size_t>((place + step + count) % count)]->mark(Qt::TabFocusReason);
@@ -165,9 +149,9 @@ QPoint openingPlace(const qt::FormWindow* window) {
 }  // namespace
 
 struct ToolBar::Impl {
-    explicit Impl(qt::FormWindow* parent, const ImageList& list) : strip(new Strip(parent)), images(list) {}
+    explicit Impl(qt::FormWindow* parent, const ImageList& list) : strip(new QWidget(parent)), images(list) {}
 
-    qt::Owned<Strip> strip;
+    qt::Owned<QWidget> strip;
     QObject listener;  // Nothing is heard of clicks when it is gone.
     QFrame* edge = nullptr;
     DynamicTable<ToolButton*> buttons;
@@ -187,25 +171,29 @@ void ToolBar::Impl::layOut() {
 
 ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& images)
     : impl_(std::make_unique<Impl>(qt::windowOf(form), images)) {
+    QWidget* const strip = impl_->strip.get();
+    qt::windowOf(form)->takeToolKey = [strip = QPointer<QWidget>(strip)](const QKeyEvent& event, bool repeat) {
+        return strip && takeKey(strip, event, repeat);
+    };
     QPalette palette{QColor(stripColor)};
     palette.setColor(QPalette::WindowText, QColor(edgeColor));
-    qt::setRole(*impl_->strip.get(), QAccessible::ToolBar);
-    impl_->strip->setAccessibleName(QStringLiteral("Toolbar"));
-    impl_->strip->setPalette(palette);
-    impl_->strip->setAutoFillBackground(true);
-    impl_->strip->resize(form.scaleWidth(), height);
-    impl_->edge = new QFrame(impl_->strip.get());
+    qt::setRole(*strip, QAccessible::ToolBar);
+    strip->setAccessibleName(QStringLiteral("Toolbar"));
+    strip->setPalette(palette);
+    strip->setAutoFillBackground(true);
+    strip->resize(form.scaleWidth(), height);
+    impl_->edge = new QFrame(strip);
     impl_->edge->setFrameStyle(QFrame::HLine | QFrame::Plain);
     impl_->buttons.resize(buttonCount);
     for (int number = 1; number <= buttonCount; ++number) {
-        auto* const button = new ToolButton(impl_->strip.get());
+        auto* const button = new ToolButton(strip);
         button->resize(buttonWidth, height);
         QObject::connect(button, &QToolButton::clicked, &impl_->listener,
                          [this, button, number] { qt::callUnlessBlocked(button, onButtonClick, number); });
         impl_->buttons[number] = button;
     }
     impl_->layOut();
-    if (impl_->strip->parentWidget()->isVisible()) impl_->strip->show();
+    if (strip->parentWidget()->isVisible()) strip->show();
 }
 
 ToolBar::~ToolBar() = default;

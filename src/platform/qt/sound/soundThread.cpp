@@ -89,19 +89,16 @@ bool SoundThread::carryOut(const Music& wanted) {
 void SoundThread::makeMixer() {
     const auto make = reinterpret_cast<MakeMixer>(moduleEntry(soundModule, soundEntry));
     if (make == nullptr) return;
-    mixer_.reset(
-        make(programName, {[this](uint64_t performance) { tellEnded(performance); }, [this] { tellQuiet(); }}));
-}
-
-void SoundThread::tellEnded(uint64_t performance) {
-    const std::lock_guard lock(mutex_);
-    ended_ = performance;
-}
-
-void SoundThread::tellQuiet() {
-    const std::lock_guard lock(mutex_);
-    requests_.quiet = true;
-    request();
+    const auto tellEnded = [this](uint64_t performance) {
+        const std::lock_guard lock(mutex_);
+        ended_ = performance;
+    };
+    const auto tellQuiet = [this] {
+        const std::lock_guard lock(mutex_);
+        requests_.quiet = true;
+        request();
+    };
+    mixer_.reset(make(programName, {tellEnded, tellQuiet}));
 }
 
 }  // namespace platform::qt

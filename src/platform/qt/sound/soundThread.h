@@ -45,8 +45,6 @@ class SoundThread {
     void carryOut(const Requests& requests);
     bool carryOut(const Music& wanted);
     void makeMixer();
-    void tellEnded(uint64_t performance);
-    void tellQuiet();
 
     std::mutex mutex_;  // held for moments only; guards what follows
     std::condition_variable_any changed_;
