@@ -56,7 +56,7 @@ void frmChooseTiles::Form_Load() {
         picWork.resize(chooserPlace.width, chooserPlace.height);
         showTable(picWork, main);
         msLoadTiles();
-        gsSetClientSize(0, 0, chooserPlace.width - 1, chooserPlace.height - menuBarHeight, form);
+        gsSetClientSize(0, 0, chooserPlace.width - 1, chooserPlace.height - platform::menuBarHeight, form);
         form.move(main.left() + chooserPlace.left * (main.width() / main.scaleWidth()),
                   main.top() + chooserPlace.top * (main.height() / main.scaleHeight()));
         showTable(form.surface(), main);  // The form is a line higher than its picture; that line shows the table too.

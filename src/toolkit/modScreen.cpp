@@ -6,13 +6,18 @@
 
 namespace {
 
+constexpr double twipsPerInch = 1440;
 constexpr double secondsPerDay = 86400;
 
 }  // namespace
 
 void gsSetClientSize(int32_t left, int32_t top, int32_t right, int32_t bottom, platform::Form& form) {
-    form.resize((right - left + 1) * platform::twipsPerPixel,
-                (bottom - top + 1 + menuBarHeight) * platform::twipsPerPixel);
+    platform::Rect rect{left, top, right, bottom};
+    platform::AdjustWindowRect(rect, 0, true);
+    const int across = platform::GetDeviceCaps(form, platform::LOGPIXELSX);
+    const int down = platform::GetDeviceCaps(form, platform::LOGPIXELSY);
+    form.resize((rect.right - rect.left + 1) * (twipsPerInch / across),
+                (rect.bottom - rect.top + 1) * (twipsPerInch / down));
 }
 
 void gsCenterForm(platform::Form& form) {
@@ -20,7 +25,7 @@ void gsCenterForm(platform::Form& form) {
 }
 
 void gsFitDialog(platform::Form& form, int width, int height, double down) {
-    gsSetClientSize(0, 0, width - 1, height - 1 - menuBarHeight, form);
+    gsSetClientSize(0, 0, width - 1, height - 1 - platform::menuBarHeight, form);
     const platform::Form* const over = platform::mainForm();
     if (over == nullptr) return;
     form.move(over->left() + (over->width() - form.width()) / 2,

@@ -19,9 +19,7 @@ constexpr platform::Color yellow = 0x00FFFF;
 constexpr platform::Color magenta = 0xFF00FF;
 constexpr platform::Color darkGrey = 0x404040;
 
-constexpr int menuBarHeight = 20;  ///< Pixels.
-
-/// Sizes a form from a rectangle in pixels, grown by a menu bar at the top.
+/// Sizes a form from a rectangle in pixels, grown by a menu bar of 20 pixels at the top.
 void gsSetClientSize(int32_t left, int32_t top, int32_t right, int32_t bottom, platform::Form& form);
 
 /// Moves a form to the centre of the screen.
