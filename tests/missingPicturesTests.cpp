@@ -9,6 +9,7 @@
 namespace platform {
 
 std::span<const StoredPicture> storedPictures() { return {}; }
+std::span<const uint32_t> storedPixels() { return {}; }
 
 }  // namespace platform
 

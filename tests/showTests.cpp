@@ -57,7 +57,7 @@ class Onlooker : public QObject {
         ASSERT_EQ(seen, window_->grab().toImage().convertToFormat(format)) << "at look " << looks;
         if (!hands_.seesTableOnly() || gfrmMain->mintCurRow <= 0) return;
         // A tile that falls was shown last, so that the window has the whole of the work picture below the toolbar.
-        for (int y = 40; y < seen.height(); ++y) {
+        for (int y = 40 * platform::density(); y < seen.height(); ++y) {
             const auto* const row = reinterpret_cast<const uint32_t*>(seen.constScanLine(y));
             ASSERT_TRUE(std::equal(row, row + seen.width(), gfrmMain->picWork.row(y))) << y << " at look " << looks;
         }

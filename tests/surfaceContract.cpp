@@ -143,6 +143,49 @@ TEST(SurfaceContract, ACopyOfTheWholeIsWholeWhateverWasDrawnOnEither) {
     }
 }
 
+std::vector<uint32_t> realPixels(const Surface& surface) {
+    const uint32_t* const first = surface.row(0);
+    return {first, first + surface.width() * surface.height() * density() * density()};
+}
+
+TEST(SurfaceContract, AtEachDensityAndAfterEachChangeOfItAllIsDrawnAsAtOne) {
+    const Grid one(0x10305), two(0x5070B);
+    const Surface other(two.picture);
+    const std::function<void(Surface&)> strokes[] = {
+        [&](Surface& on) { BitBlt(on, -1, 1, 3, 2, other, 1, 0, SRCCOPY); },
+        [&](Surface& on) { BitBlt(on, 2, 2, 9, 3, other, 3, 1, SRCAND); },
+        [&](Surface& on) { BitBlt(on, 1, -1, 4, 4, other, 0, 0, SRCPAINT); },
+        [&](Surface& on) {
+            paintMasked(on, {4, 1, 3, 2}, {other, 2, 1}, {other, 1, 3});
+        },
+        [&](Surface& on) {
+            Surface copy(gridWidth, gridHeight);
+            BitBlt(copy, 0, 0, gridWidth, gridHeight, on, 0, 0, SRCCOPY);
+            BitBlt(on, 1, 1, gridWidth, gridHeight, copy, 0, 0, SRCCOPY);
+        },
+    };
+    Surface plain(one.picture);
+    for (const auto& stroke : strokes) stroke(plain);
+    const std::vector<uint32_t> expected = realPixels(plain);
+    for (int dense = 1; dense <= highestDensity; ++dense)
+        for (size_t change = 0; change <= std::size(strokes); ++change) {
+            setDensity(1);
+            Surface surface(one.picture);
+            for (size_t i = 0; i <= std::size(strokes); ++i) {
+                if (i == change) setDensity(dense);
+                if (i < std::size(strokes)) strokes[i](surface);
+            }
+            const std::vector<uint32_t> seen = realPixels(surface);
+            for (size_t i = 0; i < seen.size(); ++i) {
+                const size_t row = i / (gridWidth * dense) / dense, column = i % (gridWidth * dense) / dense;
+                ASSERT_EQ(seen[i], expected[row * gridWidth + column]) << dense << " from stroke " << change;
+            }
+            EXPECT_EQ(surface.point(7, 5), plain.point(7, 5));
+            setDensity(1);
+            EXPECT_EQ(realPixels(surface), expected) << dense << " from stroke " << change << " and back";
+        }
+}
+
 TEST(SurfaceContract, WhatHasChangedIsKnownAndNothingElse) {
     const Grid one(0x10305), two(0x5070B);
     const Surface other(two.picture), mask(gridWidth, gridHeight);  // the mask is black all over

@@ -15,8 +15,10 @@
 #include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
 #include "platform/desktop.h"
+#include "platform/pictures.h"
 #include "platform/qt/controls/control.h"
 #include "platform/qt/window/formWindow.h"
+#include "platform/qt/window/images.h"
 #include "play/frmChooseTiles.h"
 #include "tests/windowFixture.h"
 
@@ -93,6 +95,17 @@ TEST_F(Window, ItHasAnIconForTitleBarsAndLists) {
         const QImage icon = window->windowIcon().pixmap(side, side).toImage();
         EXPECT_EQ(icon, file.convertToFormat(icon.format())) << side;
     }
+}
+
+TEST_F(Window, EachPictureIsThereAtEachDensity) {
+    for (const platform::StoredPicture& stored : platform::storedPictures())
+        for (int density = 2; density <= platform::highestDensity && !stored.name.starts_with("velmora-"); ++density) {
+            const QString path = VELMORA_ASSETS "/x%1/%2.png";
+            const QImage file =
+                QImage(path.arg(density).arg(stored.name.data())).convertToFormat(QImage::Format_ARGB32);
+            EXPECT_EQ(platform::qt::imageOf(stored.picture, density), file) << stored.name << " at " << density;
+            EXPECT_EQ(file.size(), QSize(stored.picture.width, stored.picture.height) * density) << stored.name;
+        }
 }
 
 TEST_F(Window, AMessageStandsAsItIsUnderItsWholeTitle) {

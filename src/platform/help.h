@@ -18,9 +18,10 @@ void WinHelpA(Form& window, const std::string& file, uint32_t command, uint32_t 
 
 /// A picture in the help text; rows from the top, a pixel as 0xAARRGGBB.
 struct HelpPicture {
-    int width = 0;   ///< Pixels.
-    int height = 0;  ///< Pixels.
-    std::vector<uint32_t> pixels;
+    int width = 0;                 ///< Pixels of the game's.
+    int height = 0;                ///< The same.
+    int density = 1;               ///< Real pixels for each of them, across and down.
+    std::vector<uint32_t> pixels;  ///< The real ones.
 };
 
 /// Makes the picture that the help text asks for by that name; one of no size if there is none. Null at first: the text

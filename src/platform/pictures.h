@@ -17,6 +17,14 @@ struct StoredPicture {
 /// All pictures that the program carries. The table is written by the build from the files under assets/.
 std::span<const StoredPicture> storedPictures();
 
+/// All pixels of the table, from those of its first picture, and how many there are.
+std::span<const uint32_t> storedPixels();
+
+/// The real pixels of a picture at that density or, where it isn't painted at that, at the nearest lower one. Pictures
+/// of a higher density than 1 lie in a file beside the program, which is read where it is looked at; one that isn't
+/// there, or has another size than it should, counts as none.
+DensePixels densePixels(const Picture& picture, int density);
+
 /// The picture that the program carries under that name; fails with number 53 if there is none.
 inline const Picture& pictureByName(std::string_view name) {
     for (const StoredPicture& stored : storedPictures())

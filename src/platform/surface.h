@@ -57,7 +57,25 @@ struct PixelPoint {
 struct Picture {
     int width = 0;
     int height = 0;
+    const uint32_t* pixels = nullptr;  ///< Those of density 1.
+};
+
+/// How many real pixels stand for each of the game's, across and down: one number for all surfaces, 1 at first. Sizes
+/// and places are the game's pixels everywhere; only what holds or shows real pixels asks for it.
+int density();
+constexpr int highestDensity = 4;
+/// From 1 to 4. What has been drawn is enlarged, and crisp again with the next painting; backgrounds are so at once.
+void setDensity(int pixels);
+
+/// The real pixels of a picture: `density` times its width and height.
+struct DensePixels {
     const uint32_t* pixels = nullptr;
+    int density = 1;
+
+    /// The row that stands for a row of a higher density, or of the same.
+    const uint32_t* row(const Picture& picture, int y, int ofDensity) const {
+        return pixels + static_cast<size_t>(y * density / ofDensity) * picture.width * density;
+    }
 };
 
 /// What text is printed in: the font's name, its size in points and its weight.
@@ -86,6 +104,7 @@ struct SurfacePart {
 };
 
 /// A block of pixels with a lasting background picture and a pen for text. Nothing on it is seen but through a form.
+/// For each of its pixels it holds `density()` times as many real ones across and down.
 class Surface {
   public:
     Surface() = default;
@@ -111,11 +130,12 @@ class Surface {
     int textWidth(const std::string& text) const;  ///< Width in pixels in the current font.
 
     Color point(int x, int y) const;  ///< Colour of a pixel; 0 outside and where pixels are left out.
-    /// The pixels of a row, as many as the width, from the left; y from 0 to below the height, and only with pixels.
+    /// The real pixels of a row of them, from the left; only with pixels. Both count them `density()` times.
     const uint32_t* row(int y) const {
-        return (borrows_ ? background_.pixels : pixels_.data()) + static_cast<size_t>(y) * width_;
+        if (density_ != density()) adapt();
+        return (borrows_ ? ground_ : pixels_.data()) + static_cast<size_t>(y) * width_ * density_;
     }
-    uint32_t* canvas();  ///< All pixels, to be drawn on until the next call for it.
+    uint32_t* canvas();  ///< All real pixels, to be drawn on until the next call for it.
     bool hasPixels() const { return borrows_ || !pixels_.empty(); }  ///< Not when it is empty or keeps none.
     const Changes& changes() const { return changes_; }              ///< Which of its pixels have got another colour.
 
@@ -153,8 +173,10 @@ class Surface {
     template <class CombineRow>
     void transfer(const Place& place, const SurfacePart& part, CombineRow combineRow);
     void copyWhole(const Surface& source);
-    void layBackground();
-    void ownPixels();
+    void adapt() const;
+    void layBackground() const;
+    void ownPixels() const;
+    size_t realPixels() const { return static_cast<size_t>(width_) * height_ * density_ * density_; }
 
     friend void BitBlt(Surface& destination, int x, int y, int width, int height, const Surface& source, int sourceX,
                        int sourceY, uint32_t operation);
@@ -164,9 +186,12 @@ class Surface {
     int width_ = 0;
     int height_ = 0;
     Picture background_;
-    bool borrows_ = false;          ///< The pixels are the background's, as long as nothing is drawn.
-    std::vector<uint32_t> pixels_;  ///< 0xFFRRGGBB in rows from the top.
-    Changes changes_;
+    // What another density changes, also on a surface that is only read.
+    mutable int density_ = density();
+    mutable bool borrows_ = false;              ///< The pixels are the background's, as long as nothing is drawn.
+    mutable const uint32_t* ground_ = nullptr;  ///< Those, while they are borrowed.
+    mutable std::vector<uint32_t> pixels_;      ///< 0xFFRRGGBB in rows from the top.
+    mutable Changes changes_;
     Identity identity_;
     Original original_;
 };

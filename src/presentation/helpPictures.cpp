@@ -1,3 +1,4 @@
+#include "platform/pictures.h"
 #include "presentation/helpPictures.h"
 
 #include <algorithm>
@@ -65,16 +66,18 @@ std::vector<std::string> listed(std::string_view names) {
 platform::HelpPicture tilesInARow(const std::vector<std::string>& names) {
     const platform::Surface& mask = gfrmBitmaps->picTileBackMask;
     if (names.empty() || !mask.hasPixels()) return {};
-    platform::HelpPicture row{static_cast<int>(names.size()) * tileWidth + 2 * rowMargin, tileHeight, {}};
-    row.pixels.resize(static_cast<size_t>(row.width) * row.height);
+    const int dense = platform::density();
+    platform::HelpPicture row{static_cast<int>(names.size()) * tileWidth + 2 * rowMargin, tileHeight, dense, {}};
+    row.pixels.resize(static_cast<size_t>(row.width) * row.height * dense * dense);
     for (size_t i = 0; i < names.size(); ++i) {
         const TilePicture tile = tileNamed(names[i]);
         if (tile.sheet == nullptr || !tile.sheet->hasPixels()) return {};
-        for (int y = 0; y < tileHeight; ++y)
-            for (int x = 0; x < tileWidth; ++x)
+        const int left = (rowMargin + static_cast<int>(i) * tileWidth) * dense;
+        for (int y = 0; y < tileHeight * dense; ++y)
+            for (int x = 0; x < tileWidth * dense; ++x)
                 if ((mask.row(y)[x] & colourOnly) == 0)
-                    row.pixels[static_cast<size_t>(y * row.width + rowMargin + x) + i * tileWidth] =
-                        tile.sheet->row(y)[tile.left + x] | opaque;
+                    row.pixels[static_cast<size_t>(y * row.width * dense + left + x)] =
+                        tile.sheet->row(y)[tile.left * dense + x] | opaque;
     }
     return row;
 }
@@ -86,10 +89,11 @@ platform::HelpPicture toolbarIcon(std::string_view number) {
     for (int button = 1; button <= toolbarButtons; ++button) {
         const int left = (gintfButtonImage(button) - 1) * size;
         if (std::to_string(button) != number || left < 0 || left + size > images.strip.width) continue;
-        platform::HelpPicture icon{size, images.strip.height, {}};
-        for (int y = 0; y < icon.height; ++y) {
-            const uint32_t* const from = images.strip.pixels + y * images.strip.width + left;
-            icon.pixels.insert(icon.pixels.end(), from, from + size);
+        const auto [pixels, dense] = platform::densePixels(images.strip, platform::density());
+        platform::HelpPicture icon{size, images.strip.height, dense, {}};
+        for (int y = 0; y < icon.height * dense; ++y) {
+            const uint32_t* const from = pixels + (y * images.strip.width + left) * dense;
+            icon.pixels.insert(icon.pixels.end(), from, from + size * dense);
         }
         std::ranges::replace(icon.pixels, platform::pixelOf(images.maskColor), 0u);
         return icon;

@@ -1,7 +1,7 @@
 #include "platform/form.h"
 
-#include "platform/shared/desk.h"
 #include "platform/base/uncaught.h"
+#include "platform/shared/desk.h"
 
 namespace platform {
 

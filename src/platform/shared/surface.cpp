@@ -4,12 +4,15 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/pictures.h"
 #include "platform/shared/text.h"
 
 namespace platform {
 namespace {
 
 constexpr Color black = 0;
+
+int realPixelsForOne = 1;
 
 /// `pixelOf` swaps red and blue; doing it twice restores them.
 Color colorOf(uint32_t pixel) { return pixelOf(pixel) & 0xFFFFFF; }
@@ -26,10 +29,10 @@ Place groundOf(const Place& place, const SurfacePart& part) {
     return {place.left - part.left, place.top - part.top, part.surface.width(), part.surface.height()};
 }
 
-/// The pixels from a point on that the part of a surface has for a place.
+/// The real pixels from one of them on that the part of a surface has for a place.
 const uint32_t* pixelsAt(int x, int y, const Place& place, const SurfacePart& part) {
     const Place ground = groundOf(place, part);
-    return part.surface.row(y - ground.top) + x - ground.left;
+    return part.surface.row(y - ground.top * density()) + x - ground.left * density();
 }
 
 /// Works out each pixel of a row anew, by its number from 0; true if one has got another colour.
@@ -82,6 +85,9 @@ void Changes::collect(Moment since, const Place& whole, std::vector<Place>& list
     for (Moment moment = since; moment != now_; ++moment) list.push_back(places_[moment % remembered]);
 }
 
+int density() { return realPixelsForOne; }
+void setDensity(int pixels) { realPixelsForOne = std::clamp(pixels, 1, highestDensity); }
+
 Surface::Surface(int width, int height) { resize(width, height); }
 
 Surface::Surface(const Picture& picture) { setPicture(picture); }
@@ -94,6 +100,7 @@ void Surface::setPicture(const Picture& picture) {
 void Surface::resize(int width, int height) {
     width_ = std::max(0, width);
     height_ = std::max(0, height);
+    density_ = density();
     borrows_ = false;
     pixels_.clear();
     texts.clear();
@@ -102,27 +109,53 @@ void Surface::resize(int width, int height) {
 
 void Surface::clear() {
     texts.clear();
+    density_ = density();
     if (hasPixels()) layBackground();
 }
 
 // Memory costs most when it is touched for the first time, so each pixel is written once, and a surface that only shows
 // its picture has no pixels of its own.
-void Surface::layBackground() {
+void Surface::layBackground() const {
     changes_.addAll();
-    borrows_ = width_ == background_.width && height_ == background_.height;
+    const DensePixels dense = densePixels(background_, density_);
+    borrows_ = width_ == background_.width && height_ == background_.height && dense.density == density_;
+    ground_ = dense.pixels;
     if (borrows_) return;
-    pixels_.assign(static_cast<size_t>(width_) * height_, pixelOf(black));
-    const int columns = std::min(width_, background_.width);
-    const int rows = std::min(height_, background_.height);
-    for (int y = 0; y < rows; ++y)
-        std::copy_n(background_.pixels + static_cast<size_t>(y) * background_.width, columns,
-                    pixels_.data() + static_cast<size_t>(y) * width_);
+    pixels_.assign(realPixels(), pixelOf(black));
+    const int columns = std::min(width_, background_.width) * density_;
+    const int rows = std::min(height_, background_.height) * density_;
+    for (int y = 0; y < rows; ++y) {
+        const uint32_t* const from = dense.row(background_, y, density_);
+        uint32_t* const to = pixels_.data() + static_cast<size_t>(y) * width_ * density_;
+        for (int x = 0; x < columns; ++x) to[x] = from[x * dense.density / density_];
+    }
 }
 
-void Surface::ownPixels() {
+void Surface::ownPixels() const {
     if (!borrows_) return;
-    pixels_.assign(background_.pixels, background_.pixels + static_cast<size_t>(width_) * height_);
+    pixels_.assign(ground_, ground_ + realPixels());
     borrows_ = false;
+}
+
+/// Takes the density of the program: the background anew, and what was drawn on it enlarged.
+void Surface::adapt() const {
+    const int before = std::exchange(density_, density());
+    if (!hasPixels()) return;
+    const bool isDrawnOn = !borrows_;
+    const std::vector<uint32_t> drawn = std::exchange(pixels_, {});
+    layBackground();
+    if (!isDrawnOn) return;
+    ownPixels();
+    const DensePixels ground = densePixels(background_, before);
+    for (int y = 0; y < height_ * density_; ++y)
+        for (int x = 0; x < width_ * density_; ++x) {
+            const int oldX = x * before / density_, oldY = y * before / density_;
+            const uint32_t pixel = drawn[static_cast<size_t>(oldY) * width_ * before + oldX];
+            const bool onGround = oldX < background_.width * before && oldY < background_.height * before;
+            const uint32_t under =
+                onGround ? ground.row(background_, oldY, before)[oldX * ground.density / before] : pixelOf(black);
+            if (pixel != under) pixels_[static_cast<size_t>(y) * width_ * density_ + x] = pixel;
+        }
 }
 
 void Surface::print(const std::string& text) {
@@ -133,26 +166,29 @@ int Surface::textWidth(const std::string& text) const { return measureText(text,
 
 Color Surface::point(int x, int y) const {
     if (x < 0 || y < 0 || x >= width_ || y >= height_ || !hasPixels()) return 0;
-    return colorOf(row(y)[x]);
+    return colorOf(row(y * density())[x * density()]);
 }
 
 uint32_t* Surface::canvas() {
+    if (density_ != density()) adapt();
     ownPixels();
     changes_.addAll();
     return pixels_.data();
 }
 
-/// Paints the rows of a rectangle, as far as it lies on the surface, each from a point on, and remembers the rectangle
-/// if a pixel has changed.
+/// Paints the rows of real pixels of a rectangle, as far as it lies on the surface, each from one on, and remembers the
+/// rectangle if a pixel has changed.
 template <class PaintRow>
 void Surface::paintRows(const Place& place, PaintRow paintRow) {
     const Place cut = common(place, {0, 0, width_, height_});
     if (cut.width <= 0 || cut.height <= 0) return;
+    if (density_ != density()) adapt();
     ownPixels();
     bool changed = false;
-    for (int y = cut.top; y < cut.top + cut.height; ++y) {
-        uint32_t* const to = pixels_.data() + static_cast<size_t>(y) * width_ + cut.left;
-        changed |= paintRow(to, cut.left, y, cut.width);
+    const int left = cut.left * density_;
+    for (int y = cut.top * density_; y < (cut.top + cut.height) * density_; ++y) {
+        uint32_t* const to = pixels_.data() + static_cast<size_t>(y) * width_ * density_ + left;
+        changed |= paintRow(to, left, y, cut.width * density_);
     }
     if (changed) changes_.add(cut);
 }

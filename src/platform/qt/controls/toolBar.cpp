@@ -130,13 +130,20 @@ void ToolButton::goOn(int step) {
     update();
 }
 
-/// The image with that number, the mask colour left out; null if the strip doesn't reach so far.
-QImage cutImage(const ImageList& images, int number) {
+/// The image with that number at all densities, the mask colour left out; null if the strip doesn't reach so far.
+QIcon cutIcon(const ImageList& images, int number) {
     const int width = images.imageWidth;
-    if (number < 1 || number * width > images.strip.width) return {};
-    QImage image = qt::imageOf(images.strip).copy((number - 1) * width, 0, width, images.strip.height);
-    image.setAlphaChannel(image.createMaskFromColor(pixelOf(images.maskColor), Qt::MaskOutColor));
-    return image;
+    QIcon icon;
+    if (number < 1 || number * width > images.strip.width) return icon;
+    for (int wanted = 1; wanted <= highestDensity; ++wanted) {
+        const QImage strip = qt::imageOf(images.strip, wanted);
+        const int real = width * strip.height() / images.strip.height;
+        QImage image = strip.copy((number - 1) * real, 0, real, strip.height());
+        image.setAlphaChannel(image.createMaskFromColor(pixelOf(images.maskColor), Qt::MaskOutColor));
+        image.setDevicePixelRatio(real / width);
+        icon.addPixmap(QPixmap::fromImage(image));
+    }
+    return icon;
 }
 
 /// Under the tool button that has the keys, or else at the pointer.
@@ -206,9 +213,8 @@ void ToolBar::stretch(int button) {
 }
 
 void ToolBar::setButtonImage(int button, int image) {
-    const QImage icon = cutImage(impl_->images, image);
-    impl_->buttons[button]->setIcon(QIcon(QPixmap::fromImage(icon)));
-    impl_->buttons[button]->setIconSize(icon.size());
+    impl_->buttons[button]->setIcon(cutIcon(impl_->images, image));
+    impl_->buttons[button]->setIconSize({impl_->images.imageWidth, impl_->images.strip.height});
     impl_->buttons[button]->setVisible(image != 0);
 }
 

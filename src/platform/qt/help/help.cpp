@@ -199,8 +199,9 @@ QImage HelpPage::pictureNamed(const QString& name) const {
     if (!makeHelpPicture) return {};
     const HelpPicture made = makeHelpPicture(name.toStdString());
     if (made.pixels.empty()) return {};
-    const QImage image(reinterpret_cast<const uchar*>(made.pixels.data()), made.width, made.height,
-                       QImage::Format_ARGB32);
+    QImage image(reinterpret_cast<const uchar*>(made.pixels.data()), made.width * made.density,
+                 made.height * made.density, QImage::Format_ARGB32);
+    image.setDevicePixelRatio(made.density);
     return image.scaled((QSizeF(image.size()) * typeFactor()).toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
         .copy();  // Of its own, also where nothing was scaled.
 }

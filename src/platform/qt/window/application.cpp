@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QScreen>
 #include <QSocketNotifier>
 #include <QWindow>
 #include <array>
@@ -91,6 +92,7 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
     programName = name;
     // Never deleted: forms that are let go at the very end still need it.
     QApplication* const application = openDisplay(argc, argv);
+    setDensity(qt::densityFor(QGuiApplication::primaryScreen()->devicePixelRatio()));  // Before anything is drawn.
     QApplication::setApplicationName(QString::fromStdString(name));
     QApplication::setDesktopFileName(QString::fromStdString(id));
     QApplication::setQuitOnLastWindowClosed(false);  // A message box may come and go before the main window is seen.

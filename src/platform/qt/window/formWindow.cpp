@@ -70,7 +70,9 @@ void FormWindow::showChanges() {
     const Surface& surface = form->surface();
     std::vector<Place> changed;
     surface.changes().collect(shown_, {0, 0, surface.width(), surface.height()}, changed);
-    for (const Place& place : changed) update(place.left, place.top, place.width, place.height);
+    const int edge = devicePixelRatio() == density() ? 0 : 1;  // It is mixed with what is beside it.
+    for (const auto& [left, top, width, height] : changed)
+        update(left - edge, top - edge, width + 2 * edge, height + 2 * edge);
     shown_ = surface.changes().now();
 }
 
@@ -207,11 +209,12 @@ void FormWindow::followFocus() {
 }
 
 void FormWindow::paintEvent(QPaintEvent* /*event*/) {
+    setDensity(densityFor(devicePixelRatio()));
     QPainter painter(this);
-    const qreal scale = devicePixelRatio();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != std::floor(scale));
     const QImage image = imageOf(form->surface());
-    if (image.size() != size()) painter.fillRect(rect(), Qt::black);
+    if (image.size() != size() * density()) painter.fillRect(rect(), Qt::black);
+    painter.scale(1.0 / density(), 1.0 / density());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, devicePixelRatio() != density());
     if (!image.isNull()) painter.drawImage(QPoint(0, 0), image);
 }
 

@@ -1,7 +1,10 @@
 #include "platform/qt/window/images.h"
 
 #include <QPainter>
+#include <algorithm>
+#include <cmath>
 
+#include "platform/pictures.h"
 #include "platform/qt/window/fonts.h"
 #include "platform/shared/text.h"
 
@@ -11,26 +14,34 @@ namespace {
 
 constexpr int bytesPerPixel = 4;
 
-const uchar* bytes(const uint32_t* pixels) { return reinterpret_cast<const uchar*>(pixels); }
+/// Real pixels as an image.
+QImage imageOf(const uint32_t* pixels, int width, int height, int ofDensity, QImage::Format format) {
+    return {reinterpret_cast<const uchar*>(pixels), width * ofDensity, height * ofDensity,
+            width * ofDensity * bytesPerPixel, format};
+}
 
 }  // namespace
 
 QImage imageOf(const Surface& surface) {
     if (!surface.hasPixels()) return {};
-    return {bytes(surface.row(0)), surface.width(), surface.height(), surface.width() * bytesPerPixel,
-            QImage::Format_RGB32};
+    return imageOf(surface.row(0), surface.width(), surface.height(), density(), QImage::Format_RGB32);
 }
 
 QImage canvasOf(Surface& surface) {
     if (!surface.hasPixels()) return {};
-    return {reinterpret_cast<uchar*>(surface.canvas()), surface.width(), surface.height(),
-            surface.width() * bytesPerPixel, QImage::Format_RGB32};
+    QImage canvas(reinterpret_cast<uchar*>(surface.canvas()), surface.width() * density(), surface.height() * density(),
+                  surface.width() * density() * bytesPerPixel, QImage::Format_RGB32);
+    canvas.setDevicePixelRatio(density());
+    return canvas;
 }
 
-QImage imageOf(const Picture& picture) {
+QImage imageOf(const Picture& picture, int ofDensity) {
     if (!picture.pixels) return {};
-    return {bytes(picture.pixels), picture.width, picture.height, picture.width * bytesPerPixel, QImage::Format_ARGB32};
+    const DensePixels dense = densePixels(picture, ofDensity);
+    return imageOf(dense.pixels, picture.width, picture.height, dense.density, QImage::Format_ARGB32);
 }
+
+int densityFor(qreal scale) { return std::clamp(static_cast<int>(std::ceil(scale)), 1, highestDensity); }
 
 QColor colorOf(Color color) { return QColor(QRgb{pixelOf(color)}); }
 

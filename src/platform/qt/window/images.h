@@ -7,14 +7,18 @@
 
 namespace platform::qt {
 
-/// The surface's own pixels as an image to show, without a copy; null if it has none.
+/// The surface's own real pixels as an image to show, without a copy; null if it has none.
 QImage imageOf(const Surface& surface);
 
-/// The surface's own pixels as an image to paint on, without a copy; null if it has none.
+/// The surface as an image to paint on, in the game's pixels and without a copy; null if it has none.
 QImage canvasOf(Surface& surface);
 
-/// The picture's own pixels as an image, without a copy; null if it has none.
-QImage imageOf(const Picture& picture);
+/// The picture's real pixels at that density, or the nearest lower one, as an image without a copy; null if it has
+/// none.
+QImage imageOf(const Picture& picture, int ofDensity = 1);
+
+/// The density for a screen that has so many real pixels for each: the least that isn't below.
+int densityFor(qreal scale);
 
 /// The colour as Qt has it.
 QColor colorOf(Color color);
