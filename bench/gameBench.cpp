@@ -4,23 +4,34 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "frmMain.h"
+#include "platform/desktop.h"
 #include "platform/sim/simulation.h"
 #include "tools/selfplay/sitting.h"
 
 namespace {
 
 /// The game in the first hand of a match, its first tile on the way.
+/// Lays the pictures of the density, which lie beside this program, beside the simulated one.
+void layPictures() {
+    const std::string file = "pictures-x" + std::to_string(platform::density()) + ".bin";
+    const auto own = std::filesystem::read_symlink("/proc/self/exe").replace_filename(file);
+    if (std::filesystem::exists(own)) std::filesystem::create_symlink(own, platform::programFile(file));
+}
+
 class Game {
   public:
     Game() {
         sim::switchOn(1);
+        layPictures();
         main->form.show();
         main->mlngSeat = main->mlngHouse = main->mlngRoundWind = 1;
         main->msInitNewGame();
@@ -49,7 +60,8 @@ class Game {
 void plainCopy(benchmark::State& state) {
     const Game game;
     const platform::Surface& picture = game->picWork;
-    std::vector<uint32_t> copy(static_cast<size_t>(picture.width()) * picture.height());
+    const int dense = platform::density();
+    std::vector<uint32_t> copy(static_cast<size_t>(picture.width() * dense) * picture.height() * dense);
     for (auto _ : state) {
         std::memcpy(copy.data(), picture.row(0), copy.size() * sizeof(uint32_t));
         benchmark::ClobberMemory();
@@ -186,6 +198,10 @@ int main(int argc, char** argv) {
     if (argc > 1 && std::strcmp(argv[1], "--table") == 0) {
         reporter.table = true;
         --argc;
+    } else if (argc > 2 && std::strcmp(argv[1], "--density") == 0) {  // Of all surfaces: 1 to 4.
+        platform::setDensity(std::atoi(argv[2]));
+        argc -= 2;
+        argv += 2;
     }
     benchmark::Initialize(&argc, argv);
     for (const Row& row : rows) benchmark::RegisterBenchmark(row.name, row.function)->Repetitions(5)->MinTime(0.2);

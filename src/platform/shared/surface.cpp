@@ -127,7 +127,8 @@ void Surface::layBackground() const {
     for (int y = 0; y < rows; ++y) {
         const uint32_t* const from = dense.row(background_, y, density_);
         uint32_t* const to = pixels_.data() + static_cast<size_t>(y) * width_ * density_;
-        for (int x = 0; x < columns; ++x) to[x] = from[x * dense.density / density_];
+        if (dense.density == density_) std::copy_n(from, columns, to);
+        for (int x = 0; dense.density != density_ && x < columns; ++x) to[x] = from[x * dense.density / density_];
     }
 }
 
