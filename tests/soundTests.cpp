@@ -126,13 +126,20 @@ TEST_F(Sound, DeviceIsOpenOnlyWhileSomethingSoundsOrRests) {
 
 TEST_F(Sound, PieceThatIsBegunAnewAfterItsEndRingsOn) {
     const auto file = write("bell.mid", piece(bell, {{300, 100, 60}}, 600));
-    uint64_t performance = beginAndAwaitSound(file);
-    const size_t first = ear_->heard().firstAbove(audible);
-    for (int time = 0; time < 2; ++time) {
-        await("the end", [&] { return thread_->stateOf(performance) == State::Ended; });
-        performance = thread_->begin(file);
-    }
-    await("the end", [&] { return thread_->stateOf(performance) == State::Ended; });
+    size_t first = 0, lasted = 0;
+    const auto playThreeTimes = [&] {
+        const size_t begun = ear_->now();
+        uint64_t performance = beginAndAwaitSound(file);
+        first = ear_->heard().firstAbove(audible, begun);
+        for (int time = 0; time < 3; ++time) {
+            await("the end", [&] { return thread_->stateOf(performance) == State::Ended; });
+            if (time < 2) performance = thread_->begin(file);
+        }
+        lasted = ear_->now() - first;
+    };
+    // A busy machine may be late with the next beginning, and then the bell has rung out.
+    playThreeTimes();
+    for (int tries = 0; lasted > framesIn(1800) && tries < 20; ++tries) awaitFrames(framesIn(3000)), playThreeTimes();
     const Heard heard = ear_->heard();
     for (size_t at = first; at < first + framesIn(1500); at += framesIn(20))
         ASSERT_GT(heard.peak(at, framesIn(20)), audible / 4) << "silence " << (at - first) / framesIn(1) << " ms on";
