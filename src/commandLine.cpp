@@ -21,6 +21,8 @@ Keys in play
   F1             open the help
   F10            go to the toolbar: Left and Right move along it, Enter presses
                  a button, Esc goes back to the board
+  Ctrl with + - 0 or the wheel
+                 show everything larger, smaller, or as at the start
 
 Keys in the tile chooser and in the draw of seats
   arrow keys     move the highlight

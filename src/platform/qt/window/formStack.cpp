@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QToolButton>
+#include <QWheelEvent>
 #include <QWidget>
 #include <QWindow>
 #include <utility>
@@ -14,6 +15,7 @@
 #include "platform/qt/controls/control.h"
 #include "platform/qt/window/formWindow.h"
 #include "platform/qt/window/keys.h"
+#include "platform/qt/window/zoom.h"
 #include "platform/shared/ticks.h"
 
 namespace platform::qt {
@@ -63,6 +65,9 @@ bool hasKeyboard(const QWidget& main) {
 }
 
 bool belongsToForms(const QWidget* face) { return dynamic_cast<const FormWindow*>(face->window()); }
+
+/// The keys of the zoom, and Ctrl by itself: the game's handlers would take it for any key of the player's.
+bool isOfZoom(const QKeyEvent& key) { return key.key() == Qt::Key_Control || zoomStepOf(key) != ZoomStep::None; }
 
 }  // namespace
 
@@ -128,16 +133,27 @@ void FormStack::setAway(bool away) const {
 bool FormStack::eventFilter(QObject* watched, QEvent* event) {
     if (!watched->isWidgetType()) return false;
     QWidget* const face = static_cast<QWidget*>(watched);
-    switch (event->type()) {
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-            return filterKey(face, *static_cast<QKeyEvent*>(event));
-        default:
-            break;
-    }
+    if (filterZoom(*face, *event)) return true;
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease)
+        return filterKey(face, *static_cast<QKeyEvent*>(event));
     if (event->type() == QEvent::MouseButtonPress && top()) top()->takeKeysBack();
     if (isPointing(event->type()) && blocks(face)) return true;
     return isOfMouse(event->type()) && filterMouse(face, *static_cast<QMouseEvent*>(event));
+}
+
+/// Whatever is open on the main window, its keys and the wheel change the zoom; those of the help are its own.
+bool FormStack::filterZoom(const QWidget& face, QEvent& event) const {
+    const FormWindow* const main = mainWindow();
+    const bool isKey = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
+    if (main == nullptr || (!isKey && event.type() != QEvent::Wheel)) return false;
+    if (!belongsToForms(&face) && face.window() != desk().box()) return false;
+    const auto* const key = isKey ? static_cast<QKeyEvent*>(&event) : nullptr;
+    const auto* const wheel = isKey ? nullptr : static_cast<QWheelEvent*>(&event);
+    if (isKey ? !isOfZoom(*key) : !(wheel->modifiers() & Qt::ControlModifier)) return false;
+    event.accept();  // Else a wheel's would go on to what lies below.
+    if (event.type() != QEvent::KeyRelease)
+        takeZoomStep(*main->window(), isKey ? zoomStepOf(*key) : zoomStepOf(*wheel));
+    return true;
 }
 
 /// Frames and panels on a form let events of the mouse go through to it.

@@ -45,6 +45,7 @@ class FormStack : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    bool filterZoom(const QWidget& face, QEvent& event) const;
     bool filterKey(QWidget* face, const QKeyEvent& event);
     bool isRepeat(const QKeyEvent& down) const;
     void passToBox(const QKeyEvent& event, const Stroke& stroke);

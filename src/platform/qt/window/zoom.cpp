@@ -1,0 +1,136 @@
+#include "platform/qt/window/zoom.h"
+
+#include <private/qhighdpiscaling_p.h>
+#include <qpa/qplatformwindow.h>
+
+#include <QApplication>
+#include <QBackingStore>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QWheelEvent>
+#include <QWidget>
+#include <QWindow>
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <utility>
+
+namespace platform::qt {
+namespace {
+
+constexpr double stepsInOne = 4;
+constexpr double freePart = 0.1;  // of the screen, around the window at the start
+constexpr double atRest = 1;
+
+double now = atRest;
+double atStart = atRest;
+
+/// How often a window has room, a fraction too.
+double roomFor(const QSizeF& window, const QSizeF& room) {
+    return std::min(room.width() / window.width(), room.height() / window.height());
+}
+
+/// The screen's scale without any zoom, but for the one that QT_SCALE_FACTOR gives to all screens. By name, since a
+/// screen may go and come back.
+double ownScale(const QScreen& screen) {
+    static std::map<QString, double> scales;
+    const auto [scale, isNew] = scales.try_emplace(screen.name(), 0);
+    const QScreen* const all = nullptr;
+    if (isNew) scale->second = QHighDpiScaling::factor(&screen) / QHighDpiScaling::factor(all);
+    return scale->second;
+}
+
+void scale(QScreen* screen) { QHighDpiScaling::setScreenFactor(screen, ownScale(*screen) * now); }
+
+/// Screens that come later are scaled as those that are there.
+void watchScreens() {
+    static const QMetaObject::Connection watched =
+        QObject::connect(qApp, &QGuiApplication::screenAdded, qApp, [](QScreen* screen) { scale(screen); });
+}
+
+/// The limits are in the screen's pixels on the desktop's side, so that it has to be told anew of the same ones.
+void renewLimits(QWindow& window) {
+    const QSize least = window.minimumSize(), most = window.maximumSize();
+    window.setMinimumSize({});
+    window.setMaximumSize({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
+    window.setMinimumSize(least);
+    window.setMaximumSize(most);
+}
+
+/// Its picture would keep its size at the first change of scale, and what covers it wholly isn't painted with it.
+void paintAnew(QWidget& widget) {
+    if (QBackingStore* const picture = widget.backingStore()) picture->resize(widget.size());
+    widget.update();
+    for (QWidget* const each : widget.findChildren<QWidget*>()) each->update();
+}
+
+/// Gives a window the size in the screen's pixels that the zoom asks for; the ratio is that of the zoom before to now.
+void follow(QWidget& widget, double ratio) {
+    QWindow& window = *widget.windowHandle();
+    renewLimits(window);
+    const QPoint origin = widget.screen()->geometry().topLeft();
+    const QRect room = widget.screen()->availableGeometry().marginsRemoved(window.frameMargins());
+    QRect place({}, widget.size().boundedTo(widget.minimumSize().expandedTo(room.size())));
+    place.moveCenter(origin + (QPointF(widget.geometry().center() - origin) * ratio).toPoint());
+    place.moveRight(std::min(place.right(), room.right()));
+    place.moveBottom(std::min(place.bottom(), room.bottom()));
+    place.moveTopLeft({std::max(place.left(), room.left()), std::max(place.top(), room.top())});
+    window.setGeometry(place);
+    paintAnew(widget);
+}
+
+}  // namespace
+
+double largestZoom(const QSizeF& window, const QSizeF& room) {
+    return std::max(1.0, std::floor(roomFor(window, room) * stepsInOne) / stepsInOne);
+}
+
+double startZoom(const QSizeF& window, const QSizeF& screen) {
+    return std::max(1.0, std::floor(roomFor(window, screen * (1 - freePart))));
+}
+
+double zoom() { return now; }
+
+void setZoom(double zoom) {
+    if (zoom == now) return;
+    for (const QScreen* const screen : QGuiApplication::screens()) ownScale(*screen);
+    watchScreens();
+    const double ratio = std::exchange(now, zoom);
+    for (QScreen* const screen : QGuiApplication::screens()) scale(screen);
+    for (QWidget* const each : QApplication::topLevelWidgets())
+        if (each->isVisible() && each->windowHandle() != nullptr) follow(*each, ratio / zoom);
+}
+
+QSizeF roomOnScreen(const QWidget& window) { return QSizeF(window.screen()->availableSize()) * now; }
+
+QSizeF sizeOnScreen(const QWidget& window) {
+    const QWindow& handle = *window.windowHandle();
+    return QSizeF(handle.handle()->geometry().size()) / QHighDpiScaling::factor(&handle) * now;
+}
+
+ZoomStep zoomStepOf(const QKeyEvent& key) {
+    constexpr Qt::KeyboardModifiers others = Qt::AltModifier | Qt::MetaModifier;
+    if (!(key.modifiers() & Qt::ControlModifier) || key.modifiers() & others) return ZoomStep::None;
+    if (key.key() == Qt::Key_Plus || key.key() == Qt::Key_Equal) return ZoomStep::Larger;
+    if (key.key() == Qt::Key_Minus) return ZoomStep::Smaller;
+    return key.key() == Qt::Key_0 ? ZoomStep::Back : ZoomStep::None;
+}
+
+ZoomStep zoomStepOf(const QWheelEvent& wheel) {
+    static int turned = 0;
+    turned += wheel.angleDelta().y();
+    if (std::abs(turned) < QWheelEvent::DefaultDeltasPerStep) return ZoomStep::None;
+    return std::exchange(turned, 0) > 0 ? ZoomStep::Larger : ZoomStep::Smaller;
+}
+
+void takeZoomStep(const QWidget& window, ZoomStep step) {
+    const QSizeF whole = window.size().grownBy(window.windowHandle()->frameMargins());
+    const double most = largestZoom(whole, roomOnScreen(window));
+    const double wanted = step == ZoomStep::Back      ? atStart
+                          : step == ZoomStep::Larger  ? now + 1 / stepsInOne
+                          : step == ZoomStep::Smaller ? now - 1 / stepsInOne
+                                                      : now;
+    setZoom(std::clamp(wanted, 1.0, most));
+}
+
+}  // namespace platform::qt

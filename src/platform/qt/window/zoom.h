@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QSizeF>
+
+class QKeyEvent;
+class QWheelEvent;
+class QWidget;
+
+/// How many times as large as on its screen's own scale everything of the program is shown: windows, dialogs, menus and
+/// fonts alike, so that a pixel of the game stays a pixel of its widgets.
+namespace platform::qt {
+
+/// The largest zoom with which a window has room, both in pixels at a zoom of 1: in quarters, from 1 on.
+double largestZoom(const QSizeF& window, const QSizeF& room);
+
+/// The largest whole zoom with which a window leaves a tenth of the screen free in height and width; at least 1.
+double startZoom(const QSizeF& window, const QSizeF& screen);
+
+double zoom();  ///< Now; 1 at first.
+
+/// Changes it at once. Windows on the screen keep their size in the game's pixels, and their middle where they can be
+/// seen whole there.
+void setZoom(double zoom);
+
+/// The room for windows on the screen of a window, in pixels at a zoom of 1.
+QSizeF roomOnScreen(const QWidget& window);
+
+/// The size of a window as the desktop has it, in pixels at a zoom of 1.
+QSizeF sizeOnScreen(const QWidget& window);
+
+/// What a key or a turn of the wheel means for the zoom.
+enum class ZoomStep { None, Smaller, Larger, Back };
+ZoomStep zoomStepOf(const QKeyEvent& key);
+ZoomStep zoomStepOf(const QWheelEvent& wheel);  ///< Small turns count together.
+
+/// Takes a step, of a quarter or back to the zoom of the start, within what the window's screen takes.
+void takeZoomStep(const QWidget& window, ZoomStep step);
+
+}  // namespace platform::qt
