@@ -6,11 +6,13 @@
 #include "product.h"
 
 int main(int argc, char** argv) {
-    if (const auto answer = answerTo(argc, argv)) {
-        std::fputs(answer->text.c_str(), answer->exitCode == 0 ? stdout : stderr);
-        return answer->exitCode;
+    const CommandLine line = read(argc, argv);
+    if (line.answer) {
+        std::fputs(line.answer->text.c_str(), line.answer->exitCode == 0 ? stdout : stderr);
+        return line.answer->exitCode;
     }
     platform::Application application(argc, argv, PRODUCT_NAME, PRODUCT_ID);
+    application.setZoom(line.zoom);
     const auto main = gfrmMain.hold();
     main->form.show();
     return application.run();

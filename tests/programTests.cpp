@@ -49,20 +49,23 @@ class ProgramRun : public QProcess {
 };
 
 TEST(Program, AnswersItsOptionsAndRefusesOtherWords) {
-    const std::string usage = "Usage: velmora [--help | --version]\n";
+    const std::string usage = "Usage: velmora [--zoom N | --help | --version]\n";
+    const std::string zoomUsage = "velmora: The zoom is a number from 1 to 8 in steps of a quarter, such as 1.5.\n";
     struct {
         QStringList words;
         std::string ending;
     } const cases[] = {
         {{"--version"}, "0|Velmora 1.0.0\n|"}, {{"--nonsense"}, "2||" + usage}, {{"play"}, "2||" + usage},
-        {{"--help", "more"}, "2||" + usage},   {{""}, "2||" + usage},
+        {{"--help", "more"}, "2||" + usage},   {{""}, "2||" + usage},           {{"--zoom"}, "2||" + usage},
     };
+    for (const char* zoom : {"0.75", "1.1", "9", "-2", "2x", "", "nan", "1e0"})
+        EXPECT_EQ(ProgramRun({"--zoom", zoom}).ending(), "2||" + zoomUsage) << zoom;
     for (const auto& row : cases) EXPECT_EQ(ProgramRun(row.words).ending(), row.ending) << row.words[0].toStdString();
 
     const std::string help = ProgramRun({"--help"}).ending();
     EXPECT_TRUE(help.starts_with("0|" + usage) && help.ends_with("|")) << help;
     for (const char* word : {"Left, Right", "  Down ", "  P, Pause ", "  F2 ", "  F1 ", "  F10 ", "Enter", "Esc",
-                             "number pad", "--help", "--version"})
+                             "number pad", "--help", "--version", "--zoom N"})
         EXPECT_NE(help.find(word), std::string::npos) << word;
 }
 
@@ -74,7 +77,7 @@ TEST(Program, TellsInOneSentenceThatThereIsNoDisplay) {
 
 TEST(Program, AnEndSignalClosesItAsExitDoes) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        ProgramRun run({});
+        ProgramRun run(signal == SIGINT ? QStringList{"--zoom", "1.5"} : QStringList{});
         ASSERT_TRUE(QTest::qWaitFor([&] { return run.handlesEndSignals(); }, 10000));
         kill(static_cast<pid_t>(run.processId()), signal);
         EXPECT_EQ(run.ending().substr(0, 2), "0|") << "signal " << signal;

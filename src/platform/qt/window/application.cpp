@@ -21,6 +21,7 @@
 #include "platform/qt/window/formStack.h"
 #include "platform/qt/window/formWindow.h"
 #include "platform/qt/window/images.h"
+#include "platform/qt/window/zoom.h"
 
 namespace platform {
 namespace {
@@ -108,6 +109,8 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
         qt::formStack().bringBoxToFront();
     });
 }
+
+void Application::setZoom(double zoom) { qt::askForZoom(zoom); }
 
 int Application::run() {
     onEndSignal([] {

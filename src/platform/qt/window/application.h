@@ -12,6 +12,10 @@ class Application {
     /// the process ends with one sentence and exit code 1.
     Application(int& argc, char** argv, const std::string& name, const std::string& id);
 
+    /// How many times as large as on the screen's own scale all will be shown when the main window opens, as far as it
+    /// has room there; 0 for the largest whole zoom that leaves some of the screen free. Without it the zoom is 1.
+    void setZoom(double zoom);
+
     /// Serves events until the main window has been unloaded, as an interrupt or a termination signal does too; returns
     /// the exit code.
     int run();

@@ -18,6 +18,7 @@
 #include "platform/qt/window/clock.h"
 #include "platform/qt/window/formStack.h"
 #include "platform/qt/window/formWindow.h"
+#include "platform/qt/window/zoom.h"
 
 namespace platform {
 namespace {
@@ -37,7 +38,8 @@ void makeRoomForTitle(QMessageBox& box) {
     grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-QSize screenSize() { return QGuiApplication::primaryScreen()->size(); }
+/// The game knows nothing of the zoom.
+QSizeF screenSize() { return QSizeF(QGuiApplication::primaryScreen()->size()) * qt::zoom(); }
 
 }  // namespace
 

@@ -18,6 +18,7 @@
 #include "platform/qt/window/accessible.h"
 #include "platform/qt/window/formStack.h"
 #include "platform/qt/window/images.h"
+#include "platform/qt/window/zoom.h"
 #include "platform/shared/tabOrder.h"
 
 namespace platform {
@@ -81,7 +82,9 @@ void FormWindow::place() {
     if (!isWindow() && main) move(toPixels(form->left() - main->left()), toPixels(form->top() - main->top()));
     if (!isWindow()) return;
     const QScreen& screen = *QGuiApplication::primaryScreen();
-    const QPoint wanted = QPoint(toPixels(form->left()), toPixels(form->top())) + screen.geometry().topLeft();
+    const QPointF toMiddle = QPointF(width(), height()) / 2;
+    const QPointF middle = (QPointF(form->left(), form->top()) / twipsPerPixel + toMiddle) / zoom();
+    const QPoint wanted = screen.geometry().topLeft() + (middle - toMiddle).toPoint();
     const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
     setGeometry({onScreen(wanted, height(), screen.availableGeometry(), titleBar), size()});
 }
@@ -104,6 +107,7 @@ void FormWindow::open(bool asDialog) {
 
 void FormWindow::openAsMain() {
     setWindowFlags(mainWindowFlags);
+    openAtZoom(*this);
     place();
     create();
     bearAnySize(*windowHandle());

@@ -7,12 +7,14 @@
 #include <QBackingStore>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QStyle>
 #include <QWheelEvent>
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <utility>
 
 namespace platform::qt {
@@ -24,6 +26,7 @@ constexpr double atRest = 1;
 
 double now = atRest;
 double atStart = atRest;
+std::optional<double> askedFor;  // 0 for the one that suits the screen
 
 /// How often a window has room, a fraction too.
 double roomFor(const QSizeF& window, const QSizeF& room) {
@@ -85,8 +88,8 @@ double largestZoom(const QSizeF& window, const QSizeF& room) {
     return std::max(1.0, std::floor(roomFor(window, room) * stepsInOne) / stepsInOne);
 }
 
-double startZoom(const QSizeF& window, const QSizeF& screen) {
-    return std::max(1.0, std::floor(roomFor(window, screen * (1 - freePart))));
+double startZoom(const QSizeF& window, const QSizeF& room) {
+    return std::max(1.0, std::floor(roomFor(window, room * (1 - freePart))));
 }
 
 double zoom() { return now; }
@@ -99,6 +102,16 @@ void setZoom(double zoom) {
     for (QScreen* const screen : QGuiApplication::screens()) scale(screen);
     for (QWidget* const each : QApplication::topLevelWidgets())
         if (each->isVisible() && each->windowHandle() != nullptr) follow(*each, ratio / zoom);
+}
+
+void askForZoom(double zoom) { askedFor = zoom; }
+
+void openAtZoom(const QWidget& window) {
+    if (!askedFor) return;
+    const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QSizeF whole = window.size().grownBy({0, titleBar, 0, 0}), room = roomOnScreen(window);
+    atStart = *askedFor > 0 ? std::min(*askedFor, largestZoom(whole, room)) : startZoom(whole, room);
+    setZoom(atStart);
 }
 
 QSizeF roomOnScreen(const QWidget& window) { return QSizeF(window.screen()->availableSize()) * now; }

@@ -13,14 +13,17 @@ namespace platform::qt {
 /// The largest zoom with which a window has room, both in pixels at a zoom of 1: in quarters, from 1 on.
 double largestZoom(const QSizeF& window, const QSizeF& room);
 
-/// The largest whole zoom with which a window leaves a tenth of the screen free in height and width; at least 1.
-double startZoom(const QSizeF& window, const QSizeF& screen);
+/// The largest whole zoom with which it leaves a tenth of the room free in height and width; at least 1.
+double startZoom(const QSizeF& window, const QSizeF& room);
 
 double zoom();  ///< Now; 1 at first.
 
 /// Changes it at once. Windows on the screen keep their size in the game's pixels, and their middle where they can be
 /// seen whole there.
 void setZoom(double zoom);
+
+void askForZoom(double zoom);            ///< What openAtZoom() will take; 0 for the one that suits the screen.
+void openAtZoom(const QWidget& window);  ///< A window that isn't on the screen yet; nothing if none was asked for.
 
 /// The room for windows on the screen of a window, in pixels at a zoom of 1.
 QSizeF roomOnScreen(const QWidget& window);
