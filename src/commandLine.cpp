@@ -28,6 +28,7 @@ Keys in play
                  a button, Esc goes back to the board
   Ctrl with + - 0 or the wheel
                  show everything larger, smaller, or as at the start
+  F11            fill the screen, and give it back, as Esc does then
 
 Keys in the tile chooser and in the draw of seats
   arrow keys     move the highlight

@@ -27,7 +27,7 @@ class Deaf : public QObject {
 /// The window with a pointer over it; places are pixels of the window.
 class Pointer : public Window {
   protected:
-    void moveTo(const QPoint& at) { QTest::mouseMove(window->windowHandle(), at); }
+    void moveTo(const QPoint& at) { QTest::mouseMove(frame->windowHandle(), at); }
 
     /// What a window that comes up under a pointer at rest is told.
     void restAt(const QPoint& at) {
@@ -40,7 +40,7 @@ class Pointer : public Window {
 
     void clickAt(const QPoint& at, Qt::MouseButton button = Qt::LeftButton) {
         moveTo(at);
-        QTest::mouseClick(window->windowHandle(), button, Qt::NoModifier, at);
+        QTest::mouseClick(frame->windowHandle(), button, Qt::NoModifier, at);
     }
 };
 
@@ -71,7 +71,7 @@ TEST_F(Pointer, AToolButtonUnderItRisesUnlessSomethingIsOnTop) {
     const QPoint middle(126, 14), edge(112, 14);  // of the button of the high scores
     const auto edgeOnScreen = [&] {
         QApplication::processEvents();
-        return window->screen()->grabWindow(window->winId()).toImage().pixel(edge);
+        return window->screen()->grabWindow(frame->winId()).toImage().pixel(edge);
     };
     const QRgb flat = edgeOnScreen();
     QCursor::setPos(window->mapToGlobal(middle));  // Where this desktop thinks it is, when a dialog comes or goes.

@@ -23,7 +23,7 @@ class Presence : public Contract {
         start(timer_, 10, [this] { ++ticks_; });
     }
 
-    QWidget* window() { return qt::windowOf(main_->form); }
+    QWidget* window() { return qt::windowOf(main_->form)->window(); }
 
     bool ticks() {
         ticks_ = 0;
@@ -85,7 +85,7 @@ TEST_F(Presence, WhereNoActivationIsToldTheGamePlays) {
     NeverActive neverActive;
     main_ = std::make_unique<Window>();
     main_->form.resize(300 * twips, 200 * twips);
-    window()->installEventFilter(&neverActive);
+    qApp->installEventFilter(&neverActive);
     main_->form.show();
     driver::run(20);
     ASSERT_FALSE(window()->isActiveWindow());

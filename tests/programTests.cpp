@@ -64,8 +64,8 @@ TEST(Program, AnswersItsOptionsAndRefusesOtherWords) {
 
     const std::string help = ProgramRun({"--help"}).ending();
     EXPECT_TRUE(help.starts_with("0|" + usage) && help.ends_with("|")) << help;
-    for (const char* word : {"Left, Right", "  Down ", "  P, Pause ", "  F2 ", "  F1 ", "  F10 ", "Enter", "Esc",
-                             "number pad", "--help", "--version", "--zoom N"})
+    for (const char* word : {"Left, Right", "  Down ", "  P, Pause ", "  F2 ", "  F1 ", "  F10 ", "  F11 ", "Enter",
+                             "Esc", "number pad", "--help", "--version", "--zoom N"})
         EXPECT_NE(help.find(word), std::string::npos) << word;
 }
 

@@ -76,7 +76,7 @@ TEST(Show, LeavesTheWholePictureOnTheScreenEachTime) {
     setUpApplication();
     const auto game = gfrmMain.hold();
     game->form.show();
-    QWidget* const window = platform::qt::windowOf(game->form);
+    QWidget* const window = platform::qt::windowOf(game->form)->window();
     const auto* const line = window->findChild<QLabel*>();
     ASSERT_TRUE(QTest::qWaitFor([&] { return line->isVisible(); })) << "the last to come up";
     QTest::qWait(2 * untilPainted);

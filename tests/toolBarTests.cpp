@@ -105,9 +105,9 @@ TEST_F(ToolBarKeys, ThePointerShowsTheKeyAndAClickTheNewState) {
     QHelpEvent rests(QEvent::ToolTip, pause, window->mapToGlobal(pause));
     QApplication::sendEvent(window->childAt(pause), &rests);
     EXPECT_EQ(QToolTip::text(), "Pause (P)");
-    for (const QPoint& place : {QPoint(600, 300), peek}) QTest::mouseMove(window->windowHandle(), place);
+    for (const QPoint& place : {QPoint(600, 300), peek}) QTest::mouseMove(frame->windowHandle(), place);
     for (const char* toolTip : {"Peek:On", "Peek:Off"}) {
-        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, peek);
+        QTest::mouseClick(frame->windowHandle(), Qt::LeftButton, {}, peek);
         EXPECT_EQ(QToolTip::text(), toolTip);
     }
 }
@@ -170,7 +170,7 @@ TEST_F(ToolBarKeys, TheKeysAreTheToolbarsUntilItIsLeft) {
          }},
         {"a click on the board",
          [this] {
-             QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, {600, 500});
+             QTest::mouseClick(frame->windowHandle(), Qt::LeftButton, {}, {600, 500});
          }},
         {"a click on a button", [this] { click("Round:(In Chinese)"), click("Round:(In English)"); }},
         {"another window",
@@ -227,12 +227,12 @@ TEST_F(ToolBarKeys, TheLevelMenuOpensUnderItsButton) {
         open();
         return place;
     };
-    QTest::mouseMove(window->windowHandle(), {300, 200});
+    QTest::mouseMove(frame->windowHandle(), {300, 200});
     goTo("Level:Easy");
     EXPECT_EQ(menuPlace([this] { press(Qt::Key_Return); }), QPoint(28, 28));
     EXPECT_EQ(game->mlngLevel, 2);
     EXPECT_EQ(marked(), "Level:Medium");
-    QTest::mouseMove(window->windowHandle(), {40, 20});
+    QTest::mouseMove(frame->windowHandle(), {40, 20});
     EXPECT_EQ(menuPlace([this] { click("Level:Medium"); }), window->mapFromGlobal(QCursor::pos()));
     EXPECT_EQ(game->mlngLevel, 3);
 }

@@ -21,9 +21,8 @@ void Window::SetUp() {
     if (desktop == std::string_view("offscreen")) platform::qt::holdTime();
     game = gfrmMain.hold();
     game->form.show();
-    for (QWidget* widget : QApplication::topLevelWidgets())
-        if (widget->isVisible() && widget->windowTitle() == "Velmora") window = widget;
-    ASSERT_NE(window, nullptr);
+    window = platform::qt::windowOf(game->form);
+    frame = window->window();
 }
 
 void Window::TearDown() {

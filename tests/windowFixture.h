@@ -59,7 +59,8 @@ class Window : public ::testing::Test {
     static inline const char* desktop = "offscreen";  ///< Qt's name of it; set before the first window.
 
     std::shared_ptr<frmMain> game;
-    QWidget* window = nullptr;
+    QWidget* window = nullptr;  ///< The table.
+    QWidget* frame = nullptr;   ///< The main window around it.
 
   private:
     struct Hand {

@@ -67,32 +67,10 @@ TEST(WindowPlace, IsOnTheScreenAndLeavesTheTableWhole) {
         EXPECT_EQ(platform::qt::onScreen(row.wanted, 581, row.screen, 24), row.place) << row.what;
 }
 
-TEST_F(Window, TheWindowKeepsItsSize) {
-    EXPECT_FALSE(window->windowFlags() & Qt::WindowMaximizeButtonHint);
-    EXPECT_TRUE(window->windowFlags() & Qt::WindowMinimizeButtonHint);
-    struct {
-        const char* what;
-        std::function<void()> happens;
-    } const rows[] = {
-        {"maximised", [&] { window->showMaximized(); }},
-        {"full screen", [&] { window->showFullScreen(); }},
-        {"larger", [&] { window->windowHandle()->setGeometry(10, 40, 900, 600); }},
-    };
-    for (const auto& row : rows) {
-        row.happens();
-        const auto isAsBefore = [&] {
-            return window->size() == QSize(795, 581) && !window->isMaximized() && !window->isFullScreen();
-        };
-        EXPECT_TRUE(waitFor(isAsBefore)) << row.what;
-        QTest::qWait(20);
-        EXPECT_TRUE(isAsBefore()) << row.what;
-    }
-}
-
 TEST_F(Window, ItHasAnIconForTitleBarsAndLists) {
     for (const int side : {16, 24, 32, 48, 64}) {
         const QImage file(QString(VELMORA_ASSETS "/icons/velmora-%1.png").arg(side));
-        const QImage icon = window->windowIcon().pixmap(side, side).toImage();
+        const QImage icon = frame->windowIcon().pixmap(side, side).toImage();
         EXPECT_EQ(icon, file.convertToFormat(icon.format())) << side;
     }
 }

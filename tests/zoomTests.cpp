@@ -38,6 +38,14 @@ class Zoom : public Contract {
         QApplication::sendEvent(qt::formStack().top(), &turn);
     }
 
+    /// The frame has that size in the screen's pixels, and the table stands in its middle.
+    static bool isFrame(const QSize& size, double zoom) {
+        const QRect table = qt::formStack().mainWindow()->geometry();
+        const QPoint off = table.center() - top().rect().center();
+        return qt::zoom() == zoom && qt::sizeOnScreen(top()) == QSizeF(size) && table.size() == QSize(300, 200) &&
+               std::abs(off.x()) <= 1 && std::abs(off.y()) <= 1;
+    }
+
     /// Its size in the screen's pixels is so many times its own.
     static void expectZoom(double zoom, const std::string& what) {
         EXPECT_EQ(qt::zoom(), zoom) << what;
@@ -96,6 +104,59 @@ TEST_F(Zoom, KeysAndTheWheelChangeItPastTheGame) {
     inDialog(dialog, [&] { plus(), turnWheel(120); });
     expectZoom(1.5, "in a dialog");
     EXPECT_EQ(box.text(), "");
+}
+
+TEST_F(Zoom, TheTableStandsInTheMiddleOfWhatTheDesktopGives) {
+    showActive();
+    EXPECT_FALSE(top().windowFlags() & Qt::WindowMaximizeButtonHint);
+    EXPECT_TRUE(top().windowFlags() & Qt::WindowMinimizeButtonHint);
+    press(Qt::Key_Plus);
+    const QRect before = top().geometry();
+    const auto fillScreen = [] { press(Qt::Key_F11, Qt::NoModifier); };
+    const struct {
+        const char* what;
+        std::function<void()> comes, goes;
+        QSize size;
+        double zoom;
+    } rows[] = {
+        {"F11 and Esc", fillScreen, [] { press(Qt::Key_Escape, Qt::NoModifier); }, {800, 800}, 2.5},
+        {"F11 twice", fillScreen, fillScreen, {800, 800}, 2.5},
+        {"maximised", [] { top().showMaximized(); }, [] { top().showNormal(); }, {796, 796}, 2.5},
+        {"tiled",
+         [] { top().windowHandle()->resize(400, 560); },
+         [] { top().windowHandle()->resize(250, 167); },
+         {500, 700},
+         1.5},
+    };
+    for (const auto& row : rows) {
+        row.comes();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isFrame(row.size, row.zoom); })) << row.what;
+        press(Qt::Key_Minus);
+        EXPECT_TRUE(isFrame(row.size, row.zoom)) << row.what;
+        row.goes();
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return isFrame({375, 250}, 1.25) && top().minimumSize() == top().size();
+        })) << row.what;
+    }
+    EXPECT_EQ(top().geometry(), before);
+}
+
+TEST_F(Zoom, EscIsADialogsOwnOnAFilledScreen) {
+    showActive();
+    const auto escape = [] { press(Qt::Key_Escape, Qt::NoModifier); };
+    press(Qt::Key_F11, Qt::NoModifier);
+    Form dialog;
+    noteKeys(dialog, "dialog");
+    inDialog(dialog, escape);
+    EXPECT_EQ(trace_, "dialog down 27, dialog press 27");
+    press(Qt::Key_F10, Qt::NoModifier);
+    escape();
+    EXPECT_TRUE(top().isFullScreen()) << "it took the keys back from the toolbar";
+    noteKeys(main_->form, "main");
+    escape();
+    EXPECT_FALSE(top().isFullScreen());
+    escape();
+    EXPECT_TRUE(trace_.ends_with("main down 27, main press 27")) << "now it is the game's";
 }
 
 TEST_F(Zoom, AMessageGrowsToo) {

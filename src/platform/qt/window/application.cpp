@@ -20,6 +20,7 @@
 #include "platform/qt/window/fonts.h"
 #include "platform/qt/window/formStack.h"
 #include "platform/qt/window/formWindow.h"
+#include "platform/qt/window/frame.h"
 #include "platform/qt/window/images.h"
 #include "platform/qt/window/zoom.h"
 
@@ -49,7 +50,9 @@ class FontWatch : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() != QEvent::Polish) return false;
         const auto* const widget = qobject_cast<QWidget*>(watched);
-        if (!widget || !widget->isWindow() || dynamic_cast<const qt::FormWindow*>(widget)) return false;
+        if (!widget || !widget->isWindow() || dynamic_cast<const qt::FormWindow*>(widget) ||
+            dynamic_cast<const qt::Frame*>(widget))
+            return false;
         qApp->removeEventFilter(this);
         deleteLater();
         qt::makeUpForMissingFonts();

@@ -14,6 +14,7 @@
 #include "platform/base/uncaught.h"
 #include "platform/qt/controls/control.h"
 #include "platform/qt/window/formWindow.h"
+#include "platform/qt/window/frame.h"
 #include "platform/qt/window/keys.h"
 #include "platform/qt/window/zoom.h"
 #include "platform/shared/ticks.h"
@@ -60,14 +61,24 @@ FormWindow* windowOf(const Form::Impl* form) {
 /// Whether the keyboard is with that window, or with a menu or box that stands before it.
 bool hasKeyboard(const QWidget& main) {
     const QWindow* each = QGuiApplication::focusWindow();
-    while (each != nullptr && each != main.windowHandle()) each = each->transientParent();
+    while (each != nullptr && each != main.window()->windowHandle()) each = each->transientParent();
     return each != nullptr;
 }
 
-bool belongsToForms(const QWidget* face) { return dynamic_cast<const FormWindow*>(face->window()); }
+/// A dialog that opens without a main window is one of its own.
+bool belongsToForms(const QWidget* face) {
+    return dynamic_cast<const Frame*>(face->window()) || dynamic_cast<const FormWindow*>(face->window());
+}
 
 /// The keys of the zoom, and Ctrl by itself: the game's handlers would take it for any key of the player's.
 bool isOfZoom(const QKeyEvent& key) { return key.key() == Qt::Key_Control || zoomStepOf(key) != ZoomStep::None; }
+
+bool takeWheel(Frame& frame, QWheelEvent& wheel) {
+    if (!(wheel.modifiers() & Qt::ControlModifier)) return false;
+    wheel.accept();  // Else it would go on to what lies below.
+    frame.zoomBy(zoomStepOf(wheel));
+    return true;
+}
 
 }  // namespace
 
@@ -98,7 +109,7 @@ void FormStack::closeBox(const QWidget* box) {
 void FormStack::bringBoxToFront() const {
     auto* const box = static_cast<QWidget*>(desk().box());
     const FormWindow* const main = mainWindow();
-    if (box && main && main->windowHandle() == QGuiApplication::focusWindow()) box->activateWindow();
+    if (box && main && main->window()->windowHandle() == QGuiApplication::focusWindow()) box->activateWindow();
 }
 
 /// A tool button under the pointer lies flat while it takes no clicks. A window that comes up under a pointer at rest
@@ -119,7 +130,7 @@ void FormStack::lookForPlayer() {
     const FormWindow* const main = mainWindow();
     const bool isActive = main != nullptr && hasKeyboard(*main);
     mainHasHadKeyboard_ = main != nullptr && (mainHasHadKeyboard_ || isActive);
-    setAway(main != nullptr && (main->isMinimized() || (mainHasHadKeyboard_ && !isActive)));
+    setAway(main != nullptr && (main->window()->isMinimized() || (mainHasHadKeyboard_ && !isActive)));
 }
 
 void FormStack::setAway(bool away) const {
@@ -144,16 +155,24 @@ bool FormStack::eventFilter(QObject* watched, QEvent* event) {
 /// Whatever is open on the main window, its keys and the wheel change the zoom; those of the help are its own.
 bool FormStack::filterZoom(const QWidget& face, QEvent& event) const {
     const FormWindow* const main = mainWindow();
-    const bool isKey = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
-    if (main == nullptr || (!isKey && event.type() != QEvent::Wheel)) return false;
-    if (!belongsToForms(&face) && face.window() != desk().box()) return false;
-    const auto* const key = isKey ? static_cast<QKeyEvent*>(&event) : nullptr;
-    const auto* const wheel = isKey ? nullptr : static_cast<QWheelEvent*>(&event);
-    if (isKey ? !isOfZoom(*key) : !(wheel->modifiers() & Qt::ControlModifier)) return false;
-    event.accept();  // Else a wheel's would go on to what lies below.
-    if (event.type() != QEvent::KeyRelease)
-        takeZoomStep(*main->window(), isKey ? zoomStepOf(*key) : zoomStepOf(*wheel));
+    if (main == nullptr || (!belongsToForms(&face) && face.window() != desk().box())) return false;
+    if (event.type() == QEvent::Wheel) return takeWheel(*main->frame(), static_cast<QWheelEvent&>(event));
+    const bool isPress = event.type() == QEvent::KeyPress;
+    if (!isPress && event.type() != QEvent::KeyRelease) return false;
+    const auto& key = static_cast<QKeyEvent&>(event);
+    if (fillsOrLeavesScreen(*main->frame(), key)) {
+        if (isPress && !key.isAutoRepeat()) main->frame()->fillScreen(!main->frame()->isFullScreen());
+        return true;
+    }
+    if (!isOfZoom(key)) return false;
+    if (isPress) main->frame()->zoomBy(zoomStepOf(key));
     return true;
+}
+
+/// F11, and Esc where it means nothing else.
+bool FormStack::fillsOrLeavesScreen(const Frame& frame, const QKeyEvent& key) const {
+    const bool isEscape = key.key() == Qt::Key_Escape && !desk().boxIsOpen() && desk().dialogs().empty();
+    return key.key() == Qt::Key_F11 || (isEscape && frame.isFullScreen() && !mainWindow()->toolsHaveKeys());
 }
 
 /// Frames and panels on a form let events of the mouse go through to it.

@@ -15,6 +15,7 @@ class QWidget;
 namespace platform::qt {
 
 class FormWindow;
+class Frame;
 
 /// Sees to it that keys and clicks reach the form on top and no other, or the message box over it. From where the
 /// keyboard is it knows whether the player is at the game or away from it: another window has the keyboard, the help
@@ -46,6 +47,7 @@ class FormStack : public QObject {
 
   private:
     bool filterZoom(const QWidget& face, QEvent& event) const;
+    bool fillsOrLeavesScreen(const Frame& frame, const QKeyEvent& key) const;
     bool filterKey(QWidget* face, const QKeyEvent& event);
     bool isRepeat(const QKeyEvent& down) const;
     void passToBox(const QKeyEvent& event, const Stroke& stroke);

@@ -17,6 +17,7 @@
 #include "platform/qt/controls/control.h"
 #include "platform/qt/window/accessible.h"
 #include "platform/qt/window/formStack.h"
+#include "platform/qt/window/frame.h"
 #include "platform/qt/window/images.h"
 #include "platform/qt/window/zoom.h"
 #include "platform/shared/tabOrder.h"
@@ -26,22 +27,6 @@ namespace platform {
 FormView* makeFormView(Form& form) { return new qt::FormWindow(form); }
 
 namespace qt {
-namespace {
-
-// A main window can't be maximised.
-constexpr Qt::WindowFlags mainWindowFlags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                                            Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
-                                            Qt::WindowCloseButtonHint;
-constexpr Qt::WindowStates refusedStates = Qt::WindowMaximized | Qt::WindowFullScreen;
-
-/// Lets the desktop give a window of fixed size more room for a moment. Wayland ends a program that is maximised, as
-/// some desktops do unasked, and doesn't take the size that comes with it.
-void bearAnySize(QWindow& window) {
-    if (QGuiApplication::platformName().startsWith("wayland"))
-        window.setMaximumSize({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
-}
-
-}  // namespace
 
 QPoint onScreen(const QPoint& wanted, int height, const QRect& screen, int titleBar) {
     const int bottom = screen.top() + screen.height();
@@ -62,8 +47,11 @@ FormWindow::FormWindow(Form& owner) : form(&owner) {
     setRole(*this, QAccessible::Window);
 }
 
+FormWindow::~FormWindow() = default;
+
 void FormWindow::fitToSurface() {
     setFixedSize(form->scaleWidth(), form->scaleHeight());
+    if (frame_) frame_->fit();
     update();
 }
 
@@ -79,17 +67,21 @@ void FormWindow::showChanges() {
 
 void FormWindow::place() {
     const Form* const main = mainForm();
-    if (!isWindow() && main) move(toPixels(form->left() - main->left()), toPixels(form->top() - main->top()));
-    if (!isWindow()) return;
+    QWidget& top = frame_ ? static_cast<QWidget&>(*frame_) : *this;
+    if (!top.isWindow() && main) move(toPixels(form->left() - main->left()), toPixels(form->top() - main->top()));
+    if (!top.isWindow()) return;
     const QScreen& screen = *QGuiApplication::primaryScreen();
     const QPointF toMiddle = QPointF(width(), height()) / 2;
     const QPointF middle = (QPointF(form->left(), form->top()) / twipsPerPixel + toMiddle) / zoom();
     const QPoint wanted = screen.geometry().topLeft() + (middle - toMiddle).toPoint();
     const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    setGeometry({onScreen(wanted, height(), screen.availableGeometry(), titleBar), size()});
+    top.setGeometry({onScreen(wanted, height(), screen.availableGeometry(), titleBar), size()});
 }
 
-void FormWindow::setCaption(const std::string& text) { setWindowTitle(QString::fromStdString(text)); }
+void FormWindow::setCaption(const std::string& text) {
+    setWindowTitle(QString::fromStdString(text));
+    if (frame_) frame_->setWindowTitle(windowTitle());
+}
 
 void FormWindow::announce(const std::function<std::string()>& text) {
     if (!isListenedTo()) return;
@@ -102,15 +94,16 @@ void FormWindow::announce(const std::function<std::string()>& text) {
 void FormWindow::open(bool asDialog) {
     isMain_ = !asDialog;
     asDialog ? openAsDialog() : openAsMain();
-    show();
 }
 
 void FormWindow::openAsMain() {
-    setWindowFlags(mainWindowFlags);
+    setRole(*this, QAccessible::Client);
     openAtZoom(*this);
+    frame_ = std::make_unique<Frame>(*this);
     place();
-    create();
-    bearAnySize(*windowHandle());
+    show();
+    frame_->show();
+    frame_->fit();
 }
 
 void FormWindow::openAsDialog() {
@@ -122,6 +115,7 @@ void FormWindow::openAsDialog() {
     setRole(*this, QAccessible::Dialog);
     place();
     if (accessibleName().isEmpty()) setAccessibleName(windowTitle());  // Its loading may have told more.
+    show();
 }
 
 void FormWindow::wait() {
@@ -136,7 +130,11 @@ void FormWindow::leave() {
     focused_ = nullptr;
     if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
     hide();
-    setParent(nullptr);  // A dialog outlives the main window if its owner does.
+    setParent(nullptr);  // A form outlives its window, and a dialog the main window, if its owner does.
+    if (Frame* const frame = frame_.release()) {
+        frame->hide();
+        frame->deleteLater();  // It may be what is closed just now.
+    }
     if (loop_) loop_->quit();
     loop_ = nullptr;
     formStack().noteChange();
@@ -222,23 +220,9 @@ void FormWindow::paintEvent(QPaintEvent* /*event*/) {
     if (!image.isNull()) painter.drawImage(QPoint(0, 0), image);
 }
 
-void FormWindow::resizeEvent(QResizeEvent* /*event*/) {
-    const QSize own(form->scaleWidth(), form->scaleHeight());
-    if (isWindow() && !(windowState() & refusedStates) && size() != own) resize(own);
-}
-
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore();  // The form decides what closing means.
     if (form) form->unload();
-}
-
-void FormWindow::changeEvent(QEvent* event) {
-    QWidget::changeEvent(event);
-    if (event->type() != QEvent::WindowStateChange) return;
-    formStack().lookForPlayer();
-    if (windowState() & refusedStates)
-        QMetaObject::invokeMethod(
-            this, [this] { setWindowState(windowState() & ~refusedStates); }, Qt::QueuedConnection);
 }
 
 }  // namespace qt

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QWidget>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "platform/controls.h"
@@ -14,11 +15,16 @@ class QEventLoop;
 
 namespace platform::qt {
 
+class Frame;
+
 /// A form on the screen. It is deleted later than its Form, by deleteLater(), so that a form can be let go in its own
 /// handlers.
 class FormWindow : public QWidget, public FormView {
   public:
     explicit FormWindow(Form& owner);  ///< Not on the screen and without a size.
+    ~FormWindow() override;
+
+    Frame* frame() const { return frame_.get(); }  ///< The main window around the main form; null for a dialog.
 
     Form* form;  ///< Null when the form is gone.
 
@@ -54,14 +60,13 @@ class FormWindow : public QWidget, public FormView {
   protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void changeEvent(QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void openAsMain();
     void openAsDialog();
 
-    bool isMain_ = false;  // while it is open
+    bool isMain_ = false;           // while it is open
+    std::unique_ptr<Frame> frame_;  // then
     Changes::Moment shown_ = 0;
     QEventLoop* loop_ = nullptr;            // waits for the unload of a dialog
     std::vector<Control::Impl*> controls_;  // in tab order

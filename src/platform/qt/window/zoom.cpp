@@ -1,7 +1,9 @@
 #include "platform/qt/window/zoom.h"
 
 #include <private/qhighdpiscaling_p.h>
+#include <private/qwindow_p.h>
 #include <qpa/qplatformwindow.h>
+#include <qpa/qwindowsysteminterface.h>
 
 #include <QApplication>
 #include <QBackingStore>
@@ -16,6 +18,8 @@
 #include <map>
 #include <optional>
 #include <utility>
+
+#include "platform/qt/window/frame.h"
 
 namespace platform::qt {
 namespace {
@@ -51,15 +55,6 @@ void watchScreens() {
         QObject::connect(qApp, &QGuiApplication::screenAdded, qApp, [](QScreen* screen) { scale(screen); });
 }
 
-/// The limits are in the screen's pixels on the desktop's side, so that it has to be told anew of the same ones.
-void renewLimits(QWindow& window) {
-    const QSize least = window.minimumSize(), most = window.maximumSize();
-    window.setMinimumSize({});
-    window.setMaximumSize({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
-    window.setMinimumSize(least);
-    window.setMaximumSize(most);
-}
-
 /// Its picture would keep its size at the first change of scale, and what covers it wholly isn't painted with it.
 void paintAnew(QWidget& widget) {
     if (QBackingStore* const picture = widget.backingStore()) picture->resize(widget.size());
@@ -70,7 +65,12 @@ void paintAnew(QWidget& widget) {
 /// Gives a window the size in the screen's pixels that the zoom asks for; the ratio is that of the zoom before to now.
 void follow(QWidget& widget, double ratio) {
     QWindow& window = *widget.windowHandle();
-    renewLimits(window);
+    const auto* const frame = dynamic_cast<const Frame*>(&widget);
+    const bool isFilled = (frame != nullptr && frame->isFilled()) || widget.isMaximized() || widget.isFullScreen();
+    paintAnew(widget);
+    using Now = QWindowSystemInterface::SynchronousDelivery;  // Its own resize() would end the state that it has.
+    if (isFilled) return QWindowSystemInterface::handleGeometryChange<Now>(&window, window.handle()->geometry());
+    renewLimits(window, widget.minimumSize(), widget.maximumSize());
     const QPoint origin = widget.screen()->geometry().topLeft();
     const QRect room = widget.screen()->availableGeometry().marginsRemoved(window.frameMargins());
     QRect place({}, widget.size().boundedTo(widget.minimumSize().expandedTo(room.size())));
@@ -79,7 +79,6 @@ void follow(QWidget& widget, double ratio) {
     place.moveBottom(std::min(place.bottom(), room.bottom()));
     place.moveTopLeft({std::max(place.left(), room.left()), std::max(place.top(), room.top())});
     window.setGeometry(place);
-    paintAnew(widget);
 }
 
 }  // namespace
@@ -104,6 +103,15 @@ void setZoom(double zoom) {
         if (each->isVisible() && each->windowHandle() != nullptr) follow(*each, ratio / zoom);
 }
 
+void renewLimits(QWindow& window, const QSize& least, const QSize& most) {
+    constexpr QSize any(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    window.setMinimumSize({});
+    window.setMaximumSize(any);
+    window.setMinimumSize(least);
+    window.setMaximumSize(most);
+    if (QGuiApplication::platformName().startsWith("wayland")) qt_window_private(&window)->maximumSize = any;
+}
+
 void askForZoom(double zoom) { askedFor = zoom; }
 
 void openAtZoom(const QWidget& window) {
@@ -113,6 +121,8 @@ void openAtZoom(const QWidget& window) {
     atStart = *askedFor > 0 ? std::min(*askedFor, largestZoom(whole, room)) : startZoom(whole, room);
     setZoom(atStart);
 }
+
+void fitToZoom(QWidget& window) { follow(window, 1); }
 
 QSizeF roomOnScreen(const QWidget& window) { return QSizeF(window.screen()->availableSize()) * now; }
 

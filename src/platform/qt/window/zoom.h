@@ -5,6 +5,7 @@
 class QKeyEvent;
 class QWheelEvent;
 class QWidget;
+class QWindow;
 
 /// How many times as large as on its screen's own scale everything of the program is shown: windows, dialogs, menus and
 /// fonts alike, so that a pixel of the game stays a pixel of its widgets.
@@ -24,6 +25,13 @@ void setZoom(double zoom);
 
 void askForZoom(double zoom);            ///< What openAtZoom() will take; 0 for the one that suits the screen.
 void openAtZoom(const QWidget& window);  ///< A window that isn't on the screen yet; nothing if none was asked for.
+
+/// Tells the desktop the limits of a window's size, which are in the screen's pixels there. A size beyond them that the
+/// desktop gives it all the same is taken: Wayland ends a program that doesn't take the size it is maximised to.
+void renewLimits(QWindow& window, const QSize& least, const QSize& most);
+
+/// Gives a window on the screen its size in the screen's pixels again.
+void fitToZoom(QWidget& window);
 
 /// The room for windows on the screen of a window, in pixels at a zoom of 1.
 QSizeF roomOnScreen(const QWidget& window);
