@@ -73,8 +73,10 @@ void follow(QWidget& widget, double ratio) {
     renewLimits(window, widget.minimumSize(), widget.maximumSize());
     const QPoint origin = widget.screen()->geometry().topLeft();
     const QRect room = widget.screen()->availableGeometry().marginsRemoved(window.frameMargins());
-    QRect place({}, widget.size().boundedTo(widget.minimumSize().expandedTo(room.size())));
-    place.moveCenter(origin + (QPointF(widget.geometry().center() - origin) * ratio).toPoint());
+    const QSize size = widget.size().boundedTo(widget.minimumSize().expandedTo(room.size()));
+    const QPointF toMiddle = QPointF(size.width(), size.height()) / 2;
+    const QPointF middle = origin + (QRectF(widget.geometry()).center() - origin) * ratio;
+    QRect place((middle - toMiddle).toPoint(), size);
     place.moveRight(std::min(place.right(), room.right()));
     place.moveBottom(std::min(place.bottom(), room.bottom()));
     place.moveTopLeft({std::max(place.left(), room.left()), std::max(place.top(), room.top())});
