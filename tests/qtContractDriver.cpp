@@ -78,7 +78,7 @@ class Person : public QObject {
 
 Person& person() {
     qputenv("SDL_AUDIODRIVER", "dummy");
-    setUpApplication("offscreen", "Program");
+    setUpApplication("offscreen:configfile=" VELMORA_SOURCE "/tests/screens.json", "Program");
     static Person thePerson;
     return thePerson;
 }

@@ -1,4 +1,5 @@
-// How large all is shown, in the real window on a screen of 800 by 800 pixels.
+// How large all is shown, in the real window on the screens of screens.json: one of 800 by 800 pixels, and one of 600
+// by 400 that are two of its own pixels wide.
 
 #include <QApplication>
 #include <QMessageBox>
@@ -157,6 +158,21 @@ TEST_F(Zoom, EscIsADialogsOwnOnAFilledScreen) {
     EXPECT_FALSE(top().isFullScreen());
     escape();
     EXPECT_TRUE(trace_.ends_with("main down 27, main press 27")) << "now it is the game's";
+}
+
+TEST_F(Zoom, IsWithinWhatAnotherScreenTakes) {
+    showActive();
+    for (int step = 0; step < 4; ++step) press(Qt::Key_Plus);
+    expectZoom(2, "on the first");
+    top().move(850, 50);
+    EXPECT_TRUE(QTest::qWaitFor([] { return isFrame({525, 350}, 1.75) && top().devicePixelRatio() == 3.5; }));
+    press(Qt::Key_F11, Qt::NoModifier);
+    EXPECT_TRUE(QTest::qWaitFor([] { return isFrame({600, 400}, 2); }));
+    press(Qt::Key_F11, Qt::NoModifier);
+    EXPECT_TRUE(QTest::qWaitFor([] { return isFrame({525, 350}, 1.75); }));
+    top().move(100, 50);
+    EXPECT_TRUE(QTest::qWaitFor([] { return top().devicePixelRatio() == 1.75; }));
+    expectZoom(1.75, "on the first again");
 }
 
 TEST_F(Zoom, AMessageGrowsToo) {
