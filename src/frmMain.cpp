@@ -10,6 +10,7 @@
 #include "platform/desktop.h"
 #include "platform/help.h"
 #include "play/frmChooseTiles.h"
+#include "presentation/boardView.h"
 #include "presentation/frmBitmaps.h"
 #include "presentation/layout.h"
 #include "product.h"
@@ -33,12 +34,6 @@ void loadTable(frmMain& m) {
     m.form.setPicture(m.picWork.background());
 }
 
-/// Keeps what lies under the next tile. Call before anything is drawn.
-void keepNextTileGround(frmMain& m) {
-    platform::BitBlt(m.picBlankNextTile, 0, 0, nextTilePlace.width, nextTilePlace.height, m.picWork, nextTilePlace.left,
-                     nextTilePlace.top, platform::SRCCOPY);
-}
-
 }  // namespace
 
 frmMain::frmMain() : tbrZQT(form, toolbarHeight, toolbarButtons, ImageList1()) {
@@ -60,7 +55,7 @@ void frmMain::Form_Load() {
         gsSetClientSize(0, 0, clientRight, clientBottom, form);
         msSetUpToolbar();
         gsCenterForm(form);
-        keepNextTileGround(*this);
+        gsKeepNextTileGround(*this);
         msAssignSeatPsns();
         mblnMusicReady = gblnfInitMCI(mmcZQT, true, false, 0, platform::programFile(productFile::music), "Sequencer");
         msInitVar();

@@ -6,7 +6,8 @@
 
 #include "platform/desktop.h"
 #include "platform/pictures.h"
-#include "platform/sim/simulation.h"
+#include "presentation/commands.h"
+#include "tests/gameFixture.h"
 
 namespace {
 
@@ -22,6 +23,33 @@ void writeSet(int density, const Picture& marked, size_t missing) {
     std::ofstream(programFile("pictures-x" + std::to_string(density) + ".bin"), std::ios::binary)
         .write(reinterpret_cast<const char*>(pixels.data()),
                static_cast<std::streamsize>(pixels.size() * sizeof(uint32_t) - missing));
+}
+
+class DensityInPlay : public GameFixture {
+  protected:
+    /// The table after some landings at one density and a step of the next tile at another.
+    std::vector<uint32_t> tableAfter(int density, int lastDensity) {
+        setDensity(density);
+        startProgram();
+        dealHand("c1 b2 w3 E f1 c9");
+        game->mblnPeek = true;
+        land("c1", 2), land("b2", 7), land("f1", 9);
+        command::togglePeek(*game), nextTile();
+        sim::runFor(1200);
+        setDensity(lastDensity);
+        sim::runFor(500);
+        const uint32_t* const first = game->form.surface().row(0);
+        return {first,
+                first + game->form.surface().width() * lastDensity * game->form.surface().height() * lastDensity};
+    }
+};
+
+TEST_F(DensityInPlay, TheNextStepPaintsTheTableAtTheNewOne) {
+    writeSet(2, pictureByName("102"), 0);
+    ASSERT_EQ(densePixels(pictureByName("102"), 2).density, 2) << "it stays, whatever becomes of the file";
+    const std::vector<uint32_t> always = tableAfter(2, 2), lately = tableAfter(1, 2);
+    setDensity(1);
+    EXPECT_TRUE(always == lately);
 }
 
 TEST(Density, APictureIsTakenFromTheHighestSetThatIsThereAndWhole) {

@@ -4,6 +4,7 @@
 #include "platform/desktop.h"
 #include "platform/form.h"
 #include "play/tileNames.h"
+#include "presentation/boardView.h"
 #include "presentation/hints.h"
 #include "scoring/frmBreakDown.h"
 #include "toolkit/failures.h"
@@ -86,6 +87,7 @@ void frmMain::Timer1_Timer() {
     }
     msGenerateLightning();
     if (mintCurRow == noRow ? tileEnters(*this) : tileFalls(*this)) {
+        if (!mblnLightningShown) gsPaintAtNewDensity(*this);
         msDrawLightning();
         msDrawNexTile();
         msDrawEarnedTiles();

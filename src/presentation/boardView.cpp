@@ -1,3 +1,7 @@
+#include "presentation/boardView.h"
+
+#include <utility>
+
 #include "frmMain.h"
 #include "presentation/frmBitmaps.h"
 #include "presentation/layout.h"
@@ -46,4 +50,20 @@ void frmMain::msDrawEarnedTiles() {
         for (const CellInfo& slot : EarnedTiles)
             if (slot.Filled) gsPaintFace(picWork, {slot.X, slot.Y}, slot.Tile.KindIdx, 0);
     });
+}
+
+void gsKeepNextTileGround(frmMain& m) {
+    platform::BitBlt(m.picBlankNextTile, 0, 0, nextTilePlace.width, nextTilePlace.height, m.picWork, nextTilePlace.left,
+                     nextTilePlace.top, platform::SRCCOPY);
+}
+
+void gsPaintAtNewDensity(frmMain& m) {
+    if (std::exchange(gfrmBitmaps->mintDensity, platform::density()) == platform::density()) return;
+    m.picWork.clear();
+    m.msCaptureLightningGround();
+    gsKeepNextTileGround(m);
+    m.msDrawPlayArea();
+    m.msPrintScore();
+    m.msDrawRound();
+    m.msDrawSeats();
 }

@@ -23,6 +23,8 @@ struct frmBitmaps {
     platform::Surface picBlankLightning{lightningPlace.width, lightningPlace.height};  // the bare table under it
     platform::Surface picPass;
     platform::Surface picPassMask;
+
+    int mintDensity = platform::density();  // with which the table was painted last
 };
 
 inline FormRef<frmBitmaps> gfrmBitmaps;

@@ -1,4 +1,3 @@
-#include "platform/pictures.h"
 #include "presentation/helpPictures.h"
 
 #include <algorithm>
@@ -6,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/pictures.h"
 #include "presentation/buttons.h"
 #include "presentation/frmBitmaps.h"
 
