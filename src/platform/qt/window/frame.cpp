@@ -57,6 +57,7 @@ void Frame::fill() {
         zoomBefore_ = zoom();
         cornerBefore_ = normalGeometry().topLeft();
     }
+    hadState_ = isSized();
     takeAnySize();
     setZoom(largestZoom(table_.size(), sizeOnScreen(*this)));
 }
@@ -74,6 +75,7 @@ void Frame::changeEvent(QEvent* event) {
     formStack().lookForPlayer();
     if (isSized() && size() != table_.size()) fill();
     if (!isSized() && !isFilled()) fit();
+    settles_.start(moment, this);
 }
 
 /// What the desktop tells of a size and of a state comes in any order, and a size may be an old one. Nor is a size
@@ -86,10 +88,14 @@ void Frame::resizeEvent(QResizeEvent* /*event*/) {
     settles_.start(moment, this);
 }
 
-/// Some desktops lay windows beside each other without any state.
+/// Some desktops lay windows beside each other without any state. And without a window manager nobody sees to the size
+/// that a state asks for.
 void Frame::timerEvent(QTimerEvent* /*event*/) {
     settles_.stop();
-    if (!isMinimized() && !hasOwnSize()) fill();
+    if (isMinimized()) return;
+    if (!isWayland() && isFullScreen() && hasOwnSize()) return windowHandle()->setGeometry(screen()->geometry());
+    if (!isWayland() && !isSized() && isFilled() && hadState_) return goBack();
+    if (!hasOwnSize()) fill();
 }
 
 bool Frame::isSized() const { return windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen); }

@@ -95,6 +95,8 @@ double startZoom(const QSizeF& window, const QSizeF& room) {
 
 double zoom() { return now; }
 
+bool isWayland() { return QGuiApplication::platformName().startsWith("wayland"); }
+
 void setZoom(double zoom) {
     if (zoom == now) return;
     for (const QScreen* const screen : QGuiApplication::screens()) ownScale(*screen);
@@ -111,7 +113,7 @@ void renewLimits(QWindow& window, const QSize& least, const QSize& most) {
     window.setMaximumSize(any);
     window.setMinimumSize(least);
     window.setMaximumSize(most);
-    if (QGuiApplication::platformName().startsWith("wayland")) qt_window_private(&window)->maximumSize = any;
+    if (isWayland()) qt_window_private(&window)->maximumSize = any;
 }
 
 void askForZoom(double zoom) { askedFor = zoom; }

@@ -26,6 +26,8 @@ void setZoom(double zoom);
 void askForZoom(double zoom);            ///< What openAtZoom() will take; 0 for the one that suits the screen.
 void openAtZoom(const QWidget& window);  ///< A window that isn't on the screen yet; nothing if none was asked for.
 
+bool isWayland();  ///< Whether the desktop is one of Wayland.
+
 /// Tells the desktop the limits of a window's size, which are in the screen's pixels there. A size beyond them that the
 /// desktop gives it all the same is taken: Wayland ends a program that doesn't take the size it is maximised to.
 void renewLimits(QWindow& window, const QSize& least, const QSize& most);
