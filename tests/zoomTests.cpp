@@ -175,6 +175,27 @@ TEST_F(Zoom, IsWithinWhatAnotherScreenTakes) {
     expectZoom(1.75, "on the first again");
 }
 
+TEST_F(Zoom, AllIsPaintedAtItsScale) {
+    showActive();
+    main_->bar.stretch(3);
+    Form dialog;
+    Panel panel(dialog, {0, 0, 100, 50});
+    panel.setCaption("Caption");
+    const auto expectPainted = [](const char* when) {
+        const auto seen = [] { return top().screen()->grabWindow(top().winId()).toImage(); };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return seen() == top().grab().toImage().convertToFormat(seen().format()); }))
+            << when;
+    };
+    inDialog(dialog, [&] {
+        press(Qt::Key_Plus);
+        expectPainted("larger");
+        press(Qt::Key_F11, Qt::NoModifier);
+        expectPainted("on the whole screen");
+        press(Qt::Key_F11, Qt::NoModifier);
+        expectPainted("back");
+    });
+}
+
 TEST_F(Zoom, AMessageGrowsToo) {
     showActive();
     QMessageBox box(QMessageBox::Warning, "Program", "Text", QMessageBox::Ok, &top());
