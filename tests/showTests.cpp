@@ -12,6 +12,7 @@
 
 #include "frmMain.h"
 #include "platform/qt/window/formWindow.h"
+#include "platform/qt/window/zoom.h"
 #include "tests/application.h"
 #include "tools/album/hands.h"
 #include "tools/album/stage.h"
@@ -21,11 +22,19 @@ namespace {
 constexpr int untilPainted = 15;  // milliseconds: Qt paints 5 after a change
 constexpr int leastLooks = 250;
 constexpr int mostLooks = 4000;
+constexpr int looksAtAZoom = 7;
 
 /// What has been painted of a window so far, as it stands on the screen.
 QImage screenOf(const QWidget* window) {
     QBackingStore* const store = window->backingStore();
     return store != nullptr ? *dynamic_cast<const QImage*>(store->paintDevice()) : QImage();
+}
+
+/// Whether two images are the same but for so much in each colour.
+bool areAlike(const QImage& one, const QImage& other, int difference) {
+    return one.size() == other.size() &&
+           std::equal(one.constBits(), one.constBits() + one.sizeInBytes(), other.constBits(),
+                      [=](uchar a, uchar b) { return std::abs(a - b) <= difference; });
 }
 
 class Onlooker : public QObject {
@@ -44,6 +53,8 @@ class Onlooker : public QObject {
         if (enough || looks == mostLooks || ::testing::Test::HasFailure()) return QApplication::exit(0);
         lookSoon();  // Even if this look opens a dialog and stays in it.
         compare();
+        constexpr double zooms[] = {1, 1.5, 2};
+        if (looks % looksAtAZoom == 0) platform::qt::setZoom(zooms[looks / looksAtAZoom % std::size(zooms)]);
         stage_.act();
     }
 
@@ -54,7 +65,11 @@ class Onlooker : public QObject {
         if (gfrmMain->mblnLightningShown) ++strikes_;
         gfrmMain->mlngLastLightning = -60;  // A strike may come at any time.
         const QImage seen = screenOf(window_).convertToFormat(format);
-        ASSERT_EQ(seen, window_->grab().toImage().convertToFormat(format)) << "at look " << looks;
+        const bool isSmoothed =
+            seen.width() % window_->width() != 0;  // Which rounds a part in another way than the whole.
+        const QImage whole = window_->grab().toImage().convertToFormat(format);
+        ASSERT_TRUE(areAlike(seen, whole, isSmoothed ? 1 : 0)) << "at look " << looks;
+        if (isSmoothed) return;
         if (!hands_.seesTableOnly() || gfrmMain->mintCurRow <= 0) return;
         // A tile that falls was shown last, so that the window has the whole of the work picture below the toolbar.
         for (int y = 40 * platform::density(); y < seen.height(); ++y) {
