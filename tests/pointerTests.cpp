@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
+#include <QToolTip>
 #include <QWindow>
 
 #include "hiscores/frmHiScore.h"
@@ -82,6 +83,9 @@ TEST_F(Pointer, AToolButtonUnderItRisesUnlessSomethingIsOnTop) {
     const auto seeFlat = [&] {
         ++shown;
         EXPECT_EQ(edgeOnScreen(), flat);
+        QHelpEvent rests(QEvent::ToolTip, middle, window->mapToGlobal(middle));
+        QApplication::sendEvent(window->childAt(middle), &rests);
+        EXPECT_EQ(QToolTip::text(), "");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     };
     whenOpen(gfrmHiScore, seeFlat);
