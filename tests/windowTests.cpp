@@ -71,7 +71,7 @@ TEST_F(Window, ItHasAnIconForTitleBarsAndLists) {
     for (const int side : {16, 24, 32, 48, 64}) {
         const QImage file(QString(VELMORA_ASSETS "/icons/velmora-%1.png").arg(side));
         const QImage icon = frame->windowIcon().pixmap(side, side).toImage();
-        EXPECT_EQ(icon, file.convertToFormat(icon.format())) << side;
+        EXPECT_EQ(icon, file.convertToFormat(QImage::Format_ARGB32_Premultiplied)) << side;
     }
 }
 
