@@ -267,6 +267,7 @@ TEST_F(Printing, ASlowServiceKeepsTheFormWaitingAndServed) {
     EXPECT_EQ(keys, 1);
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&] {
+        EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
         if (++ticks < 20) return QTest::keyClick(window, Qt::Key_A);
         timer.stop();
         service.close();
