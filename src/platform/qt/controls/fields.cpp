@@ -101,7 +101,7 @@ OneLine* validatorOf(const TextBox& box) { return lineOf(box)->findChild<OneLine
 /// row that begins with all of them.
 class Rows : public QListView {
   public:
-    explicit Rows(QComboBox* list) : list_(list) {
+    explicit Rows(QComboBox* list) {
         setTextElideMode(Qt::ElideMiddle);
         list->setView(this);
     }
@@ -116,12 +116,6 @@ class Rows : public QListView {
             QListView::keyboardSearch(letter);
     }
 
-  protected:
-    void initViewItemOption(QStyleOptionViewItem* option) const override {
-        QListView::initViewItemOption(option);
-        option->font = list_->font();
-    }
-
   private:
     void chooseNext(const QString& letter) {
         const QModelIndex after = model()->index((currentIndex().row() + 1) % model()->rowCount(), 0);
@@ -130,7 +124,6 @@ class Rows : public QListView {
         if (!found.empty()) setCurrentIndex(found.front());
     }
 
-    QComboBox* list_;
     QString typed_;  // without a pause
     QElapsedTimer sinceLetter_;
 };
