@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QTest>
+#include <QToolButton>
 #include <QWindow>
 #include <filesystem>
 #include <functional>
@@ -84,6 +85,16 @@ TEST_F(Window, EachPictureIsThereAtEachDensity) {
             EXPECT_EQ(platform::qt::imageOf(stored.picture, density), file) << stored.name << " at " << density;
             EXPECT_EQ(file.size(), QSize(stored.picture.width, stored.picture.height) * density) << stored.name;
         }
+    for (int density = 1; density <= platform::highestDensity; ++density) {
+        const QString folder = density == 1 ? "pictures" : QString("x%1").arg(density);
+        const QImage strip(VELMORA_ASSETS "/" + folder + "/ImageList1.png");
+        const QImage icon = window->findChild<QToolButton*>()->icon().pixmap({16, 16}, density).toImage();
+        const QRect middle(QPoint(6, 6) * density, QSize(4, 4) * density);
+        const auto inside = [&](const QImage& image) {
+            return image.convertToFormat(QImage::Format_RGB32).copy(middle);
+        };
+        EXPECT_EQ(inside(icon), inside(strip)) << "Start Anew at " << density;
+    }
 }
 
 TEST_F(Window, AMessageStandsAsItIsUnderItsWholeTitle) {

@@ -3,8 +3,10 @@
 #include <QCursor>
 #include <QFrame>
 #include <QHelpEvent>
+#include <QIconEngine>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QPointer>
 #include <QStyleOptionToolButton>
 #include <QToolButton>
@@ -130,21 +132,31 @@ void ToolButton::goOn(int step) {
     update();
 }
 
-/// The image with that number at all densities, the mask colour left out; null if the strip doesn't reach so far.
-QIcon cutIcon(const ImageList& images, int number) {
-    const int width = images.imageWidth;
-    QIcon icon;
-    if (number < 1 || number * width > images.strip.width) return icon;
-    for (int wanted = 1; wanted <= highestDensity; ++wanted) {
-        const QImage strip = qt::imageOf(images.strip, wanted);
-        const int real = width * strip.height() / images.strip.height;
-        QImage image = strip.copy((number - 1) * real, 0, real, strip.height());
-        image.setAlphaChannel(image.createMaskFromColor(pixelOf(images.maskColor), Qt::MaskOutColor));
-        image.setDevicePixelRatio(real / width);
-        icon.addPixmap(QPixmap::fromImage(image));
+/// One of the images, the mask colour left out, at the density of the screen that it is shown on. It is cut when it is
+/// painted, since those of higher densities would weigh on the start.
+class Icon : public QIconEngine {
+  public:
+    Icon(const ImageList& images, int number) : images_(images), number_(number) {}
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        return scaledPixmap(size, mode, state, 1);
     }
-    return icon;
-}
+    QPixmap scaledPixmap(const QSize& /*size*/, QIcon::Mode /*mode*/, QIcon::State /*state*/, qreal scale) override {
+        const QImage strip = qt::imageOf(images_.strip, qt::densityFor(scale));
+        const int side = images_.imageWidth * strip.height() / images_.strip.height;
+        QImage image = strip.copy((number_ - 1) * side, 0, side, strip.height());
+        image.setAlphaChannel(image.createMaskFromColor(pixelOf(images_.maskColor), Qt::MaskOutColor));
+        return QPixmap::fromImage(image);
+    }
+    void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State state) override {
+        painter->drawPixmap(place, scaledPixmap(place.size(), mode, state, painter->device()->devicePixelRatio()));
+    }
+    QIconEngine* clone() const override { return new Icon(*this); }
+
+  private:
+    ImageList images_;
+    int number_;
+};
 
 /// Under the tool button that has the keys, or else at the pointer.
 QPoint openingPlace(const qt::FormWindow* window) {
@@ -213,8 +225,10 @@ void ToolBar::stretch(int button) {
 }
 
 void ToolBar::setButtonImage(int button, int image) {
-    impl_->buttons[button]->setIcon(cutIcon(impl_->images, image));
-    impl_->buttons[button]->setIconSize({impl_->images.imageWidth, impl_->images.strip.height});
+    const auto& [strip, width, maskColor] = impl_->images;
+    const bool isThere = image >= 1 && image * width <= strip.width;
+    impl_->buttons[button]->setIcon(isThere ? QIcon(new Icon(impl_->images, image)) : QIcon());
+    impl_->buttons[button]->setIconSize({width, strip.height});
     impl_->buttons[button]->setVisible(image != 0);
 }
 
