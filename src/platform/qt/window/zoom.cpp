@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QStyle>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <QWidget>
 #include <QWindow>
@@ -103,8 +104,9 @@ void setZoom(double zoom) {
     watchScreens();
     const double ratio = std::exchange(now, zoom);
     for (QScreen* const screen : QGuiApplication::screens()) scale(screen);
+    QToolTip::hideText();
     for (QWidget* const each : QApplication::topLevelWidgets())
-        if (each->isVisible() && each->windowHandle() != nullptr) follow(*each, ratio / zoom);
+        if (each->windowHandle() != nullptr && each->windowHandle()->handle() != nullptr) follow(*each, ratio / zoom);
 }
 
 void renewLimits(QWindow& window, const QSize& least, const QSize& most) {
@@ -116,7 +118,14 @@ void renewLimits(QWindow& window, const QSize& least, const QSize& most) {
     if (isWayland()) qt_window_private(&window)->maximumSize = any;
 }
 
-void askForZoom(double zoom) { askedFor = zoom; }
+/// Qt's scaling is at work from here on. A window that is closed while it isn't would come back with a picture of the
+/// old scale.
+void askForZoom(double zoom) {
+    askedFor = zoom;
+    QScreen* const screen = QGuiApplication::primaryScreen();
+    QHighDpiScaling::setScreenFactor(screen, ownScale(*screen) * 2);
+    QHighDpiScaling::setScreenFactor(screen, ownScale(*screen));
+}
 
 void openAtZoom(const QWidget& window) {
     if (!askedFor) return;
