@@ -9,7 +9,7 @@ folder="$place/moved here"
 DESTDIR='' cmake --install "$1" --prefix "$place/laid out" >/dev/null
 mv "$place/laid out" "$folder"
 
-for file in velmora velmora_print.so velmora_sound.so mendel1.mid Thunder2.wav ZQT.hlp README.txt add-to-menu \
+for file in velmora velmora_print.so velmora_sound.so pictures-x{2,3,4}.bin mendel1.mid Thunder2.wav ZQT.hlp README.txt add-to-menu \
     velmora.desktop org.velmora.Velmora.metainfo.xml icons/velmora-16.png icons/velmora-256.png icons/velmora.svg \
     licences/fonts-kaushanscript.txt licences/fonts-liberation2.txt; do
     [ -s "$folder/$file" ] || fail "$file is missing"
