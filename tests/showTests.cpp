@@ -53,7 +53,7 @@ class Onlooker : public QObject {
         if (enough || looks == mostLooks || ::testing::Test::HasFailure()) return QApplication::exit(0);
         lookSoon();  // Even if this look opens a dialog and stays in it.
         compare();
-        constexpr double zooms[] = {1, 1.5, 2};
+        constexpr double zooms[] = {1, 1, 1.5, 1, 1, 2};
         if (looks % looksAtAZoom == 0) platform::qt::setZoom(zooms[looks / looksAtAZoom % std::size(zooms)]);
         stage_.act();
     }
