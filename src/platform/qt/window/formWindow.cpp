@@ -8,7 +8,6 @@
 #include <QStyle>
 #include <QToolButton>
 #include <QToolTip>
-#include <QWindow>
 #include <algorithm>
 #include <cmath>
 #include <utility>
