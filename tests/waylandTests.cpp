@@ -2,6 +2,7 @@
 
 #include <sys/prctl.h>
 
+#include <QBackingStore>
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -48,15 +49,19 @@ class Wayland : public Window {
 };
 
 TEST_F(Wayland, TheWindowTakesTheSizeThatItIsGiven) {
+    const auto waitUntilPainted = [&] {
+        waitFor([&] { return frame->backingStore()->size() == frame->size(); });
+        QTest::qWait(300);
+    };
     for (const Qt::WindowState state : {Qt::WindowMaximized, Qt::WindowFullScreen, Qt::WindowMaximized}) {
         frame->setWindowState(state);
         EXPECT_TRUE(waitFor([&] { return platform::qt::zoom() == 1.5 && window->x() > 30; })) << "state " << state;
         EXPECT_EQ(window->size(), QSize(795, 581));
-        QTest::qWait(100);
+        waitUntilPainted();
         frame->setWindowState(Qt::WindowNoState);
         EXPECT_TRUE(waitFor([&] { return frame->size() == window->size() && platform::qt::zoom() == 1; }))
             << "after " << state;
-        QTest::qWait(100);
+        waitUntilPainted();
     }
     EXPECT_TRUE(frame->windowHandle()->isExposed());
 }

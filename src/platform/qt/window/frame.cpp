@@ -53,13 +53,13 @@ void Frame::takeAnySize() {
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
 }
 
+/// Its limits stay: on Wayland each change of theirs shows the desktop the old size once more, which ends the program.
 void Frame::fill() {
     if (!isFilled()) {
         zoomBefore_ = zoom();
         cornerBefore_ = normalGeometry().topLeft();
     }
     hadState_ = isSized();
-    takeAnySize();
     setZoom(largestZoom(table_.size(), sizeOnScreen(*this)));
 }
 

@@ -115,7 +115,9 @@ void renewLimits(QWindow& window, const QSize& least, const QSize& most) {
     window.setMaximumSize(any);
     window.setMinimumSize(least);
     window.setMaximumSize(most);
-    if (isWayland()) qt_window_private(&window)->maximumSize = any;
+    if (!isWayland()) return;
+    qt_window_private(&window)->minimumSize = {0, 0};
+    qt_window_private(&window)->maximumSize = any;
 }
 
 /// Qt's scaling is at work from here on. A window that is closed while it isn't would come back with a picture of the
