@@ -54,7 +54,10 @@ class Onlooker : public QObject {
         lookSoon();  // Even if this look opens a dialog and stays in it.
         compare();
         constexpr double zooms[] = {1, 1, 1.5, 1, 1, 2};
-        if (looks % looksAtAZoom == 0) platform::qt::setZoom(zooms[looks / looksAtAZoom % std::size(zooms)]);
+        if (looks % looksAtAZoom == 0) {
+            platform::qt::setZoom(zooms[looks / looksAtAZoom % std::size(zooms)]);
+            stepsAtZoom_ = 0;
+        }
         stage_.act();
     }
 
@@ -69,7 +72,8 @@ class Onlooker : public QObject {
             seen.width() % window_->width() != 0;  // Which rounds a part in another way than the whole.
         const QImage whole = window_->grab().toImage().convertToFormat(format);
         ASSERT_TRUE(areAlike(seen, whole, isSmoothed ? 1 : 0)) << "at look " << looks;
-        if (isSmoothed) return;
+        if (std::exchange(step_, step()) != step()) ++stepsAtZoom_;
+        if (isSmoothed || stepsAtZoom_ < 2) return;  // The first may still be painted for the zoom before.
         if (!hands_.seesTableOnly() || gfrmMain->mintCurRow <= 0) return;
         // A tile that falls was shown last, so that the window has the whole of the work picture below the toolbar.
         for (int y = 40 * platform::density(); y < seen.height(); ++y) {
@@ -78,10 +82,14 @@ class Onlooker : public QObject {
         }
     }
 
+    static std::pair<int, int> step() { return {gfrmMain->mintTilesDropped, gfrmMain->mintCurRow}; }
+
     static constexpr QImage::Format format = QImage::Format_RGB32;
 
-    int dialogs_ = 0;  // looks at which something lay over the table
-    int strikes_ = 0;  // looks at which lightning stood over it
+    std::pair<int, int> step_;  // of the fall, at the last look
+    int stepsAtZoom_ = 0;       // since its last change
+    int dialogs_ = 0;           // looks at which something lay over the table
+    int strikes_ = 0;           // looks at which lightning stood over it
     QWidget* window_;
     album::Hands hands_;
     album::Stage stage_;
