@@ -55,8 +55,9 @@ class Onlooker : public QObject {
         compare();
         constexpr double zooms[] = {1, 1, 1.5, 1, 1, 2};
         if (looks % looksAtAZoom == 0) {
+            const double before = platform::qt::zoom();
             platform::qt::setZoom(zooms[looks / looksAtAZoom % std::size(zooms)]);
-            stepsAtZoom_ = 0;
+            if (platform::qt::zoom() != before) stepsAtZoom_ = 0;
         }
         stage_.act();
     }
