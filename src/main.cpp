@@ -2,6 +2,7 @@
 
 #include "commandLine.h"
 #include "frmMain.h"
+#include "platform/base/process.h"
 #include "platform/qt/window/application.h"
 #include "product.h"
 
@@ -9,7 +10,7 @@ int main(int argc, char** argv) {
     const CommandLine line = read(argc, argv);
     if (line.answer) {
         std::fputs(line.answer->text.c_str(), line.answer->exitCode == 0 ? stdout : stderr);
-        return line.answer->exitCode;
+        return platform::endOutput("velmora", line.answer->exitCode);
     }
     platform::Application application(argc, argv, PRODUCT_NAME, PRODUCT_ID);
     application.setZoom(line.zoom);

@@ -9,7 +9,6 @@
 #include <atomic>
 #include <chrono>
 #include <cmath>
-#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -65,7 +64,6 @@ class Ear {
     explicit Ear(const std::filesystem::path& folder) : pipe_(folder / "device") {
         mkfifo(pipe_.c_str(), S_IRUSR | S_IWUSR);
         attend();
-        std::signal(SIGPIPE, SIG_IGN);
         const int end = open(pipe_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
         thread_ = std::jthread([this, end](const std::stop_token& stop) { listen(stop, end); });
     }

@@ -1,6 +1,8 @@
 // The program as a person starts and ends it.
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QFile>
@@ -8,6 +10,7 @@
 #include <QProcessEnvironment>
 #include <QTest>
 #include <csignal>
+#include <functional>
 #include <string>
 
 namespace {
@@ -15,7 +18,9 @@ namespace {
 /// A run of the program on Qt's desktop of that name, with no display.
 class ProgramRun : public QProcess {
   public:
-    explicit ProgramRun(const QStringList& words, const QString& desktop = "offscreen") {
+    /// The process does what is given before the program begins in it.
+    explicit ProgramRun(const QStringList& words, const QString& desktop = "offscreen",
+                        const std::function<void()>& before = {}, const char* program = VELMORA_PROGRAM) {
         static int argc = 0;
         static const QCoreApplication application(argc, nullptr);
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -23,7 +28,8 @@ class ProgramRun : public QProcess {
         environment.insert("QT_QPA_PLATFORM", desktop);
         environment.insert("XDG_RUNTIME_DIR", QString::fromStdString(testing::TempDir()));
         setProcessEnvironment(environment);
-        start(VELMORA_PROGRAM, words);
+        setChildProcessModifier(before);
+        start(program, words);
         EXPECT_TRUE(waitForStarted());
     }
     ~ProgramRun() override {
@@ -67,6 +73,58 @@ TEST(Program, AnswersItsOptionsAndRefusesOtherWords) {
     for (const char* word : {"Left, Right", "  Down ", "  P, Pause ", "  F2 ", "  F1 ", "  F10 ", "  F11 ", "Enter",
                              "Esc", "number pad", "--help", "--version", "--zoom N"})
         EXPECT_NE(help.find(word), std::string::npos) << word;
+}
+
+void fillStream(int stream) { ::dup2(::open("/dev/full", O_WRONLY), stream); }
+
+void leaveStreamWithoutReader(int stream) {
+    int ends[2];
+    if (::pipe(ends) == 0) ::dup2(ends[1], stream);
+    for (const int end : ends) ::close(end);
+}
+
+TEST(Program, WhatCannotBeWrittenIsAFailure) {
+    const auto full = [] { fillStream(STDOUT_FILENO); };
+    const auto closed = [] { ::close(STDOUT_FILENO); };
+    const auto fullErrors = [] { fillStream(STDERR_FILENO); };
+    const std::string output = "output couldn't be written: ", disk = "No space left on device.\n";
+    struct {
+        const char* program;
+        QStringList words;
+        std::function<void()> before;
+        std::string code, told;
+    } const cases[] = {
+        {VELMORA_PROGRAM, {"--help"}, full, "1|", "|velmora: The " + output + disk},
+        {VELMORA_PROGRAM, {"--version"}, full, "1|", "|velmora: The " + output + disk},
+        {VELMORA_PROGRAM, {"--version"}, closed, "1|", "|velmora: The " + output + "Bad file descriptor.\n"},
+        {VELMORA_PROGRAM, {"--nonsense"}, fullErrors, "2|", "|"},
+        {VELMORA_SELFPLAY, {"--help"}, full, "1|", "|velmora_selfplay: The " + output + disk},
+        {VELMORA_SELFPLAY, {"--hands", "1"}, full, "1|", "|velmora_selfplay: The " + output + disk},
+        {VELMORA_SELFPLAY,
+         {"--hands", "1", "--log", "/dev/full"},
+         {},
+         "1|",
+         "|Play had to stop: Can't write the log to /dev/full\n"},
+    };
+    for (const auto& row : cases) {
+        const std::string ending = ProgramRun(row.words, "offscreen", row.before, row.program).ending();
+        EXPECT_TRUE(ending.starts_with(row.code) && ending.ends_with(row.told)) << ending;
+    }
+}
+
+TEST(Program, PlaysWhateverItsStreamsAre) {
+    for (const bool closed : {false, true}) {
+        ProgramRun run({}, "offscreen", [=] {  // Qt's desktop without a screen begins with warnings.
+            leaveStreamWithoutReader(STDERR_FILENO);
+            for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+                if (closed) ::close(stream);
+        });
+        ASSERT_TRUE(QTest::qWaitFor([&] { return run.handlesEndSignals(); }, 10000));
+        for (int stream = 0; stream <= 2 && closed; ++stream)
+            EXPECT_EQ(QFile::symLinkTarget(QString("/proc/%1/fd/%2").arg(run.processId()).arg(stream)), "/dev/null");
+        kill(static_cast<pid_t>(run.processId()), SIGTERM);
+        EXPECT_EQ(run.ending(), "0||");
+    }
 }
 
 TEST(Program, TellsInOneSentenceThatThereIsNoDisplay) {

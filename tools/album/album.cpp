@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "frmMain.h"
+#include "platform/base/process.h"
 #include "tools/album/pictures.h"
 
 namespace album {
@@ -95,8 +96,7 @@ void Album::end() const {
         std::printf("Not taken, since it didn't come: %s\n", pictures()[i].name);
         ++missing;
     }
-    std::fflush(nullptr);
-    std::_Exit(missing == 0 ? 0 : 1);
+    std::_Exit(platform::endOutput("velmora_album", missing == 0 ? 0 : 1));
 }
 
 }  // namespace album

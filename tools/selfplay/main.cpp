@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/base/process.h"
 #include "platform/sim/simulation.h"
 #include "scoring/scoringItems.h"
 #include "tools/selfplay/sitting.h"
@@ -141,18 +142,20 @@ void run(const Options& options) {
     const int matches = playAll(sitting, options);
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
     summarize(sitting, matches, passed.count());
+    log.close();
+    if (!log && !options.log.empty()) throw std::runtime_error("Can't write the log to " + options.log);
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-    if (count == 2 && arguments[1] == std::string("--help")) {
-        std::cout << usage;
-        return 0;
-    }
+    platform::holdStandardStreams();
     try {
-        run(optionsFrom(count, arguments));
-        return 0;
+        if (count == 2 && arguments[1] == std::string("--help"))
+            std::cout << usage;
+        else
+            run(optionsFrom(count, arguments));
+        return platform::endOutput("velmora_selfplay", 0);
     } catch (const BadArguments& error) {
         std::cerr << error.what() << "\n" << usage;
         return 2;

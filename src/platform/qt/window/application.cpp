@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <functional>
 
+#include "platform/base/process.h"
 #include "platform/base/uncaught.h"
 #include "platform/pictures.h"
 #include "platform/qt/window/accessible.h"
@@ -93,6 +94,8 @@ QApplication* openDisplay(int& argc, char** argv) {
 }  // namespace
 
 Application::Application(int& argc, char** argv, const std::string& name, const std::string& id) {
+    holdStandardStreams();
+    takeWriteErrors();
     programName = name;
     // Never deleted: forms that are let go at the very end still need it.
     QApplication* const application = openDisplay(argc, argv);
