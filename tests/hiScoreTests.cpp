@@ -1,12 +1,12 @@
 // The score file, byte for byte, all that can stand in its way, the view of its table, and the dialog that asks for a
 // name.
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
-#include <deque>
+#include <csignal>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -22,50 +22,7 @@
 #include "platform/sim/simulation.h"
 #include "tests/gameFixture.h"
 #include "tests/seenText.h"
-
-namespace {
-
-/// For the next calls of that name the error that the system tells of, or 0 for a call that goes well.
-using Errors = std::map<std::string, std::deque<int>>;
-
-Errors& comingErrors() {
-    static Errors& errors = *new Errors;
-    return errors;
-}
-
-off_t diskSize = 1 << 20;  // bytes that a file has room for
-
-bool fails(const char* call) {
-    std::deque<int>& coming = comingErrors()[call];
-    if (coming.empty()) return false;
-    errno = coming.front();
-    coming.pop_front();
-    return errno != 0;
-}
-
-}  // namespace
-
-// These stand before the system's own.
-
-int openInstead(const char* path, int flags, mode_t mode) asm("open");
-int openInstead(const char* path, int flags, mode_t mode) {
-    return fails("open") ? -1 : static_cast<int>(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
-}
-
-ssize_t pread(int file, void* bytes, size_t count, off_t from) {
-    return fails("pread") ? -1 : ::syscall(SYS_pread64, file, bytes, count, from);
-}
-
-ssize_t pwrite(int file, const void* bytes, size_t count, off_t from) {
-    if (from >= diskSize) errno = ENOSPC;
-    if (from >= diskSize || fails("pwrite")) return -1;
-    return ::syscall(SYS_pwrite64, file, bytes, std::min(count, static_cast<size_t>(diskSize - from)), from);
-}
-
-int close(int file) {
-    const auto result = static_cast<int>(::syscall(SYS_close, file));
-    return fails("close") ? -1 : result;
-}
+#include "tools/faultyDisk.h"
 
 namespace {
 
@@ -92,7 +49,6 @@ class HiScores : public GameFixture {
         path = platform::programFile("HiScore.dat");
         gaudtHiScore = {};
     }
-    ~HiScores() override { comingErrors().clear(); }
 
     void put(const std::string& bytes) const { std::ofstream(path, std::ios::binary) << bytes; }
 
@@ -138,6 +94,75 @@ class HiScores : public GameFixture {
         return all;
     }
 
+    /// Enters a score as the end of a match does, while those faults befall the file, which holds these bytes or, for
+    /// none, isn't there. The calls.
+    std::vector<faultyDisk::Call> enterOn(const std::vector<faultyDisk::Fault>& faults, const std::string& held) {
+        fs::remove(path);
+        if (!held.empty()) put(held);
+        gaudtHiScore = {};
+        game->mlngScore = 600;
+        game->mlngLevel = 3;
+        game->mintRoundsPlayed = 2;
+        const size_t before = sim::messages().size();
+        sim::setHands([&] {
+            if (sim::modalDepth() == 0) return;
+            if (gfrmGetName.isOpen()) {
+                EXPECT_EQ(sim::messages().size(), before) << "a name is asked for in vain";
+                sim::typeText("Eve");
+            }
+            sim::pressKey(Enter);
+        });
+        faultyDisk::begin(path, faults);
+        game->mblnfHiScore();
+        sim::setHands({});
+        return faultyDisk::end();
+    }
+
+    /// The number of the call that is the count-th of that name behind another one.
+    static size_t numberOf(const std::string& name, size_t count, const std::vector<faultyDisk::Call>& calls,
+                           size_t behind = 0) {
+        size_t number = behind;
+        while (count > 0) count -= calls.at(number++).name == name ? 1 : 0;
+        return number;
+    }
+
+    /// What those faults leave of a table, in words. It is another process that they kill.
+    std::string leftBy(const std::vector<faultyDisk::Fault>& faults, const std::string& before) {
+        heard = sim::messages().size();
+        const bool isKilled = faults.front().isKilled;
+        const pid_t other = isKilled ? ::fork() : 0;
+        if (other == 0) enterOn(faults, before);
+        if (other == 0 && isKilled) ::_exit(0);
+        int status = 0;
+        if (isKilled) ::waitpid(other, &status, 0);
+        EXPECT_EQ(WIFSIGNALED(status), isKilled);
+        const std::string after = bytes(), wanted = entered(before);
+        lastTold = told();
+        if (!isKilled) checkMemory(lastTold, after);
+        EXPECT_TRUE(isKilled || !lastTold.empty() || after == wanted) << "not told";
+        EXPECT_EQ(faultyDisk::openHandles(), 0u);
+        const char* const left = after == wanted ? "new" : after == before ? "old" : "mixed";
+        return left + std::string(lastTold.empty() ? "" : ", told");
+    }
+
+    /// The rows in memory are the file's as far as they could be read, and none after a save that has failed.
+    static void checkMemory(const std::string& told, const std::string& file) {
+        size_t rows = 0;
+        for (const HiScoreRecord& each : gaudtHiScore) {
+            if (each.lngScore == 0) break;
+            EXPECT_EQ(record(each.strName, each.intRounds, each.intLevel, each.lngScore), file.substr(rows++ * 18, 18));
+        }
+        EXPECT_TRUE(rows == 0 || !told.starts_with("gsSave"));
+        EXPECT_TRUE(rows == hiScoreRows || file.substr(rows * 18, 18) == blankRecord || !told.empty());
+    }
+
+    /// The table with the score that is entered, on top.
+    static std::string entered(const std::string& before) {
+        std::string after = record("Eve", 2, 3, 600) + before.substr(0, std::min<size_t>(before.size() / 18 * 18, 72));
+        while (after.size() < 90) after += blankRecord;
+        return after + (before.size() > 90 ? before.substr(90) : "");
+    }
+
     /// Opens the view of the table by its button, does something there and leaves it.
     static void inTable(const std::function<void()>& action) {
         inDialog(Button::HighScores, [&] {
@@ -148,7 +173,8 @@ class HiScores : public GameFixture {
 
     std::string path;
     std::string meanwhile;  // what another program puts there while a name is typed; empty for nothing
-    size_t heard = 0;       // messages
+    std::string lastTold;
+    size_t heard = 0;  // messages
 };
 
 TEST_F(HiScores, IsByteForByteAsItIsLaidOut) {
@@ -260,7 +286,6 @@ TEST_F(HiScores, WhatStandsInItsWayIsToldOnceAndNothingIsLost) {
         std::string opened, told;
         int rows;  // that memory holds of the table afterwards
         Type type = Type::regular;
-        std::string after = {};  // what the file holds; empty: as before
     };
     const fs::path folder = fs::path(path).parent_path();
     constexpr uid_t nobody = 65534;
@@ -273,17 +298,16 @@ TEST_F(HiScores, WhatStandsInItsWayIsToldOnceAndNothingIsLost) {
         };
     };
     const auto link = [&](const char* to) { return [=, this] { fs::create_symlink(to, path); }; };
-    const auto calls = [](const Errors& errors) { return [=] { comingErrors() = errors; }; };
-    const auto atEnd = [&](int closing, const std::deque<int>& writing = {}) {
-        return calls({{"close", {0, 0, closing}}, {"pwrite", writing}});
+    const auto calls = enterOn({{}}, fullTable);
+    fs::remove(path);
+    const auto reading = [&](size_t row) {
+        return [=, this] { faultyDisk::begin(path, {{"", numberOf("pread", row, calls), EIO}}); };
     };
-    const Errors interrupted = {{"open", {EINTR}}, {"pread", {EINTR}}, {"pwrite", {EINTR}}, {"close", {0, 0, EINTR}}};
-    const auto onTop = record("Eve", 2, 3, 600) + fullTable.substr(0, 72);
     const std::string one = "summary ", two = "summary name ", all = "summary name table ",
                       read = "gblnfReadHiScoreFile: Error ", save = "gsSaveHiScore: Error ",
                       noFile = "75 - Path/File access error: ", missing = "53 - File not found: ",
-                      denied = "70 - Permission denied: ", full = "61 - Disk full: ", fault = "57 - Device I/O error: ";
-    std::vector<Fault> faults = {
+                      denied = "70 - Permission denied: ", fault = "57 - Device I/O error: ";
+    const Fault faults[] = {
         {"a folder", "", [&] { fs::create_directory(path); }, one, read + noFile, 0, Type::directory},
         {"a pipe", "", [&] { ::mkfifo(path.c_str(), 0666); }, one, read + noFile, 0, Type::fifo},
         {"a link to a device", "", link("/dev/full"), one, read + noFile, 0, Type::symlink},
@@ -292,21 +316,9 @@ TEST_F(HiScores, WhatStandsInItsWayIsToldOnceAndNothingIsLost) {
         {"a read-only file", fullTable, rights(0444, 0755), one, read + denied, 0},
         {"a folder that can't be looked into", fullTable, rights(0644, 0600), one, read + denied, 0},
         {"a read-only folder", "", rights(0, 0555), all, save + denied, 0, Type::not_found},
-        {"full as it is closed", fullTable, atEnd(ENOSPC), all, save + full, 5},
-        {"a quota as it is closed", fullTable, atEnd(EDQUOT), all, save + full, 5},
-        {"a fault as it is closed", fullTable, atEnd(EIO), all, save + fault, 5},
-        {"not put back", fullTable, atEnd(ENOSPC, {0, EIO}), all, save + fault, 5, Type::regular, onTop},
-        {"a fault in the third row", fullTable, calls({{"pread", {0, EINTR, 0, EIO}}}), one, read + fault, 2},
-        {"as it is read again", fullTable, calls({{"pread", {0, 0, 0, 0, 0, EIO}}}), two, read + fault, 5},
-        {"interrupted", fullTable, calls(interrupted), all, "", 5, Type::regular, onTop},
+        {"a fault in the third row", fullTable, reading(3), one, read + fault, 2},
+        {"as it is read again", fullTable, reading(6), two, read + fault, 5},
     };
-    for (const int length : {0, 30, 54, 90, 95})
-        for (const int room : {0, 1, 17, 18, 50, 72, 89}) {
-            const auto make = [=] { diskSize = room; };
-            const std::string what = std::to_string(length) + " bytes, room for " + std::to_string(room);
-            faults.push_back(
-                {what, (fullTable + "trail").substr(0, length), make, all, save + full, std::min(length / 18, 5)});
-        }
     for (const Fault& row : faults) {
         SCOPED_TRACE(row.what);
         gaudtHiScore = {};
@@ -315,8 +327,7 @@ TEST_F(HiScores, WhatStandsInItsWayIsToldOnceAndNothingIsLost) {
         EXPECT_EQ(endMatch(600), row.opened) << "no name is asked for in vain";
         ASSERT_EQ(::seteuid(self), 0);
         fs::permissions(folder, fs::perms(0755));
-        comingErrors().clear();
-        diskSize = 1 << 20;
+        faultyDisk::end();
         EXPECT_EQ(told(), row.told);
         const auto isFilled = [](const HiScoreRecord& record) { return record.lngScore != 0; };
         EXPECT_EQ(std::ranges::count_if(gaudtHiScore, isFilled), row.rows) << "no row that was never stored";
@@ -324,10 +335,62 @@ TEST_F(HiScores, WhatStandsInItsWayIsToldOnceAndNothingIsLost) {
         sim::runFor(2000);
         EXPECT_TRUE(game->mblnGameRunning && game->mintTilesDropped == 1) << "another match can be played";
         EXPECT_EQ(fs::symlink_status(path).type(), row.type);
-        EXPECT_EQ(row.type == Type::regular ? bytes() : "", row.after.empty() ? row.before : row.after);
+        EXPECT_EQ(row.type == Type::regular ? bytes() : "", row.before);
         fs::remove(path);
         EXPECT_TRUE(fs::is_empty(folder)) << "nothing was made beside it";
     }
+}
+
+/// How often what was left, by the call and what befell it.
+using Outcomes = std::map<std::string, std::map<std::string, int>>;
+
+std::string inWords(const Outcomes& outcomes) {
+    std::string text;
+    for (const auto& [fault, left] : outcomes) {
+        text += fault + std::string(60 - fault.size(), ' ');
+        const char* before = "";
+        for (const auto& [what, count] : left)
+            text += std::exchange(before, "; ") + what + (count > 0 ? ": " + std::to_string(count) : "");
+        text += '\n';
+    }
+    return text;
+}
+
+/// A fault that befalls a table, alone or while a write is undone.
+struct Trial {
+    std::string name, before;
+    std::vector<faultyDisk::Fault> faults;
+};
+
+TEST_F(HiScores, ADiskThatFailsLeavesTheOldTableOrTheNewOne) {
+    const Unseen unseen;
+    std::vector<Trial> trials;
+    for (const std::string& before : {""s, fullTable.substr(0, 36), fullTable, fullTable + "trail"}) {
+        const auto usual = enterOn({{}}, before);
+        const faultyDisk::Fault cut = {"", numberOf("pwrite", 1, usual), ENOSPC, 1, false, true, 30};
+        const faultyDisk::Fault refused = {"", numberOf("dup", 1, usual), EMFILE};
+        for (const faultyDisk::Fault& first : {faultyDisk::Fault{}, cut, refused}) {
+            auto calls = enterOn({first}, before);
+            if (first.call > 0) calls.resize(numberOf("close", 1, calls, first.call));  // What follows is as usual.
+            for (size_t number = first.call + 1; number <= calls.size(); ++number)
+                for (const auto& fault : faultyDisk::faultsOf(calls[number - 1], number))
+                    trials.push_back({calls[number - 1].name + (first.call > 0 ? " of an undoing " : " ") + fault.what,
+                                      before,
+                                      {fault, first}});
+        }
+    }
+    // What forks comes first, while the process is small.
+    std::ranges::stable_partition(trials, [](const Trial& each) { return each.faults.front().isKilled; });
+    Outcomes left, toldOf;
+    for (const Trial& each : trials) {
+        const faultyDisk::Fault& fault = each.faults.front();
+        SCOPED_TRACE(each.name + " at call " + std::to_string(fault.call) + " by error " + std::to_string(fault.error));
+        ++left[each.name][leftBy(each.faults, each.before)];
+        if (fault.what != "fails once"s || each.faults.back().call > 0 || lastTold.empty()) continue;
+        const std::string told = lastTold.substr(lastTold.rfind("Error "));
+        toldOf[strerrorname_np(fault.error)][told.substr(0, told.rfind(':'))];
+    }
+    EXPECT_EQ(inWords(left) + inWords(toldOf), seenText("diskFaults"));
 }
 
 constexpr platform::Color shadow = 0x404040;

@@ -28,6 +28,6 @@ bool gblnfHiScoreFileIsThere();
 /// what it held.
 bool gblnfReadHiScoreFile();
 
-/// Writes the whole table over the file's beginning; a failure is reported, and the file is then as before, the table
-/// blank.
+/// Writes the whole table over the file's beginning; a failure is reported, and the table is then blank, the file as
+/// before, unless the disk doesn't let it be put back either.
 void gsSaveHiScore();

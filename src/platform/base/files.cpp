@@ -1,6 +1,7 @@
 #include "platform/base/files.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -46,11 +47,17 @@ int closeCopy(int handle) {
     return copy < 0 ? copy : ::close(copy);
 }
 
-/// Puts back what a write that failed has overwritten, and takes off what it has added; true if that went well.
+/// Puts back what a write that failed has overwritten, and takes off what it has added; true if that went well. It is
+/// tried again, since half a write is worse than a disk that is busy for a moment.
 bool putBack(int handle, const std::string& before, size_t written, size_t wanted) {
+    constexpr int tries = 3;
     const std::string overwritten = before.substr(0, written);
-    if (put(handle, overwritten) != overwritten.size()) return false;
-    return before.size() == wanted || ::ftruncate(handle, static_cast<off_t>(before.size())) == 0;
+    const auto length = static_cast<off_t>(before.size());
+    for (int i = 0; i < tries; ++i)
+        if (put(handle, overwritten) == overwritten.size() &&
+            (before.size() == wanted || TEMP_FAILURE_RETRY(::ftruncate(handle, length)) == 0))
+            return true;
+    return false;
 }
 
 }  // namespace
@@ -68,8 +75,16 @@ std::string File::read(size_t count, size_t from) const {
         if (got == 0) break;
         have += static_cast<size_t>(got);
     }
+    if (have < count) checkEnd(from + have);
     bytes.resize(have);
     return bytes;
+}
+
+/// Fails if the file is longer than that: what a disk doesn't give any more must not pass for the end of the file.
+void File::checkEnd(size_t length) const {
+    struct stat state {};
+    if (TEMP_FAILURE_RETRY(::fstat(handle_, &state)) != 0) failure::ofFile(errno, path_);
+    if (static_cast<size_t>(state.st_size) > length) failure::ofFile(EIO, path_);
 }
 
 void File::write(const std::string& bytes) {
