@@ -44,13 +44,17 @@ class ProgramRun : public QProcess {
         return std::to_string(code) + "|" + (readAllStandardOutput() + "|" + readAllStandardError()).toStdString();
     }
 
-    /// Whether it has handlers for the end signals yet, by the mask that the system shows of it.
-    bool handlesEndSignals() const {
+    /// Whether a signal is in a mask of the process, by what the system shows of it.
+    bool hasIn(const char* mask, int signal) const {
         QFile status(QString("/proc/%1/status").arg(processId()));
         if (!status.open(QIODevice::ReadOnly)) return false;
         const QByteArray text = status.readAll();
-        return (text.mid(text.indexOf("SigCgt:") + 7).trimmed().left(16).toULongLong(nullptr, 16) >> (SIGTERM - 1) &
-                1) != 0;
+        return (text.mid(text.indexOf(mask) + 7).trimmed().left(16).toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
+    }
+
+    /// Waits until it has handlers for the end signals.
+    bool handlesEndSignals() const {
+        return QTest::qWaitFor([this] { return hasIn("SigCgt:", SIGTERM); }, 10000);
     }
 };
 
@@ -112,14 +116,16 @@ TEST(Program, WhatCannotBeWrittenIsAFailure) {
     }
 }
 
-TEST(Program, PlaysWhateverItsStreamsAre) {
+TEST(Program, PlaysWithTheStreamsAndSignalsThatItGets) {
     for (const bool closed : {false, true}) {
         ProgramRun run({}, "offscreen", [=] {  // Qt's desktop without a screen begins with warnings.
+            std::signal(SIGHUP, SIG_IGN);
             leaveStreamWithoutReader(STDERR_FILENO);
             for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
                 if (closed) ::close(stream);
         });
-        ASSERT_TRUE(QTest::qWaitFor([&] { return run.handlesEndSignals(); }, 10000));
+        ASSERT_TRUE(run.handlesEndSignals());
+        EXPECT_TRUE(run.hasIn("SigIgn:", SIGHUP)) << "a terminal that goes away ends it, whatever nohup says";
         for (int stream = 0; stream <= 2 && closed; ++stream)
             EXPECT_EQ(QFile::symLinkTarget(QString("/proc/%1/fd/%2").arg(run.processId()).arg(stream)), "/dev/null");
         kill(static_cast<pid_t>(run.processId()), SIGTERM);
@@ -136,7 +142,7 @@ TEST(Program, TellsInOneSentenceThatThereIsNoDisplay) {
 TEST(Program, AnEndSignalClosesItAsExitDoes) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         ProgramRun run(signal == SIGINT ? QStringList{"--zoom", "1.5"} : QStringList{});
-        ASSERT_TRUE(QTest::qWaitFor([&] { return run.handlesEndSignals(); }, 10000));
+        ASSERT_TRUE(run.handlesEndSignals());
         kill(static_cast<pid_t>(run.processId()), signal);
         EXPECT_EQ(run.ending().substr(0, 2), "0|") << "signal " << signal;
     }

@@ -70,7 +70,8 @@ void tellLoop(int /*signal*/) {
 }
 
 /// Has the handler called in the event loop when an interrupt or a termination signal has asked the program to end. The
-/// first signal does so; a second one ends the process at once.
+/// first signal does so; a second one ends the process at once. One that the program was started to ignore, as nohup
+/// does for a terminal that goes away, stays ignored.
 void onEndSignal(std::function<void()> handler) {
     if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
     auto* const notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, QCoreApplication::instance());
@@ -81,7 +82,11 @@ void onEndSignal(std::function<void()> handler) {
     struct sigaction action {};
     action.sa_handler = tellLoop;
     action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaction(signal, &action, nullptr);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction before {};
+        sigaction(signal, nullptr, &before);
+        if (before.sa_handler != SIG_IGN) sigaction(signal, &action, nullptr);
+    }
 }
 
 QApplication* openDisplay(int& argc, char** argv) {
