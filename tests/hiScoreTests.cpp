@@ -5,7 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <csignal>
+#include <algorithm>
 #include <cstring>
 #include <filesystem>
 #include <fstream>

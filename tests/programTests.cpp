@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QTemporaryFile>
 #include <QTest>
 #include <csignal>
 #include <functional>
@@ -91,29 +92,31 @@ TEST(Program, WhatCannotBeWrittenIsAFailure) {
     const auto full = [] { fillStream(STDOUT_FILENO); };
     const auto closed = [] { ::close(STDOUT_FILENO); };
     const auto fullErrors = [] { fillStream(STDERR_FILENO); };
-    const std::string output = "output couldn't be written: ", disk = "No space left on device.\n";
+    const std::string disk = ": The output couldn't be written: No space left on device.\n",
+                      descriptor = ": The output couldn't be written: Bad file descriptor.\n",
+                      log = "Play had to stop: Can't write the log to /dev/full\n";
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
     struct {
         const char* program;
         QStringList words;
         std::function<void()> before;
         std::string code, told;
     } const cases[] = {
-        {VELMORA_PROGRAM, {"--help"}, full, "1|", "|velmora: The " + output + disk},
-        {VELMORA_PROGRAM, {"--version"}, full, "1|", "|velmora: The " + output + disk},
-        {VELMORA_PROGRAM, {"--version"}, closed, "1|", "|velmora: The " + output + "Bad file descriptor.\n"},
-        {VELMORA_PROGRAM, {"--nonsense"}, fullErrors, "2|", "|"},
-        {VELMORA_SELFPLAY, {"--help"}, full, "1|", "|velmora_selfplay: The " + output + disk},
-        {VELMORA_SELFPLAY, {"--hands", "1"}, full, "1|", "|velmora_selfplay: The " + output + disk},
-        {VELMORA_SELFPLAY,
-         {"--hands", "1", "--log", "/dev/full"},
-         {},
-         "1|",
-         "|Play had to stop: Can't write the log to /dev/full\n"},
+        {VELMORA_PROGRAM, {"--help"}, full, "1|", "velmora" + disk},
+        {VELMORA_PROGRAM, {"--version"}, full, "1|", "velmora" + disk},
+        {VELMORA_PROGRAM, {"--version"}, closed, "1|", "velmora" + descriptor},
+        {VELMORA_PROGRAM, {"--nonsense"}, fullErrors, "2|", ""},
+        {VELMORA_SELFPLAY, {"--help"}, full, "1|", "velmora_selfplay" + disk},
+        {VELMORA_SELFPLAY, {"--hands", "1"}, full, "1|", "velmora_selfplay" + disk},
+        {VELMORA_SELFPLAY, {"--hands", "1", "--log", file.fileName()}, closed, "1|", "velmora_selfplay" + descriptor},
+        {VELMORA_SELFPLAY, {"--hands", "1", "--log", "/dev/full"}, {}, "1|", log},
     };
     for (const auto& row : cases) {
         const std::string ending = ProgramRun(row.words, "offscreen", row.before, row.program).ending();
-        EXPECT_TRUE(ending.starts_with(row.code) && ending.ends_with(row.told)) << ending;
+        EXPECT_TRUE(ending.starts_with(row.code) && ending.ends_with("|" + row.told)) << ending;
     }
+    EXPECT_TRUE(file.readAll().startsWith("0 ")) << "the log has lines of the output";
 }
 
 TEST(Program, PlaysWithTheStreamsAndSignalsThatItGets) {

@@ -9,7 +9,6 @@
 #include <cerrno>
 #include <csignal>
 #include <set>
-#include <string_view>
 
 namespace faultyDisk {
 namespace {

@@ -6,7 +6,8 @@
 #include <vector>
 
 /// Stands between the program and the system's calls on one file, by their own names, and lets them fail as a disk
-/// does. A program that links this file has it for all its calls; those on other files pass through.
+/// does. It meets all calls of a program that links this file, but those on other files, and those of a name that isn't
+/// among the ones at its end, pass through.
 namespace faultyDisk {
 
 /// A call that was made.
