@@ -1,6 +1,7 @@
 // Pictures of higher densities, which lie in files beside the program.
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <fstream>
 
@@ -58,6 +59,7 @@ TEST(Density, APictureIsTakenFromTheHighestSetThatIsThereAndWhole) {
     const uint32_t own = picture.pixels[0];
     writeSet(2, picture, 0);
     writeSet(3, picture, 1);
+    ASSERT_EQ(::mkfifo(programFile("pictures-x4.bin").c_str(), S_IRUSR), 0) << "a pipe, which nobody writes to";
     const struct {
         int wanted, density;
         uint32_t first;

@@ -15,7 +15,7 @@ namespace {
 
 /// What a file holds, for the rest of the run; null if it can't be had or hasn't that size in bytes.
 const void* mapped(const std::string& path, size_t size) {
-    const int handle = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int handle = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);  // It waits for no pipe.
     if (handle < 0) return nullptr;
     struct stat status {};
     void* data = MAP_FAILED;
