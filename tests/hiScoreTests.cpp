@@ -173,8 +173,8 @@ class HiScores : public GameFixture {
 
     std::string path;
     std::string meanwhile;  // what another program puts there while a name is typed; empty for nothing
-    std::string lastTold;
-    size_t heard = 0;  // messages
+    std::string lastTold;   // by a disturbed end of a match
+    size_t heard = 0;       // messages
 };
 
 TEST_F(HiScores, IsByteForByteAsItIsLaidOut) {

@@ -29,7 +29,11 @@ class ProgramRun : public QProcess {
         environment.insert("QT_QPA_PLATFORM", desktop);
         environment.insert("XDG_RUNTIME_DIR", QString::fromStdString(testing::TempDir()));
         setProcessEnvironment(environment);
-        setChildProcessModifier(before);
+        setChildProcessModifier([before] {
+            for (const int signal : {SIGINT, SIGHUP})
+                std::signal(signal, SIG_DFL);  // nohup and a shell's & ignore them.
+            if (before) before();
+        });
         start(program, words);
         EXPECT_TRUE(waitForStarted());
     }
