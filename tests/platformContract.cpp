@@ -211,15 +211,27 @@ TEST_F(Contract, KeysArriveAsCodesAndCharacters) {
     }
 }
 
-TEST_F(Contract, KeyThatUnloadsItsFormGoesNoFurther) {
+TEST_F(Contract, KeyThatUnloadsItsFormGoesNoFurtherAndNothingComesBeforeItsAnswer) {
     showMain();
     noteKeys(main_->form, "main");
-    Form dialog;
-    dialog.onKeyDown = [&](int&) { dialog.unload(); };
+    main_->bar.setButtonKeys(2, {'P'});
+    Form dialog, next;
+    noteKeys(next, "next");
+    dialog.onKeyDown = [&](int& code) {
+        dialog.unload();
+        if (code == 'N') inDialog(next, [] { pressKey('X'); });
+    };
     dialog.onKeyPress = [&](int&) { note("dialog press"); };
-    post(10, [] { pressKey(Enter); });
-    dialog.showModal();
-    EXPECT_EQ(trace_, "");
+    for (const int code : {int{Enter}, int{'N'}}) {
+        post(10, [code] {
+            for (const int inOneGo : {code, int{'A'}, int{'P'}}) pressKey(inOneGo);
+            clickToolButton(2);
+        });
+        dialog.showModal();
+        note("answer");
+    }
+    pressKey('P');
+    EXPECT_EQ(trace_, "answer, next down 88, next press 120, answer, tool 2");
 }
 
 TEST_F(Contract, AHeldKeySaysThatItRepeatsUntilItIsLetGo) {

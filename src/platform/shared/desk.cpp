@@ -24,6 +24,14 @@ void Desk::open(Form::Impl& form, bool asDialog) {
     clicked_ = nullptr;
 }
 
+void Desk::wait(Form::Impl& dialog) {
+    shown_.push_back(&dialog);
+    dialog.view.wait();
+    shown_.pop_back();
+}
+
+bool Desk::isReturning() const { return !boxIsOpen() && !shown_.empty() && !shown_.back()->loaded; }
+
 /// Takes a form off the desk and off the screen; the one that comes to light is told.
 void Desk::close(Form::Impl& form) {
     const bool wasOnTop = top() == &form;
@@ -100,7 +108,7 @@ bool Desk::offer(Stroke& stroke) {
 
 /// Tells the form on top where the pointer is; whether Enter means something there.
 bool Desk::meansEnterAt(int x, int y) {
-    const Form::Impl* const form = boxIsOpen() ? nullptr : top();
+    const Form::Impl* const form = boxIsOpen() || isReturning() ? nullptr : top();
     if (form == nullptr || x < 0 || y < 0 || x >= form->surface.width() || y >= form->surface.height()) return false;
     bool answer = false;
     if (form->form->onPoint) callSlot(std::function<void()>([&, slot = form->form->onPoint] { answer = slot(x, y); }));

@@ -80,6 +80,9 @@ class Desk {
     void* box() const { return boxes_.empty() ? nullptr : boxes_.back(); }  ///< The top-most; null if there is none.
     const void* keyOwner() const { return boxes_.empty() ? top() : boxes_.back(); }  ///< Who has the keys; may be null.
     bool boxIsOpen() const { return !boxes_.empty(); }
+    /// Whether a dialog has closed and who has shown it doesn't know yet. What comes meanwhile, in one go with the key
+    /// that has closed it, means nothing: the form below has still to do what the answer brings.
+    bool isReturning() const;
     bool keyRepeats() const { return keyRepeats_; }  ///< Whether the key whose handler runs is a repeat.
 
     void openBox(void* box);         ///< It has the forms' keys from now on; with null nobody has them.
@@ -111,6 +114,7 @@ class Desk {
     };
 
     void open(Form::Impl& form, bool asDialog);
+    void wait(Form::Impl& dialog);
     void close(Form::Impl& form);
     void unloadAbove(const Form::Impl& form);
     void ignoreRepeatsFor(const void* owner);
@@ -119,6 +123,7 @@ class Desk {
     Form::Impl* main_ = nullptr;
     std::vector<Form::Impl*> dialogs_;
     std::vector<void*> boxes_;
+    std::vector<const Form::Impl*> shown_;  // the dialogs that somebody waits for, the last at the end
     int changes_ = 0;  // how often a form has opened or gone
     bool keyRepeats_ = false;
     const Form::Impl* clicked_ = nullptr;  // on which the left button went down, where Enter means something

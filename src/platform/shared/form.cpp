@@ -13,7 +13,7 @@ void Form::Impl::show(bool asDialog) {
     desk().open(*this, asDialog);
     view.open(asDialog);
     activate();
-    if (asDialog && loaded) view.wait();
+    if (asDialog && loaded) desk().wait(*this);
 }
 
 void Form::Impl::activate() {

@@ -92,7 +92,7 @@ FormWindow* FormStack::top() const { return windowOf(desk().top()); }
 
 bool FormStack::blocks(const QWidget* face) const {
     if (!belongsToForms(face)) return false;
-    if (desk().boxIsOpen()) return true;
+    if (desk().boxIsOpen() || desk().isReturning()) return true;
     return !desk().dialogs().empty() && top() != face && !top()->isAncestorOf(face);
 }
 
@@ -223,6 +223,7 @@ void FormStack::passToBox(const QKeyEvent& event, const Stroke& stroke) {
 
 /// A key that has gone down, for the box or the form on top.
 void FormStack::deliver(const QKeyEvent& event, Stroke stroke) {
+    if (desk().isReturning()) return;
     if (desk().boxIsOpen()) return passToBox(event, stroke);
     FormWindow* const window = top();
     if (window->takeToolKey && window->takeToolKey(event, stroke.repeat)) return;

@@ -123,6 +123,7 @@ void FormWindow::wait() {
     loop_ = &loop;
     loop.exec();
     if (self) self->loop_ = nullptr;  // It still stands when the program's end has ended the loop.
+    formStack().noteChange();         // From now on the form below takes clicks.
 }
 
 void FormWindow::leave() {
