@@ -1,16 +1,15 @@
+#include <gmock/gmock.h>
+
 #include <algorithm>
 #include <array>
 #include <numeric>
-#include <optional>
 #include <random>
 #include <set>
 #include <stdexcept>
 
 #include "hiscores/frmGetName.h"
 #include "hiscores/frmHiScore.h"
-#include "match/frmChooseSeat.h"
 #include "match/frmGameSummary.h"
-#include "match/frmRoundsSetting.h"
 #include "play/frmChooseTiles.h"
 #include "scoring/frmBreakDown.h"
 #include "scoring/scoringItems.h"
@@ -19,24 +18,76 @@
 
 namespace {
 
-TEST(SelfPlay, TheRefereeAgreesAtEveryLevelAndMatchesEndWithTheirRounds) {
-    constexpr int handsALevel = 200;
-    const Unseen unseen;
-    for (int level = 1; level <= levelCount; ++level) {
-        SCOPED_TRACE(levels[level - 1].caption);
-        const int rounds = level % 2 + 1;
-        selfplay::Sitting sitting(static_cast<uint32_t>(level), true);
-        sitting.setLevel(level);
-        sitting.setRounds(rounds);
-        int matches = 0;
-        for (bool over = false; sitting.hands() < handsALevel; matches += over ? 1 : 0) {
-            ASSERT_NO_THROW(over = sitting.playMatch(handsALevel - sitting.hands()));
-            EXPECT_EQ(gfrmMain->mintRoundsPlayed == rounds && gfrmMain->mintGamesPlayed >= 4 * rounds, over);
-            EXPECT_NE(gfrmMain->Timer1.enabled(), over);
-            EXPECT_EQ(over ? sim::modalDepth() : 0, 0) << "the summary stayed open";
+/// Each is a fault that the referee has to see as soon as something else happens.
+TEST(SelfPlay, TheRefereeObjectsToWhateverIsWrong) {
+    static const struct {
+        const char* complaint;
+        void (*spoil)(frmMain& game);
+    } rows[] = {
+        {"rests in row 0", [](frmMain& g) { g.CellTable[0][1].fill(g.TileKinds[1]); }},
+        {"place of the board", [](frmMain& g) { g.CellTable[1][9].fill(g.TileKinds[1]); }},
+        {"order of the tiles", [](frmMain& g) { std::swap(g.TileOrder[143], g.TileOrder[144]); }},
+        {"another row", [](frmMain& g) { --g.mintCurRow; }},
+        {"another column", [](frmMain& g) { ++g.mintCurCol; }},
+        {"came in are miscounted", [](frmMain& g) { ++g.mintTilesDropped; }},
+        {"another speed", [](frmMain& g) { g.Timer1.setInterval(401); }},
+        {"should be held", [](frmMain& g) { g.Timer1.setEnabled(false); }},
+        {"drop key", [](frmMain& g) { g.mblnDropKeyUsed = !g.mblnDropKeyUsed; }},
+        {"keeps the others out", [](frmMain& g) { g.mblnInTimerTick = true; }},
+        {"hand begins", [](frmMain& g) { ++g.mlngHandNumber; }},
+        {"count of hand tiles", [](frmMain& g) { ++g.mintHandCount; }},
+        {"count of earned tiles", [](frmMain& g) { ++g.mintEarnedCount; }},
+        {"count of bonus tiles", [](frmMain& g) { ++g.mintBonusCount; }},
+        {"the pair is there", [](frmMain& g) { g.mblnPairTaken = !g.mblnPairTaken; }},
+        {"pair's slot", [](frmMain& g) { ++g.mintPairSlot; }},
+        {"earned tile", [](frmMain& g) { g.EarnedTiles[14].fill(g.TileKinds[1]); }},
+        {"flower or season", [](frmMain& g) { g.EarnedTiles[22].fill(g.TileKinds[42]); }},
+        {"doubles", [](frmMain& g) { ++g.mintDoubles; }},
+        {"hand's points", [](frmMain&) { ++glngHandPoints; }},
+        {"too many items", [](frmMain&) { gstrScoreDesc = "Mixed Hand"; }},
+        {"a match runs", [](frmMain& g) { g.mblnGameRunning = false; }},
+        {"the score", [](frmMain& g) { ++g.mlngScore; }},
+        {"another score", [](frmMain& g) { ++g.mlngScore, g.msPrintScore(), --g.mlngScore; }},
+        {"seat has changed", [](frmMain& g) { g.mlngSeat = g.mlngSeat % 4 + 1; }},
+        {"hands are miscounted", [](frmMain& g) { ++g.mintGamesPlayed; }},
+        {"hands won", [](frmMain& g) { ++g.mintGamesWon; }},
+        {"on the wrong seat", [](frmMain& g) { g.msMoveHouse(); }},
+        {"moves of the House", [](frmMain& g) { ++g.mintHouseMoves; }},
+        {"rounds are miscounted", [](frmMain& g) { ++g.mintRoundsPlayed; }},
+        {"changed by themselves", [](frmMain&) { ++gintNumRounds; }},
+        {"wind of the round", [](frmMain& g) { ++g.mlngRoundWind; }},
+        {"Level has changed", [](frmMain& g) { g.mnuLevelItem_Click(2); }},
+        {"break-down was", [](frmMain& g) { g.mblnBreakDown = false; }},
+        {"music was", [](frmMain& g) { g.mblnMusicOn = false; }},
+        {"language", [](frmMain& g) { g.mblnRoundInChinese = false; }},
+        {"next tile was", [](frmMain& g) { g.mblnPeek = true; }},
+        {"left without an offer", [](frmMain& g) { ++g.mintPossibleCount; }},
+        {"too soon", [](frmMain& g) { g.mblnLightningDue = true; }},
+        {"the line on the table", [](frmMain& g) { g.lblHint.setText("Paused"); }},
+        {"a break-down comes", [](frmMain&) { gfrmBreakDown.showModal(); }},
+        {"a summary comes", [](frmMain&) { gfrmGameSummary.showModal(); }},
+        {"the name is asked", [](frmMain&) { gfrmGetName.showModal(); }},
+        {"offer was made of nothing", [](frmMain&) { gfrmChooseTiles.showModal(); }},
+        {"high scores is another", [](frmMain&) { gaudtHiScore[1].lngScore = 1, gfrmHiScore.showModal(); }},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.complaint);
+        selfplay::Sitting sitting(1, true);
+        sitting.onLook = [&] {
+            frmMain& game = *gfrmMain.hold();
+            if (game.mintTilesDropped < 3) return;
+            sitting.onLook = {};
+            row.spoil(game);
+            int meaningless = 'A';
+            game.form.onKeyDown(meaningless);
+        };
+        std::string complaint;
+        try {
+            sitting.playMatch(1);
+        } catch (const std::logic_error& error) {
+            complaint = error.what();
         }
-        EXPECT_GT(matches, 0);
-        EXPECT_GE(sitting.won() * 3, sitting.hands()) << "the player is too weak to reach what follows a won hand";
+        EXPECT_THAT(complaint, testing::HasSubstr(row.complaint));
     }
 }
 
@@ -129,120 +180,6 @@ TEST_F(HandWorth, IsWhatTheTallySaysForAnyHand) {
     }
     for (const ScoringItemRow& item : scoringItems)
         EXPECT_TRUE(itemsSeen.count(item.text)) << "no hand had " << item.text;
-}
-
-/// Hands that press and click at random, in some hours among the keys of a player who wins, beside a referee.
-class AnyKeys : public GameFixture {
-  protected:
-    void SetUp() override {
-        GameFixture::SetUp();
-        referee.emplace(*game);
-        // Ticks go on below an open dialog, so that a look after each step would miss some.
-        game->Timer1.onTick = [this] {
-            watch();
-            game->Timer1_Timer();
-            watch();
-        };
-    }
-
-    void watch() {
-        try {
-            referee->check();
-        } catch (const std::logic_error& error) {
-            if (objection.empty()) objection = error.what();
-        }
-    }
-
-    void play(int events, std::function<void()> act) {
-        sim::setHands([this, act = std::move(act)] {
-            watch();
-            act();
-        });
-        for (int i = 0; i < events && objection.empty(); ++i) sim::step();
-        EXPECT_EQ(objection, "");
-    }
-
-    void pressAnything() {
-        for (Sight& sight : sights) sight.looks += sight.isThere() ? 1 : 0;
-        sim::chooseMenuItem(below(levelCount + 1));
-        constexpr int anHour = 2000;
-        if (++turns / anHour % 2 == 0 && below(30) != 0) {
-            player.act();
-            return;
-        }
-        const bool dialog = sim::modalDepth() > 0;
-        const int seldom = game->Timer1.enabled() ? 100 : 5;  // so that hands grow old, but seldom stand still
-        if (!dialog && below(seldom) == 0) return clickSomething();
-        if (!dialog && below(3) == 0) return;  // lets the tile fall
-        if (below(4) == 0) later(&AnyKeys::pressSomething);
-        if (below(100) == 0) later(&AnyKeys::clickSomething);
-        pressSomething();
-    }
-
-    /// Often just when the next tick comes, so that it is served inside that tick.
-    void later(void (AnyKeys::*something)()) {
-        sim::postAfter(below(3) == 0 ? below(400) : game->Timer1.interval(), [this, something] {
-            watch();
-            (this->*something)();
-        });
-    }
-
-    void pressSomething() {
-        namespace key = platform::key;
-        static constexpr int keys[] = {key::Left,  key::Right, key::Left,  key::Right,  key::Down, key::Down,
-                                       key::Pad2,  key::Pad4,  key::Pad6,  key::Pad8,   key::Up,   key::Enter,
-                                       key::Enter, key::Tab,   key::Space, key::Escape, 'A'};
-        const int code = keys[below(std::size(keys))];
-        below(8) == 0 ? sim::keyDown(code) : sim::pressKey(code);
-        if (!gfrmRoundsSetting.isOpen()) return;
-        const frmRoundsSetting& setting = *gfrmRoundsSetting.hold();
-        if (below(10) == 0) setting.SpinButton1.onSpinUp();
-        if (below(3) == 0) setting.SpinButton1.onSpinDown();
-        if (below(20) == 0) sim::press(below(2) == 0 ? setting.cmdOK : setting.cmdCancel);
-    }
-
-    void clickSomething() { sim::clickToolButton(below(Button::Help) + 1); }
-
-    int below(int count) { return static_cast<int>(random() % static_cast<uint32_t>(count)); }
-
-    /// What they should come upon, and how often they have looked at it.
-    struct Sight {
-        const char* what;
-        bool (*isThere)();
-        int looks = 0;
-    };
-    std::vector<Sight> sights = {
-        {"an offer", [] { return gfrmChooseTiles.isOpen(); }},
-        {"a summary", [] { return gfrmGameSummary.isOpen(); }},
-        {"a break-down", [] { return gfrmBreakDown.isOpen(); }},
-        {"the name dialog", [] { return gfrmGetName.isOpen(); }},
-        {"the table", [] { return gfrmHiScore.isOpen(); }},
-        {"the rounds", [] { return gfrmRoundsSetting.isOpen(); }},
-        {"the draw of the seat", [] { return gfrmChooseSeat.isOpen(); }},
-        {"a full board", [] { return gfrmMain->CellTable[1][entryColumn].Filled; }},
-    };
-
-    const Unseen unseen;
-    std::optional<selfplay::Referee> referee;
-    std::string objection;
-    std::mt19937 random{3};
-    selfplay::SimHands hands;
-    selfplay::Player player{hands, 3};
-    int turns = 0;
-};
-
-TEST_F(AnyKeys, AtAnyTimeLeaveASoundGame) {
-    play(100000, [this] { pressAnything(); });
-    for (const Sight& sight : sights) EXPECT_GT(sight.looks, 0) << "the keys never come to " << sight.what;
-    play(2000, [] {  // Whatever is open is left, and nothing that was begun is under way any more.
-        sim::chooseMenuItem(0);
-        if (sim::modalDepth() > 0) sim::pressKey(platform::key::Enter);
-    });
-    const int before = referee->handsWon();
-    sim::post([this] { player.startMatch(); });
-    play(10000, [this] { player.act(); });
-    EXPECT_GT(referee->handsWon(), before) << "the game can't be played any more";
-    EXPECT_TRUE(sim::messages().empty()) << sim::messages().front();
 }
 
 }  // namespace

@@ -14,6 +14,7 @@ struct Place {
     int width = 0;
     int height = 0;
 
+    bool operator==(const Place&) const = default;
     bool contains(int x, int y) const { return x >= left && x < left + width && y >= top && y < top + height; }
 };
 

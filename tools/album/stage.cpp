@@ -30,7 +30,7 @@ bool Stage::isPlaying() const { return isBeginning_ || game_->mblnGameRunning ||
 void Stage::act() {
     layWinds();
     // If it won a hand in which it holds the House, the House would stay, and the match would last.
-    player_.setPassing(game_->mlngSeat == game_->mlngHouse);
+    player_.setManner({.passing = game_->mlngSeat == game_->mlngHouse ? 100 : 0});
     if (player_.act() || isBeginning_) return;
     if (!game_->mblnGameRunning) return beginMatch();
     if (std::exchange(hand_, game_->mlngHandNumber) != game_->mlngHandNumber) layTiles();

@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <fstream>
 #include <iostream>
 #include <limits>
+#include <random>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -11,13 +11,18 @@
 #include "platform/base/process.h"
 #include "platform/sim/simulation.h"
 #include "scoring/scoringItems.h"
+#include "tools/selfplay/results.h"
 #include "tools/selfplay/sitting.h"
 
 namespace {
 
+using selfplay::PlayerRow;
+using selfplay::players;
+using selfplay::Results;
+
 const std::string usage =
-    "Usage: velmora_selfplay [--seed N] [--hands N | --matches N] [--rounds N] [--level N]\n"
-    "                        [--no-referee] [--log FILE]\n"
+    "Usage: velmora_selfplay [--seed N] [--hands N | --matches N] [--rounds N] [--level N] [--player NAME]\n"
+    "                        [--interrupt N] [--mixed] [--table] [--no-referee] [--log FILE]\n"
     "  --seed N           play the game that belongs to this number again\n"
     "  --hands N          play that many hands\n"
     "  --matches N        play that many matches (1)\n"
@@ -25,12 +30,21 @@ const std::string usage =
     "  --level N          1 " +
     std::string(levels[0].caption) + " to " + std::to_string(levelCount) + " " + levels[levelCount - 1].caption +
     " (1)\n"
-    "  --no-referee       don't check the game after every event\n"
+    "  --player NAME      strong, careless, who often drops a tile anywhere and passes, or aimless, who presses\n"
+    "                     anything (strong)\n"
+    "  --interrupt N      have something come between once in N moments: keys, commands, dialogs, a player who goes "
+    "away\n"
+    "  --mixed            begin anew after some matches, each time with another seed, and with another player, Level,\n"
+    "                     number of rounds and rate of interruptions, which follow from it\n"
+    "  --table            show at the end what came of it as a table\n"
+    "  --no-referee       don't check the game at every event\n"
     "  --log FILE         write down everything that a player would notice\n"
     "  --help             show this and do nothing\n";
 
 constexpr int tellAllHands = 20;   // each hand has a line of its own up to here
 constexpr int tellAllMatches = 3;  // and up to here
+constexpr int matchesMixed = 8;    // of a mixed sitting
+constexpr int handsMixed = 100;    // at most, of each of its matches
 
 struct Options {
     uint32_t seed = static_cast<uint32_t>(std::chrono::system_clock::now().time_since_epoch().count());
@@ -38,6 +52,10 @@ struct Options {
     int matches = 0;  // 0: as many as the hands take
     int rounds = 1;
     int level = 1;
+    const PlayerRow* player = players;
+    int interrupt = 0;  // moments; 0 for never
+    bool mixed = false;
+    bool table = false;
     bool referee = true;
     std::string log;  // the file; empty for none
 };
@@ -55,6 +73,13 @@ Number numberFrom(const std::string& option, const std::string& text, Number lea
         throw BadArguments(option + " takes a number from " + std::to_string(least) + " to " + std::to_string(most) +
                            ", not \"" + text + "\".");
     return static_cast<Number>(value);
+}
+
+const PlayerRow* playerNamed(const std::string& option, const std::string& name) {
+    const auto* row =
+        std::find_if(std::begin(players), std::end(players), [&](const auto& it) { return name == it.name; });
+    if (row == std::end(players)) throw BadArguments(option + " doesn't know \"" + name + "\".");
+    return row;
 }
 
 struct OptionRow {
@@ -78,6 +103,12 @@ constexpr OptionRow optionRows[] = {
                     const std::string& value) { o.rounds = numberFrom<int>(name, value, 1, 100); }},
     {"--level", [](Options& o, const std::string& name,
                    const std::string& value) { o.level = numberFrom<int>(name, value, 1, levelCount); }},
+    {"--player",
+     [](Options& o, const std::string& name, const std::string& value) { o.player = playerNamed(name, value); }},
+    {"--interrupt", [](Options& o, const std::string& name,
+                       const std::string& value) { o.interrupt = numberFrom<int>(name, value, 1, many); }},
+    {"--mixed", [](Options& o, const std::string&, const std::string&) { o.mixed = true; }, false},
+    {"--table", [](Options& o, const std::string&, const std::string&) { o.table = true; }, false},
     {"--no-referee", [](Options& o, const std::string&, const std::string&) { o.referee = false; }, false},
     {"--log", [](Options& o, const std::string&, const std::string& value) { o.log = value; }},
 };
@@ -108,18 +139,67 @@ void tell(int number, const selfplay::HandReport& hand) {
     std::cout << "; score " << hand.score << "\n";
 }
 
-void summarize(const selfplay::Sitting& sitting, int matches, double seconds) {
-    std::printf("Hands played: %d, won: %d (%.1f%%), points of won hands: %lld, matches: %d, hands a second: %.0f\n",
-                sitting.hands(), sitting.won(), 100.0 * sitting.won() / sitting.hands(),
-                static_cast<long long>(sitting.points()), matches, sitting.hands() / seconds);
+/// How a sitting is played.
+struct Plan {
+    const PlayerRow* player;
+    int level, rounds, interrupt;
+};
+
+/// What follows from the seed of a mixed sitting.
+Plan planFrom(uint32_t seed) {
+    std::mt19937 random(seed);
+    const auto below = [&](int count) { return static_cast<int>(random() % static_cast<uint32_t>(count)); };
+    static constexpr int rates[] = {0, 25, 100, 1000};
+    constexpr int mostRounds = 2, weakSittings = 15;
+    Plan plan{};
+    plan.level = 1 + below(levelCount);
+    plan.player = &players[1 + below(2)];
+    plan.rounds = 1 + below(mostRounds);
+    // A round of a strong player is many hands long, since he keeps the House.
+    if (below(1 + weakSittings) == 0) plan = {&players[0], plan.level, 1, 0};
+    plan.interrupt = rates[below(std::size(rates))];
+    return plan;
 }
 
-/// Plays until there are enough matches or hands; the number of matches played to their end.
-int playAll(selfplay::Sitting& sitting, const Options& options) {
-    int matches = 0;
-    const auto wanted = [&] { return options.hands > 0 ? sitting.hands() < options.hands : matches < options.matches; };
-    while (wanted()) matches += sitting.playMatch(options.hands > 0 ? options.hands - sitting.hands() : many) ? 1 : 0;
-    return matches;
+bool isWanting(const Options& options, const Results& results) {
+    return options.hands > 0 ? results.hands < options.hands : results.matches < options.matches;
+}
+
+/// One program's run, of as many matches or hands as are left, or in a mixed run of a few of them.
+void playSitting(const Options& options, uint32_t seed, const Plan& plan, Results& results, std::ofstream& log) {
+    selfplay::Sitting sitting(seed, options.referee);
+    if (log.is_open()) sim::setLog([&](const std::string& line) { log << line << '\n'; });
+    const bool tells = options.hands > 0 ? options.hands <= tellAllHands : options.matches <= tellAllMatches;
+    sitting.onHand = [&](const selfplay::HandReport& hand) {
+        results.note(*plan.player, hand);
+        if (tells) tell(results.hands, hand);
+    };
+    sitting.setManner(plan.player->manner);
+    sitting.setLevel(plan.level);
+    sitting.setRounds(plan.rounds);
+    if (plan.interrupt > 0) sitting.interrupt(plan.interrupt);
+    for (int match = 0; isWanting(options, results) && (!options.mixed || match < matchesMixed); ++match) {
+        const int left = options.hands > 0 ? options.hands - results.hands : many;
+        results.matches += sitting.playMatch(options.mixed ? std::min(left, handsMixed) : left) ? 1 : 0;
+    }
+}
+
+void playOne(const Options& options, Results& results, std::ofstream& log) {
+    std::cout << "Seed " << options.seed << ", Level " << options.level << ", rounds of a match: " << options.rounds
+              << std::endl;
+    playSitting(options, options.seed, {options.player, options.level, options.rounds, options.interrupt}, results,
+                log);
+}
+
+/// One sitting after the other. A fault is told with the seed of its own, which plays it again alone.
+void playMixed(const Options& options, Results& results, std::ofstream& log) {
+    for (uint32_t seed = options.seed; isWanting(options, results); ++seed) try {
+            playSitting(options, seed, planFrom(seed), results, log);
+        } catch (const std::logic_error& error) {
+            throw std::logic_error(error.what() +
+                                   std::string("\nIt comes again by velmora_selfplay --mixed --matches ") +
+                                   std::to_string(matchesMixed) + " --seed " + std::to_string(seed));
+        }
 }
 
 void run(const Options& options) {
@@ -130,18 +210,9 @@ void run(const Options& options) {
         if (!log) throw std::runtime_error("Can't write the log to " + options.log);
     }
 
-    std::cout << "Seed " << options.seed << ", Level " << options.level << ", rounds of a match: " << options.rounds
-              << std::endl;
-    const auto start = std::chrono::steady_clock::now();
-    selfplay::Sitting sitting(options.seed, options.referee);
-    if (log.is_open()) sim::setLog([&](const std::string& line) { log << line << '\n'; });
-    if (options.hands > 0 ? options.hands <= tellAllHands : options.matches <= tellAllMatches)
-        sitting.onHand = [&](const selfplay::HandReport& hand) { tell(sitting.hands(), hand); };
-    sitting.setLevel(options.level);
-    sitting.setRounds(options.rounds);
-    const int matches = playAll(sitting, options);
-    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
-    summarize(sitting, matches, passed.count());
+    Results results;
+    options.mixed ? playMixed(options, results, log) : playOne(options, results, log);
+    options.table ? results.showTable() : results.summarize();
     log.close();
     if (!log && !options.log.empty()) throw std::runtime_error("Can't write the log to " + options.log);
 }

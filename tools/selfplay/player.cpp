@@ -1,8 +1,10 @@
 #include "tools/selfplay/player.h"
 
 #include <cstdlib>
+#include <iterator>
 #include <string>
 
+#include "forms/frmAbout.h"
 #include "frmMain.h"
 #include "hiscores/frmGetName.h"
 #include "hiscores/frmHiScore.h"
@@ -15,6 +17,12 @@
 #include "tools/selfplay/advice.h"
 
 namespace selfplay {
+namespace {
+
+constexpr int always = 100;       // times in 100
+constexpr unsigned lowBits = 64;  // of the generator, which are less at random
+
+}  // namespace
 
 Player::Player(const Hands& hands, uint32_t seed) : hands_(hands), whim_(seed), seatTile_(anyTile()) {}
 
@@ -45,7 +53,8 @@ bool Player::answerDialog() {
         drawSeat();
     else if (gfrmRoundsSetting.isOpen())
         spinRounds();
-    else if (gfrmBreakDown.isOpen() || gfrmGameSummary.isOpen() || gfrmGetName.isOpen() || gfrmHiScore.isOpen())
+    else if (gfrmBreakDown.isOpen() || gfrmGameSummary.isOpen() || gfrmGetName.isOpen() || gfrmHiScore.isOpen() ||
+             gfrmAbout.isOpen())
         hands_.press(platform::key::Enter);
     else
         return false;
@@ -63,10 +72,14 @@ void Player::drawSeat() {
 
 int Player::anyTile() { return 1 + static_cast<int>(whim_() % seatCount); }
 
-void Player::chooseTiles() const {
+void Player::chooseTiles() {
+    if (happens(manner_.aimless)) return fumble();
     const frmChooseTiles& dialog = *gfrmChooseTiles.hold();
     const int pass = dialog.mintNumEntries - 1;
-    pressTimes(platform::key::Right, passes_ ? pass : static_cast<int>(bestCandidateOf(*gfrmMain.hold(), dialog)));
+    const int entry = happens(manner_.passing)    ? pass
+                      : happens(manner_.careless) ? anyBelow(dialog.mintNumEntries)
+                                                  : static_cast<int>(bestCandidateOf(*gfrmMain.hold(), dialog));
+    pressTimes(platform::key::Right, entry);
     hands_.press(platform::key::Enter);
 }
 
@@ -79,11 +92,27 @@ void Player::spinRounds() const {
 }
 
 /// Moves the tile over the column that suits it best and drops it.
-void Player::steer() const {
+void Player::steer() {
+    if (happens(manner_.aimless)) return fumble();
     const frmMain& game = *gfrmMain.hold();
-    const int steps = bestColumnOf(game) - game.mintCurCol;
+    const int column = happens(manner_.careless) ? 1 + anyBelow(columnCount) : bestColumnOf(game);
+    const int steps = column - game.mintCurCol;
     pressTimes(steps < 0 ? platform::key::Left : platform::key::Right, std::abs(steps));
     hands_.press(platform::key::Down);
+}
+
+/// A key of play, or none, so that the tile falls.
+void Player::fumble() {
+    namespace key = platform::key;
+    static constexpr int keys[] = {key::Left, key::Right, key::Enter, key::Pad4,
+                                   key::Pad6, key::Up,    key::Pad8,  key::Space};
+    if (happens(always / 2)) hands_.press(keys[anyBelow(std::size(keys))]);
+}
+
+int Player::anyBelow(int count) { return static_cast<int>(whim_() / lowBits % static_cast<unsigned>(count)); }
+
+bool Player::happens(int timesIn100) {
+    return timesIn100 >= always || (timesIn100 > 0 && anyBelow(always) < timesIn100);
 }
 
 }  // namespace selfplay

@@ -1,264 +1,484 @@
 #include "tools/selfplay/referee.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <span>
 #include <stdexcept>
-#include <string>
 
+#include "hiscores/frmGetName.h"
+#include "hiscores/frmHiScore.h"
+#include "match/frmChooseSeat.h"
+#include "match/frmGameSummary.h"
+#include "match/frmRoundsSetting.h"
+#include "platform/desktop.h"
 #include "play/frmChooseTiles.h"
+#include "presentation/hints.h"
+#include "scoring/frmBreakDown.h"
 
 namespace selfplay {
 namespace {
 
-constexpr int suitKinds = 9;
-constexpr int firstHonour = 28;
-constexpr int firstBonus = 35;
-constexpr int firstHonourNumber = 10;
-constexpr int copiesOfKind = 4;
-constexpr int seatsAndWinds = 4;
-
-bool sameKinds(const std::array<int, setTiles>& kinds, int tiles) {
-    return kinds[0] < firstBonus &&
-           std::all_of(kinds.begin(), kinds.begin() + tiles, [&](int kind) { return kind == kinds[0]; });
-}
-
-bool isSequence(const std::array<int, setTiles>& kinds) {
-    const auto [low, high] = std::minmax({kinds[0], kinds[1], kinds[2]});
-    return high < firstHonour && (low - 1) / suitKinds == (high - 1) / suitKinds && high - low == 2 &&
-           kinds[1] == low + 1;
-}
+constexpr int suitKinds = 9, lastSuited = 27, firstHonourNumber = 10, lastHonour = 34;
+constexpr int firstWind = 28;
+constexpr int entryPoint[] = {40, 24};    // pixels, of row 0 and column 1
+constexpr int tilePitch[] = {30, 39};     // pixels
+constexpr int scorePoint[] = {454, 237};  // pixels
+constexpr size_t scoresKept = 5;
+constexpr double quietSeconds = 60;
+constexpr double rounding = 0.5;  // seconds; the game counts whole ones
+constexpr double hundred = 100, halfHundredth = 0.00501;
 
 /// Whether a face is the one that belongs to its kind.
-bool isTrueFace(const TileKind& tile) {
-    const int kind = tile.KindIdx;
-    if (kind < 1 || kind > kindCount) return false;
-    const bool suited = kind < firstHonour;
-    const bool bonus = kind >= firstBonus;
-    const int number = suited ? (kind - 1) % suitKinds + 1 : bonus ? 0 : kind - firstHonour + firstHonourNumber;
-    return tile.Number == number && tile.Suit == (suited ? (kind - 1) / suitKinds + 1 : 0) &&
-           tile.Bonus == (bonus ? kind - firstBonus + 1 : 0);
+bool isTrueFace(const TileKind& tile, int kind) {
+    const bool suited = kind >= 1 && kind <= lastSuited;
+    const bool bonus = kind > lastHonour;
+    const int number = suited               ? (kind - 1) % suitKinds + 1
+                       : kind == 0 || bonus ? 0
+                                            : kind - firstWind + firstHonourNumber;
+    return tile.KindIdx == kind && tile.Number == number && tile.Suit == (suited ? (kind - 1) / suitKinds + 1 : 0) &&
+           tile.Bonus == (bonus ? kind - lastHonour : 0);
 }
 
-bool isClear(const CellInfo& place) { return !place.Filled && place.Tile.KindIdx == 0; }
+bool shows(const CellInfo& place, int kind) { return place.Filled == (kind != 0) && isTrueFace(place.Tile, kind); }
 
 }  // namespace
 
-void Referee::check() {
-    if (game_.mlngHandNumber == 0) return;  // Nothing has been played yet.
-    followMatch();
-    followBonusTiles();
-    followSets();
-    checkBoard();
-    checkTiles();
-    checkCounters();
-    checkEarnedSlots();
-    checkMatch();
-    tilesFallen_ = game_.mintTilesDropped;
-    entryBlocked_ = game_.CellTable[1][entryColumn].Filled;
+Referee::Referee(frmMain& game)
+    : game_(game),
+      onTick_(game.Timer1.onTick),
+      onKeyDown_(game.form.onKeyDown),
+      onButtonClick_(game.tbrZQT.onButtonClick),
+      onLevel_(game.mnuLevel.onClick),
+      hint_(hint::startAnew) {
+    books_.level = game.mlngLevel;
+    books_.roundsWanted = gintNumRounds;
+    books_.breakDown = game.mblnBreakDown;
+    books_.music = game.mblnMusicOn;
+    books_.chinese = game.mblnRoundInChinese;
+    books_.peek = game.mblnPeek;
+    if (gblnfHiScoreFileIsThere() && gblnfReadHiScoreFile())
+        for (const HiScoreRecord& row : gaudtHiScore)
+            if (row.lngScore != 0) table_.push_back({row.lngScore, row.intRounds, row.intLevel});
+    game.Timer1.onTick = [this] { tick(); };
+    game.form.onKeyDown = [this](int& code) { key(code); };
+    game.tbrZQT.onButtonClick = [this](int button) { command(button); };
+    game.mnuLevel.onClick = [this](int item) {
+        onLevel_(item);
+        books_.level = item;
+        look();
+    };
+}
+
+Referee::~Referee() {
+    game_.Timer1.onTick = onTick_;
+    game_.form.onKeyDown = onKeyDown_;
+    game_.tbrZQT.onButtonClick = onButtonClick_;
+    game_.mnuLevel.onClick = onLevel_;
+}
+
+void Referee::look() {
+    attempt([this] {
+        follow();
+        compareDialogs();
+    });
+}
+
+/// The same with all that a handler may have changed, once it is over.
+void Referee::lookAtAll() {
+    look();
+    attempt([this] {
+        compareTile();
+        compareHand();
+        compareMatch();
+        compareOptions();
+        compareScore();
+        if (!isAsCompared()) compareTiles();
+    });
+}
+
+void Referee::attempt(const std::function<void()>& comparison) {
+    if (!objection_.empty()) return;
+    try {
+        comparison();
+    } catch (const std::logic_error& complaint) {
+        objection_ = complaint.what() + (" (hand " + std::to_string(game_.mlngHandNumber)) + ", tile " +
+                     std::to_string(game_.mintTilesDropped) + ")";
+    }
 }
 
 void Referee::require(bool holds, const char* otherwise) const {
-    if (!holds) object(otherwise);
+    if (!holds) throw std::logic_error(otherwise);
 }
 
-void Referee::object(const std::string& complaint) const {
-    throw std::logic_error(complaint + " (hand " + std::to_string(game_.mlngHandNumber) + ", tile " +
-                           std::to_string(game_.mintTilesDropped) + ")");
+// What happens
+
+void Referee::tick() {
+    look();
+    const uint32_t hand = books_.hand;
+    const Tick tick = books_.beginTick();
+    matchEnds_ = tick == Tick::MatchEnds;
+    highlighted_ = 0;
+    offerSeen_ = breakDownSeen_ = summarySeen_ = nameAsked_ = scoreEntered_ = tableSeen_ = false;
+    onTick_();
+    attempt([&] {
+        if (books_.hand == hand)
+            endTick(tick);
+        else
+            books_.busy = false;  // A new match has begun inside it.
+    });
+    matchEnds_ = false;
+    lookAtAll();
 }
 
-/// Whether the landed tile is on the board already while its landing goes on.
-bool Referee::isLanding() const { return gfrmChooseTiles.isOpen(); }
+void Referee::endTick(Tick tick) {
+    follow();
+    require(books_.offer.empty(), "a landing is over, and its offer wasn't made or what was chosen wasn't taken");
+    if (tick == Tick::Lands && offerSeen_) hint_ = hint::none;
+    if (tick == Tick::MatchEnds) {
+        require(summarySeen_, "a match has ended without a summary");
+        require(nameAsked_ == belongsInTable() || scoreEntered_, "a high score was forgotten");
+        require(scoreEntered_ == tableSeen_, "the table wasn't shown");
+    }
+    if (tick == Tick::HandEnds) {
+        const bool isWon = books_.earned.size() == Books::fullHand;
+        require(breakDownSeen_ == (isWon && books_.breakDown), "the break-down is due and wasn't shown, or isn't");
+        if (!isWon) hint_ = books_.row == 1 ? hint::lostAtLastTile : hint::lostAtEntry;
+        hintPasses_ = !isWon || hintPasses_;
+        beginHand();
+    }
+    books_.endTick(tick);
+}
 
-bool Referee::isFalling() const { return game_.mintCurRow != noRow && !isLanding(); }
+void Referee::beginHand() {
+    require(game_.mlngHandNumber == books_.hand + 1, "a hand is miscounted");
+    std::array<int, Books::tiles + 1> order{};
+    std::array<bool, Books::tiles + 1> isThere{};
+    for (int position = 1; position <= Books::tiles; ++position) {
+        const int tile = game_.TileOrder[position];
+        require(tile >= 1 && tile <= Books::tiles && !isThere[tile], "a tile is lost or doubled");
+        isThere[tile] = true;
+        order[position] = tile;
+    }
+    books_.beginHand(game_.mlngHandNumber, order);
+    quietSince_ = platform::secondsOfDay();
+}
 
-void Referee::checkBoard() const {
-    for (int column = 1; column <= columnCount; ++column) {
-        require(isClear(game_.CellTable[0][column]), "a tile rests in row 0");
-        for (int row = 1; row <= bottomRow; ++row) {
-            const CellInfo& place = game_.CellTable[row][column];
-            require(place.Filled ? isTrueFace(place.Tile) : isClear(place), "a place shows a false face");
-            require(!place.Filled || row == bottomRow || game_.CellTable[row + 1][column].Filled, "a tile floats");
-        }
+void Referee::key(int code) {
+    look();
+    const bool repeats = game_.form.keyRepeats();
+    const bool endsStrike = books_.falls;
+    onKeyDown_(code);
+    attempt([&] {
+        namespace is = platform::key;
+        if (code == is::Left || code == is::Pad4) books_.steer(-1);
+        if (code == is::Right || code == is::Pad6) books_.steer(1);
+        if ((code == is::Down || code == is::Pad2) && !repeats) books_.drop();
+        require(!endsStrike || !(game_.mblnLightningDue || game_.mblnLightningShown), "a key leaves a strike standing");
+    });
+    lookAtAll();
+}
+
+void Referee::command(int button) {
+    look();
+    const bool holds = button == Button::HighScores || button == Button::Order || button == Button::About;
+    if (button == Button::StartAnew || button == Button::Stop || (holds && books_.running)) books_.falls = false;
+    if (button == Button::StartAnew) hint_ = hint::none, hintPasses_ = false;
+    onButtonClick_(button);
+    attempt([&] { carryOut(button); });
+    lookAtAll();
+}
+
+void Referee::carryOut(int button) {
+    const auto tell = [this](const char* hint) {
+        hint_ = hint;
+        hintPasses_ = false;
+    };
+    switch (button) {
+        case Button::StartAnew:
+            require(game_.mlngSeat == seatToDraw_, "the player has another seat than the one drawn");
+            books_.beginMatch(seatToDraw_);
+            return beginHand();
+        case Button::BreakDown:
+            books_.breakDown = !books_.breakDown;
+            return;
+        case Button::Music:
+            books_.music = !books_.music;
+            return;
+        case Button::Round:
+            books_.chinese = !books_.chinese;
+            return;
+        case Button::Peek:
+            books_.peek = !books_.peek;
+            return;
+        case Button::Pause:
+            if (!books_.running) return;
+            books_.falls = !books_.falls;
+            return tell(books_.falls ? hint::none : hint::paused);
+        case Button::Stop:
+            if (books_.running) tell(hint::stopped);
+            return;
+        case Button::HighScores:
+        case Button::Order:
+        case Button::About:
+            if (!books_.running) return;
+            books_.falls = true;
+            return tell(hint::none);
+        default:
+            return;
     }
 }
 
-void Referee::checkTiles() const {
-    std::array<int, kindCount + 1> copies{};
-    for (const auto& row : game_.CellTable)
-        for (const CellInfo& place : row) ++copies[place.Tile.KindIdx];
-    for (const CellInfo& slot : game_.EarnedTiles) ++copies[slot.Tile.KindIdx];
-    const auto countTile = [&](int tile) { ++copies[game_.TileKindOf[tile]]; };
-    if (isFalling()) countTile(game_.mintCurTile);
-    for (int position = game_.mintTilesDropped + 1; position <= tileCount; ++position)
-        countTile(game_.TileOrder[position]);
-    for (int kind = 1; kind <= kindCount; ++kind)
-        require(copies[kind] == (kind < firstBonus ? copiesOfKind : 1), "a tile is lost or doubled");
+// What is seen of dialogs, and what their answers bring
+
+void Referee::follow() {
+    followOffer();
+    followRounds();
+    followEnd();
+    followLightning();
+    if (gfrmChooseSeat.isOpen() && !gfrmChooseSeat->mblnDrawn)
+        seatToDraw_ = gfrmChooseSeat->malngSeatTiles[gfrmChooseSeat->mintSelTile] - firstWind + 1;
+    if (hintPasses_ && game_.lblHint.text() == hint::none) {
+        hint_ = hint::none;
+        hintPasses_ = false;
+    }
 }
 
-void Referee::checkCounters() const {
-    require(game_.mintTilesDropped >= 0 && game_.mintTilesDropped <= tileCount,
-            "more tiles have fallen than there are");
-    require(game_.mintTilesDropped < tileCount || closed_, "the hand goes on after its last tile");
-    require(game_.mintTilesDropped == 0 || game_.mintCurTile == game_.TileOrder[game_.mintTilesDropped],
-            "another tile falls than the order says");
-    require(game_.mintHandCount == handTiles_, "the count of hand tiles is wrong");
-    require(game_.mintEarnedCount == handTiles_, "the count of earned tiles is wrong");
-    require(game_.mintBonusCount == static_cast<int>(bonusKinds_.size()), "the count of bonus tiles is wrong");
-    require(game_.mblnPairTaken == (pairAt_ >= 0), "the pair is there or isn't, but the game says otherwise");
-    require(game_.mintPairSlot == (pairAt_ < 0 ? 0 : pairAt_ * setTiles + 1), "the pair's slot is wrong");
-    require(game_.mintPossibleCount == (isLanding() ? gfrmChooseTiles->mintNumEntries - 1 : 0),
-            "candidates are left without an offer");
-    const bool dropped = game_.mintCurRow != noRow && game_.Timer1.interval() == dropInterval;
-    require(game_.mblnDropKeyUsed == dropped, "the drop key and the speed of the fall disagree");
+/// The entry that was highlighted when the chooser was last seen is the answer, once it is gone.
+void Referee::followOffer() {
+    if (books_.offer.empty()) return;
+    const bool isTaken = game_.mintEarnedCount != static_cast<int>(books_.earned.size()) ||
+                         game_.mintBonusCount != static_cast<int>(books_.bonus.size());
+    const int pass = static_cast<int>(books_.offer.size()) + 1;
+    if (isTaken) {
+        require(highlighted_ > 0 && highlighted_ < pass, "a set was taken that nobody has chosen");
+        books_.take(books_.offer[highlighted_ - 1]);
+        highlighted_ = 0;
+    } else if (!gfrmChooseTiles.isOpen() && highlighted_ == pass) {
+        books_.decline();
+    }
+    if (gfrmChooseTiles.isOpen()) {
+        offerSeen_ = true;
+        highlighted_ = gfrmChooseTiles->mintCurEntry;
+        hint_ = hint::offer;
+        hintPasses_ = false;
+    }
+}
+
+void Referee::followRounds() {
+    if (gintNumRounds != books_.roundsWanted) {
+        require(gintNumRounds == roundsToSet_, "the rounds of a match have changed by themselves");
+        books_.roundsWanted = gintNumRounds;
+    }
+    roundsToSet_ = gfrmRoundsSetting.isOpen() ? gfrmRoundsSetting->mintNewRounds : 0;
+}
+
+/// No strike comes before the pause is over, which counts from the strike that was painted last.
+void Referee::followLightning() {
+    const bool strikes = game_.mblnLightningDue || game_.mblnLightningShown;
+    if (!strikes && !strikes_ && !isDue_) return;
+    const double now = platform::secondsOfDay();
+    require(!strikes || strikes_ || now >= quietSince_ + quietSeconds - rounding, "lightning strikes too soon");
+    if ((isDue_ && !game_.mblnLightningDue) || (game_.mblnLightningShown && !strikes_)) quietSince_ = now;
+    strikes_ = strikes;
+    isDue_ = game_.mblnLightningDue;
+}
+
+void Referee::followEnd() {
+    breakDownSeen_ = breakDownSeen_ || gfrmBreakDown.isOpen();
+    summarySeen_ = summarySeen_ || gfrmGameSummary.isOpen();
+    nameAsked_ = nameAsked_ || gfrmGetName.isOpen();
+    if (!gfrmHiScore.isOpen() || !matchEnds_) return;
+    tableSeen_ = true;
+    if (!scoreEntered_) enterScore();
+}
+
+bool Referee::belongsInTable() const {
+    return books_.score != 0 && (table_.size() < scoresKept || books_.score > table_.back().points);
+}
+
+void Referee::enterScore() {
+    require(nameAsked_ && belongsInTable(), "a score enters the table that is too low, or nobody's");
+    const auto behind =
+        std::find_if(table_.begin(), table_.end(), [&](const Score& score) { return score.points < books_.score; });
+    table_.insert(behind, {books_.score, books_.rounds, books_.level});
+    table_.resize(std::min(table_.size(), scoresKept));
+    scoreEntered_ = true;
+}
+
+// What has to be alike
+
+void Referee::compareDialogs() const {
+    compareOffer();
+    compareTable();
+    compareShown();
+    compareHint();
+}
+
+/// Whether no tile has changed its place since the last comparison, here and there. It costs less than to compare all.
+bool Referee::isAsCompared() {
+    const std::span<const std::byte> parts[] = {std::as_bytes(std::span(&game_.CellTable, 1)),
+                                                std::as_bytes(std::span(&game_.EarnedTiles, 1)),
+                                                std::as_bytes(std::span(&game_.TileOrder, 1))};
+    size_t at = 0;
+    bool isSame = comparedVersion_ == books_.version;
+    for (const auto& part : parts) {
+        compared_.resize(std::max(compared_.size(), at + part.size()));
+        isSame = isSame && std::memcmp(part.data(), compared_.data() + at, part.size()) == 0;
+        if (!isSame) std::memcpy(compared_.data() + at, part.data(), part.size());
+        at += part.size();
+    }
+    comparedVersion_ = books_.version;
+    return isSame;
+}
+
+void Referee::compareTiles() const {
+    compareBoard();
+    compareOrder();
+    compareEarned();
+}
+
+void Referee::compareBoard() const {
+    for (int column = 1; column <= Books::columns; ++column) {
+        require(shows(game_.CellTable[0][column], 0), "a tile rests in row 0");
+        for (int row = 1; row <= Books::rows; ++row)
+            require(shows(game_.CellTable[row][column], books_.board[row][column]),
+                    "a place of the board shows another tile than the one that lies there");
+    }
+}
+
+void Referee::compareTile() const {
+    require(game_.mintTilesDropped == books_.drawn, "the tiles that came in are miscounted");
+    require(game_.mintCurRow == books_.row, "the tile is in another row");
+    require(game_.mintCurCol == books_.column, "the tile is over another column");
+    require(game_.mintCurTile == books_.tile, "another tile falls than the order says");
+    require(game_.Timer1.interval() == books_.pace, "the tile has another speed");
+    require(game_.Timer1.enabled() == books_.falls, "the tile falls and should be held, or is held and should fall");
+    require(game_.mblnDropKeyUsed == books_.dropped, "the drop key was used or not, and the game has it otherwise");
+    require(game_.mblnInTimerTick == books_.busy, "a tick keeps the others out for longer than it lasts, or shorter");
+    require(game_.mlngHandNumber == books_.hand, "a hand begins while another is open");
+}
+
+void Referee::compareOrder() const {
+    for (int position = 1; position <= Books::tiles; ++position)
+        require(game_.TileOrder[position] == books_.order[position], "the order of the tiles has changed");
 }
 
 /// The sets stand in the order of taking; once the hand is complete the pair stands behind them.
-void Referee::checkEarnedSlots() const {
-    int slot = 0;
-    const auto expect = [&](const Taken& taken) {
-        for (int i = 0; i < taken.tiles; ++i) {
-            const CellInfo& place = game_.EarnedTiles[++slot];
-            require(place.Filled && place.Tile.KindIdx == taken.kinds[i] && isTrueFace(place.Tile),
-                    "an earned set isn't where it belongs");
-        }
-    };
-    const bool pairLast = handTiles_ == handTiles;
-    for (int i = 0; i < sets_; ++i)
-        if (!pairLast || i != pairAt_) expect(taken_[i]);
-    if (pairLast) expect(taken_[pairAt_]);
-    while (slot < handTiles) require(isClear(game_.EarnedTiles[++slot]), "an earned slot is filled without a set");
-    for (const int kind : bonusKinds_)
-        require(game_.EarnedTiles[++slot].Tile.KindIdx == kind, "a bonus tile isn't where it belongs");
-    while (slot < slotCount) require(isClear(game_.EarnedTiles[++slot]), "a bonus slot is filled without a tile");
+void Referee::compareEarned() const {
+    const int earned = static_cast<int>(books_.earned.size());
+    const int bonus = static_cast<int>(books_.bonus.size());
+    for (int i = 0; i < handTiles; ++i)
+        require(shows(game_.EarnedTiles[i + 1], i < earned ? books_.earned[i] : 0), "an earned tile isn't in its slot");
+    for (int i = 0; i < slotCount - handTiles; ++i)
+        require(shows(game_.EarnedTiles[handTiles + 1 + i], i < bonus ? books_.bonus[i] : 0),
+                "a flower or season isn't in its slot");
 }
 
-/// All that goes round the table follows from how often the House has moved.
-void Referee::checkMatch() const {
-    require(game_.mlngScore == score_, "the score isn't the sum of what was earned");
-    require(game_.mintGamesWon == gamesWon_, "the count of hands won is wrong");
-    require(game_.mlngHouse == houseMoves_ % seatsAndWinds + 1, "the House is on the wrong seat");
-    require(game_.mintHouseMoves == houseMoves_ % seatsAndWinds, "the moves of the House are miscounted");
-    require(game_.mintRoundsPlayed == houseMoves_ / seatsAndWinds, "the rounds are miscounted");
-    require(game_.mlngRoundWind == houseMoves_ / seatsAndWinds % seatsAndWinds + 1, "the wind of the round is wrong");
-    require(game_.mlngSeat >= 1 && game_.mlngSeat <= seatCount, "the player has no seat");
-}
-
-void Referee::followMatch() {
-    const bool otherHand = game_.mlngHandNumber != hand_;
-    if (otherHand && game_.mintGamesPlayed == 0) {
-        openMatch();
-        return openHand();
+void Referee::compareHand() const {
+    const int earned = static_cast<int>(books_.earned.size());
+    const int bonus = static_cast<int>(books_.bonus.size());
+    require(game_.mintHandCount == earned, "the count of hand tiles is wrong");
+    require(game_.mintEarnedCount == earned, "the count of earned tiles is wrong");
+    require(game_.mintBonusCount == bonus, "the count of bonus tiles is wrong");
+    require(game_.mblnPairTaken == books_.hasPair(), "the pair is there or isn't, and the game has it otherwise");
+    require(game_.mintPairSlot == books_.pairSlot, "the pair's slot is wrong");
+    require(game_.mintDoubles == books_.worth.doubles, "the hand's doubles are miscounted");
+    require(glngHandPoints == books_.worth.points, "the hand's points are miscounted");
+    std::string_view rest = gstrScoreDesc;
+    for (const auto& item : books_.worth.items) {
+        require(rest.substr(0, item.text.size()) == item.text, "the hand's items are others");
+        rest.remove_prefix(std::min(rest.size(), item.text.size() + 1));
     }
-    require(game_.mintGamesPlayed == games_ || game_.mintGamesPlayed == games_ + 1, "the hands are miscounted");
-    if (game_.mintGamesPlayed != games_) closeHand();
-    if (otherHand) openHand();
+    require(rest.empty(), "the hand has too many items");
 }
 
-void Referee::openMatch() {
-    games_ = 0;
-    gamesWon_ = 0;
-    houseMoves_ = 0;
-    score_ = 0;
-    closed_ = true;
+void Referee::compareMatch() const {
+    require(game_.mblnGameRunning == books_.running, "a match runs, or has ended, and the game has it otherwise");
+    require(game_.mlngScore == books_.score, "the score isn't the sum of what was earned");
+    require(game_.mlngSeat == books_.seat || gfrmChooseSeat.isOpen(), "the player's seat has changed");
+    require(game_.mintGamesPlayed == books_.games, "the hands are miscounted");
+    require(game_.mintGamesWon == books_.won, "the hands won are miscounted");
+    require(game_.mlngHouse == books_.house, "the House is on the wrong seat");
+    require(game_.mintHouseMoves == books_.houseMoves, "the moves of the House are miscounted");
+    require(game_.mintRoundsPlayed == books_.rounds, "the rounds are miscounted");
+    require(game_.mlngRoundWind == books_.wind, "the wind of the round is wrong");
 }
 
-void Referee::openHand() {
-    require(closed_, "a hand begins while another is open");
-    require(game_.mlngHandNumber != hand_, "a hand is counted twice");
-    hand_ = game_.mlngHandNumber;
-    closed_ = false;
-    taken_ = {};
-    sets_ = 0;
-    handTiles_ = 0;
-    pairAt_ = -1;
-    bonusKinds_.clear();
+void Referee::compareOptions() const {
+    require(game_.mlngLevel == books_.level, "the Level has changed");
+    require(game_.mblnBreakDown == books_.breakDown, "the break-down was switched");
+    require(game_.mblnMusicOn == books_.music, "the music was switched");
+    require(game_.mblnRoundInChinese == books_.chinese, "the language of the markers was switched");
+    require(game_.mblnPeek == books_.peek, "the next tile was switched");
 }
 
-void Referee::closeHand() {
-    require(!closed_, "a hand ends twice");
-    const bool won = handTiles_ == handTiles;
-    require(won || entryBlocked_ || tilesFallen_ == tileCount - 1, "a hand ends for no reason");
-    closed_ = true;
-    ++games_;
-    if (won) {
-        ++gamesWon_;
-        ++won_;
+void Referee::compareOffer() const {
+    if (!gfrmChooseTiles.isOpen()) {
+        require(books_.landing || game_.mintPossibleCount == 0, "candidates are left without an offer");
+        return;
     }
-    const bool playerIsHouse = houseMoves_ % seatsAndWinds + 1 == game_.mlngSeat;
-    if (!won || !playerIsHouse) ++houseMoves_;
+    const frmChooseTiles& chooser = *gfrmChooseTiles.hold();
+    const int offered = static_cast<int>(books_.offer.size());
+    require(offered > 0, "an offer was made of nothing");
+    require(game_.mintPossibleCount == offered && chooser.mintNumEntries == offered + 1, "other sets are offered");
+    require(chooser.mintCurEntry >= 1 && chooser.mintCurEntry <= chooser.mintNumEntries, "no entry is highlighted");
+    for (int i = 1; i <= offered; ++i) {
+        const Window& set = books_.offer[i - 1];
+        require(chooser.maintRows[i] == set.row && chooser.maintCols[i] == set.column, "a set is offered elsewhere");
+        for (int j = 1; j <= setTiles; ++j)
+            require(shows(PossibleTiles[i][j], j <= set.tiles ? books_.board[set.row][set.column + j - 1] : 0),
+                    "an offer shows other tiles than the board");
+    }
+    require(chooser.Shape1.look().visible, "the offer has no frame");
+    require(chooser.shpOnBoard.look().visible == (chooser.mintCurEntry <= offered),
+            "the set on the board has no frame");
+    if (chooser.mintCurEntry > offered) return;
+    const Window& set = books_.offer[chooser.mintCurEntry - 1];
+    constexpr int border = 3;
+    const platform::Place place{entryPoint[0] + tilePitch[0] * (set.column - 1) - border,
+                                entryPoint[1] + tilePitch[1] * set.row - border, tilePitch[0] * set.tiles + 2 * border,
+                                tilePitch[1] + 2 * border};
+    require(chooser.shpOnBoard.look().place == place, "the frame on the board is round other tiles");
 }
 
-void Referee::followBonusTiles() {
-    const auto slotOfNext = [&] { return handTiles + 1 + static_cast<int>(bonusKinds_.size()); };
-    while (slotOfNext() <= slotCount && game_.EarnedTiles[slotOfNext()].Filled) {
-        const int kind = game_.EarnedTiles[slotOfNext()].Tile.KindIdx;
-        require(kind >= firstBonus, "a tile was taken alone that is no flower or season");
-        bonusKinds_.push_back(kind);
+void Referee::compareTable() const {
+    if (!gfrmHiScore.isOpen()) return;
+    for (size_t i = 0; i < scoresKept; ++i) {
+        const HiScoreRecord& row = gaudtHiScore[static_cast<int>(i) + 1];
+        const Score shown{row.lngScore, row.intRounds, row.intLevel};
+        require(shown == (i < table_.size() ? table_[i] : Score{0, 0, 0}), "the table of high scores is another one");
     }
 }
 
-void Referee::followSets() {
-    int filled = 0;
-    while (filled < handTiles && game_.EarnedTiles[filled + 1].Filled) ++filled;
-    if (filled == handTiles_) return;
-    const int tiles = filled - handTiles_;
-    require(tiles == 2 || tiles == setTiles, "a set of neither two nor three tiles was taken");
-    settle(lastTaken(tiles));
-}
-
-/// The set that was taken just now. The last one of a hand stands before the pair if the pair was taken earlier.
-Referee::Taken Referee::lastTaken(int tiles) const {
-    const bool pairBehind = handTiles_ + tiles == handTiles && pairAt_ >= 0;
-    const int before = pairBehind ? handTiles_ - 2 : handTiles_;
-    Taken taken{{}, tiles};
-    for (int i = 0; i < tiles; ++i) taken.kinds[i] = game_.EarnedTiles[before + i + 1].Tile.KindIdx;
-    return taken;
-}
-
-/// Enters a set into the books, with its points.
-void Referee::settle(const Taken& taken) {
-    const bool alike = sameKinds(taken.kinds, taken.tiles);
-    if (taken.tiles == 2) {
-        require(alike, "a pair was taken that is none");
-        require(pairAt_ < 0, "a second pair was taken");
-        pairAt_ = sets_;
-    } else {
-        require(alike || isSequence(taken.kinds), "a set was taken that is none");
-        const int points = (alike ? 2 : 1) * (game_.Timer1.interval() == dropInterval ? 2 : 1);
-        score_ += points;
+/// The dialogs that come by themselves.
+void Referee::compareShown() const {
+    require(!gfrmBreakDown.isOpen() || books_.earned.size() == Books::fullHand, "a break-down comes of itself");
+    require(!gfrmGetName.isOpen() || (matchEnds_ && gfrmGetName->mlngHiScore == books_.score),
+            "the name is asked for another score");
+    require(!gfrmGameSummary.isOpen() || matchEnds_, "a summary comes of itself");
+    if (gfrmGameSummary.isOpen()) {
+        const auto& shown = gfrmGameSummary->pnlGameSummary;
+        require(shown[0].caption() == std::to_string(books_.rounds) &&
+                    shown[1].caption() == std::to_string(books_.games) &&
+                    shown[2].caption() == std::to_string(books_.won),
+                "the summary shows other counts");
+        require(std::abs(std::stod(shown[3].caption()) - hundred * books_.won / books_.games) < halfHundredth,
+                "the summary shows another percentage");
     }
-    taken_[sets_++] = taken;
-    handTiles_ += taken.tiles;
-    require(handTiles_ <= handTiles, "more than a hand was taken");
-    if (handTiles_ == handTiles) checkTally();
 }
 
-void Referee::checkTally() {
-    const HandWorth worth = handWorth(wonHand());
-    std::string list;
-    for (const auto& item : worth.items) {
-        if (!list.empty()) list += ',';
-        list += item.text;
-    }
-    if (gstrScoreDesc != list) object("the hand's items are not " + list + " but " + gstrScoreDesc);
-    require(game_.mintDoubles == worth.doubles, "the hand's doubles are miscounted");
-    require(glngHandPoints == worth.points, "the hand's points are miscounted");
-    score_ += worth.points;
+/// Where the back end writes texts down.
+void Referee::compareScore() const {
+    if (books_.hand == 0) return;
+    for (const platform::PrintedText& text : game_.picWork.texts)
+        require(text.left != scorePoint[0] || text.top != scorePoint[1] || text.text == std::to_string(books_.score),
+                "another score stands on the table");
 }
 
-WonHand Referee::wonHand() const {
-    WonHand hand{{},
-                 taken_[pairAt_].kinds[0],
-                 bonusKinds_,
-                 game_.mlngHouse,
-                 game_.mlngSeat,
-                 game_.mlngRoundWind,
-                 game_.mlngLevel};
-    auto set = hand.sets.begin();
-    for (int i = 0; i < sets_; ++i) {
-        const auto& kinds = taken_[i].kinds;
-        if (i != pairAt_) *set++ = {std::min({kinds[0], kinds[1], kinds[2]}), kinds[0] == kinds[1]};
-    }
-    return hand;
+void Referee::compareHint() const {
+    if (books_.landing && !gfrmChooseTiles.isOpen()) return;  // It is on its way out.
+    require(game_.lblHint.text() == hint_, "the line on the table tells something else");
 }
 
 }  // namespace selfplay

@@ -1,74 +1,105 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "frmMain.h"
-#include "tools/selfplay/handWorth.h"
+#include "tools/selfplay/books.h"
 
 namespace selfplay {
 
-/// Keeps books of its own on a game and compares them with the game's state.
+/// Sits at a game, hears every tick, key and command, and compares what comes of it with books of its own.
 class Referee {
   public:
-    /// Watches the game from now on; it has to outlive the referee.
-    explicit Referee(const frmMain& game) : game_(game) {}
+    /// Watches the game from now on, before its first match; it has to outlive the referee, and nobody else may take
+    /// the place of its handlers meanwhile.
+    explicit Referee(frmMain& game);
+    ~Referee();
+    Referee(const Referee&) = delete;
+    Referee& operator=(const Referee&) = delete;
 
-    /// Compares everything; throws std::logic_error that says what is wrong. To be called after every event, so that at
-    /// most one set is taken between two calls.
-    void check();
+    /// Compares the open dialogs. To be called before each thing that a person does, so that what a dialog shows has
+    /// been seen before it is answered. After each tick, key and command everything is compared anyway.
+    void look();
 
-    int handsWon() const { return won_; }  ///< Since the referee began to watch.
+    /// What was wrong first, with the hand and the tile; empty while all is well. Nothing is compared from then on.
+    const std::string& objection() const { return objection_; }
+
+    const Books& books() const { return books_; }
 
   private:
-    struct Taken {
-        std::array<int, setTiles> kinds{};
-        int tiles = 0;
+    struct Score {
+        int64_t points;
+        int rounds, level;
+        bool operator==(const Score&) const = default;
     };
 
+    void tick();
+    void key(int code);
+    void command(int button);
+    void carryOut(int button);
+    void endTick(Tick tick);
+    void beginHand();
+
+    void lookAtAll();
+
+    /// Runs that and keeps the first thing to which it objects.
+    void attempt(const std::function<void()>& comparison);
     void require(bool holds, const char* otherwise) const;
-    [[noreturn]] void object(const std::string& complaint) const;
-    bool isLanding() const;
-    bool isFalling() const;
 
-    void checkBoard() const;
-    void checkTiles() const;
-    void checkCounters() const;
-    void checkEarnedSlots() const;
-    void checkMatch() const;
+    void follow();
+    void followOffer();
+    void followRounds();
+    void followEnd();
+    void followLightning();
+    void enterScore();
+    bool belongsInTable() const;
 
-    void followMatch();
-    void openMatch();
-    void openHand();
-    void closeHand();
-    void followBonusTiles();
-    void followSets();
-    Taken lastTaken(int tiles) const;
-    void settle(const Taken& taken);
-    void checkTally();
-    WonHand wonHand() const;
+    void compareDialogs() const;
+    void compareScore() const;
+    bool isAsCompared();
+    void compareTiles() const;
+    void compareBoard() const;
+    void compareOrder() const;
+    void compareEarned() const;
+    void compareTile() const;
+    void compareHand() const;
+    void compareMatch() const;
+    void compareOptions() const;
+    void compareOffer() const;
+    void compareTable() const;
+    void compareShown() const;
+    void compareHint() const;
 
-    const frmMain& game_;
+    frmMain& game_;
+    Books books_;
+    std::string objection_;
+    std::vector<std::byte> compared_;  ///< The game's tiles at the last comparison that found them right,
+    int comparedVersion_ = -1;         ///< and the books' at it.
 
-    // The match
-    uint32_t hand_ = 0;   ///< The game's number of the hand that the books are on.
-    bool closed_ = true;  ///< The hand has been counted.
-    int games_ = 0;
-    int gamesWon_ = 0;
-    int houseMoves_ = 0;  ///< Since the match began.
-    int64_t score_ = 0;
-    int won_ = 0;
+    // The game's own handlers
+    std::function<void()> onTick_;
+    std::function<void(int& code)> onKeyDown_;
+    std::function<void(int button)> onButtonClick_;
+    std::function<void(int item)> onLevel_;
 
-    // The hand
-    std::array<Taken, 5> taken_;
-    int sets_ = 0;       ///< In taken_.
-    int handTiles_ = 0;  ///< Tiles in taken_.
-    int pairAt_ = -1;    ///< Index of the pair in taken_.
-    std::vector<int> bonusKinds_;
-    int tilesFallen_ = 0;
-    bool entryBlocked_ = false;
+    // What was seen of dialogs while they were open
+    int highlighted_ = 0;  ///< Entry of the tile chooser; 0 until it is seen.
+    int seatToDraw_ = 0;   ///< Under the frame of the draw.
+    int roundsToSet_ = 0;  ///< 0 while the dialog isn't open.
+    bool offerSeen_ = false, breakDownSeen_ = false, summarySeen_ = false, nameAsked_ = false, scoreEntered_ = false,
+         tableSeen_ = false;
+    bool matchEnds_ = false;  ///< A tick ends it just now.
+
+    std::vector<Score> table_;  ///< Of high scores, the best first.
+    const char* hint_;          ///< The line on the table.
+    bool hintPasses_ = false;   ///< It goes by itself.
+    bool isDue_ = false, strikes_ = false;
+    double quietSince_ = 0;  ///< Second of the day from which the pause of the lightning counts.
 };
 
 }  // namespace selfplay

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <cstdint>
-#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "frmMain.h"
+#include "tools/selfplay/interruptions.h"
 #include "tools/selfplay/player.h"
 #include "tools/selfplay/referee.h"
 #include "tools/selfplay/simHands.h"
@@ -17,6 +17,7 @@ namespace selfplay {
 /// A hand as it ended.
 struct HandReport {
     bool won = false;
+    int level = 0;      ///< When it ended.
     int tiles = 0;      ///< Fallen.
     int handTiles = 0;  ///< Taken, without flowers and seasons.
     std::string items;  ///< Joined by commas; empty for a lost hand.
@@ -39,6 +40,8 @@ class Sitting {
 
     void setLevel(int level);  ///< From the menu of Levels, 1 to 5.
     void setRounds(int rounds) { player_.setRounds(rounds); }
+    void setManner(const Player::Manner& manner) { player_.setManner(manner); }
+    void interrupt(int moments);  ///< From now on, once in so many moments on average.
 
     /// Plays from Start Anew until the match has ended and its summary is closed, or until no more hands than that have
     /// ended; true if the match is over. Throws std::logic_error if the referee objects, the game reports a failure or
@@ -50,15 +53,18 @@ class Sitting {
     int64_t points() const { return points_; }  ///< Of won hands, without those of their sets.
 
   private:
+    void act();
     void watch();
     void endHand();
+    void checkCourse();
 
+    const uint32_t seed_;
     std::shared_ptr<frmMain> game_;
     SimHands playersHands_;
     Player player_;
+    std::optional<Interruptions> interruptions_;
     std::optional<Referee> referee_;
-    std::exception_ptr objection_;  ///< Raised inside an event, where the game would take it for its own failure.
-    HandReport hand_;               ///< The one in play.
+    HandReport hand_;  ///< The one in play.
     int gamesSeen_ = 0;
     int stillFor_ = 0;  ///< Events since the last tile came in.
     int hands_ = 0;

@@ -66,6 +66,7 @@ State& state() {
 void arrive() {
     ++state().arrivals;
     state().idleServices = 0;
+    if (state().witness) state().witness();
 }
 
 void switchOn(uint32_t seed, double secondOfDay) {
@@ -92,6 +93,8 @@ void comeBack() {
     arrive();
     ticks().setAway(false);
 }
+
+void setWitness(std::function<void()> witness) { state().witness = std::move(witness); }
 
 void setHands(std::function<void()> hands) {
     state().hands = hands ? std::make_shared<const std::function<void()>>(std::move(hands)) : nullptr;

@@ -43,6 +43,9 @@ void setLog(std::function<void(const std::string& line)> log);
 /// or post. Never called by platform::doEvents(): what shall arrive inside it is posted. None by default.
 void setHands(std::function<void()> hands);
 
+/// Called before each event, those inside others too; none by default.
+void setWitness(std::function<void()> witness);
+
 void post(std::function<void()> action);  ///< A pending event for the next service of events.
 /// The same at a later time. Of what falls due at one moment timers tick first, so that an event posted for the moment
 /// of a tick arrives when that tick serves events.

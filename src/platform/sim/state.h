@@ -47,6 +47,7 @@ struct State {
     std::mt19937 generator;
 
     std::function<void(const std::string& line)> log;
+    std::function<void()> witness;
     std::shared_ptr<const std::function<void()>> hands;  ///< Shared, since a turn may replace them.
     double handsAt = -1;                                 ///< When the hands last had their turn.
     uint64_t arrivals = 0;
