@@ -1,6 +1,7 @@
 #include "tools/selfplay/results.h"
 
 #include <cstdio>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -40,9 +41,7 @@ void Results::note(const PlayerRow& player, const HandReport& hand) {
     points_ += hand.points;
 }
 
-double Results::handsASecond() const {
-    return hands / std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
-}
+double Results::handsASecond() const { return hands * double{CLOCKS_PER_SEC} / static_cast<double>(std::clock()); }
 
 void Results::summarize() const {
     std::printf("Hands played: %d, won: %d (%s%%), points of won hands: %lld, matches: %d, hands a second: %.0f\n",
@@ -50,8 +49,8 @@ void Results::summarize() const {
 }
 
 void Results::showTable() const {
-    std::printf("%d hands in %d matches, %.0f hands a second; the referee had nothing to object.\n\n", hands, matches,
-                handsASecond());
+    std::printf("%d hands in %d matches, %.0f in a second of one processor; the referee had nothing to object.\n\n",
+                hands, matches, handsASecond());
     showPlayers();
     std::printf("\n");
     showDoubles();

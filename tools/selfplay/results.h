@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdint>
 #include <iterator>
 
@@ -43,7 +42,7 @@ class Results {
         int64_t played = 0, won = 0;
     };
 
-    double handsASecond() const;
+    double handsASecond() const;  ///< Of the processor's time.
     void showPlayers() const;
     void showDoubles() const;
 
@@ -51,7 +50,6 @@ class Results {
     std::array<int64_t, mostDoubles + 1> byDoubles_{};  ///< Of won hands.
     int64_t points_ = 0;                                ///< Of won hands, without those of their sets.
     int won_ = 0;
-    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
 }  // namespace selfplay
