@@ -30,8 +30,8 @@ const std::string usage =
     "  --level N          1 " +
     std::string(levels[0].caption) + " to " + std::to_string(levelCount) + " " + levels[levelCount - 1].caption +
     " (1)\n"
-    "  --player NAME      strong, careless, who often drops a tile anywhere and passes, or aimless, who presses\n"
-    "                     anything (strong)\n"
+    "  --player NAME      strong, stubborn, who takes the pair last, careless, who often drops a tile anywhere and\n"
+    "                     passes, or aimless, who presses anything (strong)\n"
     "  --interrupt N      have something come between once in N moments: keys, commands, dialogs, a player who goes "
     "away\n"
     "  --mixed            begin anew after some matches, each time with another seed, and with another player, Level,\n"
@@ -153,10 +153,10 @@ Plan planFrom(uint32_t seed) {
     constexpr int mostRounds = 2, weakSittings = 15;
     Plan plan{};
     plan.level = 1 + below(levelCount);
-    plan.player = &players[1 + below(2)];
+    plan.player = &players[2 + below(2)];
     plan.rounds = 1 + below(mostRounds);
     // A round of a strong player is many hands long, since he keeps the House.
-    if (below(1 + weakSittings) == 0) plan = {&players[0], plan.level, 1, 0};
+    if (below(1 + weakSittings) == 0) plan = {&players[below(2)], plan.level, 1, 0};
     plan.interrupt = rates[below(std::size(rates))];
     return plan;
 }

@@ -22,6 +22,12 @@ namespace {
 constexpr int always = 100;       // times in 100
 constexpr unsigned lowBits = 64;  // of the generator, which are less at random
 
+/// Whether a candidate is a pair while the hand still lacks a set of three.
+bool isEarlyPair(int candidate) {
+    const auto& tiles = PossibleTiles[candidate];
+    return tiles[2].Filled && !tiles[3].Filled && gfrmMain->mintHandCount < handTiles - 2;
+}
+
 }  // namespace
 
 Player::Player(const Hands& hands, uint32_t seed) : hands_(hands), whim_(seed), seatTile_(anyTile()) {}
@@ -76,9 +82,10 @@ void Player::chooseTiles() {
     if (happens(manner_.aimless)) return fumble();
     const frmChooseTiles& dialog = *gfrmChooseTiles.hold();
     const int pass = dialog.mintNumEntries - 1;
-    const int entry = happens(manner_.passing)    ? pass
-                      : happens(manner_.careless) ? anyBelow(dialog.mintNumEntries)
-                                                  : static_cast<int>(bestCandidateOf(*gfrmMain.hold(), dialog));
+    int entry = happens(manner_.passing)    ? pass
+                : happens(manner_.careless) ? anyBelow(dialog.mintNumEntries)
+                                            : static_cast<int>(bestCandidateOf(*gfrmMain.hold(), dialog));
+    if (isEarlyPair(entry + 1) && happens(manner_.stubborn)) entry = pass;
     pressTimes(platform::key::Right, entry);
     hands_.press(platform::key::Enter);
 }

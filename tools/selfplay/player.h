@@ -15,6 +15,7 @@ class Player {
     struct Manner {
         int careless = 0;  ///< A tile is dropped anywhere, or any entry of an offer is taken.
         int passing = 0;   ///< An offer is passed.
+        int stubborn = 0;  ///< A pair is passed as long as there is room for another set of three.
         int aimless = 0;   ///< Some key is pressed, or none, instead of all those that a tile needs.
     };
 

@@ -470,10 +470,11 @@ void Referee::compareShown() const {
 
 /// Where the back end writes texts down.
 void Referee::compareScore() const {
-    if (books_.hand == 0) return;
-    for (const platform::PrintedText& text : game_.picWork.texts)
-        require(text.left != scorePoint[0] || text.top != scorePoint[1] || text.text == std::to_string(books_.score),
-                "another score stands on the table");
+    const auto& texts = game_.picWork.texts;
+    if (books_.hand == 0 || texts.empty()) return;
+    const auto isScore = [](const auto& text) { return text.left == scorePoint[0] && text.top == scorePoint[1]; };
+    const auto found = std::find_if(texts.begin(), texts.end(), isScore);
+    require(found != texts.end() && found->text == std::to_string(books_.score), "another score stands on the table");
 }
 
 void Referee::compareHint() const {

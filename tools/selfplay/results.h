@@ -20,6 +20,7 @@ struct PlayerRow {
 
 inline constexpr PlayerRow players[] = {
     {"strong", {}},
+    {"stubborn", {.stubborn = 100}},
     {"careless", {.careless = 50, .passing = 30}},
     {"aimless", {.aimless = 100}},
 };
