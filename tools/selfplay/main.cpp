@@ -11,6 +11,7 @@
 #include "platform/base/process.h"
 #include "platform/sim/simulation.h"
 #include "scoring/scoringItems.h"
+#include "tools/options.h"
 #include "tools/selfplay/results.h"
 #include "tools/selfplay/sitting.h"
 
@@ -60,20 +61,8 @@ struct Options {
     std::string log;  // the file; empty for none
 };
 
-/// What was asked for can't be done as it was written.
-struct BadArguments : std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
-
-template <class Number>
-Number numberFrom(const std::string& option, const std::string& text, Number least, Number most) {
-    std::istringstream in(text);
-    int64_t value = 0;
-    if (!(in >> value) || !in.eof() || value < int64_t{least} || value > int64_t{most})
-        throw BadArguments(option + " takes a number from " + std::to_string(least) + " to " + std::to_string(most) +
-                           ", not \"" + text + "\".");
-    return static_cast<Number>(value);
-}
+using tools::BadArguments;
+using tools::numberFrom;
 
 const PlayerRow* playerNamed(const std::string& option, const std::string& name) {
     const auto* row =
@@ -82,15 +71,9 @@ const PlayerRow* playerNamed(const std::string& option, const std::string& name)
     return row;
 }
 
-struct OptionRow {
-    const char* name;
-    void (*set)(Options& options, const std::string& name, const std::string& value);
-    bool takesValue = true;
-};
-
 constexpr int many = 1'000'000'000;
 
-constexpr OptionRow optionRows[] = {
+constexpr tools::OptionRow<Options> optionRows[] = {
     {"--seed",
      [](Options& o, const std::string& name, const std::string& value) {
          o.seed = numberFrom<uint32_t>(name, value, 0, std::numeric_limits<uint32_t>::max());
@@ -115,14 +98,7 @@ constexpr OptionRow optionRows[] = {
 
 Options optionsFrom(int count, char** arguments) {
     Options options;
-    for (int i = 1; i < count; ++i) {
-        const std::string name = arguments[i];
-        const auto* row = std::find_if(std::begin(optionRows), std::end(optionRows),
-                                       [&](const OptionRow& candidate) { return name == candidate.name; });
-        if (row == std::end(optionRows)) throw BadArguments("There is no option \"" + name + "\".");
-        if (row->takesValue && i + 1 == count) throw BadArguments(name + " needs a value behind it.");
-        row->set(options, name, row->takesValue ? arguments[++i] : "");
-    }
+    tools::readOptions<Options>(options, optionRows, count, arguments);
     if (options.hands > 0 && options.matches > 0) throw BadArguments("Choose either --hands or --matches.");
     if (options.hands == 0 && options.matches == 0) options.matches = 1;
     return options;
