@@ -31,8 +31,8 @@ const std::string usage =
     "  --level N          1 " +
     std::string(levels[0].caption) + " to " + std::to_string(levelCount) + " " + levels[levelCount - 1].caption +
     " (1)\n"
-    "  --player NAME      strong, stubborn, who takes the pair last, careless, who often drops a tile anywhere and\n"
-    "                     passes, or aimless, who presses anything (strong)\n"
+    "  --player NAME      strong, stubborn, who takes the pair last, hesitant, who often passes, careless, who also\n"
+    "                     drops a tile anywhere, or aimless, who presses anything (strong)\n"
     "  --interrupt N      have something come between once in N moments: keys, commands, dialogs, a player who goes "
     "away\n"
     "  --mixed            begin anew after some matches, each time with another seed, and with another player, Level,\n"
@@ -129,7 +129,7 @@ Plan planFrom(uint32_t seed) {
     constexpr int mostRounds = 2, weakSittings = 15;
     Plan plan{};
     plan.level = 1 + below(levelCount);
-    plan.player = &players[2 + below(2)];
+    plan.player = &players[2 + below(3)];
     plan.rounds = 1 + below(mostRounds);
     // A round of a strong player is many hands long, since he keeps the House.
     if (below(1 + weakSittings) == 0) plan = {&players[below(2)], plan.level, 1, 0};

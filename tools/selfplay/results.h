@@ -21,6 +21,7 @@ struct PlayerRow {
 inline constexpr PlayerRow players[] = {
     {"strong", {}},
     {"stubborn", {.stubborn = 100}},
+    {"hesitant", {.passing = 70}},
     {"careless", {.careless = 50, .passing = 30}},
     {"aimless", {.aimless = 100}},
 };
