@@ -38,7 +38,7 @@ inline std::string piece(int instrument, const std::vector<Note>& notes, int mil
 
 /// A wave file whose every sample is a quarter of the loudest: told from music by its mean.
 inline std::string plateau(int milliseconds) {
-    const std::vector<int16_t> samples(static_cast<size_t>(milliseconds * thunder::sampleRate / 1000), 8192);
+    const std::vector<int16_t> samples(static_cast<size_t>(milliseconds) * thunder::sampleRate / 1000, 8192);
     const std::vector<uint8_t> bytes = thunder::waveFile(samples);
     return {bytes.begin(), bytes.end()};
 }

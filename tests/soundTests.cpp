@@ -17,9 +17,18 @@
 #include "platform/desktop.h"
 #include "platform/qt/sound/soundThread.h"
 #include "platform/qt/window/modules.h"
+#include "platform/sound.h"
 #include "tests/application.h"
 #include "tests/ear.h"
 #include "tests/soundFiles.h"
+
+constexpr size_t unobtainable = 700'001;  // bytes
+
+/// Memory of one size can't be had.
+void* operator new(size_t size) {
+    void* const memory = size == unobtainable ? nullptr : std::malloc(size);
+    return memory != nullptr ? memory : throw std::bad_alloc();
+}
 
 namespace {
 
@@ -172,12 +181,14 @@ TEST_F(Sound, MusicThatWasCutOffLeavesNothingBehind) {
 }
 
 TEST_F(Sound, ThunderSoundsWithMusicAndWithout) {
-    const auto thunder = write("thunder.wav", plateau(500));
+    const auto thunder = write("thunder.wav", plateau(500)), large = write("large.wav", plateau(100'000));
+    EXPECT_FALSE(platform::sndPlaySoundA(large, 0)) << "as if it weren't there";
     constexpr float level = 0.4F;  // of left and right together, where the plateau is at 0.5
     for (const bool withMusic : {false, true}) {
         if (withMusic) beginAndAwaitSound(music_);
         awaitFrames(withMusic ? framesIn(500) : 0);
         const size_t before = ear_->now();
+        thread_->playSound(large);
         thread_->playSound(thunder);
         await("thunder", [&] { return ear_->now() > before + framesIn(900); });
         const Heard heard = ear_->heard();
@@ -255,6 +266,7 @@ TEST_F(Sound, WhatCannotBeHeardIsSilenceAndNothingIsSaid) {
         {"an empty piece", write("empty.mid", "")},
         {"a corrupt piece", write("garbage.mid", garbage)},
         {"a piece that is cut off", write("short.mid", notes.substr(0, 20))},
+        {"a piece that is too large", write("large.mid", notes + std::string(1 << 20, 'x'))},
         {"a folder for a piece", inFolder("folder")},
         {"a pipe for a piece", inFolder("pipe")},
         {"no font", good, "SDL_SOUNDFONTS", inFolder("none")},
@@ -270,7 +282,8 @@ TEST_F(Sound, WhatCannotBeHeardIsSilenceAndNothingIsSaid) {
         SCOPED_TRACE(row.what);
         thread_ = std::make_unique<SoundThread>();
         setenv(row.variable, row.value.c_str(), 1);
-        EXPECT_EQ(platform::sequencer::canOpen(row.file), std::filesystem::is_regular_file(row.file));
+        std::error_code unreadable;
+        EXPECT_EQ(platform::sequencer::canOpen(row.file), std::filesystem::file_size(row.file, unreadable) <= 1 << 20);
         testing::internal::CaptureStderr();
         const uint64_t performance = thread_->begin(row.file);
         await("the failure", [&] { return thread_->stateOf(performance) == State::Failed; });
@@ -285,6 +298,21 @@ TEST_F(Sound, WhatCannotBeHeardIsSilenceAndNothingIsSaid) {
         thread_.reset();
         ear_.emplace(folder_);
     }
+}
+
+TEST_F(Sound, WhatFindsNoMemoryIsAbsent) {
+    const auto asLarge = [&](const char* name, const std::string& contents) {
+        std::filesystem::resize_file(write(name, contents), unobtainable - 1);
+        return folder_ / name;
+    };
+    uint64_t performance = beginAndAwaitSound(music_);
+    thread_->playSound(asLarge("thunder.wav", plateau(500)));
+    awaitFrames(framesIn(300));
+    EXPECT_EQ(thread_->stateOf(performance), State::Going);
+    performance = thread_->begin(asLarge("large.mid", piece(organ, {{0, 900, 60}}, 1000)));
+    await("the failure", [&] { return thread_->stateOf(performance) == State::Failed; });
+    await("silence", [&] { return !ear_->deviceOpen(); });
+    beginAndAwaitSound(music_);
 }
 
 TEST_F(Sound, DeviceThatVanishesIsOpenedAnewByTheNextBeginning) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <system_error>
 
@@ -18,6 +20,25 @@ inline bool isThere(const std::string& path) {
 inline bool isOrdinaryFile(const std::string& path) {
     std::error_code unreadable;
     return std::filesystem::is_regular_file(path, unreadable);
+}
+
+/// True if that is an ordinary file of so many bytes at most.
+inline bool isFileWithin(const std::string& path, uintmax_t most) {
+    std::error_code unreadable;
+    return isOrdinaryFile(path) && std::filesystem::file_size(path, unreadable) <= most;
+}
+
+/// What an ordinary file of so many bytes at most holds, and nothing for all else, such as a file that is larger or
+/// can't be read. Takes no more memory than that.
+inline std::string contentsWithin(const std::string& path, uintmax_t most) {
+    if (!isFileWithin(path, most)) return {};
+    std::error_code unreadable;
+    const uintmax_t size = std::filesystem::file_size(path, unreadable);
+    std::ifstream in(path, std::ios::binary);
+    std::string bytes(size <= most ? static_cast<size_t>(size) : 0, '\0');
+    in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<size_t>(in.gcount()));
+    return bytes;
 }
 
 /// An ordinary file, open for reading and writing as long as this lives.

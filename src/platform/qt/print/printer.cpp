@@ -25,13 +25,16 @@ using qt::PrintOutcome;
 PrintOutcome printed(const PrintJob& job) {
     PrintOutcome outcome{{}, 53, std::string("File not found: ") + qt::printModule};
     QEventLoop loop;
-    qt::formStack().openBox(nullptr);
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    std::thread worker([&] {
-        void* const entry = qt::moduleEntry(qt::printModule, qt::printEntry);
-        if (entry != nullptr) outcome = reinterpret_cast<qt::PrintEntry*>(entry)(job);
+    std::jthread worker([&] {
+        try {
+            void* const entry = qt::moduleEntry(qt::printModule, qt::printEntry);
+            if (entry != nullptr) outcome = reinterpret_cast<qt::PrintEntry*>(entry)(job);
+        } catch (...) {  // No exception may leave a thread; the module is then as good as missing.
+        }
         QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
     });
+    qt::formStack().openBox(nullptr);
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     loop.exec();
     worker.join();  // Not done yet if the end of the program has ended the loop.
     QGuiApplication::restoreOverrideCursor();

@@ -11,6 +11,21 @@ namespace platform::qt {
 
 using sequencer::State;
 
+namespace {
+
+/// False if that has failed with an exception, as everything may where memory is short; none may leave the thread.
+template <class Action>
+bool succeeds(const Action& action) {
+    try {
+        action();
+        return true;
+    } catch (...) {
+        return false;
+    }
+}
+
+}  // namespace
+
 uint64_t SoundThread::begin(const std::string& file) {
     const std::lock_guard lock(mutex_);
     requests_.music = {requests_.music.performance + 1, file, true};
@@ -41,7 +56,8 @@ void SoundThread::playSound(const std::string& file) {
 void SoundThread::request() {
     if (thread_.get_stop_token().stop_requested()) return;
     changes_ = true;
-    if (!thread_.joinable()) thread_ = std::jthread([this](const std::stop_token& end) { run(end); });
+    const auto start = [this] { thread_ = std::jthread([this](const std::stop_token& end) { run(end); }); };
+    if (!thread_.joinable() && !succeeds(start)) failed_ = requests_.music.performance;
     changed_.notify_one();
 }
 
@@ -54,24 +70,34 @@ void SoundThread::run(const std::stop_token& end) {
     std::unique_lock lock(mutex_);
     while (changed_.wait(lock, end, [this] { return changes_; }) && !end.stop_requested()) {
         changes_ = false;
-        const Requests requests{requests_.music, std::exchange(requests_.sounds, {}),
-                                std::exchange(requests_.quiet, false)};
-        lock.unlock();
-        carryOut(requests);
-        lock.lock();
+        const uint64_t performance = requests_.music.performance;
+        if (!succeeds([&] { serve(lock); })) failed_ = performance;
     }
     lock.unlock();
     mixer_.reset();
 }
 
+void SoundThread::serve(std::unique_lock<std::mutex>& lock) {
+    const Requests requests{requests_.music, std::exchange(requests_.sounds, {}),
+                            std::exchange(requests_.quiet, false)};
+    lock.unlock();
+    carryOut(requests);
+    lock.lock();
+}
+
 void SoundThread::carryOut(const Requests& requests) {
-    if (!mixer_) makeMixer();
-    if (!carryOut(requests.music)) {
+    bool heard = false;
+    const bool carriedOut = succeeds([&] {
+        if (!mixer_) makeMixer();
+        heard = carryOut(requests.music);
+    });
+    if (!carriedOut) mixer_.reset();  // It could go on with what it was to stop.
+    if (!heard) {
         const std::lock_guard lock(mutex_);
         failed_ = requests.music.performance;
     }
     if (!mixer_) return;
-    for (const std::string& sound : requests.sounds) mixer_->playSound(sound);
+    for (const std::string& sound : requests.sounds) succeeds([&] { mixer_->playSound(sound); });
     if (requests.quiet) mixer_->rest();
 }
 
@@ -118,13 +144,13 @@ qt::SoundThread& soundThread() {
 
 }  // namespace
 
-bool sequencer::canOpen(const std::string& file) { return isOrdinaryFile(file); }
+bool sequencer::canOpen(const std::string& file) { return isFileWithin(file, qt::largestPiece); }
 uint64_t sequencer::begin(const std::string& file) { return soundThread().begin(file); }
 void sequencer::setPlaying(uint64_t performance, bool playing) { soundThread().setPlaying(performance, playing); }
 sequencer::State sequencer::stateOf(uint64_t performance) { return soundThread().stateOf(performance); }
 
 bool sndPlaySoundA(const std::string& file, uint32_t /*flags*/) {
-    if (!isOrdinaryFile(file)) return false;
+    if (!isFileWithin(file, qt::largestSound)) return false;
     soundThread().playSound(file);
     return true;
 }

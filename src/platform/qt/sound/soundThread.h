@@ -42,6 +42,7 @@ class SoundThread {
 
     void request();
     void run(const std::stop_token& end);
+    void serve(std::unique_lock<std::mutex>& lock);
     void carryOut(const Requests& requests);
     bool carryOut(const Music& wanted);
     void makeMixer();

@@ -19,6 +19,7 @@ namespace platform::qt {
 namespace {
 
 constexpr float soundGain = 1.8F;         // thunder is then 13 LU above the music in its loudest moment
+constexpr int longestSound = 200;         // seconds; a rate that is next to nothing would make hours of it
 constexpr int framesToRest = sampleRate;  // of silence, until the device may be closed
 
 constexpr Uint16 bufferFrames = 2048;
@@ -106,13 +107,16 @@ std::vector<float> converted(const SDL_AudioSpec& from, const Uint8* bytes, int 
 
 /// The samples of a wave file; empty if it is missing or corrupt.
 std::vector<float> samplesOf(const std::string& waveFile) {
+    const std::string contents = contentsWithin(waveFile, largestSound);
+    SDL_RWops* const file = SDL_RWFromConstMem(contents.data(), static_cast<int>(contents.size()));
     SDL_AudioSpec format{};
     Uint8* bytes = nullptr;
     Uint32 length = 0;
-    if (!isOrdinaryFile(waveFile) || SDL_LoadWAV(waveFile.c_str(), &format, &bytes, &length) == nullptr) return {};
-    auto samples = converted(format, bytes, static_cast<int>(length));
-    SDL_FreeWAV(bytes);
-    return samples;
+    if (SDL_LoadWAV_RW(file, 1, &format, &bytes, &length) == nullptr) return {};
+    const std::unique_ptr<Uint8, decltype(&SDL_FreeWAV)> release(bytes, SDL_FreeWAV);
+    const Uint32 frames = length / (SDL_AUDIO_BITSIZE(format.format) / 8 * format.channels);
+    if (frames / longestSound > static_cast<Uint32>(format.freq)) return {};
+    return converted(format, bytes, static_cast<int>(length));
 }
 
 /// A sound on its way out.

@@ -8,6 +8,10 @@
 /// something sounds.
 namespace platform::qt {
 
+/// Bytes of what is heard; a larger file counts as missing. That is a hundred times the game's piece, and minutes of
+/// sound, but nothing that would take long to read.
+constexpr uintmax_t largestPiece = 1 << 20, largestSound = 4 << 20;
+
 /// What the mixer tells. It calls from the thread that makes the sound, so that a handler must return at once.
 struct MixerEvents {
     std::function<void(uint64_t performance)> ended;  ///< A performance has come to the end of its piece.

@@ -1,11 +1,11 @@
 #include "platform/qt/sound/module/music.h"
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
+#include <new>
 #include <sstream>
 
 #include "platform/base/files.h"
+#include "platform/qt/sound/module/mixer.h"
 #include "platform/qt/sound/module/samples.h"
 
 namespace platform::qt {
@@ -50,12 +50,6 @@ std::vector<std::string> fontFiles() {
     return files;
 }
 
-std::vector<char> contentsOf(const std::string& file) {
-    if (!isOrdinaryFile(file)) return {};
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 /// Chooses instruments as a piece asks for them, and keeps each one that plays a note in memory.
 int takeInstruments(void* data, fluid_midi_event_t* event) {
     auto* const synth = static_cast<fluid_synth_t*>(data);
@@ -92,7 +86,7 @@ bool Music::load(const std::string& file) {
     if (isLoaded(file)) return true;
     file_.clear();
     player_.reset();
-    piece_ = contentsOf(file);
+    piece_ = contentsWithin(file, largestPiece);
     if (piece_.empty() || !loadFont() || !loadInstruments()) return false;
     file_ = file;
     return true;
@@ -137,7 +131,7 @@ bool Music::loadInstruments() {
 
 Music::Player Music::makePlayer() const {
     Player player(new_fluid_player(synth_.get()));
-    fluid_player_add_mem(player.get(), piece_.data(), piece_.size());
+    if (!player || fluid_player_add_mem(player.get(), piece_.data(), piece_.size()) != FLUID_OK) throw std::bad_alloc();
     return player;
 }
 

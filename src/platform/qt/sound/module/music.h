@@ -47,9 +47,9 @@ class Music {
 
     Settings settings_;
     Synth synth_;
-    std::string file_;         // that is loaded; empty if none is
-    std::vector<char> piece_;  // its bytes
-    Player player_;            // of the last performance
+    std::string file_;   // that is loaded; empty if none is
+    std::string piece_;  // its bytes
+    Player player_;      // of the last performance
     uint64_t performance_ = 0;
     bool going_ = false;
     bool sounding_ = false;  // there is something to render: it plays, or its last notes ring
