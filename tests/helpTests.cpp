@@ -13,6 +13,7 @@
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextList>
 #include <QTextTable>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
@@ -38,6 +39,7 @@ class Help : public Window {
         click("Help");
         ASSERT_NE(help(), nullptr);
         ASSERT_TRUE(QTest::qWaitForWindowActive(help()));
+        ASSERT_TRUE(waitFor([] { return !contents().isEmpty(); })) << "it is read to its end";
     }
 
     template <class Part>
@@ -295,10 +297,12 @@ TEST_F(Help, IsClosedByItsKeysAndOpensAgain) {
 
 TEST_F(Help, TellsWhenThereIsNoText) {
     const QTemporaryDir folder;
-    QFile empty(folder.filePath("empty"));
-    ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
+    QFile empty(folder.filePath("empty")), large(folder.filePath("large"));
+    ASSERT_TRUE(empty.open(QIODevice::WriteOnly) && large.open(QIODevice::WriteOnly));
+    large.write(QByteArray(65537, 'x'));
+    large.close();
     ASSERT_EQ(mkfifo(qPrintable(folder.filePath("pipe")), 0600), 0);
-    for (const char* name : {"missing", ".", "empty", "pipe"}) {
+    for (const char* name : {"missing", ".", "empty", "large", "pipe"}) {
         platform::WinHelpA(game->form, folder.filePath(name).toStdString(), platform::HELP_INDEX, 0);
         ASSERT_NE(help(), nullptr) << name;
         EXPECT_EQ(textAtTop(), "There is no help text") << name;
@@ -306,6 +310,35 @@ TEST_F(Help, TellsWhenThereIsNoText) {
     }
     openHelp();
     EXPECT_EQ(textAtTop(), "Velmora");
+}
+
+TEST_F(Help, NoTextIsLongInTheMaking) {
+    const QTemporaryDir folder;
+    const QByteArray emptyCells = "||||||||||||||||||x\n|-|-|-|-|-|-|-|-|-|-|-|-|-|-|-|-|-|-|\nx\nx\nx\n\n";
+    for (const QByteArray& part : {QByteArray("x"), QByteArray("*x* "), QByteArray("- x\n"), emptyCells}) {
+        SCOPED_TRACE(part.toStdString());
+        const int size = part == "x" ? 65536 : 16384;
+        QByteArray text = part.repeated((size - 9) / part.size()) + "\n\n## End";
+        text += QByteArray(size - text.size(), '\n');
+        QFile file(folder.filePath("text"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == size);
+        file.close();
+
+        platform::WinHelpA(game->form, file.fileName().toStdString(), platform::HELP_INDEX, 0);
+        int turns = 0;
+        ASSERT_TRUE(waitFor([&] { return ++turns, !contents().isEmpty(); }));
+        EXPECT_TRUE(turns > 3 || !part.startsWith('*')) << "events are served meanwhile";
+        EXPECT_EQ(contents().back()->text(0), "End");
+        EXPECT_EQ(page().toPlainText().count('x'), text.count('x'));
+        int cells = 0;
+        for (QTextBlock block = page().document()->begin(); block.isValid(); block = block.next()) {
+            ASSERT_LE(block.length(), 2501);
+            ASSERT_LE(block.textList() ? block.textList()->count() : 0, 1500);
+            if (QTextCursor(block).currentTable() != nullptr) ++cells;
+        }
+        EXPECT_LE(cells, 1000);
+        platform::WinHelpA(game->form, "", platform::HELP_QUIT, 0);
+    }
 }
 
 TEST_F(Help, EachWindowKeepsItsKeys) {

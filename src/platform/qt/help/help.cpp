@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -13,25 +14,32 @@
 #include <QSplitter>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextDocumentFragment>
+#include <QTextList>
 #include <QTextTable>
+#include <QTimer>
 #include <QToolBar>
 #include <QTreeWidget>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
-#include <fstream>
-#include <iterator>
+#include <set>
 #include <utility>
 #include <vector>
 
 #include "platform/base/files.h"
 #include "platform/desktop.h"
 #include "platform/qt/controls/control.h"
+#include "platform/qt/help/pieces.h"
 #include "platform/qt/window/fonts.h"
 
 namespace platform {
 namespace {
 
+constexpr uintmax_t largestText = 1 << 16;  // bytes, nearly three times the game's own; a larger file counts as missing
+constexpr int largestPictures =
+    1 << 21;                   // pixels of the game's in all pictures of a text; those after them are left out
+constexpr int bitOfTime = 50;  // milliseconds that the text is read in before events are served
 constexpr int smallestStep = -4;
 constexpr int largestStep = 10;
 constexpr double stepFactor = 1.15;
@@ -82,8 +90,9 @@ void formatTable(QTextTable& table, const QPalette& palette) {
 /// follows the desktop's palette, and its pictures grow with its type.
 class HelpPage : public QTextBrowser {
   public:
-    explicit HelpPage(const QString& markdown);  ///< Shows it from its beginning.
+    HelpPage();  ///< Empty.
 
+    void add(const qt::Piece& added);           ///< Below what it shows.
     void jumpTo(int position);                  ///< Brings that place of the text to the top.
     void showPlace(const QTextCursor& place);   ///< In the middle, if it wasn't in sight.
     int typeStep() const { return typeStep_; }  ///< Of the type's size, from the one at first.
@@ -97,20 +106,25 @@ class HelpPage : public QTextBrowser {
   private:
     void follow(const QUrl& link);
     void formatAll();
+    void format(QTextDocument& text);
     void formatBlock(const QTextBlock& block);
-    QImage pictureNamed(const QString& name) const;
+    void addPicture(const QString& name);
+    QImage pictureNamed(const QString& name);
     double typeFactor() const;
 
-    double normalPoints_ = 0;
+    QFont normalFont_;
+    std::set<QString> pictures_;  // that are made in the present type
+    int picturePixels_ = 0;       // of the game's, in all of them
     int typeStep_ = 0;
     QTextCursor kept_;  // the place that a change of type keeps
     int keptTop_ = 0;   // where its line stood, in pixels of the window
     int keptAt_ = -1;   // how far the text was scrolled after the last change
 };
 
-HelpPage::HelpPage(const QString& markdown) {
+HelpPage::HelpPage() {
     qt::makeUpForMissingFonts();
-    normalPoints_ = fontInfo().pointSizeF();
+    normalFont_ = font();
+    normalFont_.setPointSizeF(fontInfo().pointSizeF());
     setOpenLinks(false);
     setUndoRedoEnabled(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -118,10 +132,27 @@ HelpPage::HelpPage(const QString& markdown) {
         setHorizontalScrollBarPolicy(most > roundedUp ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
     });
     connect(this, &QTextBrowser::anchorClicked, this, &HelpPage::follow);
-    setMarkdown(markdown);
     document()->setDocumentMargin(textMargin);
-    formatAll();
-    moveCursor(QTextCursor::Start);
+}
+
+void HelpPage::add(const qt::Piece& added) {
+    QTextDocument piece;
+    piece.setDefaultFont(normalFont_);  // The room below a paragraph goes by it.
+    const auto dialect = added.tables ? QTextDocument::MarkdownDialectGitHub : QTextDocument::MarkdownDialectCommonMark;
+    piece.setMarkdown(QString::fromStdString(added.text),
+                      QTextDocument::MarkdownFeatures(dialect) | QTextDocument::MarkdownNoHTML);
+    format(piece);
+    const bool first = document()->isEmpty();
+    QTextCursor end(document());
+    end.movePosition(QTextCursor::End);
+    end.beginEditBlock();
+    // What is inserted leaves the block that it begins in as it was.
+    const QTextBlock begin = piece.begin();
+    if (!first) end.insertBlock(begin.textList() ? QTextBlockFormat() : begin.blockFormat(), begin.charFormat());
+    if (!first && begin.textList()) end.createList(begin.textList()->format());
+    end.insertFragment(QTextDocumentFragment(&piece));
+    end.endEditBlock();
+    if (first) moveCursor(QTextCursor::Start);
 }
 
 void HelpPage::follow(const QUrl& link) {
@@ -155,7 +186,7 @@ void HelpPage::setTypeStep(int step) {
         keptTop_ = cursorRect(kept_).top();
     }
     QFont type = font();
-    type.setPointSizeF(normalPoints_ * typeFactor());
+    type.setPointSizeF(normalFont_.pointSizeF() * typeFactor());
     setFont(type);
     formatAll();
     bar.setValue(bar.value() + cursorRect(kept_).top() - keptTop_);
@@ -166,13 +197,19 @@ double HelpPage::typeFactor() const { return std::pow(stepFactor, typeStep_); }
 
 /// Gives the text what its source doesn't say: colours of the palette, lines of tables, pictures in the type's size.
 void HelpPage::formatAll() {
-    QTextCursor all(document());
-    all.beginEditBlock();  // Else each change would lay the text out anew.
-    for (QTextFrame* const frame : document()->rootFrame()->childFrames())
-        if (auto* const table = qobject_cast<QTextTable*>(frame)) formatTable(*table, palette());
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) formatBlock(block);
-    all.endEditBlock();
+    pictures_.clear();
+    picturePixels_ = 0;
+    format(*document());
     document()->markContentsDirty(0, document()->characterCount());
+}
+
+void HelpPage::format(QTextDocument& text) {
+    QTextCursor all(&text);
+    all.beginEditBlock();  // Else each change would lay the text out anew.
+    for (QTextFrame* const frame : text.rootFrame()->childFrames())
+        if (auto* const table = qobject_cast<QTextTable*>(frame)) formatTable(*table, palette());
+    for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) formatBlock(block);
+    all.endEditBlock();
 }
 
 void HelpPage::formatBlock(const QTextBlock& block) {
@@ -183,11 +220,12 @@ void HelpPage::formatBlock(const QTextBlock& block) {
     for (const QTextLayout::FormatRange& range : block.textFormats()) {
         QTextCharFormat look;
         if (range.format.isImageFormat()) {
-            const QString name = range.format.toImageFormat().name();
-            document()->addResource(QTextDocument::ImageResource, QUrl(name), pictureNamed(name));
+            addPicture(range.format.toImageFormat().name());
             look.setVerticalAlignment(QTextCharFormat::AlignMiddle);
         } else if (!range.format.anchorHref().isEmpty()) {
             look.setForeground(palette().color(QPalette::Link));
+        } else {
+            continue;
         }
         text.setPosition(block.position() + range.start);
         text.setPosition(text.position() + range.length, QTextCursor::KeepAnchor);
@@ -195,10 +233,16 @@ void HelpPage::formatBlock(const QTextBlock& block) {
     }
 }
 
-QImage HelpPage::pictureNamed(const QString& name) const {
-    if (!makeHelpPicture) return {};
+void HelpPage::addPicture(const QString& name) {
+    if (pictures_.insert(name).second)
+        document()->addResource(QTextDocument::ImageResource, QUrl(name), pictureNamed(name));
+}
+
+QImage HelpPage::pictureNamed(const QString& name) {
+    if (!makeHelpPicture || picturePixels_ > largestPictures) return {};
     const HelpPicture made = makeHelpPicture(name.toStdString());
     if (made.pixels.empty()) return {};
+    picturePixels_ += made.width * made.height;
     QImage image(reinterpret_cast<const uchar*>(made.pixels.data()), made.width * made.density,
                  made.height * made.density, QImage::Format_ARGB32);
     image.setDevicePixelRatio(made.density);
@@ -226,6 +270,7 @@ constexpr double screenPart = 0.9;     // that it takes at most; the rest is for
 constexpr int hintOpacity = 128;       // of 255
 constexpr int wantedWidth = 220;       // pixels
 constexpr int chapterLevel = 2;        // of a heading
+constexpr int mostMarks = 300;         // of matches: those about the one that is shown
 constexpr QRgb matchBack = 0xFFFFE680, shownMatchBack = 0xFFFFA030, matchFore = 0xFF000000;
 
 QTextEdit::ExtraSelection marked(const QTextCursor& match, QRgb back) {
@@ -239,7 +284,7 @@ QTextEdit::ExtraSelection marked(const QTextCursor& match, QRgb back) {
 /// The help viewer: the text, its contents beside it, a search in it and larger or smaller type.
 class HelpWindow : public QMainWindow {
   public:
-    explicit HelpWindow(const QString& markdown);
+    explicit HelpWindow(const std::string& markdown);
 
     void bringToFront();  ///< Shows the window, also from an icon, and gives it the keys.
 
@@ -250,21 +295,25 @@ class HelpWindow : public QMainWindow {
   private:
     QAction* addCommand(const QString& text, const QString& toolTip, const QList<QKeySequence>& keys,
                         std::function<void()> action);
+    void readOn();
     void fillToolBar();
     void dressHint();
     void fillContents();
     void findAll();
+    QTextCursor matchAt(int index) const;
     void showMatch(int step);
 
-    HelpPage* page_;
+    HelpPage* page_ = new HelpPage;
+    std::vector<qt::Piece> pieces_;  // of the text
+    size_t read_ = 0;                // how many of them are in the page
     QTreeWidget* contents_ = new QTreeWidget;
     QLineEdit* wanted_ = new QLineEdit;
     QLabel* found_ = new QLabel;
-    std::vector<QTextCursor> matches_;  // in the order of the text
-    int match_ = 0;                     // the one that is shown, from 0
+    std::vector<int> matches_;  // where in the text each begins, in its order
+    int match_ = 0;             // the one that is shown, from 0
 };
 
-HelpWindow::HelpWindow(const QString& markdown) : page_(new HelpPage(markdown)) {
+HelpWindow::HelpWindow(const std::string& markdown) : pieces_(qt::piecesOf(markdown)) {
     setWindowTitle(QApplication::applicationName() + " Help");
     resize(firstSize.boundedTo(screen()->availableSize() * screenPart));
     auto* const halves = new QSplitter;
@@ -276,13 +325,23 @@ HelpWindow::HelpWindow(const QString& markdown) : page_(new HelpPage(markdown)) 
     contents_->setAccessibleName("Contents");
     page_->setAccessibleName("Help text");
     fillToolBar();
-    fillContents();
+    readOn();
     const auto jump = [this](const QTreeWidgetItem* item) {
         if (item) page_->jumpTo(item->data(0, Qt::UserRole).toInt());
     };
     connect(contents_, &QTreeWidget::currentItemChanged, this, jump);
     connect(contents_, &QTreeWidget::itemClicked, this, jump);  // Also once more on the one that it stands on.
     connect(wanted_, &QLineEdit::textChanged, this, [this] { findAll(); });
+}
+
+/// Takes the text into the page, bit by bit if it is long, while events are served.
+void HelpWindow::readOn() {
+    QElapsedTimer time;
+    time.start();
+    while (read_ < pieces_.size() && (read_ == 0 || time.elapsed() < bitOfTime)) page_->add(pieces_[read_++]);
+    if (read_ < pieces_.size()) return QTimer::singleShot(0, this, [this] { readOn(); });
+    fillContents();
+    if (!wanted_->text().isEmpty()) findAll();
 }
 
 QAction* HelpWindow::addCommand(const QString& text, const QString& toolTip, const QList<QKeySequence>& keys,
@@ -358,26 +417,36 @@ void HelpWindow::fillContents() {
 /// Marks all places that hold what is wanted, and shows the first one from where the last one was shown.
 void HelpWindow::findAll() {
     matches_.clear();
-    const QTextDocument& text = *page_->document();
     const QString wanted = wanted_->text();
-    if (!wanted.isEmpty())
-        for (QTextCursor at = text.find(wanted); !at.isNull(); at = text.find(wanted, at)) matches_.push_back(at);
+    for (QTextBlock block = page_->document()->begin(); block.isValid() && !wanted.isEmpty(); block = block.next()) {
+        const QString text = block.text().replace(QChar::Nbsp, ' ');
+        const auto next = [&](qsizetype from) { return text.indexOf(wanted, from, Qt::CaseInsensitive); };
+        for (qsizetype at = next(0); at >= 0; at = next(at + wanted.size()))
+            matches_.push_back(block.position() + static_cast<int>(at));
+    }
     const int from = page_->textCursor().selectionStart();
-    const auto next =
-        std::ranges::find_if(matches_, [=](const QTextCursor& match) { return match.selectionStart() >= from; });
+    const auto next = std::ranges::lower_bound(matches_, from);
     match_ = next == matches_.end() ? 0 : static_cast<int>(next - matches_.begin());
     showMatch(0);
+}
+
+QTextCursor HelpWindow::matchAt(int index) const {
+    QTextCursor match(page_->document());
+    match.setPosition(matches_[static_cast<size_t>(index)]);
+    match.setPosition(match.position() + static_cast<int>(wanted_->text().size()), QTextCursor::KeepAnchor);
+    return match;
 }
 
 /// Shows the place so many after the present one; the first follows the last.
 void HelpWindow::showMatch(int step) {
     const int count = static_cast<int>(matches_.size());
     QList<QTextEdit::ExtraSelection> marks;
-    for (const QTextCursor& match : matches_) marks.append(marked(match, matchBack));
     if (count > 0) {
         match_ = (match_ + step + count) % count;
-        marks[match_] = marked(matches_[static_cast<size_t>(match_)], shownMatchBack);
-        QTextCursor place = matches_[static_cast<size_t>(match_)];
+        const int from = std::clamp(match_ - mostMarks / 2, 0, std::max(count - mostMarks, 0));
+        for (int i = from; i < std::min(count, from + mostMarks); ++i)
+            marks.append(marked(matchAt(i), i == match_ ? shownMatchBack : matchBack));
+        QTextCursor place = matchAt(match_);
         place.setPosition(place.selectionStart());
         page_->showPlace(place);
     }
@@ -402,16 +471,12 @@ bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 /// The text of the help file, or one that tells that there is none.
-QString helpText(const std::string& file) {
+std::string helpText(const std::string& file) {
     const std::string path = programFile(file);
-    if (isOrdinaryFile(path)) {
-        std::ifstream source(path, std::ios::binary);
-        const QString text = QString::fromStdString({std::istreambuf_iterator<char>(source), {}});
-        if (!text.trimmed().isEmpty()) return text;
-    }
-    return QString(
-               "## There is no help text\n\nIt should be in this file, which is missing or can't be read:\n\n`%1`\n")
-        .arg(QString::fromStdString(path));
+    const std::string text = contentsWithin(path, largestText);
+    if (text.find_first_not_of(" \t\r\n") != std::string::npos) return text;
+    return "## There is no help text\n\nIt should be in this file, which is missing or can't be read:\n\n`" + path +
+           "`\n";
 }
 
 }  // namespace
