@@ -10,16 +10,15 @@
 #include <utility>
 #include <vector>
 
-#include "platform/base/files.h"
 #include "platform/qt/sound/module/limiter.h"
 #include "platform/qt/sound/module/music.h"
 #include "platform/qt/sound/module/samples.h"
+#include "platform/qt/sound/module/waves.h"
 
 namespace platform::qt {
 namespace {
 
 constexpr float soundGain = 1.8F;         // thunder is then 13 LU above the music in its loudest moment
-constexpr int longestSound = 200;         // seconds; a rate that is next to nothing would make hours of it
 constexpr int framesToRest = sampleRate;  // of silence, until the device may be closed
 
 constexpr Uint16 bufferFrames = 2048;
@@ -92,31 +91,6 @@ void Device::close() {
     if (id_ == 0) return;
     SDL_CloseAudioDevice(std::exchange(id_, 0));
     SDL_QuitSubSystem(SDL_INIT_AUDIO);
-}
-
-std::vector<float> converted(const SDL_AudioSpec& from, const Uint8* bytes, int length) {
-    const std::unique_ptr<SDL_AudioStream, decltype(&SDL_FreeAudioStream)> stream(
-        SDL_NewAudioStream(from.format, from.channels, from.freq, AUDIO_F32SYS, channels, sampleRate),
-        SDL_FreeAudioStream);
-    if (!stream || SDL_AudioStreamPut(stream.get(), bytes, length) != 0) return {};
-    SDL_AudioStreamFlush(stream.get());
-    std::vector<float> samples(static_cast<size_t>(SDL_AudioStreamAvailable(stream.get())) / sizeof(float));
-    SDL_AudioStreamGet(stream.get(), samples.data(), static_cast<int>(samples.size() * sizeof(float)));
-    return samples;
-}
-
-/// The samples of a wave file; empty if it is missing or corrupt.
-std::vector<float> samplesOf(const std::string& waveFile) {
-    const std::string contents = contentsWithin(waveFile, largestSound);
-    SDL_RWops* const file = SDL_RWFromConstMem(contents.data(), static_cast<int>(contents.size()));
-    SDL_AudioSpec format{};
-    Uint8* bytes = nullptr;
-    Uint32 length = 0;
-    if (SDL_LoadWAV_RW(file, 1, &format, &bytes, &length) == nullptr) return {};
-    const std::unique_ptr<Uint8, decltype(&SDL_FreeWAV)> release(bytes, SDL_FreeWAV);
-    const Uint32 frames = length / (SDL_AUDIO_BITSIZE(format.format) / 8 * format.channels);
-    if (frames / longestSound > static_cast<Uint32>(format.freq)) return {};
-    return converted(format, bytes, static_cast<int>(length));
 }
 
 /// A sound on its way out.

@@ -1,0 +1,254 @@
+// Gives all that reads from outside, files, words and keys, inputs that are damaged or random. Each answer is held to
+// what is true of any input.
+
+#include <fcntl.h>
+#include <sanitizer/common_interface_defs.h>
+#include <sys/stat.h>
+#include <sys/time.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+#include "platform/desktop.h"
+#include "tools/fuzz/mutator.h"
+#include "tools/fuzz/target.h"
+
+namespace {
+
+using fuzz::Target;
+
+constexpr int longest = 20;  // seconds of the processor for an input
+
+constexpr const char* usage =
+    "Usage: velmora_fuzz [--seed N] [--runs N] [--only TARGET] [--input FILE]\n"
+    "  --seed N        the same inputs as another time (1)\n"
+    "  --runs N        so many inputs for each target\n"
+    "  --only TARGET   that one alone\n"
+    "  --input FILE    this input alone, of the target that --only names\n";
+
+std::vector<std::string> helpChapters() {
+    const std::string text = fuzz::asset("ZQT.hlp");
+    std::vector<std::string> chapters = {text};
+    for (size_t from = 0, to = 0; from < text.size(); from = to) {
+        to = std::min(text.find("\n## ", from + 1), text.size());
+        chapters.push_back(text.substr(from, to - from));
+    }
+    return chapters;
+}
+
+std::vector<std::string> scoreFiles() {
+    std::string table;
+    for (int row = 5; row > 0; --row) table += "Ann Other " + std::string{char(row), 0, 2, 0, 0, char(row), 1, 0};
+    return {table, table.substr(0, 36), ""};
+}
+
+/// Waves of all codings that there are, of as many channels as bytes of a sample.
+std::vector<std::string> waveFiles() {
+    const std::string thunder = fuzz::asset("sounds/Thunder2.wav"), samples = thunder.substr(44, 1000);
+    std::vector<std::string> files = {thunder, thunder.substr(0, 3000), thunder.substr(0, 44)};
+    for (const auto& [coding, bits] :
+         {std::pair(1, 8), {1, 16}, {1, 24}, {1, 32}, {2, 4}, {3, 32}, {6, 8}, {7, 8}, {17, 4}}) {
+        std::string head = thunder.substr(0, 44);
+        head[20] = static_cast<char>(coding);
+        head[22] = head[32] = static_cast<char>(std::max(1, bits / 8));
+        head[34] = static_cast<char>(bits);
+        files.push_back(head + samples);
+    }
+    return files;
+}
+
+// A row for each reader; of the words those that it looks for.
+const std::vector<Target> targets = {
+    {"score", 500, scoreFiles, {"\xFF\xFF\xFF\x7F", {"\0\0\0\x80", 4}, "Ann", "\x80\x9F\xFF", " "}, fuzz::takeScores},
+    {"commandLine",
+     5000,
+     [] {
+         return std::vector<std::string>{"--zoom\n1.5", "--zoom\n8", "--help", "--version", ""};
+     },
+     {"--zoom", "\n", "--help", "--version", ".25", "-", "0x", "e1", "inf", "nan", "9", "1", "+", " "},
+     fuzz::takeCommandLine},
+    {"help",
+     20,
+     helpChapters,
+     {"|",        "|---|---|\n",      "\n```\n",          "\n~~~\n",    "\n> ", "\n- ", "\n1. ",   "\n# ",
+      "\n\n",     "![](tiles:c1,b2)", "![](icon:1)",      "[x](#keys)", "**",   "`",    "<table>", "&#0;",
+      "\xC2\xA0", "\xE2\x80\xA8",     "\xF0\x9F\x80\x84", "x"},
+     fuzz::takeHelp},
+    {"name",
+     30,
+     [] {
+         return std::vector<std::string>{"Ann O'Neil",
+                                         "\x01"
+                                         "pasted\x08"
+                                         "typed",
+                                         "\x02\xC3\xA9t\xC3\xA9"};
+     },
+     {"\x01", "\x02", "\x04", "\x05", "\x06", "\x07", "\x08", "\t", "\xF0\x9F\x80\x84", "\xC3\x84", "e\xCC\x81", "a",
+      "\x7F", "\xE2\x80\xA8"},
+     fuzz::takeName},
+    {"order",
+     30,
+     [] {
+         return std::vector<std::string>{
+             "Ann\t\bMain Street 1\t\t\x01"
+             "City\t\t9\t12345\tHungary",
+             "\t1234567\t1e9\t99"};
+     },
+     {"\x01", "\x02", "\x04", "\x05", "\x06", "\x07", "\x08", "\t", "\t\x08", "9", "0", "1e9", "-1", "\xF0\x9F\x80\x84",
+      "\xC3\x84", "A"},
+     fuzz::takeOrder},
+    {"piece",
+     150,
+     [] {
+         return std::vector<std::string>{fuzz::asset("sounds/mendel1.mid"),
+                                         fuzz::asset("sounds/mendel1.mid").substr(0, 600)};
+     },
+     {"MThd",
+      "MTrk",
+      {"\0\0\0\6", 4},
+      "\xFF\x2F",
+      {"\xFF\x51\3\0\0\0", 6},
+      "\xF0\x7F",
+      "\xC0",
+      "\x90\x40\x7F",
+      "\xB0\x07"},
+     fuzz::takePiece},
+    {"thunder",
+     150,
+     waveFiles,
+     {"RIFF",
+      "WAVE",
+      "fmt ",
+      "data",
+      "fact",
+      "smpl",
+      "LIST",
+      {"\1\0", 2},
+      {"\2\0", 2},
+      {"\3\0", 2},
+      {"\6\0", 2},
+      {"\x11\0", 2},
+      {"\xFE\xFF", 2},
+      {"\x20\0", 2},
+      {"\x08\0", 2},
+      {"\0\0\xC0\x7F", 4}},
+     fuzz::takeThunder},
+};
+
+struct Options {
+    uint64_t seed = 1;
+    int runs = 0;  // 0 for each target's own
+    std::string only, input;
+};
+
+std::string input;       // the present one
+std::string inputFile;   // where it is kept when it has done harm
+std::string playsAgain;  // the words that give it once more
+
+/// Keeps the present input. Only what is allowed in the middle of anything is done here.
+void keepInput() {
+    const int file = open(inputFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    [[maybe_unused]] ssize_t written = write(file, input.data(), input.size());
+    written = write(STDERR_FILENO, playsAgain.data(), playsAgain.size());
+    close(file);
+}
+
+void endBySignal(int signal) {
+    const std::string_view said = signal == SIGPROF ? "It takes too long.\n" : "It has ended by a signal.\n";
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, said.data(), said.size());
+    keepInput();
+    _exit(1);
+}
+
+bool attempt(const Target& target) {
+    const itimerval limit{{}, {longest, 0}};
+    setitimer(ITIMER_PROF, &limit, nullptr);
+    try {
+        return target.take(input);
+    } catch (const std::exception& error) {
+        std::cerr << target.name << ": not true: " << error.what() << '\n';
+        keepInput();
+        _exit(1);
+    }
+}
+
+std::string contentsOf(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void runAll(const Target& target, const Options& options) {
+    inputFile = platform::programFile(std::string(target.name) + ".input");
+    playsAgain = std::string("Once more: velmora_fuzz --only ") + target.name + " --input " + inputFile + '\n';
+    int taken = 0, all = 0;
+    const auto give = [&](const std::string& bytes) {
+        input = bytes;
+        taken += attempt(target) ? 1 : 0;
+        ++all;
+    };
+    if (!options.input.empty()) {
+        give(contentsOf(options.input));
+    } else {
+        const std::string folder = VELMORA_INPUTS "/" + std::string(target.name);
+        if (std::filesystem::is_directory(folder))
+            for (const auto& file : std::filesystem::directory_iterator(folder)) give(contentsOf(file));
+        const std::vector<std::string> models = target.models();
+        for (const std::string& model : models) give(model);
+        const int runs = options.runs > 0 ? options.runs : target.runs;
+        for (int run = 0; run < runs; ++run)
+            give(fuzz::Mutator(options.seed + static_cast<uint64_t>(run), models, target.words).make());
+    }
+    std::cout << target.name << ": " << all << " inputs, " << taken << " of them taken" << std::endl;
+}
+
+Options optionsFrom(int count, char** words) {
+    Options options;
+    for (int i = 1; i < count; ++i) {
+        const std::string name = words[i], value = i + 1 < count ? words[++i] : "";
+        const bool isNumber = !value.empty() && value.find_first_not_of("0123456789") == std::string::npos;
+        const bool isTarget = std::ranges::any_of(targets, [&](const Target& each) { return each.name == value; });
+        if (name == "--seed" && isNumber)
+            options.seed = std::stoull(value);
+        else if (name == "--runs" && isNumber)
+            options.runs = std::stoi(value);
+        else if (name == "--only" && isTarget)
+            options.only = value;
+        else if (name == "--input" && !value.empty())
+            options.input = value;
+        else
+            throw std::invalid_argument(name);
+    }
+    if (!options.input.empty() && options.only.empty()) throw std::invalid_argument("--input");
+    return options;
+}
+
+}  // namespace
+
+/// What others leave behind.
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig\n"; }
+
+int main(int count, char** words) {
+    Options options;
+    try {
+        options = optionsFrom(count, words);
+    } catch (const std::exception&) {
+        std::cerr << usage << "Targets:";
+        for (const Target& target : targets) std::cerr << ' ' << target.name;
+        std::cerr << '\n';
+        return 2;
+    }
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    for (const int signal : {SIGPROF, SIGABRT}) std::signal(signal, endBySignal);
+    __sanitizer_set_death_callback(keepInput);
+    for (const Target& target : targets)
+        if (options.only.empty() || options.only == target.name) runAll(target, options);
+    __sanitizer_set_death_callback(nullptr);  // A leak belongs to no input.
+    return 0;
+}
