@@ -23,6 +23,7 @@
 namespace {
 
 using fuzz::Target;
+using fuzz::targets;
 
 constexpr int longest = 20;  // seconds of the processor for an input
 
@@ -32,115 +33,6 @@ constexpr const char* usage =
     "  --runs N        so many inputs for each target\n"
     "  --only TARGET   that one alone\n"
     "  --input FILE    this input alone, of the target that --only names\n";
-
-std::vector<std::string> helpChapters() {
-    const std::string text = fuzz::asset("ZQT.hlp");
-    std::vector<std::string> chapters = {text};
-    for (size_t from = 0, to = 0; from < text.size(); from = to) {
-        to = std::min(text.find("\n## ", from + 1), text.size());
-        chapters.push_back(text.substr(from, to - from));
-    }
-    return chapters;
-}
-
-std::vector<std::string> scoreFiles() {
-    std::string table;
-    for (int row = 5; row > 0; --row) table += "Ann Other " + std::string{char(row), 0, 2, 0, 0, char(row), 1, 0};
-    return {table, table.substr(0, 36), ""};
-}
-
-/// Waves of all codings that there are, of as many channels as bytes of a sample.
-std::vector<std::string> waveFiles() {
-    const std::string thunder = fuzz::asset("sounds/Thunder2.wav"), samples = thunder.substr(44, 1000);
-    std::vector<std::string> files = {thunder, thunder.substr(0, 3000), thunder.substr(0, 44)};
-    for (const auto& [coding, bits] :
-         {std::pair(1, 8), {1, 16}, {1, 24}, {1, 32}, {2, 4}, {3, 32}, {6, 8}, {7, 8}, {17, 4}}) {
-        std::string head = thunder.substr(0, 44);
-        head[20] = static_cast<char>(coding);
-        head[22] = head[32] = static_cast<char>(std::max(1, bits / 8));
-        head[34] = static_cast<char>(bits);
-        files.push_back(head + samples);
-    }
-    return files;
-}
-
-// A row for each reader; of the words those that it looks for.
-const std::vector<Target> targets = {
-    {"score", 500, scoreFiles, {"\xFF\xFF\xFF\x7F", {"\0\0\0\x80", 4}, "Ann", "\x80\x9F\xFF", " "}, fuzz::takeScores},
-    {"commandLine",
-     5000,
-     [] {
-         return std::vector<std::string>{"--zoom\n1.5", "--zoom\n8", "--help", "--version", ""};
-     },
-     {"--zoom", "\n", "--help", "--version", ".25", "-", "0x", "e1", "inf", "nan", "9", "1", "+", " "},
-     fuzz::takeCommandLine},
-    {"help",
-     20,
-     helpChapters,
-     {"|",        "|---|---|\n",      "\n```\n",          "\n~~~\n",    "\n> ", "\n- ", "\n1. ",   "\n# ",
-      "\n\n",     "![](tiles:c1,b2)", "![](icon:1)",      "[x](#keys)", "**",   "`",    "<table>", "&#0;",
-      "\xC2\xA0", "\xE2\x80\xA8",     "\xF0\x9F\x80\x84", "x"},
-     fuzz::takeHelp},
-    {"name",
-     30,
-     [] {
-         return std::vector<std::string>{"Ann O'Neil",
-                                         "\x01"
-                                         "pasted\x08"
-                                         "typed",
-                                         "\x02\xC3\xA9t\xC3\xA9"};
-     },
-     {"\x01", "\x02", "\x04", "\x05", "\x06", "\x07", "\x08", "\t", "\xF0\x9F\x80\x84", "\xC3\x84", "e\xCC\x81", "a",
-      "\x7F", "\xE2\x80\xA8"},
-     fuzz::takeName},
-    {"order",
-     30,
-     [] {
-         return std::vector<std::string>{
-             "Ann\t\bMain Street 1\t\t\x01"
-             "City\t\t9\t12345\tHungary",
-             "\t1234567\t1e9\t99"};
-     },
-     {"\x01", "\x02", "\x04", "\x05", "\x06", "\x07", "\x08", "\t", "\t\x08", "9", "0", "1e9", "-1", "\xF0\x9F\x80\x84",
-      "\xC3\x84", "A"},
-     fuzz::takeOrder},
-    {"piece",
-     150,
-     [] {
-         return std::vector<std::string>{fuzz::asset("sounds/mendel1.mid"),
-                                         fuzz::asset("sounds/mendel1.mid").substr(0, 600)};
-     },
-     {"MThd",
-      "MTrk",
-      {"\0\0\0\6", 4},
-      "\xFF\x2F",
-      {"\xFF\x51\3\0\0\0", 6},
-      "\xF0\x7F",
-      "\xC0",
-      "\x90\x40\x7F",
-      "\xB0\x07"},
-     fuzz::takePiece},
-    {"thunder",
-     150,
-     waveFiles,
-     {"RIFF",
-      "WAVE",
-      "fmt ",
-      "data",
-      "fact",
-      "smpl",
-      "LIST",
-      {"\1\0", 2},
-      {"\2\0", 2},
-      {"\3\0", 2},
-      {"\6\0", 2},
-      {"\x11\0", 2},
-      {"\xFE\xFF", 2},
-      {"\x20\0", 2},
-      {"\x08\0", 2},
-      {"\0\0\xC0\x7F", 4}},
-     fuzz::takeThunder},
-};
 
 struct Options {
     uint64_t seed = 1;

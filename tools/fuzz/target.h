@@ -26,6 +26,8 @@ struct Target {
         const std::string& input);  ///< Has it read; false if it has turned the input down. Throws an Objection.
 };
 
+extern const std::vector<Target> targets;
+
 // The readers. What each input is stands with its function.
 bool takeScores(const std::string& file);
 bool takeCommandLine(const std::string& lines);

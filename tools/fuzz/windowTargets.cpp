@@ -77,9 +77,9 @@ QWidget& openHelp(const std::string& path) {
     return *help;
 }
 
-/// The longest word of the text's first line that has one.
+/// A word of the last paragraph that has one.
 QString someWord(const QTextDocument& text) {
-    for (QTextBlock block = text.begin(); block.isValid(); block = block.next())
+    for (QTextBlock block = text.lastBlock(); block.isValid(); block = block.previous())
         for (const QString& word : block.text().split(' '))
             if (std::ranges::any_of(word, [](QChar each) { return each.isLetterOrNumber(); }) &&
                 std::ranges::all_of(word, [](QChar each) { return each.isLetterOrNumber(); }))
@@ -101,7 +101,7 @@ void requirePage(QWidget& help) {
     const QString word = someWord(*page.document());
     if (word.isEmpty()) return;
     help.findChild<QLineEdit*>()->setText(word);
-    const auto tells = [&](const QLabel* label) { return label->text().startsWith("1 of "); };
+    const auto tells = [&](const QLabel* label) { return label->text().contains(" of "); };
     require(std::ranges::any_of(help.findChildren<QLabel*>(), tells), "a word that is there is found");
 }
 
@@ -132,7 +132,7 @@ const std::map<QString, FieldRow> fields = {
 };
 
 /// What begins a part of a script, up to the next such character; without one its characters are typed.
-enum : char32_t { Paste = 1, Compose, Tab = '\t', Erase = '\b', All = 4, Left, Undo, Redo, Type };
+enum : char32_t { Paste = 1, Compose, Tab, All, Left, Undo, Redo, Erase, Type };
 
 void tap(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
     QWidget* const target = QApplication::focusWidget();
@@ -211,24 +211,29 @@ void play(const std::string& script) {
     }
 }
 
-/// Plays a script in a dialog, and closes it with a key.
-void playIn(const std::function<void()>& showDialog, const std::string& script, Qt::Key closing) {
+/// Plays a script in a dialog, and closes it with a key; the first one may have closed a list that had dropped down.
+template <class Dialog>
+void playIn(Dialog& dialog, const std::string& script, int closing, const QString& text) {
+    constexpr int mostKeys = 5;
+    game();
     QTimer answers;  // a box that tells of an error, such as an amount too large
     QObject::connect(&answers, &QTimer::timeout, [] {
         for (QWidget* widget : QApplication::topLevelWidgets())
             if (auto* const box = qobject_cast<QMessageBox*>(widget)) box->accept();
     });
-    answers.start(0);
+    answers.start(1);
     std::exception_ptr objection;
     QTimer::singleShot(0, [&] {
         try {
             play(script);
+            for (int keys = 0; keys < mostKeys && dialog.isOpen(); ++keys) tap(closing, Qt::NoModifier, text);
+            require(!dialog.isOpen(), "it is closed by its key");
         } catch (const Objection&) {
             objection = std::current_exception();
+            dialog->form.unload();
         }
-        tap(closing, Qt::NoModifier, closing == Qt::Key_Return ? "\r" : "\x1B");
     });
-    showDialog();
+    dialog.showModal();
     if (objection) std::rethrow_exception(objection);
 }
 
@@ -247,8 +252,7 @@ bool takeHelp(const std::string& file) {
 
 /// What is typed, pasted and composed, by the commands above.
 bool takeName(const std::string& script) {
-    game();
-    playIn([] { gfrmGetName.showModal(); }, script, Qt::Key_Return);
+    playIn(gfrmGetName, script, Qt::Key_Return, "\r");
     const std::string name = gfrmGetName->mprpName();
     require(platform::charactersOf(name).size() <= 10, "a name is no longer than a row has room for");
     require(platform::toCodePage(name).size() <= 10, "each of its characters becomes a byte");
@@ -256,9 +260,7 @@ bool takeName(const std::string& script) {
 }
 
 bool takeOrder(const std::string& script) {
-    game();
-    playIn([] { gfrmOrder.showModal(); }, script, Qt::Key_Escape);
-    require(!gfrmOrder.isOpen(), "it is closed by its key");
+    playIn(gfrmOrder, script, Qt::Key_Escape, "\x1B");
     for (size_t from = 0; from < script.size(); from += 7) {
         const double number = gdblfNumberIn(script.substr(from));
         require(number == number, "a number is one");
