@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -340,6 +341,32 @@ TEST_F(Help, NoTextIsLongInTheMaking) {
         EXPECT_LE(cells, 1000);
         platform::WinHelpA(game->form, "", platform::HELP_QUIT, 0);
     }
+}
+
+TEST_F(Help, CodeThatIsCutStaysCode) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("text"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("```\n" + QByteArray("# x\n\n").repeated(2000) + "```\n\n# After\n");
+    file.close();
+    platform::WinHelpA(game->form, file.fileName().toStdString(), platform::HELP_INDEX, 0);
+    ASSERT_TRUE(waitFor([&] { return !contents().isEmpty(); }));
+    EXPECT_EQ(contents().size(), 1);
+}
+
+TEST_F(Help, WhatFailsInItIsToldAndEndsNothing) {
+    openHelp();
+    const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeWindow()); };
+    QString told;
+    once([&] { return box() != nullptr; },
+         [&] {
+             told = box()->text();
+             QTimer::singleShot(0, help(), [] { throw std::bad_alloc(); });  // not told: a box is open
+             QTimer::singleShot(10, box(), &QDialog::accept);
+         });
+    QTimer::singleShot(0, help(), [] { throw std::bad_alloc(); });
+    EXPECT_TRUE(waitFor([&] { return !told.isEmpty() && box() == nullptr; }));
+    EXPECT_EQ(told, "Error 51 - Internal error: std::bad_alloc");
 }
 
 TEST_F(Help, EachWindowKeepsItsKeys) {

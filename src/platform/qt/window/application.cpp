@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <utility>
 
 #include "platform/base/process.h"
 #include "platform/base/uncaught.h"
@@ -89,9 +90,38 @@ void onEndSignal(std::function<void()> handler) {
     }
 }
 
+/// Tells of what no handler has caught, such as a lack of memory while Qt lays out a text, and goes on. Qt itself would
+/// end the program.
+class GuardedApplication : public QApplication {
+  public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (...) {
+            tell();
+        }
+        return true;
+    }
+
+  private:
+    /// One after the other: a box is of no use where the next picture of it fails too.
+    void tell() {
+        if (std::exchange(telling_, true)) return;
+        try {
+            reportUncaught();
+        } catch (...) {  // There isn't even memory to tell it.
+        }
+        telling_ = false;
+    }
+
+    bool telling_ = false;
+};
+
 QApplication* openDisplay(int& argc, char** argv) {
     const QtMessageHandler usual = qInstallMessageHandler(hearOfDisplay);
-    QApplication* const application = new QApplication(argc, argv);
+    QApplication* const application = new GuardedApplication(argc, argv);
     qInstallMessageHandler(usual);
     return application;
 }
