@@ -82,6 +82,8 @@ std::vector<std::string> waveFiles() {
         head[34] = static_cast<char>(bits);
         files.push_back(head + samples);
     }
+    constexpr size_t rateAt = 24;
+    files.push_back(thunder.substr(0, 1000).replace(rateAt, 4, {1, 0, 0, 0}));  // one a second
     return files;
 }
 

@@ -93,8 +93,9 @@ void requirePage(QWidget& help) {
     for (QTextBlock block = page.document()->begin(); block.isValid(); block = block.next()) {
         require(block.length() <= longestBlock, "no paragraph is long");
         headings += block.blockFormat().headingLevel() > 0 ? 1 : 0;
-        cells += QTextCursor(block).currentTable() != nullptr ? 1 : 0;
     }
+    for (const QTextFrame* const frame : page.document()->rootFrame()->childFrames())
+        if (const auto* const table = qobject_cast<const QTextTable*>(frame)) cells += table->rows() * table->columns();
     require(cells <= static_cast<int>(platform::qt::mostCells), "no more cells than can be laid out in a moment");
     for (QTreeWidgetItemIterator item(help.findChild<QTreeWidget*>()); *item; ++item) ++items;
     require(items == headings, "the contents list the headings");

@@ -13,7 +13,7 @@
 namespace platform::qt {
 namespace {
 
-constexpr int longestSound = 200;  // seconds; a rate that is next to nothing would make hours of it
+constexpr double longestSound = 200;  // seconds; a rate that is next to nothing would make hours of it
 
 std::vector<float> converted(const SDL_AudioSpec& from, const Uint8* bytes, int length) {
     const std::unique_ptr<SDL_AudioStream, decltype(&SDL_FreeAudioStream)> stream(
@@ -39,7 +39,7 @@ std::vector<float> samplesOf(const std::string& waveFile) {
     if (SDL_LoadWAV_RW(file, 1, &format, &bytes, &length) == nullptr) return {};
     const std::unique_ptr<Uint8, decltype(&SDL_FreeWAV)> release(bytes, SDL_FreeWAV);
     const Uint32 frames = length / (SDL_AUDIO_BITSIZE(format.format) / 8 * format.channels);
-    if (frames / longestSound > static_cast<Uint32>(format.freq)) return {};
+    if (frames > longestSound * format.freq) return {};
     return converted(format, bytes, static_cast<int>(length));
 }
 
