@@ -383,6 +383,11 @@ TEST_F(Help, EachWindowKeepsItsKeys) {
     EXPECT_EQ(game->mintCurCol, 5);
     EXPECT_NE(game->Timer1.interval(), dropInterval);
     EXPECT_GT(page().verticalScrollBar()->value(), 0) << "the help has taken them";
+    const QString text = page().toPlainText();
+    QInputMethodEvent composed;
+    composed.setCommitString("x");
+    QApplication::sendEvent(&page(), &composed);
+    EXPECT_EQ(page().toPlainText(), text);
 
     bringToFront();
     const int scrolled = page().verticalScrollBar()->value();

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -97,9 +98,11 @@ class HelpPage : public QTextBrowser {
     void showPlace(const QTextCursor& place);   ///< In the middle, if it wasn't in sight.
     int typeStep() const { return typeStep_; }  ///< Of the type's size, from the one at first.
     void setTypeStep(int step);                 ///< As far as the range of sizes goes.
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
   protected:
     QVariant loadResource(int type, const QUrl& url) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void changeEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
@@ -252,6 +255,13 @@ QImage HelpPage::pictureNamed(const QString& name) {
 
 /// Nothing but the text's own pictures, which are added as it is formatted: the text never reaches for a file.
 QVariant HelpPage::loadResource(int /*type*/, const QUrl& /*url*/) { return {}; }
+
+/// Qt lets what dead keys or an input method compose into a text that takes no other keys.
+QVariant HelpPage::inputMethodQuery(Qt::InputMethodQuery query) const {
+    return query == Qt::ImEnabled ? QVariant(false) : QTextBrowser::inputMethodQuery(query);
+}
+
+void HelpPage::inputMethodEvent(QInputMethodEvent* event) { event->ignore(); }
 
 void HelpPage::changeEvent(QEvent* event) {
     QTextBrowser::changeEvent(event);
