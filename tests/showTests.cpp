@@ -3,11 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QBackingStore>
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
-#include <algorithm>
 #include <cstdlib>
 
 #include "frmMain.h"
@@ -15,6 +13,7 @@
 #include "platform/qt/window/zoom.h"
 #include "tests/application.h"
 #include "tools/album/hands.h"
+#include "tools/album/screen.h"
 #include "tools/album/stage.h"
 
 namespace {
@@ -23,19 +22,6 @@ constexpr int untilPainted = 15;  // milliseconds: Qt paints 5 after a change
 constexpr int leastLooks = 250;
 constexpr int mostLooks = 4000;
 constexpr int looksAtAZoom = 7;
-
-/// What has been painted of a window so far, as it stands on the screen.
-QImage screenOf(const QWidget* window) {
-    QBackingStore* const store = window->backingStore();
-    return store != nullptr ? *dynamic_cast<const QImage*>(store->paintDevice()) : QImage();
-}
-
-/// Whether two images are the same but for so much in each colour.
-bool areAlike(const QImage& one, const QImage& other, int difference) {
-    return one.size() == other.size() &&
-           std::equal(one.constBits(), one.constBits() + one.sizeInBytes(), other.constBits(),
-                      [=](uchar a, uchar b) { return std::abs(a - b) <= difference; });
-}
 
 class Onlooker : public QObject {
   public:
@@ -68,24 +54,17 @@ class Onlooker : public QObject {
         if (!hands_.seesTableOnly()) ++dialogs_;
         if (gfrmMain->mblnLightningShown) ++strikes_;
         gfrmMain->mlngLastLightning = -60;  // A strike may come at any time.
-        const QImage seen = screenOf(window_).convertToFormat(format);
-        const bool isSmoothed =
-            seen.width() % window_->width() != 0;  // Which rounds a part in another way than the whole.
-        const QImage whole = window_->grab().toImage().convertToFormat(format);
-        ASSERT_TRUE(areAlike(seen, whole, isSmoothed ? 1 : 0)) << "at look " << looks;
+        const QImage seen = album::screenOf(*window_);
+        const bool isSmoothed = album::isSmoothed(seen, *window_);
+        ASSERT_TRUE(album::areAlike(seen, window_->grab().toImage(), isSmoothed ? 1 : 0)) << "at look " << looks;
         if (std::exchange(step_, step()) != step()) ++stepsAtZoom_;
         if (isSmoothed || stepsAtZoom_ < 2) return;  // The first may still be painted for the zoom before.
         if (!hands_.seesTableOnly() || gfrmMain->mintCurRow <= 0) return;
         // A tile that falls was shown last, so that the window has the whole of the work picture below the toolbar.
-        for (int y = 40 * platform::density(); y < seen.height(); ++y) {
-            const auto* const row = reinterpret_cast<const uint32_t*>(seen.constScanLine(y));
-            ASSERT_TRUE(std::equal(row, row + seen.width(), gfrmMain->picWork.row(y))) << y << " at look " << looks;
-        }
+        ASSERT_EQ(album::firstRowUnlike(seen, gfrmMain->picWork), -1) << "at look " << looks;
     }
 
     static std::pair<int, int> step() { return {gfrmMain->mintTilesDropped, gfrmMain->mintCurRow}; }
-
-    static constexpr QImage::Format format = QImage::Format_RGB32;
 
     std::pair<int, int> step_;  // of the fall, at the last look
     int stepsAtZoom_ = 0;       // since its last change

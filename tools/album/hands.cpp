@@ -27,6 +27,13 @@ const std::map<int, Qt::Key> keys = {{platform::key::Left, Qt::Key_Left},
 
 }  // namespace
 
+QWidget& faceOf(const QWidget& window, int button) {
+    const QString toolTip = QString::fromStdString(gfrmMain->tbrZQT.toolTip(button));
+    for (QWidget* const each : window.findChildren<QWidget*>())
+        if (each->toolTip() == toolTip) return *each;
+    throw std::logic_error("No button says " + toolTip.toStdString());
+}
+
 Hands::Hands(QWidget* window) : window_(window) { pointTo(emptyPlace); }
 
 void Hands::press(int keyCode) const {
@@ -35,18 +42,18 @@ void Hands::press(int keyCode) const {
 }
 
 void Hands::click(int button) const {
-    QWidget* const face = faceOf(button);
-    pointTo(face->mapTo(window_, face->rect().center()));
-    QTest::mouseClick(face, Qt::LeftButton);
+    QWidget& face = faceOf(*window_, button);
+    pointTo(face.mapTo(window_, face.rect().center()));
+    QTest::mouseClick(&face, Qt::LeftButton);
     pointTo(emptyPlace);
 }
 
 void Hands::restOn(int button) const {
-    QWidget* const face = faceOf(button);
-    const QPoint centre = face->rect().center();
-    pointTo(face->mapTo(window_, centre));
-    QHelpEvent event(QEvent::ToolTip, centre, face->mapToGlobal(centre));
-    QApplication::sendEvent(face, &event);
+    QWidget& face = faceOf(*window_, button);
+    const QPoint centre = face.rect().center();
+    pointTo(face.mapTo(window_, centre));
+    QHelpEvent event(QEvent::ToolTip, centre, face.mapToGlobal(centre));
+    QApplication::sendEvent(&face, &event);
 }
 
 void Hands::leave() const {
@@ -81,13 +88,6 @@ QImage Hands::look() const {
 QImage Hands::lookAtScreen() const {
     window_->repaint();
     return window_->screen()->grabWindow().toImage();
-}
-
-QWidget* Hands::faceOf(int button) const {
-    const QString toolTip = QString::fromStdString(gfrmMain->tbrZQT.toolTip(button));
-    for (QWidget* const each : window_->findChildren<QWidget*>())
-        if (each->toolTip() == toolTip) return each;
-    throw std::logic_error("No button says " + toolTip.toStdString());
 }
 
 void Hands::pointTo(const QPoint& place) const { QCursor::setPos(window_->mapToGlobal(place)); }

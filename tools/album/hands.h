@@ -6,6 +6,9 @@
 
 namespace album {
 
+/// The face of a button of the toolbar, in the game's main window.
+QWidget& faceOf(const QWidget& window, int button);
+
 /// Hands at the real window: its keys, its mouse, and a pair of eyes.
 class Hands : public selfplay::Hands {
   public:
@@ -23,7 +26,6 @@ class Hands : public selfplay::Hands {
     QImage lookAtScreen() const;  ///< The whole screen as it is; null where the desktop doesn't tell.
 
   private:
-    QWidget* faceOf(int button) const;
     void pointTo(const QPoint& place) const;
     QWidgetList inFront() const;
 
