@@ -1,0 +1,210 @@
+// Hands that mean nothing by it, at the real window.
+
+#include <QAccessible>
+#include <QApplication>
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <memory>
+
+#include "frmMain.h"
+#include "platform/qt/window/application.h"
+#include "platform/qt/window/formWindow.h"
+#include "product.h"
+#include "tools/options.h"
+#include "tools/wild/evening.h"
+#include "tools/wild/heldClock.h"
+#include "tools/wild/host.h"
+
+namespace {
+
+using namespace wild;
+
+const std::string usage =
+    "Usage: velmora_wild [--seed N] [--actions N | --minutes N] [--log FILE]\n"
+    "  --seed N           the first evening; each one after it has the next number, and the same one goes the same "
+    "way\n"
+    "  --actions N        evenings until so much has been done (8000); from 8000 on all must have come\n               "
+    "      that the game has to show\n"
+    "  --minutes N        evenings for so long\n"
+    "  --log FILE         write down each action\n"
+    "  --help             show this and do nothing\n";
+
+struct Options {
+    uint32_t seed = static_cast<uint32_t>(std::chrono::system_clock::now().time_since_epoch().count());
+    uint64_t actions = 0;
+    int minutes = 0;
+    std::string log;  // the file; empty for none
+};
+
+constexpr int many = 1'000'000'000;
+constexpr int enough = 8000;  // actions in which all comes that is to come
+
+constexpr tools::OptionRow<Options> optionRows[] = {
+    {"--seed", [](Options& o, const std::string& name,
+                  const std::string& value) { o.seed = tools::numberFrom<uint32_t>(name, value, 0, many); }},
+    {"--actions", [](Options& o, const std::string& name,
+                     const std::string& value) { o.actions = tools::numberFrom<uint32_t>(name, value, 1, many); }},
+    {"--minutes", [](Options& o, const std::string& name,
+                     const std::string& value) { o.minutes = tools::numberFrom<int>(name, value, 1, 1000); }},
+    {"--log", [](Options& o, const std::string&, const std::string& value) { o.log = value; }},
+};
+
+constexpr const char* sightNames[] = {
+    "matches",
+    "hands won",
+    "hands lost",
+    "draws of seats",
+    "offers",
+    "break-downs",
+    "summaries",
+    "name dialogs",
+    "names entered",
+    "views of the high scores",
+    "settings of the rounds",
+    "order forms",
+    "sheets printed",
+    "about boxes",
+    "helps",
+    "menus of Levels",
+    "message boxes",
+    "strikes of lightning",
+    "absences",
+    "whole screens",
+    "changes of zoom",
+    "other densities",
+    "pictures compared",
+    "keys answered",
+    "ends",
+    "last hands",
+};
+static_assert(std::size(sightNames) == sights);
+
+Options optionsFrom(int count, char** arguments) {
+    Options options;
+    tools::readOptions<Options>(options, optionRows, count, arguments);
+    if (options.actions > 0 && options.minutes > 0) throw tools::BadArguments("Choose either --actions or --minutes.");
+    if (options.actions == 0 && options.minutes == 0) options.actions = enough;
+    return options;
+}
+
+/// What Qt says that is of no consequence: what a desktop without a screen doesn't do.
+void hearQt(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& message) {
+    if (!message.startsWith("This plugin does not support ")) find("Qt says: " + message.toStdString());
+}
+
+/// The desktop: two screens, the second with pixels of half the size.
+constexpr const char* screens = R"({"screens": [
+    {"name": "first", "x": 0, "y": 0, "width": 1600, "height": 1210, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
+    {"name": "second", "x": 1600, "y": 0, "width": 1700, "height": 1300, "logicalDpi": 192, "logicalBaseDpi": 96, "dpr": 1}
+]})";
+
+void setUp(const std::string& folder) {
+    std::ofstream(folder + "/screens.json") << screens;
+    qputenv("QT_QPA_PLATFORM", QByteArray::fromStdString("offscreen:configfile=" + folder + "/screens.json"));
+    qputenv("SDL_AUDIODRIVER", "dummy");
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder));
+    qputenv("CUPS_SERVER", QByteArray::fromStdString(folder + "/nobody"));  // No printer is set up.
+    qputenv("TZ", "UTC");
+    qputenv("LC_ALL", "C.UTF-8");
+    qputenv("QT_NO_GLIB", "1");
+    qputenv("QT_HASH_SEED", "0");
+}
+
+/// A table of high scores as somebody may find it: none, one of low scores, or what is no table at all.
+void layScores(const std::string& folder, Dice& dice) {
+    constexpr std::string_view row("Somebody  \1\0\1\0\2\0\0\0", 18);
+    const int kind = dice.below(4);
+    if (kind > 1) return;
+    std::ofstream file(folder + '/' + productFile::hiScores, std::ios::binary);
+    for (int times = 0; kind == 1 && times < hiScoreRows; ++times) file << row;
+    for (int left = kind == 0 ? dice.below(200) : 0; left > 0; --left) file.put(static_cast<char>(dice.below(256)));
+}
+
+[[noreturn]] void spendEvening(uint32_t seed, const std::string& folder, std::FILE* log) {
+    Dice dice(~seed);
+    clearFolder(folder);
+    layScores(folder, dice);
+    setUp(folder);
+    constexpr int secondsOfDay = 86'400;
+    holdClock(dice.oneIn(2) ? secondsOfDay - dice.below(120) - 1 : dice.below(secondsOfDay));
+    qInstallMessageHandler(hearQt);
+    int count = 1;
+    char name[] = "velmora";
+    char* arguments[] = {name, nullptr};
+    platform::Application application(count, arguments, PRODUCT_NAME, PRODUCT_ID);
+    if (dice.oneIn(3)) application.setZoom(1 + 0.25 * dice.below(3));
+    QAccessible::setActive(dice.oneIn(3));
+    const auto game = gfrmMain.hold();
+    game->form.show();
+    Evening evening(seed, *platform::qt::windowOf(game->form)->window(), sharedLedger(), log);
+    application.run();
+    find("the window has gone, but not the program");
+}
+
+void tellAll(const Ledger& ledger) {
+    std::printf("%llu actions", static_cast<unsigned long long>(ledger.actions));
+    for (int sight = 0; sight < sights; ++sight)
+        std::printf(", %s %llu", sightNames[sight], static_cast<unsigned long long>(ledger.seen[sight]));
+    std::printf("\n");
+}
+
+void tellFinding(const Ledger& ledger, uint32_t seed) {
+    std::printf("Seed %u: %s\nWhat was done last:\n", seed, ledger.finding.data());
+    for (uint64_t line = 0; line < Ledger::linesKept; ++line)
+        std::printf("  %s\n", ledger.last[(ledger.actions + line) % Ledger::linesKept].data());
+}
+
+/// Whether a run that was long enough came to everything; tells what is missing.
+bool hasSeenAll(const Ledger& ledger) {
+    bool all = true;
+    for (int sight = 0; sight < sights && ledger.actions >= enough; ++sight) {
+        if (ledger.seen[sight] > 0) continue;
+        std::printf("It never came to %s.\n", sightNames[sight]);
+        all = false;
+    }
+    return all;
+}
+
+int run(const Options& options, const std::string& folder) {
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> log(
+        options.log.empty() ? nullptr : std::fopen(options.log.c_str(), "w"), std::fclose);
+    if (!options.log.empty() && !log) throw std::runtime_error("Can't write the log to " + options.log);
+    if (log) std::setvbuf(log.get(), nullptr, _IOLBF, BUFSIZ);
+    Ledger& ledger = sharedLedger();
+    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(options.minutes);
+    uint32_t seed = options.seed;
+    bool holds = true;
+    for (; holds && (options.minutes > 0 ? std::chrono::steady_clock::now() < end : ledger.actions < options.actions);
+         ++seed) {
+        if (log) std::fprintf(log.get(), "Seed %u\n", seed);
+        holds = inOwnProcess(ledger, [&] { spendEvening(seed, folder, log.get()); });
+        if (!holds) tellFinding(ledger, seed);
+    }
+    std::printf("Seeds %u to %u: ", options.seed, seed - 1);
+    tellAll(ledger);
+    return holds && hasSeenAll(ledger) ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    if (count == 2 && arguments[1] == std::string("--help")) {
+        std::cout << usage;
+        return 0;
+    }
+    try {
+        const Options options = optionsFrom(count, arguments);
+        const std::string folder = moveToOwnFolder(arguments);
+        const int result = run(options, folder);
+        leaveFolder(folder);
+        return result;
+    } catch (const tools::BadArguments& error) {
+        std::cerr << error.what() << "\n" << usage;
+        return 2;
+    } catch (const std::exception& error) {
+        std::cerr << "The evening had to end: " << error.what() << "\n";
+        return 1;
+    }
+}
