@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <deque>
 #include <memory>
-#include <optional>
 #include <string>
+#include <utility>
 
 #include "frmMain.h"
 #include "tools/selfplay/player.h"

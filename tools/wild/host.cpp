@@ -6,13 +6,16 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <stdexcept>
 #include <thread>
+#include <utility>
 
 #include "product.h"
 #include "tools/wild/witness.h"
@@ -52,8 +55,12 @@ void note(Ledger& ledger, const std::string& finding) {
 
 }  // namespace
 
-std::string moveToOwnFolder(char** arguments) {
-    if (const char* const folder = std::getenv(insideVariable)) return folder;
+OwnFolder::OwnFolder(char** arguments) {
+    const char* const inside = std::getenv(insideVariable);
+    if (inside != nullptr) {
+        path = inside;
+        return;
+    }
     const fs::path program = fs::read_symlink("/proc/self/exe");
     std::string name = (program.parent_path() / "wild-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("Can't make a folder beside the program.");
@@ -76,7 +83,7 @@ void clearFolder(const std::string& folder) {
     for (const auto& sheet : fs::directory_iterator(fs::path(folder) / sheets)) fs::remove(sheet.path());
 }
 
-void leaveFolder(const std::string& folder) { fs::remove_all(folder); }
+OwnFolder::~OwnFolder() { fs::remove_all(path); }
 
 Ledger& sharedLedger() {
     static void* const memory =

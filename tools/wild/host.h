@@ -9,13 +9,20 @@
 
 namespace wild {
 
-/// Goes on in a folder of the run's own, beside the program, in which all that belongs to the program lies too, with
-/// the same addresses each time; the folder's path. Under another name, since the game keeps its scores beside itself.
-std::string moveToOwnFolder(char** arguments);
+/// A folder of the run's own, beside the program, in which all that belongs to the program lies too; it goes with the
+/// run.
+struct OwnFolder {
+    /// Goes on in there, since the game keeps its scores beside itself, and with the same addresses each time.
+    explicit OwnFolder(char** arguments);
+    ~OwnFolder();
+    OwnFolder(const OwnFolder&) = delete;
+    OwnFolder& operator=(const OwnFolder&) = delete;
 
-/// Empties it of what the game has written; or takes it away.
+    std::string path;
+};
+
+/// Takes away what the game has written there.
 void clearFolder(const std::string& folder);
-void leaveFolder(const std::string& folder);
 
 /// Does something in a process of its own; false if it ended otherwise than by the game's own end, or stopped answering
 /// for too long. Why is in the ledger.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 
 namespace wild {
@@ -45,6 +46,8 @@ struct Ledger {
     std::atomic<uint64_t> beats;  ///< Grows as long as the window answers.
     uint64_t actions;
     std::array<uint64_t, sights> seen;
+    size_t hands;                       ///< Of which the gains are known.
+    std::array<ptrdiff_t, 4096> gains;  ///< Of memory, of hands in which the window stayed where it was; sorted.
     std::array<std::array<char, lineLength>, linesKept> last;  ///< What was done last, in a ring.
     std::array<char, 1000> finding;                            ///< Empty while there is none.
 };

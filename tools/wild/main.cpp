@@ -7,6 +7,8 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <stdexcept>
+#include <string_view>
 
 #include "frmMain.h"
 #include "platform/qt/window/application.h"
@@ -23,10 +25,9 @@ using namespace wild;
 
 const std::string usage =
     "Usage: velmora_wild [--seed N] [--actions N | --minutes N] [--log FILE]\n"
-    "  --seed N           the first evening; each one after it has the next number, and the same one goes the same "
-    "way\n"
-    "  --actions N        evenings until so much has been done (8000); from 8000 on all must have come\n               "
-    "      that the game has to show\n"
+    "  --seed N           the first evening; the others have the numbers after it, and each goes the same way again\n"
+    "  --actions N        evenings until so much has been done (8000); with that much or more, all must have come\n"
+    "                     that the game has to show\n"
     "  --minutes N        evenings for so long\n"
     "  --log FILE         write down each action\n"
     "  --help             show this and do nothing\n";
@@ -196,10 +197,8 @@ int main(int count, char** arguments) {
     }
     try {
         const Options options = optionsFrom(count, arguments);
-        const std::string folder = moveToOwnFolder(arguments);
-        const int result = run(options, folder);
-        leaveFolder(folder);
-        return result;
+        const OwnFolder folder(arguments);
+        return run(options, folder.path);
     } catch (const tools::BadArguments& error) {
         std::cerr << error.what() << "\n" << usage;
         return 2;

@@ -10,6 +10,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "frmMain.h"
 #include "platform/shared/desk.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "tools/wild/dice.h"
 #include "tools/wild/hands.h"

@@ -8,9 +8,9 @@
 #include <QPixmapCache>
 #include <QWidget>
 #include <algorithm>
-#include <cstdlib>
+#include <optional>
+#include <span>
 #include <stdexcept>
-#include <tuple>
 
 #include "forms/frmAbout.h"
 #include "forms/frmOrder.h"
@@ -186,7 +186,9 @@ void Witness::lookAtPicture(bool hasBeenShown) {
     const QImage screen = album::screenOf(window_);
     const bool isSmoothed = album::isSmoothed(screen, window_);
     const QImage whole = window_.grab().toImage();
-    if (!album::areAlike(screen, whole, isSmoothed ? smoothed : 0)) {
+    const QSizeF size = QSizeF(window_.size()) * window_.devicePixelRatio();
+    const QRect pixels(0, 0, static_cast<int>(size.width()), static_cast<int>(size.height()));  // But for half ones.
+    if (!album::areAlike(screen.copy(pixels), whole.copy(pixels), isSmoothed ? smoothed : 0)) {
         screen.save("wild-screen.png");
         whole.save("wild-whole.png");
         find("the screen, wild-screen.png here, isn't the window as it is painted anew, wild-whole.png");
@@ -256,17 +258,19 @@ Witness::Answer Witness::answerOfField(const Key& key) const {
 /// Much is made once and kept, some of it by other threads, and the thunder rolls on in the machine's own time, so that
 /// a single hand may leave any amount behind; but half of all hands don't.
 void Witness::weighMemory() {
-    constexpr int warmUp = 8;                                // hands, while music and help are loaded
-    constexpr size_t least = 24;                             // hands
+    constexpr int warmUp = 4;                                // hands of an evening, while music and help are loaded
+    constexpr size_t least = 16;                             // hands
     constexpr ptrdiff_t muchForAHand = ptrdiff_t{32} << 10;  // bytes
     QPixmapCache::clear();
     const auto weight = static_cast<ptrdiff_t>(__sanitizer_get_current_allocated_bytes());
     const ptrdiff_t gain = weight - std::exchange(weight_, weight);
-    if (std::exchange(weighedAt_, place_) != place_ || ++handsWeighed_ <= warmUp) return;
-    gains_.push_back(gain);
-    std::ranges::sort(gains_);
-    const ptrdiff_t median = gains_[gains_.size() / 2];
-    if (gains_.size() >= least && median > muchForAHand)
+    const bool isAlike = std::exchange(weighedAt_, place_) == place_ && ++handsWeighed_ > warmUp;
+    if (!isAlike || ledger_.hands == ledger_.gains.size()) return;
+    ledger_.gains[ledger_.hands++] = gain;
+    const auto gains = std::span(ledger_.gains).first(ledger_.hands);
+    std::ranges::sort(gains);
+    const ptrdiff_t median = gains[gains.size() / 2];
+    if (gains.size() >= least && median > muchForAHand)
         find("most hands leave " + std::to_string(median) + " bytes or more behind");
 }
 

@@ -3,9 +3,9 @@
 #include <QImage>
 #include <array>
 #include <functional>
-#include <optional>
 #include <string>
 #include <tuple>
+#include <utility>
 
 #include "frmMain.h"
 #include "tools/selfplay/referee.h"
@@ -69,8 +69,7 @@ class Witness {
     int64_t placedAt_ = 0;
     decltype(place_) weighedAt_;
     int handsWeighed_ = 0;
-    ptrdiff_t weight_ = 0;          // of the memory, in bytes
-    std::vector<ptrdiff_t> gains_;  // of hands at whose beginnings the window had the same place and size; sorted
+    ptrdiff_t weight_ = 0;  // of the memory, in bytes
 };
 
 }  // namespace wild
