@@ -35,6 +35,7 @@ using Now = QWindowSystemInterface::SynchronousDelivery;
 constexpr int mostDepth = 60;       // dialogs and menus inside one another
 constexpr int patience = 8000;      // passes until something must have come of what is done
 constexpr int disturbed = 60;       // A player is disturbed once in so many times.
+constexpr int closed = 1500;        // One thing in so many, where anything may be done, is to close the window.
 constexpr int longestWait = 500;    // milliseconds
 constexpr int looksAtPicture = 97;  // One look in so many passes.
 constexpr int whileItPrints = 3;    // things done
@@ -141,7 +142,8 @@ void Evening::click(int toolButton) {
     hands_.click(toolButton);
 }
 
-void Evening::doAnything() { whims_.act(); }
+/// The window is closed whatever is open.
+void Evening::doAnything() { dice_.oneIn(closed) ? leave() : whims_.act(); }
 
 void Evening::play() {
     if (end_ == End::NotYet && dice_.oneIn(disturbed)) return whims_.act();
