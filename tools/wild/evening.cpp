@@ -119,6 +119,7 @@ void Evening::nextHour() {
 }
 
 void Evening::tell(const std::string& action) {
+    witness_.lookAtGame();
     auto& line = ledger_.last[ledger_.actions++ % Ledger::linesKept];
     std::snprintf(line.data(), line.size(), "%llu at %lld ms, depth %d: %s",
                   static_cast<unsigned long long>(ledger_.actions), static_cast<long long>(timePassed()), depth_,

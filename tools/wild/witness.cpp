@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <optional>
 #include <span>
-#include <stdexcept>
 
 #include "forms/frmAbout.h"
 #include "forms/frmOrder.h"
@@ -117,9 +116,13 @@ int inCircle(int place, int step, int places) { return (place - 1 + step + place
 Witness::Witness(frmMain& game, QWidget& window, Ledger& ledger)
     : game_(game), window_(window), ledger_(ledger), referee_(game) {}
 
-void Witness::look() {
+void Witness::lookAtGame() {
     referee_.look();
     if (!referee_.objection().empty()) find("the referee objects: " + referee_.objection());
+}
+
+void Witness::look() {
+    lookAtGame();
     if (formStack().mainWindow() == nullptr) return;  // The program is about to end.
     countHands();
     countWhatComes();

@@ -26,6 +26,7 @@ class Witness {
     /// The game, its main window, and what it counts in; all must live as long.
     Witness(frmMain& game, QWidget& window, Ledger& ledger);
 
+    void lookAtGame();  ///< As the referee sees it; to be called before anything is done.
     void look();  ///< Before each action, when what the one before it has closed is gone.
 
     /// Compares what stands on the screen with the window painted anew, and with the game's own picture if that has
