@@ -263,7 +263,7 @@ Witness::Answer Witness::answerOfField(const Key& key) const {
 void Witness::weighMemory() {
     constexpr int warmUp = 4;                                // hands of an evening, while music and help are loaded
     constexpr size_t least = 16;                             // hands
-    constexpr ptrdiff_t muchForAHand = ptrdiff_t{32} << 10;  // bytes
+    constexpr ptrdiff_t muchForAHand = ptrdiff_t{64} << 10;  // bytes
     QPixmapCache::clear();
     const auto weight = static_cast<ptrdiff_t>(__sanitizer_get_current_allocated_bytes());
     const ptrdiff_t gain = weight - std::exchange(weight_, weight);
