@@ -236,7 +236,7 @@ void Referee::follow() {
     followRounds();
     followEnd();
     followLightning();
-    if (gfrmChooseSeat.isOpen() && !gfrmChooseSeat->mblnDrawn)
+    if (gfrmChooseSeat.isOpen())
         seatToDraw_ = gfrmChooseSeat->malngSeatTiles[gfrmChooseSeat->mintSelTile] - firstWind + 1;
     if (hintPasses_ && game_.lblHint.text() == hint::none) {
         hint_ = hint::none;
@@ -473,8 +473,8 @@ void Referee::compareScore() const {
     const auto& texts = game_.picWork.texts;
     if (books_.hand == 0 || texts.empty()) return;
     const auto isScore = [](const auto& text) { return text.left == scorePoint[0] && text.top == scorePoint[1]; };
-    const auto found = std::find_if(texts.begin(), texts.end(), isScore);
-    require(found != texts.end() && found->text == std::to_string(books_.score), "another score stands on the table");
+    const auto found = std::find_if(texts.rbegin(), texts.rend(), isScore);
+    require(found != texts.rend() && found->text == std::to_string(books_.score), "another score stands on the table");
 }
 
 void Referee::compareHint() const {
