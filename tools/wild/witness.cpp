@@ -189,9 +189,7 @@ void Witness::lookAtPicture(bool hasBeenShown) {
     const QImage screen = album::screenOf(window_);
     const bool isSmoothed = album::isSmoothed(screen, window_);
     const QImage whole = window_.grab().toImage();
-    const QSizeF size = QSizeF(window_.size()) * window_.devicePixelRatio();
-    const QRect pixels(0, 0, static_cast<int>(size.width()), static_cast<int>(size.height()));  // But for half ones.
-    if (!album::areAlike(screen.copy(pixels), whole.copy(pixels), isSmoothed ? smoothed : 0)) {
+    if (!album::areAlike(screen, whole, isSmoothed ? smoothed : 0)) {
         screen.save("wild-screen.png");
         whole.save("wild-whole.png");
         find("the screen, wild-screen.png here, isn't the window as it is painted anew, wild-whole.png");

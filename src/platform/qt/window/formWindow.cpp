@@ -210,6 +210,18 @@ void FormWindow::followFocus() {
     if (self && focused_ == now) callSlot(now->owner.onGotFocus);
 }
 
+namespace {
+
+/// Where the size is no whole number of the screen's pixels, the last of them belong to the window in part, and would
+/// keep what stood there before: the edge goes on in them.
+void drawBeyond(QPainter& painter, const QImage& image) {
+    const int right = image.width(), bottom = image.height(), step = density();
+    painter.drawImage(QRect(right, 0, step, bottom), image, QRect(right - 1, 0, 1, bottom));
+    painter.drawImage(QRect(0, bottom, right, step), image, QRect(0, bottom - 1, right, 1));
+}
+
+}  // namespace
+
 void FormWindow::paintEvent(QPaintEvent* /*event*/) {
     setDensity(densityFor(devicePixelRatio()));
     QPainter painter(this);
@@ -217,7 +229,9 @@ void FormWindow::paintEvent(QPaintEvent* /*event*/) {
     if (image.size() != size() * density()) painter.fillRect(rect(), Qt::black);
     painter.scale(1.0 / density(), 1.0 / density());
     painter.setRenderHint(QPainter::SmoothPixmapTransform, devicePixelRatio() != density());
-    if (!image.isNull()) painter.drawImage(QPoint(0, 0), image);
+    if (image.isNull()) return;
+    painter.drawImage(QPoint(0, 0), image);
+    drawBeyond(painter, image);
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
