@@ -24,7 +24,6 @@ constexpr int firstWind = 28;
 constexpr int entryPoint[] = {40, 24};    // pixels, of row 0 and column 1
 constexpr int tilePitch[] = {30, 39};     // pixels
 constexpr int scorePoint[] = {454, 237};  // pixels
-constexpr size_t scoresKept = 5;
 constexpr double quietSeconds = 60;
 constexpr double rounding = 0.5;  // seconds; the game counts whole ones
 constexpr double hundred = 100, halfHundredth = 0.00501;
@@ -44,6 +43,13 @@ bool shows(const CellInfo& place, int kind) { return place.Filled == (kind != 0)
 
 }  // namespace
 
+Referee::ScoreTable Referee::shownTable() {
+    ScoreTable table{};
+    for (int row = 1; row <= static_cast<int>(table.size()); ++row)
+        table[row - 1] = {gaudtHiScore[row].lngScore, gaudtHiScore[row].intRounds, gaudtHiScore[row].intLevel};
+    return table;
+}
+
 Referee::Referee(frmMain& game)
     : game_(game),
       onTick_(game.Timer1.onTick),
@@ -57,9 +63,7 @@ Referee::Referee(frmMain& game)
     books_.music = game.mblnMusicOn;
     books_.chinese = game.mblnRoundInChinese;
     books_.peek = game.mblnPeek;
-    if (gblnfHiScoreFileIsThere() && gblnfReadHiScoreFile())
-        for (const HiScoreRecord& row : gaudtHiScore)
-            if (row.lngScore != 0) table_.push_back({row.lngScore, row.intRounds, row.intLevel});
+    if (gblnfHiScoreFileIsThere() && gblnfReadHiScoreFile()) table_ = shownTable();
     game.Timer1.onTick = [this] { tick(); };
     game.form.onKeyDown = [this](int& code) { key(code); };
     game.tbrZQT.onButtonClick = [this](int button) { command(button); };
@@ -293,16 +297,18 @@ void Referee::followEnd() {
     if (!scoreEntered_) enterScore();
 }
 
-bool Referee::belongsInTable() const {
-    return books_.score != 0 && (table_.size() < scoresKept || books_.score > table_.back().points);
+/// A file that was damaged may hold anything, in any order.
+Referee::ScoreTable::const_iterator Referee::rowForScore() const {
+    return std::find_if(table_.begin(), table_.end(), [&](const Score& row) { return row.points < books_.score; });
 }
+
+bool Referee::belongsInTable() const { return books_.score != 0 && rowForScore() != table_.end(); }
 
 void Referee::enterScore() {
     require(nameAsked_ && belongsInTable(), "a score enters the table that is too low, or nobody's");
-    const auto behind =
-        std::find_if(table_.begin(), table_.end(), [&](const Score& score) { return score.points < books_.score; });
-    table_.insert(behind, {books_.score, books_.rounds, books_.level});
-    table_.resize(std::min(table_.size(), scoresKept));
+    const auto row = table_.begin() + (rowForScore() - table_.begin());
+    std::move_backward(row, table_.end() - 1, table_.end());
+    *row = {books_.score, books_.rounds, books_.level};
     scoreEntered_ = true;
 }
 
@@ -443,12 +449,7 @@ void Referee::compareOffer() const {
 }
 
 void Referee::compareTable() const {
-    if (!gfrmHiScore.isOpen()) return;
-    for (size_t i = 0; i < scoresKept; ++i) {
-        const HiScoreRecord& row = gaudtHiScore[static_cast<int>(i) + 1];
-        const Score shown{row.lngScore, row.intRounds, row.intLevel};
-        require(shown == (i < table_.size() ? table_[i] : Score{0, 0, 0}), "the table of high scores is another one");
-    }
+    require(!gfrmHiScore.isOpen() || shownTable() == table_, "the table of high scores is another one");
 }
 
 /// The dialogs that come by themselves.

@@ -37,6 +37,7 @@ class Referee {
         int rounds, level;
         bool operator==(const Score&) const = default;
     };
+    using ScoreTable = std::array<Score, 5>;  ///< The best first.
 
     void tick();
     void key(int code);
@@ -57,6 +58,8 @@ class Referee {
     void followEnd();
     void followLightning();
     void enterScore();
+    static ScoreTable shownTable();
+    ScoreTable::const_iterator rowForScore() const;
     bool belongsInTable() const;
 
     void compareDialogs() const;
@@ -95,9 +98,9 @@ class Referee {
          tableSeen_ = false;
     bool matchEnds_ = false;  ///< A tick ends it just now.
 
-    std::vector<Score> table_;  ///< Of high scores, the best first.
-    const char* hint_;          ///< The line on the table.
-    bool hintPasses_ = false;   ///< It goes by itself.
+    ScoreTable table_{};       ///< Of high scores.
+    const char* hint_;         ///< The line on the table.
+    bool hintPasses_ = false;  ///< It goes by itself.
     bool isDue_ = false, strikes_ = false;
     double quietSince_ = 0;  ///< Second of the day from which the pause of the lightning counts.
 };
