@@ -225,10 +225,13 @@ TEST_F(Contract, KeyThatUnloadsItsFormGoesNoFurtherAndNothingComesBeforeItsAnswe
     for (const int code : {int{Enter}, int{'N'}}) {
         post(10, [code] {
             for (const int inOneGo : {code, int{'A'}, int{'P'}}) pressKey(inOneGo);
+            keyDown('R');
             clickToolButton(2);
         });
         dialog.showModal();
         note("answer");
+        keyDown('R');
+        keyUp('R');
     }
     pressKey('P');
     EXPECT_EQ(trace_, "answer, next down 88, next press 120, answer, tool 2");

@@ -25,9 +25,17 @@ void Desk::open(Form::Impl& form, bool asDialog) {
 }
 
 void Desk::wait(Form::Impl& dialog) {
+    struct Shown {
+        std::vector<const Form::Impl*>& all;
+        ~Shown() { all.pop_back(); }
+    } const shown{shown_};
     shown_.push_back(&dialog);
     dialog.view.wait();
-    shown_.pop_back();
+}
+
+const void* Desk::keyOwner() const {
+    if (isReturning()) return nullptr;
+    return boxes_.empty() ? top() : boxes_.back();
 }
 
 bool Desk::isReturning() const { return !boxIsOpen() && !shown_.empty() && !shown_.back()->loaded; }

@@ -78,7 +78,7 @@ class Desk {
     const std::vector<Form::Impl*>& dialogs() const { return dialogs_; }            ///< The top-most last.
     Form::Impl* top() const { return dialogs_.empty() ? main_ : dialogs_.back(); }  ///< Null if no form is open.
     void* box() const { return boxes_.empty() ? nullptr : boxes_.back(); }  ///< The top-most; null if there is none.
-    const void* keyOwner() const { return boxes_.empty() ? top() : boxes_.back(); }  ///< Who has the keys; may be null.
+    const void* keyOwner() const;                                           ///< Who has the keys; may be null.
     bool boxIsOpen() const { return !boxes_.empty(); }
     /// Whether a dialog has closed and who has shown it doesn't know yet. What comes meanwhile, in one go with the key
     /// that has closed it, means nothing: the form below has still to do what the answer brings.
@@ -124,7 +124,7 @@ class Desk {
     std::vector<Form::Impl*> dialogs_;
     std::vector<void*> boxes_;
     std::vector<const Form::Impl*> shown_;  // the dialogs that somebody waits for, the last at the end
-    int changes_ = 0;  // how often a form has opened or gone
+    int changes_ = 0;                       // how often a form has opened or gone
     bool keyRepeats_ = false;
     const Form::Impl* clicked_ = nullptr;  // on which the left button went down, where Enter means something
     std::map<uint32_t, Held> held_;

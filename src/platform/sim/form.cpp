@@ -103,7 +103,7 @@ int modalDepth() { return static_cast<int>(desk().dialogs().size()); }
 
 View& viewOf(platform::Form& form) { return static_cast<View&>(form.impl().view); }
 
-bool View::hasKeys() const { return desk().keyOwner() == &form.impl() && !desk().isReturning(); }
+bool View::hasKeys() const { return desk().keyOwner() == &form.impl(); }
 
 void View::announce(const std::function<std::string()>& text) {
     if (state().screenReader) state().announcements.push_back(text());

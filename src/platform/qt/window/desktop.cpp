@@ -76,10 +76,15 @@ void messageBox(const std::string& title, const std::string& text, Sign sign) {
     QEventLoop loop;
     QObject::connect(box, &QDialog::finished, &loop, &QEventLoop::quit);
     QObject::connect(box, &QObject::destroyed, &loop, &QEventLoop::quit);
+    struct Open {
+        const QWidget* window;
+        ~Open() {
+            qt::formStack().closeBox(window);
+        }  // Also if it can't be shown: the forms would get no key any more.
+    } const open{window};
     qt::formStack().openBox(box);
     box->show();
     loop.exec();
-    qt::formStack().closeBox(window);
     delete box.data();
 }
 

@@ -223,7 +223,6 @@ void FormStack::passToBox(const QKeyEvent& event, const Stroke& stroke) {
 
 /// A key that has gone down, for the box or the form on top.
 void FormStack::deliver(const QKeyEvent& event, Stroke stroke) {
-    if (desk().isReturning()) return;
     if (desk().boxIsOpen()) return passToBox(event, stroke);
     FormWindow* const window = top();
     if (window->takeToolKey && window->takeToolKey(event, stroke.repeat)) return;
