@@ -94,8 +94,8 @@ void runAll(const Target& target, const Options& options) {
         const std::vector<std::string> models = target.models();
         for (const std::string& model : models) give(model);
         const int runs = options.runs > 0 ? options.runs : target.runs;
-        for (int run = 0; run < runs; ++run)
-            give(fuzz::Mutator(options.seed + static_cast<uint64_t>(run), models, target.words).make());
+        fuzz::Mutator mutator(options.seed, models, target.words);
+        for (int run = 0; run < runs; ++run) give(mutator.make());
     }
     std::cout << target.name << ": " << all << " inputs, " << taken << " of them taken" << std::endl;
 }
@@ -117,7 +117,8 @@ Options optionsFrom(int count, char** words) {
         else
             throw std::invalid_argument(name);
     }
-    if (!options.input.empty() && options.only.empty()) throw std::invalid_argument("--input");
+    const bool isFile = options.input.empty() || std::filesystem::is_regular_file(options.input);
+    if (!isFile || (!options.input.empty() && options.only.empty())) throw std::invalid_argument("--input");
     return options;
 }
 

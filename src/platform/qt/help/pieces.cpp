@@ -7,10 +7,9 @@
 namespace platform::qt {
 namespace {
 
-constexpr size_t section = 1000;      // bytes of a piece, after which a heading begins the next one
-constexpr size_t longSection = 2500;  // after which a paragraph does
-constexpr size_t longestRun = 2500;   // bytes of lines without an empty one between them
-constexpr size_t fenceLength = 3;
+constexpr size_t section = 1000;                  // bytes of a piece, after which a heading begins the next one
+constexpr size_t longSection = 2500;              // after which a paragraph does
+constexpr size_t longestRun = 2500;               // bytes of lines without an empty one between them
 constexpr const char* fences[] = {"```", "~~~"};  // above and below a block of code
 
 /// What the lines of a list begin with.
@@ -56,11 +55,10 @@ bool Cutter::mayBegin(std::string_view line) const {
 }
 
 bool Cutter::mustBegin(std::string_view line) const {
-    return run_ + line.size() > longestRun || piece_.size() + line.size() > largestPiece;
+    return run_ + line.size() > longestRun || piece_.size() + line.size() > mostBytes;
 }
 
 void Cutter::begin() {
-    if (!fence_.empty()) piece_.append("\n").append(fence_, 0, fenceLength).append("\n");
     pieces_.push_back({std::exchange(piece_, fence_), cells_ <= mostCells});
     run_ = 0;
     columns_ = 0;

@@ -5,8 +5,8 @@
 
 namespace platform::qt {
 
-constexpr size_t largestPiece = 6000;  ///< Bytes, but for a line that closes a block of code.
-constexpr size_t mostCells = 1000;     ///< Of tables in a text, which take long to lay out.
+constexpr size_t mostBytes = 6000;  ///< Of a piece.
+constexpr size_t mostCells = 1000;  ///< Of tables in a text, which take long to lay out.
 
 /// A part of a text.
 struct Piece {
