@@ -20,6 +20,7 @@ namespace {
 using selfplay::PlayerRow;
 using selfplay::players;
 using selfplay::Results;
+using selfplay::strongPlayers;
 
 const std::string usage =
     "Usage: velmora_selfplay [--seed N] [--hands N | --matches N] [--rounds N] [--level N] [--player NAME]\n"
@@ -50,12 +51,12 @@ constexpr int handsMixed = 100;  // at most, of each of its matches
 
 struct Options {
     uint32_t seed = static_cast<uint32_t>(std::chrono::system_clock::now().time_since_epoch().count());
-    int hands = 0;    // 0: as many as the matches have
-    int matches = 0;  // 0: as many as the hands take
-    int rounds = 1;
-    int level = 1;
-    const PlayerRow* player = players;
-    int interrupt = 0;  // moments; 0 for never
+    int hands = 0;                      // 0: as many as the matches have
+    int matches = 0;                    // 0: as many as the hands take
+    int rounds = 0;                     // 0: one
+    int level = 0;                      // 0: the first
+    const PlayerRow* player = nullptr;  // null: the strong one
+    int interrupt = 0;                  // moments; 0 for never
     bool mixed = false;
     bool table = false;
     bool referee = true;
@@ -100,6 +101,9 @@ constexpr tools::OptionRow<Options> optionRows[] = {
 Options optionsFrom(int count, char** arguments) {
     Options options;
     tools::readOptions<Options>(options, optionRows, count, arguments);
+    if (options.mixed &&
+        (options.rounds > 0 || options.level > 0 || options.player != nullptr || options.interrupt > 0))
+        throw BadArguments("--mixed chooses player, Level, rounds and interruptions itself.");
     if (options.hands > 0 && options.matches > 0) throw BadArguments("Choose either --hands or --matches.");
     if (options.hands == 0 && options.matches == 0) options.matches = 1;
     return options;
@@ -130,10 +134,10 @@ Plan planFrom(uint32_t seed) {
     constexpr int mostRounds = 2, weakSittings = 15;
     Plan plan{};
     plan.level = 1 + below(levelCount);
-    plan.player = &players[2 + below(3)];
+    plan.player = &players[strongPlayers + below(std::size(players) - strongPlayers)];
     plan.rounds = 1 + below(mostRounds);
     // A round of a strong player is many hands long, since he keeps the House.
-    if (below(1 + weakSittings) == 0) plan = {&players[below(2)], plan.level, 1, 0};
+    if (below(1 + weakSittings) == 0) plan = {&players[below(strongPlayers)], plan.level, 1, 0};
     plan.interrupt = rates[below(std::size(rates))];
     return plan;
 }
@@ -164,21 +168,25 @@ void playSitting(const Options& options, uint32_t seed, const Plan& plan, Result
 }
 
 void playOne(const Options& options, Results& results, std::ofstream& log) {
-    std::cout << "Seed " << options.seed << ", Level " << options.level << ", rounds of a match: " << options.rounds
+    const Plan plan{options.player != nullptr ? options.player : players, std::max(1, options.level),
+                    std::max(1, options.rounds), options.interrupt};
+    std::cout << "Seed " << options.seed << ", Level " << plan.level << ", rounds of a match: " << plan.rounds
               << std::endl;
-    playSitting(options, options.seed, {options.player, options.level, options.rounds, options.interrupt}, results,
-                log);
+    playSitting(options, options.seed, plan, results, log);
 }
 
 /// One sitting after the other. A fault is told with the seed of its own, which plays it again alone.
 void playMixed(const Options& options, Results& results, std::ofstream& log) {
-    for (uint32_t seed = options.seed; isWanting(options, results); ++seed) try {
+    for (uint32_t seed = options.seed; isWanting(options, results); ++seed) {
+        if (!options.table) std::cout << "Seed " << seed << std::endl;
+        try {
             playSitting(options, seed, planFrom(seed), results, log);
         } catch (const std::logic_error& error) {
             throw std::logic_error(error.what() +
                                    std::string("\nIt comes again by velmora_selfplay --mixed --matches ") +
                                    std::to_string(matchesMixed) + " --seed " + std::to_string(seed));
         }
+    }
 }
 
 void run(const Options& options) {

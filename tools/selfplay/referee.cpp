@@ -70,7 +70,7 @@ Referee::Referee(frmMain& game)
     game.mnuLevel.onClick = [this](int item) {
         onLevel_(item);
         books_.level = item;
-        look();
+        lookAtAll();
     };
 }
 

@@ -29,8 +29,6 @@ class Referee {
     /// What was wrong first, with the hand and the tile; empty while all is well. Nothing is compared from then on.
     const std::string& objection() const { return objection_; }
 
-    const Books& books() const { return books_; }
-
   private:
     struct Score {
         int64_t points;

@@ -49,8 +49,10 @@ void Results::summarize() const {
 }
 
 void Results::showTable() const {
-    std::printf("%d hands in %d matches, %.0f in a second of one processor; the referee had nothing to object.\n\n",
-                hands, matches, handsASecond());
+    std::printf(
+        "%d hands, %d matches played to their end, %.0f hands a second of one processor; the referee had nothing to "
+        "object.\n\n",
+        hands, matches, handsASecond());
     showPlayers();
     std::printf("\n");
     showDoubles();

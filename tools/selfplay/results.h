@@ -25,6 +25,7 @@ inline constexpr PlayerRow players[] = {
     {"careless", {.careless = 50, .passing = 30}},
     {"aimless", {.aimless = 100}},
 };
+constexpr int strongPlayers = 2;  ///< The first of them: they win most hands.
 
 /// What has come of all hands that were played.
 class Results {

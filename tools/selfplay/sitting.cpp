@@ -87,8 +87,6 @@ void Sitting::endHand() {
     hand_.level = game_->mlngLevel;
     hand_.score = game_->mlngScore;
     ++hands_;
-    if (hand_.won) ++won_;
-    points_ += hand_.points;
     if (onHand) onHand(hand_);
 }
 

@@ -48,9 +48,7 @@ class Sitting {
     /// it stands still.
     bool playMatch(int mostHands);
 
-    int hands() const { return hands_; }        ///< Ended so far.
-    int won() const { return won_; }            ///< Of those.
-    int64_t points() const { return points_; }  ///< Of won hands, without those of their sets.
+    int hands() const { return hands_; }  ///< Ended so far.
 
   private:
     void act();
@@ -68,8 +66,6 @@ class Sitting {
     int gamesSeen_ = 0;
     int stillFor_ = 0;  ///< Events since the last tile came in.
     int hands_ = 0;
-    int won_ = 0;
-    int64_t points_ = 0;
 };
 
 }  // namespace selfplay

@@ -40,7 +40,7 @@ constexpr int longestWait = 500;    // milliseconds
 constexpr int looksAtPicture = 97;  // One look in so many passes.
 constexpr int whileItPrints = 3;    // things done
 
-/// Who drags a text along has another pointer.
+/// A text that is dragged sets a pointer too, but another one.
 bool isPrinting() {
     const QCursor* const pointer = QGuiApplication::overrideCursor();
     return pointer != nullptr && pointer->shape() == Qt::WaitCursor;
@@ -255,7 +255,7 @@ void Evening::leave() {
     endBegan_ = passes_;
     const int way = dice_.below(3);
     tell("leave");
-    if (way == 0 && witness_.seesTableAlone() && hands_.window().isVisible()) click(Button::Exit);
+    if (way == 0 && witness_.seesTableAlone() && hands_.window().isVisible()) return click(Button::Exit);
     if (way == 1) std::raise(SIGTERM);
     if (way != 1) QWindowSystemInterface::handleCloseEvent<Now>(hands_.window().windowHandle());
 }
