@@ -218,6 +218,7 @@ void drawBeyond(QPainter& painter, const QImage& image) {
     const int right = image.width(), bottom = image.height(), step = density();
     painter.drawImage(QRect(right, 0, step, bottom), image, QRect(right - 1, 0, 1, bottom));
     painter.drawImage(QRect(0, bottom, right, step), image, QRect(0, bottom - 1, right, 1));
+    painter.drawImage(QRect(right, bottom, step, step), image, QRect(right - 1, bottom - 1, 1, 1));
 }
 
 }  // namespace
