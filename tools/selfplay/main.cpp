@@ -131,11 +131,11 @@ Plan planFrom(uint32_t seed) {
     std::mt19937 random(seed);
     const auto below = [&](int count) { return static_cast<int>(random() % static_cast<uint32_t>(count)); };
     static constexpr int rates[] = {0, 25, 100, 1000};
-    constexpr int mostRounds = 2, weakSittings = 15;
+    constexpr int sittingsToOneOfTwoRounds = 4, weakSittings = 15;
     Plan plan{};
     plan.level = 1 + below(levelCount);
     plan.player = &players[strongPlayers + below(std::size(players) - strongPlayers)];
-    plan.rounds = 1 + below(mostRounds);
+    plan.rounds = below(sittingsToOneOfTwoRounds) == 0 ? 2 : 1;
     // A round of a strong player is many hands long, since he keeps the House.
     if (below(1 + weakSittings) == 0) plan = {&players[below(strongPlayers)], plan.level, 1, 0};
     plan.interrupt = rates[below(std::size(rates))];
