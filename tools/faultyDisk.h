@@ -6,8 +6,8 @@
 #include <vector>
 
 /// Stands between the program and the system's calls on one file, by their own names, and lets them fail as a disk
-/// does. It meets all calls of a program that links this file, but those on other files, and those of a name that isn't
-/// among the ones at its end, pass through.
+/// does. Calls on other files, and calls that the end of faultyDisk.cpp doesn't define, pass
+/// through.
 namespace faultyDisk {
 
 /// A call that was made.

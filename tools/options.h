@@ -15,6 +15,7 @@ struct BadArguments : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// A whole number within those bounds; BadArguments for anything else.
 template <class Number>
 Number numberFrom(const std::string& option, const std::string& text, Number least, Number most) {
     std::istringstream in(text);
@@ -25,13 +26,21 @@ Number numberFrom(const std::string& option, const std::string& text, Number lea
     return static_cast<Number>(value);
 }
 
+/// An option and what it sets.
 template <class Options>
 struct OptionRow {
     const char* name;
     void (*set)(Options& options, const std::string& name, const std::string& value);
-    bool takesValue = true;
+    bool takesValue = true;  ///< Else the value is empty.
 };
 
+/// Whether the usage is asked for, among whatever else.
+inline bool asksForHelp(int count, char** arguments) {
+    return std::any_of(arguments + 1, arguments + count,
+                       [](const char* word) { return std::string(word) == "--help"; });
+}
+
+/// Sets all that is written there, one after the other; BadArguments for a name that no row has, or without its value.
 template <class Options>
 void readOptions(Options& options, std::span<const OptionRow<Options>> rows, int count, char** arguments) {
     for (int i = 1; i < count; ++i) {

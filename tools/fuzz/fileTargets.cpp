@@ -17,12 +17,6 @@ namespace {
 
 constexpr size_t recordLength = 18, nameLength = 10;
 
-std::string contentsOf(const std::string& path) {
-    std::ostringstream bytes;
-    bytes << std::ifstream(path, std::ios::binary).rdbuf();
-    return bytes.str();
-}
-
 bool isPrintable(const std::string& text) {
     for (const char32_t character : platform::charactersOf(text))
         if (character < ' ' || character == 0x7F) return false;
@@ -30,6 +24,12 @@ bool isPrintable(const std::string& text) {
 }
 
 }  // namespace
+
+std::string contentsOf(const std::string& path) {
+    std::ostringstream bytes;
+    bytes << std::ifstream(path, std::ios::binary).rdbuf();
+    return bytes.str();
+}
 
 std::string asset(const std::string& name) { return contentsOf(VELMORA_ASSETS "/" + name); }
 

@@ -9,16 +9,15 @@
 
 #include <algorithm>
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 
+#include "platform/base/process.h"
 #include "platform/desktop.h"
 #include "tools/fuzz/mutator.h"
 #include "tools/fuzz/target.h"
+#include "tools/options.h"
 
 namespace {
 
@@ -27,15 +26,23 @@ using fuzz::targets;
 
 constexpr int longest = 20;  // seconds of the processor for an input
 
-constexpr const char* usage =
-    "Usage: velmora_fuzz [--seed N] [--runs N] [--only TARGET] [--input FILE]\n"
-    "  --seed N        the same inputs as another time (1)\n"
-    "  --runs N        so many inputs for each target\n"
-    "  --only TARGET   that one alone\n"
-    "  --input FILE    this input alone, of the target that --only names\n";
+constexpr int many = 1'000'000'000;
+
+std::string usage() {
+    std::string text =
+        "Usage: velmora_fuzz [--seed N] [--runs N] [--only TARGET] [--input FILE]\n"
+        "  --seed N        the same inputs as another time (1)\n"
+        "  --runs N        so many inputs for each target\n"
+        "  --only TARGET   that one alone\n"
+        "  --input FILE    this input alone, of the target that --only names\n"
+        "  --help          show this and do nothing\n"
+        "Targets:";
+    for (const Target& target : targets) text += ' ' + std::string(target.name);
+    return text + '\n';
+}
 
 struct Options {
-    uint64_t seed = 1;
+    int seed = 1;
     int runs = 0;  // 0 for each target's own
     std::string only, input;
 };
@@ -71,11 +78,6 @@ bool attempt(const Target& target) {
     }
 }
 
-std::string contentsOf(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 void runAll(const Target& target, const Options& options) {
     inputFile = platform::programFile(std::string(target.name) + ".input");
     playsAgain = std::string("Once more: velmora_fuzz --only ") + target.name + " --input " + inputFile + '\n';
@@ -86,39 +88,39 @@ void runAll(const Target& target, const Options& options) {
         ++all;
     };
     if (!options.input.empty()) {
-        give(contentsOf(options.input));
+        give(fuzz::contentsOf(options.input));
     } else {
         const std::string folder = VELMORA_INPUTS "/" + std::string(target.name);
         if (std::filesystem::is_directory(folder))
-            for (const auto& file : std::filesystem::directory_iterator(folder)) give(contentsOf(file));
+            for (const auto& file : std::filesystem::directory_iterator(folder)) give(fuzz::contentsOf(file.path()));
         const std::vector<std::string> models = target.models();
         for (const std::string& model : models) give(model);
         const int runs = options.runs > 0 ? options.runs : target.runs;
-        fuzz::Mutator mutator(options.seed, models, target.words);
+        fuzz::Mutator mutator(static_cast<uint64_t>(options.seed), models, target.words);
         for (int run = 0; run < runs; ++run) give(mutator.make());
     }
     std::cout << target.name << ": " << all << " inputs, " << taken << " of them taken" << std::endl;
 }
 
+constexpr tools::OptionRow<Options> optionRows[] = {
+    {"--seed", [](Options& o, const std::string& name,
+                  const std::string& value) { o.seed = tools::numberFrom<int>(name, value, 0, many); }},
+    {"--runs", [](Options& o, const std::string& name,
+                  const std::string& value) { o.runs = tools::numberFrom<int>(name, value, 1, many); }},
+    {"--only", [](Options& o, const std::string&, const std::string& value) { o.only = value; }},
+    {"--input", [](Options& o, const std::string&, const std::string& value) { o.input = value; }},
+};
+
 Options optionsFrom(int count, char** words) {
     Options options;
-    for (int i = 1; i < count; ++i) {
-        const std::string name = words[i], value = i + 1 < count ? words[++i] : "";
-        const bool isNumber = !value.empty() && value.find_first_not_of("0123456789") == std::string::npos;
-        const bool isTarget = std::ranges::any_of(targets, [&](const Target& each) { return each.name == value; });
-        if (name == "--seed" && isNumber)
-            options.seed = std::stoull(value);
-        else if (name == "--runs" && isNumber)
-            options.runs = std::stoi(value);
-        else if (name == "--only" && isTarget)
-            options.only = value;
-        else if (name == "--input" && !value.empty())
-            options.input = value;
-        else
-            throw std::invalid_argument(name);
-    }
-    const bool isFile = options.input.empty() || std::filesystem::is_regular_file(options.input);
-    if (!isFile || (!options.input.empty() && options.only.empty())) throw std::invalid_argument("--input");
+    tools::readOptions<Options>(options, optionRows, count, words);
+    const auto isAskedFor = [&](const Target& target) { return target.name == options.only; };
+    if (!options.only.empty() && std::ranges::none_of(targets, isAskedFor))
+        throw tools::BadArguments("There is no target \"" + options.only + "\".");
+    if (options.input.empty()) return options;
+    if (options.only.empty()) throw tools::BadArguments("--input needs --only beside it.");
+    if (!std::filesystem::is_regular_file(options.input))
+        throw tools::BadArguments("There is no file " + options.input);
     return options;
 }
 
@@ -128,13 +130,15 @@ Options optionsFrom(int count, char** words) {
 extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig\n"; }
 
 int main(int count, char** words) {
+    if (tools::asksForHelp(count, words)) {
+        std::cout << usage();
+        return platform::endOutput("velmora_fuzz", 0);
+    }
     Options options;
     try {
         options = optionsFrom(count, words);
-    } catch (const std::exception&) {
-        std::cerr << usage << "Targets:";
-        for (const Target& target : targets) std::cerr << ' ' << target.name;
-        std::cerr << '\n';
+    } catch (const tools::BadArguments& error) {
+        std::cerr << error.what() << '\n' << usage();
         return 2;
     }
     setenv("QT_QPA_PLATFORM", "offscreen", 0);

@@ -35,7 +35,7 @@ std::string Mutator::number() {
     return bytes;
 }
 
-/// Many readers turn down what isn't as long as it says.
+/// Keeps the length, since many readers turn down what isn't as long as it says.
 void Mutator::overwrite(std::string& input, size_t from, std::string_view bytes) {
     const size_t length = std::min(input.size() - from, bytes.size());
     input.replace(from, length, bytes.substr(0, length));

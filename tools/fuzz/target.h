@@ -37,6 +37,9 @@ bool takeOrder(const std::string& script);
 bool takePiece(const std::string& file);
 bool takeThunder(const std::string& file);
 
+/// The bytes of a file; none if it can't be read.
+std::string contentsOf(const std::string& path);
+
 /// The bytes of a file that comes with the game, by its name in the folder assets.
 std::string asset(const std::string& name);
 

@@ -5,7 +5,6 @@
 namespace selfplay {
 namespace {
 
-constexpr int suitKinds = 9, lastSuited = 27, lastHonour = 34;
 constexpr int suitedTiles = 108, suitTiles = 36, honourTiles = 136, honourKinds = 7;
 constexpr int fourSets = 12;  // tiles of a hand that has no room for a fifth
 
@@ -17,8 +16,8 @@ constexpr Pace paces[] = {{400, 0, 400}, {400, 11, 300}, {400, 8, 300}, {300, 0,
 
 bool followOneAnother(int first, int second, int third) {
     const int step = second - first;
-    const auto suit = [](int kind) { return (kind - 1) / suitKinds; };
-    return (step == 1 || step == -1) && third - second == step && std::max(first, third) <= lastSuited &&
+    const auto suit = [](int kind) { return (kind - 1) / Books::suitKinds; };
+    return (step == 1 || step == -1) && third - second == step && std::max(first, third) <= Books::lastSuited &&
            suit(first) == suit(third);
 }
 

@@ -25,6 +25,7 @@ enum class Tick { Nothing, MatchEnds, HandEnds, Enters, Lands, Falls };
 class Books {
   public:
     static constexpr int tiles = 144, rows = 12, columns = 9, entry = 5, fullHand = 14, seats = 4;
+    static constexpr int suitKinds = 9, lastSuited = 27, lastHonour = 34;  ///< Kinds.
     static constexpr int nowhere = -1;         ///< The row of the tile while none is on its way.
     static constexpr int droppingPace = 5;     ///< Milliseconds a row after the drop key.
     static constexpr size_t mostOffered = 11;  ///< Candidates of one offer.

@@ -208,7 +208,7 @@ void run(const Options& options) {
 int main(int count, char** arguments) {
     platform::holdStandardStreams();
     try {
-        if (count == 2 && arguments[1] == std::string("--help"))
+        if (tools::asksForHelp(count, arguments))
             std::cout << usage;
         else
             run(optionsFrom(count, arguments));

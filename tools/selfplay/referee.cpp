@@ -19,8 +19,8 @@
 namespace selfplay {
 namespace {
 
-constexpr int suitKinds = 9, lastSuited = 27, firstHonourNumber = 10, lastHonour = 34;
-constexpr int firstWind = 28;
+constexpr int suitKinds = Books::suitKinds, lastSuited = Books::lastSuited, lastHonour = Books::lastHonour;
+constexpr int firstWind = lastSuited + 1, firstHonourNumber = 10;
 constexpr int entryPoint[] = {40, 24};    // pixels, of row 0 and column 1
 constexpr int tilePitch[] = {30, 39};     // pixels
 constexpr int scorePoint[] = {454, 237};  // pixels
@@ -42,6 +42,17 @@ bool isTrueFace(const TileKind& tile, int kind) {
 bool shows(const CellInfo& place, int kind) { return place.Filled == (kind != 0) && isTrueFace(place.Tile, kind); }
 
 }  // namespace
+
+template <class Comparison>
+void Referee::attempt(const Comparison& comparison) {
+    if (!objection_.empty()) return;
+    try {
+        comparison();
+    } catch (const std::logic_error& complaint) {
+        objection_ = complaint.what() + (" (hand " + std::to_string(game_.mlngHandNumber)) + ", tile " +
+                     std::to_string(game_.mintTilesDropped) + ")";
+    }
+}
 
 Referee::ScoreTable Referee::shownTable() {
     ScoreTable table{};
@@ -82,10 +93,8 @@ Referee::~Referee() {
 }
 
 void Referee::look() {
-    attempt([this] {
-        follow();
-        compareDialogs();
-    });
+    follow();
+    attempt([this] { compareDialogs(); });
 }
 
 /// The same with all that a handler may have changed, once it is over.
@@ -101,16 +110,6 @@ void Referee::lookAtAll() {
     });
 }
 
-void Referee::attempt(const std::function<void()>& comparison) {
-    if (!objection_.empty()) return;
-    try {
-        comparison();
-    } catch (const std::logic_error& complaint) {
-        objection_ = complaint.what() + (" (hand " + std::to_string(game_.mlngHandNumber)) + ", tile " +
-                     std::to_string(game_.mintTilesDropped) + ")";
-    }
-}
-
 void Referee::require(bool holds, const char* otherwise) const {
     if (!holds) throw std::logic_error(otherwise);
 }
@@ -118,7 +117,7 @@ void Referee::require(bool holds, const char* otherwise) const {
 // What happens
 
 void Referee::tick() {
-    look();
+    follow();
     const uint32_t hand = books_.hand;
     const Tick tick = books_.beginTick();
     matchEnds_ = tick == Tick::MatchEnds;
@@ -136,7 +135,7 @@ void Referee::tick() {
 }
 
 void Referee::endTick(Tick tick) {
-    follow();
+    followAll();
     require(books_.offer.empty(), "a landing is over, and its offer wasn't made or what was chosen wasn't taken");
     if (tick == Tick::Lands && offerSeen_) hint_ = hint::none;
     if (tick == Tick::MatchEnds) {
@@ -169,7 +168,7 @@ void Referee::beginHand() {
 }
 
 void Referee::key(int code) {
-    look();
+    follow();
     const bool repeats = game_.form.keyRepeats();
     const bool endsStrike = books_.falls;
     onKeyDown_(code);
@@ -184,7 +183,7 @@ void Referee::key(int code) {
 }
 
 void Referee::command(int button) {
-    look();
+    follow();
     const bool holds = button == Button::HighScores || button == Button::Order || button == Button::About;
     if (button == Button::StartAnew || button == Button::Stop || (holds && books_.running)) books_.falls = false;
     if (button == Button::StartAnew) hint_ = hint::none, hintPasses_ = false;
@@ -236,6 +235,10 @@ void Referee::carryOut(int button) {
 // What is seen of dialogs, and what their answers bring
 
 void Referee::follow() {
+    attempt([this] { followAll(); });
+}
+
+void Referee::followAll() {
     followOffer();
     followRounds();
     followEnd();

@@ -47,10 +47,12 @@ class Referee {
     void lookAtAll();
 
     /// Runs that and keeps the first thing to which it objects.
-    void attempt(const std::function<void()>& comparison);
+    template <class Comparison>
+    void attempt(const Comparison& comparison);
     void require(bool holds, const char* otherwise) const;
 
     void follow();
+    void followAll();
     void followOffer();
     void followRounds();
     void followEnd();

@@ -45,12 +45,10 @@ Key keyFor(char32_t character) {
             capital == character && QChar::isLetter(character) ? Qt::ShiftModifier : Qt::NoModifier, text};
 }
 
-void Hands::press(int keyCode) const { tap(keys.at(keyCode)); }
-
 void Hands::click(int toolButton) const {
     const QWidget& face = album::faceOf(window_, toolButton);
     const QPointF at = face.mapTo(&window_, face.rect().center());
-    Hands mouse(window_);  // Of its own, so that no button is down.
+    Hands mouse(window_);  // No button of it is down.
     mouse.buttonDown(*window_.windowHandle(), at, Qt::LeftButton);
     mouse.buttonUp(Qt::LeftButton);
 }

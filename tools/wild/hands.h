@@ -6,8 +6,6 @@
 #include <set>
 #include <string>
 
-#include "tools/selfplay/hands.h"
-
 class QWidget;
 
 namespace wild {
@@ -25,13 +23,12 @@ std::string nameOf(const Key& key);
 
 /// Hands at the keyboard and the mouse of the desktop that has the game's window on it. Keys go where the desktop has
 /// the keyboard, and the mouse to the window that is pointed at, past all of the program that lies behind.
-class Hands : public selfplay::Hands {
+class Hands {
   public:
     /// The main window, which must live as long.
     explicit Hands(QWidget& window) : window_(window) {}
 
-    void press(int keyCode) const override;  ///< A key of platform::key.
-    void click(int toolButton) const override;
+    void click(int toolButton) const;  ///< A button of the toolbar, with a mouse of its own.
 
     void tap(const Key& key) const;                    ///< Down and up.
     void hold(const Key& key);                         ///< Down; nothing if it is.

@@ -3,6 +3,7 @@
 #include <sanitizer/lsan_interface.h>
 #include <sys/mman.h>
 #include <sys/personality.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -31,6 +32,7 @@ constexpr auto patience = std::chrono::seconds(20);  // until a window that does
 constexpr auto lookEvery = std::chrono::milliseconds(20);
 
 bool isGoing = false;  // the game, in this process
+volatile std::sig_atomic_t stops = 0;
 
 /// The machine lays programs at other addresses each time, and some orders go by addresses.
 void fixAddresses() {
@@ -91,11 +93,19 @@ Ledger& sharedLedger() {
     return *static_cast<Ledger*>(memory);
 }
 
+void stopOnInterrupt() {
+    for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { stops = 1; });
+}
+
+bool isStopped() { return stops != 0; }
+
 bool inOwnProcess(Ledger& ledger, const std::function<void()>& action) {
     std::fflush(nullptr);
     const pid_t process = fork();
     if (process == 0) {
         isGoing = true;
+        for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, SIG_DFL);
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
         action();
         find("the program went on after its end");
     }
@@ -105,12 +115,13 @@ bool inOwnProcess(Ledger& ledger, const std::function<void()>& action) {
     int status = 0;
     for (int signal = SIGABRT; waitpid(process, &status, WNOHANG) == 0; std::this_thread::sleep_for(lookEvery)) {
         if (std::exchange(beats, ledger.beats.load()) != ledger.beats) beat = Clock::now();
+        if (isStopped()) kill(process, SIGKILL);
         if (Clock::now() - beat < patience) continue;
         note(ledger, "the window doesn't answer");
         kill(process, std::exchange(signal, SIGKILL));  // At the first it tells where it is.
         beat = Clock::now();
     }
-    if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return true;
+    if (isStopped() || (WIFEXITED(status) && WEXITSTATUS(status) == 0)) return true;
     note(ledger, endOf(status));
     return false;
 }

@@ -24,8 +24,12 @@ struct OwnFolder {
 /// Takes away what the game has written there.
 void clearFolder(const std::string& folder);
 
+/// From now on an interrupt ends the run, and not at once, so that its folder goes.
+void stopOnInterrupt();
+bool isStopped();
+
 /// Does something in a process of its own; false if it ended otherwise than by the game's own end, or stopped answering
-/// for too long. Why is in the ledger.
+/// for too long. Why is in the ledger. It ends with the run that is stopped.
 bool inOwnProcess(Ledger& ledger, const std::function<void()>& action);
 
 /// The ledger of the runs, which their processes share.

@@ -4,10 +4,11 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 
 namespace wild {
 
-/// What a run is to come to. The names of their numbers stand in main.cpp, in this order.
+/// What a run is to come to.
 enum Sight : int {
     Matches,
     HandsWon,
@@ -37,6 +38,48 @@ enum Sight : int {
     LastHands,
     sights
 };
+
+struct SightRow {
+    Sight sight;
+    const char* name;  ///< Of its number.
+};
+
+constexpr SightRow sightRows[] = {
+    {Matches, "matches"},
+    {HandsWon, "hands won"},
+    {HandsLost, "hands lost"},
+    {SeatDraws, "draws of seats"},
+    {Offers, "offers"},
+    {BreakDowns, "break-downs"},
+    {Summaries, "summaries"},
+    {NameDialogs, "name dialogs"},
+    {NamesEntered, "names entered"},
+    {HighScoreViews, "views of the high scores"},
+    {RoundsSettings, "settings of the rounds"},
+    {OrderForms, "order forms"},
+    {SheetsPrinted, "sheets printed"},
+    {AboutBoxes, "about boxes"},
+    {Helps, "helps"},
+    {LevelMenus, "menus of Levels"},
+    {MessageBoxes, "message boxes"},
+    {Strikes, "strikes of lightning"},
+    {Absences, "absences"},
+    {WholeScreens, "whole screens"},
+    {ZoomChanges, "changes of zoom"},
+    {OtherDensities, "other densities"},
+    {PicturesCompared, "pictures compared"},
+    {KeysAnswered, "keys answered"},
+    {Exits, "ends"},
+    {LastHands, "last hands"},
+};
+
+/// True if every sight has its row, and the rows stand in the order of the sights.
+constexpr bool sightsInOrder() {
+    for (int i = 0; i < sights; ++i)
+        if (sightRows[i].sight != i) return false;
+    return std::size(sightRows) == sights;
+}
+static_assert(sightsInOrder());
 
 /// What an evening tells of itself, in memory that outlives it.
 struct Ledger {

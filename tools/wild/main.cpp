@@ -58,36 +58,6 @@ constexpr tools::OptionRow<Options> optionRows[] = {
     {"--log", [](Options& o, const std::string&, const std::string& value) { o.log = value; }},
 };
 
-constexpr const char* sightNames[] = {
-    "matches",
-    "hands won",
-    "hands lost",
-    "draws of seats",
-    "offers",
-    "break-downs",
-    "summaries",
-    "name dialogs",
-    "names entered",
-    "views of the high scores",
-    "settings of the rounds",
-    "order forms",
-    "sheets printed",
-    "about boxes",
-    "helps",
-    "menus of Levels",
-    "message boxes",
-    "strikes of lightning",
-    "absences",
-    "whole screens",
-    "changes of zoom",
-    "other densities",
-    "pictures compared",
-    "keys answered",
-    "ends",
-    "last hands",
-};
-static_assert(std::size(sightNames) == sights);
-
 Options optionsFrom(int count, char** arguments) {
     Options options;
     tools::readOptions<Options>(options, optionRows, count, arguments);
@@ -153,12 +123,13 @@ void layScores(const std::string& folder, Dice& dice) {
 void tellAll(const Ledger& ledger) {
     std::printf("%llu actions", static_cast<unsigned long long>(ledger.actions));
     for (int sight = 0; sight < sights; ++sight)
-        std::printf(", %s %llu", sightNames[sight], static_cast<unsigned long long>(ledger.seen[sight]));
+        std::printf(", %s %llu", sightRows[sight].name, static_cast<unsigned long long>(ledger.seen[sight]));
     std::printf("\n");
 }
 
-void tellFinding(const Ledger& ledger, uint32_t seed) {
-    std::printf("Seed %u: %s\nWhat was done last:\n", seed, ledger.finding.data());
+/// The evenings before it may matter: memory is weighed over all of them.
+void tellFinding(const Ledger& ledger, uint32_t first, uint32_t seed) {
+    std::printf("Seed %u of those from %u on: %s\nWhat was done last:\n", seed, first, ledger.finding.data());
     for (uint64_t line = 0; line < Ledger::linesKept; ++line)
         std::printf("  %s\n", ledger.last[(ledger.actions + line) % Ledger::linesKept].data());
 }
@@ -168,7 +139,7 @@ bool hasSeenAll(const Ledger& ledger) {
     bool all = true;
     for (int sight = 0; sight < sights; ++sight) {
         if (ledger.seen[sight] > 0) continue;
-        std::printf("It never came to %s.\n", sightNames[sight]);
+        std::printf("It never came to %s.\n", sightRows[sight].name);
         all = false;
     }
     return all;
@@ -183,11 +154,12 @@ int run(const Options& options, const std::string& folder) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(options.minutes);
     uint32_t seed = options.seed;
     bool holds = true;
-    for (; holds && (options.minutes > 0 ? std::chrono::steady_clock::now() < end : ledger.actions < options.actions);
+    for (; holds && !isStopped() &&
+           (options.minutes > 0 ? std::chrono::steady_clock::now() < end : ledger.actions < options.actions);
          ++seed) {
         if (log) std::fprintf(log.get(), "Seed %u\n", seed);
         holds = inOwnProcess(ledger, [&] { spendEvening(seed, folder, log.get()); });
-        if (!holds) tellFinding(ledger, seed);
+        if (!holds) tellFinding(ledger, options.seed, seed);
     }
     std::printf("Seeds %u to %u: ", options.seed, seed - 1);
     tellAll(ledger);
@@ -197,13 +169,14 @@ int run(const Options& options, const std::string& folder) {
 }  // namespace
 
 int main(int count, char** arguments) {
-    if (count == 2 && arguments[1] == std::string("--help")) {
+    if (tools::asksForHelp(count, arguments)) {
         std::cout << usage;
         return platform::endOutput("velmora_wild", 0);
     }
     try {
         const Options options = optionsFrom(count, arguments);
         const OwnFolder folder(arguments);
+        stopOnInterrupt();
         return run(options, folder.path);
     } catch (const tools::BadArguments& error) {
         std::cerr << error.what() << "\n" << usage;

@@ -27,7 +27,7 @@ class Witness {
     Witness(frmMain& game, QWidget& window, Ledger& ledger);
 
     void lookAtGame();  ///< As the referee sees it; to be called before anything is done.
-    void look();  ///< Before each action, when what the one before it has closed is gone.
+    void look();        ///< Before each action, when what the one before it has closed is gone.
 
     /// Compares what stands on the screen with the window painted anew, and with the game's own picture if that has
     /// just been shown.

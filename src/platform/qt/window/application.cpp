@@ -7,11 +7,13 @@
 #include <QIcon>
 #include <QScreen>
 #include <QSocketNotifier>
+#include <QTimer>
 #include <QWindow>
 #include <array>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <functional>
 #include <utility>
 
@@ -106,12 +108,25 @@ class GuardedApplication : public QApplication {
     }
 
   private:
-    /// One after the other: a box is of no use where the next picture of it fails too.
+    /// One after the other: a box is of no use where the next picture of it fails too. And not before the event that
+    /// has failed is over, which may be in the middle of a painting.
     void tell() {
         if (std::exchange(telling_, true)) return;
         try {
-            reportUncaught();
+            QTimer::singleShot(0, this, [this, failure = std::current_exception()] { report(failure); });
         } catch (...) {  // There isn't even memory to tell it.
+            telling_ = false;
+        }
+    }
+
+    void report(const std::exception_ptr& failure) {
+        try {
+            try {
+                std::rethrow_exception(failure);
+            } catch (...) {
+                reportUncaught();
+            }
+        } catch (...) {  // The box has failed too.
         }
         telling_ = false;
     }
