@@ -144,8 +144,8 @@ class Surface {
     /// always empty where it draws. They go with the drawing, and a copy of the surface has them too.
     std::vector<PrintedText> texts;
 
-    /// While false, surfaces that are made or sized have no pixels and all drawing on them is nothing: for play that
-    /// nobody watches.
+    /// While false, surfaces that are made or sized have no pixels, and nothing of what is drawn on them is kept but
+    /// the texts: for play that nobody watches, where the back end writes texts down.
     static inline bool keepsPixels = true;
 
   private:

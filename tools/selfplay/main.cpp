@@ -46,8 +46,7 @@ const std::string usage =
 constexpr int tellAllHands = 20;   // each hand has a line of its own up to here
 constexpr int tellAllMatches = 3;  // and up to here
 constexpr int matchesMixed = 8;    // of a mixed sitting
-constexpr uint32_t sittingsToOnePainted = 16;
-constexpr int handsMixed = 100;  // at most, of each of its matches
+constexpr int handsMixed = 100;    // at most, of each of its matches
 
 struct Options {
     uint32_t seed = static_cast<uint32_t>(std::chrono::system_clock::now().time_since_epoch().count());
@@ -148,8 +147,6 @@ bool isWanting(const Options& options, const Results& results) {
 
 /// One program's run, of as many matches or hands as are left, or in a mixed run of a few of them.
 void playSitting(const Options& options, uint32_t seed, const Plan& plan, Results& results, std::ofstream& log) {
-    // Painting takes its time, so that the texts on the table are looked at in some sittings alone.
-    platform::Surface::keepsPixels = options.mixed && seed % sittingsToOnePainted == 0;
     selfplay::Sitting sitting(seed, options.referee);
     if (log.is_open()) sim::setLog([&](const std::string& line) { log << line << '\n'; });
     const bool tells = options.hands > 0 ? options.hands <= tellAllHands : options.matches <= tellAllMatches;
@@ -190,6 +187,7 @@ void playMixed(const Options& options, Results& results, std::ofstream& log) {
 }
 
 void run(const Options& options) {
+    platform::Surface::keepsPixels = false;
     std::ofstream log;
     if (!options.log.empty()) {
         log.open(options.log);

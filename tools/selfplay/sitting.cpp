@@ -75,9 +75,9 @@ void Sitting::watch() {
     if (game_->mintGamesPlayed > gamesSeen_) endHand();
     hand_.tiles = game_->mintTilesDropped;
     hand_.handTiles = game_->mintHandCount;
-    hand_.items = gstrScoreDesc;
     hand_.doubles = game_->mintDoubles;
     hand_.points = glngHandPoints;
+    if (hand_.items != gstrScoreDesc) hand_.items = gstrScoreDesc;
 }
 
 /// The hand is over, and as a rule the next one has begun: the report is that of the last look.

@@ -160,7 +160,7 @@ void Surface::adapt() const {
 }
 
 void Surface::print(const std::string& text) {
-    if (hasPixels()) drawText(*this, currentX, currentY, text, font, foreColor);
+    if (hasPixels() || !keepsPixels) drawText(*this, currentX, currentY, text, font, foreColor);
 }
 
 int Surface::textWidth(const std::string& text) const { return measureText(text, font); }
