@@ -255,7 +255,7 @@ void Evening::leave() {
     endBegan_ = passes_;
     const int way = dice_.below(3);
     tell("leave");
-    if (way == 0 && witness_.seesTableAlone() && hands_.window().isVisible()) return click(Button::Exit);
+    if (way == 0 && witness_.seesTableAlone() && hands_.sees(Button::Exit)) return click(Button::Exit);
     if (way == 1) std::raise(SIGTERM);
     if (way != 1) QWindowSystemInterface::handleCloseEvent<Now>(hands_.window().windowHandle());
 }

@@ -45,11 +45,16 @@ Key keyFor(char32_t character) {
             capital == character && QChar::isLetter(character) ? Qt::ShiftModifier : Qt::NoModifier, text};
 }
 
-void Hands::click(int toolButton) const {
+QPoint Hands::middleOf(int toolButton) const {
     const QWidget& face = album::faceOf(window_, toolButton);
-    const QPointF at = face.mapTo(&window_, face.rect().center());
+    return face.mapTo(&window_, face.rect().center());
+}
+
+bool Hands::sees(int toolButton) const { return window_.isVisible() && window_.rect().contains(middleOf(toolButton)); }
+
+void Hands::click(int toolButton) const {
     Hands mouse(window_);  // No button of it is down.
-    mouse.buttonDown(*window_.windowHandle(), at, Qt::LeftButton);
+    mouse.buttonDown(*window_.windowHandle(), middleOf(toolButton), Qt::LeftButton);
     mouse.buttonUp(Qt::LeftButton);
 }
 

@@ -28,6 +28,7 @@ class Hands {
     /// The main window, which must live as long.
     explicit Hands(QWidget& window) : window_(window) {}
 
+    bool sees(int toolButton) const;   ///< Whether it lies in the window, which may be smaller than the table.
     void click(int toolButton) const;  ///< A button of the toolbar, with a mouse of its own.
 
     void tap(const Key& key) const;                    ///< Down and up.
@@ -47,6 +48,7 @@ class Hands {
     QWidget& window() const { return window_; }
 
   private:
+    QPoint middleOf(int toolButton) const;
     void send(QEvent::Type type, const Key& key, bool isRepeat) const;
     void sendMouse(QEvent::Type type, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) const;
 
