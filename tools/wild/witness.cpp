@@ -178,6 +178,11 @@ void Witness::lookAtFocus() const {
     if (focus != top && !top->isAncestorOf(focus)) find("a form below the one on top has the focus");
 }
 
+/// Qt scrolls a text that is longer than its field to its place only when it is painted for the second time.
+void Witness::paintLinesAgain() const {
+    for (QLineEdit* const line : window_.findChildren<QLineEdit*>()) line->repaint();
+}
+
 void Witness::lookAtPicture(bool hasBeenShown) {
     constexpr int smoothed = 2;            // in which the roundings of a part and of the whole may differ
     constexpr int64_t untilSettled = 300;  // milliseconds, on another screen or with another size
@@ -185,6 +190,7 @@ void Witness::lookAtPicture(bool hasBeenShown) {
     if (!isSeen || timePassed() - placedAt_ < untilSettled) return;
     QEvent update(QEvent::UpdateRequest);
     QCoreApplication::sendEvent(&window_, &update);
+    paintLinesAgain();
     if (window_.devicePixelRatio() != std::get<1>(place_)) return;
     const QImage screen = album::screenOf(window_);
     const bool isSmoothed = album::isSmoothed(screen, window_);

@@ -50,6 +50,7 @@ class Witness {
     void countWhatComes();
     void lookAtBoxes();
     void lookAtFocus() const;
+    void paintLinesAgain() const;
     void compareWithGame(const QImage& screen) const;
     Answer answerOfTable(Qt::Key key) const;
     Answer answerOfField(const Key& key) const;
