@@ -54,7 +54,7 @@ struct frmMain {
     bool mblnRoundInChinese = false;  // the language of the wind markers
     bool mblnPeek = false;            // show the next tile
 
-    // The match: msStartAnew
+    // The match: command::startAnew
     int32_t mlngScore = 0;         // points so far
     int32_t mlngSeat = 0;          // the player's seat, 1 to 4; 0 before the first match
     int32_t mlngHouse = 0;         // the seat that holds the House, 1 to 4
@@ -82,7 +82,7 @@ struct frmMain {
     int32_t mlngLastLightning = 0;           // second of the day of the last strike, or else of the hand's start
     uint32_t mlngHandNumber = 0;  // number of this hand in the run, by which a tick sees that another has begun
 
-    // The falling tile: mblnfTileEnters
+    // The falling tile: tileEnters, in play/dropLoop.cpp
     int16_t mintCurRow = 0;        // 1 to 12; noRow while no tile is on its way
     int16_t mintCurCol = 0;        // 1 to 9
     int16_t mintCurTile = 0;       // its number

@@ -21,7 +21,7 @@ class Window : public ::testing::Test {
 
     /// Clicks the button with that tool-tip; returns when its command is done.
     void click(const QString& toolTip);
-    /// HeldKeys a key with the game's window in front, and lets it go.
+    /// Presses a key with the game's window in front, and lets it go.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     /// The key is held since it was pressed, and repeats.
     void repeat(Qt::Key key);

@@ -26,7 +26,7 @@ namespace {
 using namespace wild;
 
 const std::string usage =
-    "Usage: velmora_wild [--seed N] [--actions N | --minutes N] [--log FILE]\n"
+    "Usage: velmora_wild [--seed N] [--actions N | --minutes N] [--all] [--log FILE]\n"
     "  --seed N           the first evening; the others have the numbers after it, and each goes the same way again\n"
     "  --actions N        evenings until so much has been done (8000)\n"
     "  --minutes N        evenings for so long\n"
