@@ -1,10 +1,14 @@
-// The map in frmMain.h tells the truth: each procedure stands under the file where it lives, in that file's order.
+// The map in frmMain.h tells the truth: each procedure stands under the file where it lives, in that file's order. And
+// what the documents name is there.
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <regex>
+#include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -32,6 +36,23 @@ TEST(Map, EveryProcedureLivesWhereTheMapHasIt) {
         for (std::string line; std::getline(text, line);)
             if (std::regex_match(line, match, definition)) defined.push_back(match[1]);
         EXPECT_EQ(defined, procedures) << name;
+    }
+}
+
+TEST(Documents, NameFilesAndProceduresThatAreThere) {
+    std::ostringstream all;  // the path of each file, and what it holds
+    for (const char* folder : {"src", "tools", "tests", "art"})
+        for (const auto& entry :
+             std::filesystem::recursive_directory_iterator(std::string(VELMORA_SOURCE "/") + folder))
+            if (std::set<std::string>{".cpp", ".h"}.contains(entry.path().extension()))
+                all << entry.path().string() << '\n' << std::ifstream(entry.path()).rdbuf();
+    const std::regex named(R"(`([\w/]+\.(?:cpp|h)|[a-z]+[A-Z]\w*)[`(])");
+    for (const char* name : {"README.md", "docs/architecture.md", "docs/changing.md"}) {
+        std::ostringstream text;
+        text << std::ifstream(std::string(VELMORA_SOURCE "/") + name).rdbuf();
+        const std::string document = text.str();
+        for (std::sregex_iterator each(document.begin(), document.end(), named), end; each != end; ++each)
+            EXPECT_NE(all.str().find((*each)[1]), std::string::npos) << name << ": " << (*each)[1];
     }
 }
 
