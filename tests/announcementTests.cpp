@@ -22,6 +22,7 @@ TEST_F(Announcements, TheFallingTileIsNamedAsItEnters) {
     nextTile();
     ticks(5);
     press(Left, 1);
+    inDialog(Button::About, [] { sim::pressKey(Escape); });
     EXPECT_EQ(sim::announcements(), std::vector<std::string>{"3 of Bamboo"}) << "once, however it falls";
 }
 

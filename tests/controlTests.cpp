@@ -162,7 +162,7 @@ TEST_F(Controls, KeysAndThePointerWorkTheButtons) {
         rows, [this](Setting& s) { s.note = noteOf(); }, [this](Setting&) { return trace_; });
 }
 
-TEST_F(Controls, ADialogAboveHasThemToItself) {
+TEST_F(Controls, ADialogAboveHasKeysAndClicksToItself) {
     Setting below, above;
     below.note = noteOf("below ");
     above.note = noteOf("above ");
@@ -197,6 +197,8 @@ TEST_F(Controls, TypedTextPassesTheHandlersAndPastedTextKeepsToTheLimit) {
         {"the box swallows what is composed", [](Entry& e) { e.name.onKeyPress = swap('1', 0), composeText("a1b"); },
          "ab"},
         {"and the form too", [](Entry& e) { e.form.onKeyPress = swap('1', 0), composeText("a1b"); }, "ab"},
+        {"composed while nobody has the keys",
+         [](Entry&) { qt::formStack().openBox(nullptr), composeText("a"), qt::formStack().closeBox(nullptr); }, ""},
         {"another one for what is composed",
          [](Entry& e) { e.name.onKeyPress = swap(OtherCharacter, 0xF6), composeText("a\u0151"); }, "a\u00F6"},
         {"a fourth of the second plane", [](Entry& e) { e.name.setMaxLength(3), typeText("\U0001F004\U0001F005bc"); },

@@ -4,11 +4,12 @@
 #include <sys/stat.h>
 
 #include <fstream>
+#include <set>
 
 #include "platform/desktop.h"
 #include "platform/pictures.h"
 #include "presentation/commands.h"
-#include "tests/gameFixture.h"
+#include "tests/tableFixture.h"
 
 namespace {
 
@@ -16,41 +17,51 @@ using namespace platform;
 
 constexpr uint32_t mark = 0xFF00FF00;
 
-/// A set whose pixels are all of one colour, but for the first of that picture, and a byte shorter than it should be.
+/// The colour of each pixel of a set, so that what is painted of it is like nothing else.
+uint32_t colourAt(size_t pixel) { return 0xFF000000 | (static_cast<uint32_t>(pixel) * 0x9E3779B1 >> 8); }
+
+/// A set of such pixels, but for the first of that picture, and so many bytes shorter than it should be.
 void writeSet(int density, const Picture& marked, size_t missing) {
     const auto perPixel = static_cast<size_t>(density * density);
-    std::vector<uint32_t> pixels(storedPixels().size() * perPixel, 0xFF0000FF);
+    std::vector<uint32_t> pixels(storedPixels().size() * perPixel);
+    for (size_t i = 0; i < pixels.size(); ++i) pixels[i] = colourAt(i);
     pixels[static_cast<size_t>(marked.pixels - storedPixels().data()) * perPixel] = mark;
     std::ofstream(programFile("pictures-x" + std::to_string(density) + ".bin"), std::ios::binary)
         .write(reinterpret_cast<const char*>(pixels.data()),
                static_cast<std::streamsize>(pixels.size() * sizeof(uint32_t) - missing));
 }
 
-class DensityInPlay : public GameFixture {
+class DensityInPlay : public TableFixture {
   protected:
-    /// The table after some landings at one density and a step of the next tile at another.
-    std::vector<uint32_t> tableAfter(int density, int lastDensity) {
+    using Seen = std::pair<std::vector<uint32_t>, std::multiset<std::string>>;  // pixels and texts
+
+    /// The table after some landings at one density, and a step of the next tile and a strike at another.
+    Seen tableAfter(int density, int lastDensity) {
         setDensity(density);
         startProgram();
         dealHand("c1 b2 w3 E f1 c9");
-        game->mblnPeek = true;
-        land("c1", 2), land("b2", 7), land("f1", 9);
+        command::togglePeek(*game);
+        for (const int side : {key::Left, key::Right}) nextTile(), press(side, 3), drop();
         command::togglePeek(*game), nextTile();
         sim::runFor(1200);
         setDensity(lastDensity);
         sim::runFor(500);
-        const uint32_t* const first = game->form.surface().row(0);
-        return {first,
-                first + game->form.surface().width() * lastDensity * game->form.surface().height() * lastDensity};
+        game->mblnLightningDue = true, game->msEndLightning();
+        const Surface& table = game->form.surface();
+        std::multiset<std::string> texts;
+        for (const PrintedText& each : table.texts)
+            texts.insert(each.text + " in " + std::to_string(each.left) + ',' + std::to_string(each.top));
+        return {{table.row(0), table.row(0) + table.width() * lastDensity * table.height() * lastDensity}, texts};
     }
 };
 
 TEST_F(DensityInPlay, TheNextStepPaintsTheTableAtTheNewOne) {
     writeSet(2, pictureByName("102"), 0);
     ASSERT_EQ(densePixels(pictureByName("102"), 2).density, 2) << "it stays, whatever becomes of the file";
-    const std::vector<uint32_t> always = tableAfter(2, 2), lately = tableAfter(1, 2);
+    const Seen always = tableAfter(2, 2), lately = tableAfter(1, 2);
     setDensity(1);
     EXPECT_TRUE(always == lately);
+    EXPECT_EQ(lately.second.count("0 in 454,237"), 1u) << "the score";
 }
 
 TEST(Density, APictureIsTakenFromTheHighestSetThatIsThereAndWhole) {
@@ -76,7 +87,8 @@ TEST(Density, APictureIsTakenFromTheHighestSetThatIsThereAndWhole) {
     setDensity(2);
     EXPECT_EQ(*shown.row(0), mark) << "the background is crisp at once";
     EXPECT_EQ(shown.row(11)[11], 0xFF000000) << "and what was drawn on it is enlarged";
-    EXPECT_EQ(shown.row(11)[12], 0xFF0000FF);
+    const auto first = static_cast<size_t>(picture.pixels - storedPixels().data()) * 4;
+    EXPECT_EQ(shown.row(11)[12], colourAt(first + static_cast<size_t>(11 * 2 * picture.width + 12)));
     setDensity(1);
     EXPECT_EQ(*shown.row(0), own);
 }

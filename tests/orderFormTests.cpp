@@ -139,6 +139,13 @@ TEST_F(OrderForm, WorksOutTheAmountDueAndIsPrintedOnceItIsComplete) {
             ASSERT_EQ(sim::sheets().size() > sheets, order.cmdPrint.enabled());
             EXPECT_TRUE(*row.printed == 0 || sheet().find(row.printed) != std::string::npos) << sheet();
         });
+    for (int time = 0; time < 2; ++time)
+        inForm([](frmOrder& order) {
+            for (const auto& [copies, state] : {std::pair{"2731", "$0 .."}, {"2", "$24 .."}}) {
+                paste(order, Copies, copies);
+                EXPECT_EQ(stateOf(order), state) << "nothing is left of the order before";
+            }
+        });
 }
 
 TEST_F(OrderForm, EachBoxTakesItsOwnCharacters) {

@@ -51,15 +51,24 @@ class ProgramRun : public QProcess {
 
     /// Whether a signal is in a mask of the process, by what the system shows of it.
     bool hasIn(const char* mask, int signal) const {
-        QFile status(QString("/proc/%1/status").arg(processId()));
-        if (!status.open(QIODevice::ReadOnly)) return false;
-        const QByteArray text = status.readAll();
+        const QByteArray text = toldBySystem("status");
         return (text.mid(text.indexOf(mask) + 7).trimmed().left(16).toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
+    }
+
+    /// Waits until it has that file in its memory.
+    bool looksAt(const char* name) const {
+        return QTest::qWaitFor([&] { return toldBySystem("maps").contains(name); }, 10000);
     }
 
     /// Waits until it has handlers for the end signals.
     bool handlesEndSignals() const {
         return QTest::qWaitFor([this] { return hasIn("SigCgt:", SIGTERM); }, 10000);
+    }
+
+  private:
+    QByteArray toldBySystem(const char* what) const {
+        QFile file(QString("/proc/%1/%2").arg(processId()).arg(what));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 };
 
@@ -146,10 +155,18 @@ TEST(Program, TellsInOneSentenceThatThereIsNoDisplay) {
             << desktop;
 }
 
-TEST(Program, AnEndSignalClosesItAsExitDoes) {
+TEST(Program, ItOpensAsLargeAsAskedForAndAnEndSignalClosesItAsExitDoes) {
+    QTemporaryFile screens;
+    ASSERT_TRUE(screens.open());
+    screens.write(R"({"screens": [{"name": "one", "x": 0, "y": 0, "width": 1600, "height": 1200, "logicalDpi": 96,)"
+                  R"( "logicalBaseDpi": 96, "dpr": 1}]})");
+    screens.close();
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        ProgramRun run(signal == SIGINT ? QStringList{"--zoom", "1.5"} : QStringList{});
+        const bool isLarge = signal == SIGINT;
+        ProgramRun run(isLarge ? QStringList{"--zoom", "1.5"} : QStringList{},
+                       "offscreen:configfile=" + screens.fileName());
         ASSERT_TRUE(run.handlesEndSignals());
+        EXPECT_TRUE(!isLarge || run.looksAt("pictures-x2.bin"));
         kill(static_cast<pid_t>(run.processId()), signal);
         EXPECT_EQ(run.ending().substr(0, 2), "0|") << "signal " << signal;
     }

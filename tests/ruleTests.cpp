@@ -1,4 +1,4 @@
-// The model of the game, the start of a hand and the drop loop.
+// The drop loop, and what all of the game uses.
 
 #include "platform/desktop.h"
 #include "platform/pictures.h"
@@ -104,7 +104,7 @@ TEST_F(DropLoop, WhatEventsInsideATickLeaveItToDo) {
     EXPECT_EQ(game->mintCurRow, noRow);
 }
 
-TEST_F(DropLoop, WhatEndsAHand) {
+TEST_F(DropLoop, FourteenTilesATakenEntryOrTheLastTileEndAHand) {
     struct {
         const char* what;
         int handCount, dropped, filledColumn;
@@ -158,17 +158,21 @@ TEST_F(DropLoop, PauseHoldsTheTileAndAHardDropGoesOn) {
 class Toolkit : public GameFixture {};
 
 TEST_F(Toolkit, TheWindowIsInTheMiddle) {
-    EXPECT_DOUBLE_EQ(game->form.width(), 795 * 15);
-    EXPECT_DOUBLE_EQ(game->form.left(), (platform::screenWidth() - 795 * 15) / 2);
+    EXPECT_EQ(game->form.width(), 795 * 15);
+    EXPECT_EQ(game->form.left(), (1920 - 795) / 2.0 * 15);
+    EXPECT_EQ(game->form.top(), (1080 - 581) / 2.0 * 15);
 }
 
 TEST_F(Toolkit, AFailureIsReportedByNameAndTheCallerGoesOn) {
     EXPECT_EQ(guarded("msSomething", []() -> int { failure::overflow(); }), 0);
     beginHand();
-    game->mintCurCol = 10;
-    EXPECT_FALSE(game->mblnfDropOK());
+    for (const int column : {0, 10}) {
+        game->mintCurCol = narrow16(column);
+        EXPECT_FALSE(game->mblnfDropOK());
+    }
     guarded("msLoad", [] { platform::pictureByName("picNothing"); });
     const std::vector<std::string> expected = {"Error In msSomething: Error 6 - Overflow",
+                                               "Error In mblnfDropOK: Error 9 - Subscript out of range",
                                                "Error In mblnfDropOK: Error 9 - Subscript out of range",
                                                "Error In msLoad: Error 53 - File not found: picture picNothing"};
     EXPECT_EQ(sim::messages(), expected);

@@ -340,6 +340,7 @@ TEST_F(Sound, LastOfManyWishesCounts) {
         }
         if (playing) {
             beginAndAwaitSound(music_);
+            thread_->setPlaying(performance, false);  // which is another one's by now
             awaitFrames(framesIn(500));
             const size_t now = ear_->now();
             awaitFrames(framesIn(300));

@@ -71,6 +71,25 @@ TEST_F(Zoom, IsWhatTheScreenTakes) {
     }
 }
 
+TEST_F(Zoom, ItOpensAsLargeAsAskedForComesBackToThatAndStaysOnTheScreen) {
+    struct {
+        double asked, opened;  // 0 asks for what suits the screen
+    } const rows[] = {{1.5, 1.5}, {8, 2.5}, {0, 2}, {1, 1}};
+    for (const auto& row : rows) {
+        qt::setZoom(1);
+        qt::askForZoom(row.asked);
+        showActive();
+        const auto room = [] { return top().screen()->availableGeometry(); };
+        expectZoom(row.opened, "opened for " + std::to_string(row.asked));
+        press(Qt::Key_Minus);
+        top().move(room().bottomRight() - QPoint(top().frameGeometry().width(), top().frameGeometry().height()));
+        press(Qt::Key_0);
+        expectZoom(row.opened, "again for " + std::to_string(row.asked));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return room().contains(top().frameGeometry()); })) << row.asked;
+        main_.reset();
+    }
+}
+
 TEST_F(Zoom, KeysAndTheWheelChangeItPastTheGame) {
     showActive();
     noteKeys(main_->form, "main");
@@ -132,6 +151,7 @@ TEST_F(Zoom, TheTableStandsInTheMiddleOfWhatTheDesktopGives) {
     for (const auto& row : rows) {
         row.comes();
         EXPECT_TRUE(QTest::qWaitFor([&] { return isFrame(row.size, row.zoom); })) << row.what;
+        EXPECT_EQ(top().grab().toImage().pixel(0, 0), 0xFF0A2A20) << "the cloth goes on round the table";
         press(Qt::Key_Minus);
         EXPECT_TRUE(isFrame(row.size, row.zoom)) << row.what;
         row.goes();
