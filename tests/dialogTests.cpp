@@ -1,5 +1,7 @@
 // What each dialog shows and where, what the keys and the pointer do in it, and what closes it.
 
+#include <tuple>
+
 #include "forms/frmAbout.h"
 #include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
@@ -23,16 +25,12 @@ void expectDeaf(std::initializer_list<int> keys) {
     }
 }
 
-void expectFrame(const platform::Shape& frame, int left, int top, int width, int height, int border,
-                 platform::Color color) {
-    EXPECT_TRUE(frame.look().visible);
-    EXPECT_EQ(frame.look().borderWidth, border);
-    EXPECT_EQ(frame.look().borderColor, color);
-    const platform::Place place = frame.look().place;
-    EXPECT_EQ(place.left, left);
-    EXPECT_EQ(place.top, top);
-    EXPECT_EQ(place.width, width);
-    EXPECT_EQ(place.height, height);
+/// A frame round tiles, which is as high and as wide as every other.
+void expectFrame(const platform::Shape& frame, int left, int top, int width, platform::Color color) {
+    const auto& [place, borderWidth, borderColor, visible] = frame.look();
+    EXPECT_TRUE(visible);
+    EXPECT_EQ(std::tuple(place.left, place.top, place.width, place.height), std::tuple(left, top, width, 45));
+    EXPECT_EQ(std::tuple(borderWidth, borderColor), std::tuple(3, color));
 }
 
 TEST_F(Dialogs, AnOfferStandsOnTheTableUntilEnterAndTheFallWithIt) {
@@ -48,11 +46,11 @@ TEST_F(Dialogs, AnOfferStandsOnTheTableUntilEnterAndTheFallWithIt) {
     const auto look = [&] {
         EXPECT_TRUE(expected().offer(1, 1, "c1 c2 c3").pass(2).isSeenOn(shown));
         for (const int x : {10, 150, 390}) sim::clickAt(x, 20);
-        expectFrame(gfrmChooseTiles->Shape1, 3, 3, 96, 45, 3, 0x0000FF);
-        expectFrame(gfrmChooseTiles->shpOnBoard, 37, 489, 96, 45, 3, 0x0000FF);
+        expectFrame(gfrmChooseTiles->Shape1, 3, 3, 96, 0x0000FF);
+        expectFrame(gfrmChooseTiles->shpOnBoard, 37, 489, 96, 0x0000FF);
         expectDeaf({Escape, Space, Tab, Up, Down, Pad8, Pad2, 'P', '1'});
         sim::pressKey(Right);
-        expectFrame(gfrmChooseTiles->Shape1, 101, 3, 96, 45, 3, 0x0000FF);
+        expectFrame(gfrmChooseTiles->Shape1, 101, 3, 96, 0x0000FF);
         EXPECT_FALSE(gfrmChooseTiles->shpOnBoard.look().visible) << "Pass lies nowhere";
         sim::postAfter(5000, [&] {
             sim::clickToolButton(Button::StartAnew);  // refused while the dialog is open
@@ -118,7 +116,7 @@ TEST_F(Dialogs, ElevenOffersAndPassFillThreeLines) {
         EXPECT_TRUE(expected.isSeenOn(shown));
         for (const auto& entry : entries) {
             SCOPED_TRACE(entry.names);
-            expectFrame(gfrmChooseTiles->Shape1, entry.left, entry.top, entry.width, 45, 3, 0x0000FF);
+            expectFrame(gfrmChooseTiles->Shape1, entry.left, entry.top, entry.width, 0x0000FF);
             sim::pressKey(Right);
         }
         sim::pressKey(Enter);
@@ -137,7 +135,7 @@ TEST_F(Dialogs, TheSeatDrawTurnsItsTilesOver) {
         EXPECT_TRUE(faceDown.isSeenOn(shown));
         for (const int key : {Right, Pad6}) {
             for (const int left : lefts) {
-                expectFrame(gfrmChooseSeat->shpSeat, left - 3, 105, 36, 45, 3, 0xFF00FF);
+                expectFrame(gfrmChooseSeat->shpSeat, left - 3, 105, 36, 0xFF00FF);
                 sim::pressKey(key);
             }
         }
@@ -149,7 +147,7 @@ TEST_F(Dialogs, TheSeatDrawTurnsItsTilesOver) {
             for (int i = 0; i < 4; ++i) open.straightTile(270 + lefts[i], 163 + 108, std::string(1, "NWSE"[i]));
             EXPECT_TRUE(open.isSeenOn(shown));
             expectDeaf({Enter, Escape, Right});
-            expectFrame(gfrmChooseSeat->shpSeat, 173, 105, 36, 45, 3, 0xFF00FF);
+            expectFrame(gfrmChooseSeat->shpSeat, 173, 105, 36, 0xFF00FF);
         });
         for (const int key : {Left, Pad4, Right}) sim::pressKey(key);
         const double turned = sim::now();
@@ -238,6 +236,54 @@ TEST_F(Dialogs, TheRoundsSettingShowsEachChange) {
         sim::press(gfrmRoundsSetting->cmdOK);
     });
     EXPECT_EQ(gintNumRounds, 3);
+}
+
+TEST_F(Dialogs, TheNumberOfRoundsCountsAtOnce) {
+    struct {
+        int played, from, less;
+        platform::CommandButton frmRoundsSetting::*button;
+        int rounds;
+        bool ends;
+    } const cases[] = {
+        {2, 4, 2, &frmRoundsSetting::cmdOK, 2, true},
+        {2, 4, 4, &frmRoundsSetting::cmdOK, 1, false},
+        {2, 4, 2, &frmRoundsSetting::cmdCancel, 4, false},
+    };
+    for (const auto& row : cases) {
+        startMatch();
+        game->mintRoundsPlayed = narrow16(row.played);
+        gintNumRounds = narrow16(row.from);
+        int summaries = 0;
+        sim::post([&] {
+            frmRoundsSetting& setting = *gfrmRoundsSetting.hold();
+            for (int i = 0; i < row.less; ++i) setting.SpinButton1.onSpinDown();
+            sim::press(setting.*row.button);
+            sim::setHands([&] {
+                if (!gfrmGameSummary.isOpen()) return;
+                ++summaries;
+                sim::pressKey(Enter);
+            });
+        });
+        sim::clickToolButton(Button::RoundsSetting);
+        sim::runFor(1000);
+        EXPECT_EQ(gintNumRounds, row.rounds) << row.less;
+        EXPECT_EQ(summaries, row.ends ? 1 : 0) << row.less;
+        sim::setHands({});
+    }
+}
+
+TEST_F(Dialogs, TheSummaryGivesThePercentageInItsShortestForm) {
+    struct {
+        int won, games;
+        const char* text;
+    } const cases[] = {{0, 4, "0%"},     {1, 4, "25%"},     {7, 9, "77.78%"}, {1, 3, "33.33%"},
+                       {1, 8, "12.5%"},  {4, 4, "100%"},    {1, 32, "3.12%"}, {3, 32, "9.38%"},
+                       {1, 7, "14.29%"}, {1, 1000, "0.1%"}, {2, 3, "66.67%"}};
+    for (const auto& row : cases) {
+        frmGameSummary summary;
+        summary.msLoadFormVariables(1, narrow16(row.games), narrow16(row.won));
+        EXPECT_EQ(summary.mstrfPercentage(), row.text);
+    }
 }
 
 TEST_F(Dialogs, EnterEscapeOrAClickClosesWhatOnlyTells) {
