@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -41,6 +40,14 @@ class Help : public Window {
         ASSERT_NE(help(), nullptr);
         ASSERT_TRUE(QTest::qWaitForWindowActive(help()));
         ASSERT_TRUE(waitFor([] { return !contents().isEmpty(); })) << "it is read to its end";
+    }
+
+    /// Opens it with that text in place of the game's.
+    void openHelpWith(const QByteArray& text) {
+        QFile file(folder.filePath("text"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+        file.close();
+        platform::WinHelpA(game->form, file.fileName().toStdString(), platform::HELP_INDEX, 0);
     }
 
     template <class Part>
@@ -99,6 +106,8 @@ class Help : public Window {
             block = block.next();
         return page().viewport()->rect().contains(page().cursorRect(QTextCursor(block)));
     }
+
+    const QTemporaryDir folder;
 };
 
 TEST_F(Help, OpensOnceAndComesBackToTheFront) {
@@ -297,7 +306,6 @@ TEST_F(Help, IsClosedByItsKeysAndOpensAgain) {
 }
 
 TEST_F(Help, TellsWhenThereIsNoText) {
-    const QTemporaryDir folder;
     QFile empty(folder.filePath("empty")), large(folder.filePath("large"));
     ASSERT_TRUE(empty.open(QIODevice::WriteOnly) && large.open(QIODevice::WriteOnly));
     large.write(QByteArray(65537, 'x'));
@@ -314,7 +322,6 @@ TEST_F(Help, TellsWhenThereIsNoText) {
 }
 
 TEST_F(Help, NoTextIsLongInTheMaking) {
-    const QTemporaryDir folder;
     const QByteArray emptyCells = "|x|x|x|x|x|x|x|x|x|\n|---|---|---|---|---|---|---|---|---|\nx\nx\nx\nx\nx\n\n";
     for (const QByteArray& unit :
          {QByteArray("x"), QByteArray("*x* "), QByteArray("- x\n"), QByteArray("- x\n\n"), emptyCells}) {
@@ -322,11 +329,7 @@ TEST_F(Help, NoTextIsLongInTheMaking) {
         const int size = unit == "x" ? 65536 : 16384;
         QByteArray text = unit.repeated((size - 9) / unit.size()) + "\n\n## End";
         text += QByteArray(size - text.size(), '\n');
-        QFile file(folder.filePath("text"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == size);
-        file.close();
-
-        platform::WinHelpA(game->form, file.fileName().toStdString(), platform::HELP_INDEX, 0);
+        openHelpWith(text);
         int turns = 0;
         ASSERT_TRUE(waitFor([&] { return ++turns, !contents().isEmpty(); }));
         EXPECT_TRUE(turns > 1 || !unit.startsWith('*')) << "events are served meanwhile";
@@ -345,20 +348,14 @@ TEST_F(Help, NoTextIsLongInTheMaking) {
 }
 
 TEST_F(Help, CodeThatIsCutStaysCode) {
-    const QTemporaryDir folder;
-    QFile file(folder.filePath("text"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("```\n" + QByteArray("# x\n\n").repeated(2000) + "```\n\n# After\n\n" +
-               QByteArray("y\n\n").repeated(2000) + "# Last\n");
-    file.close();
-    platform::WinHelpA(game->form, file.fileName().toStdString(), platform::HELP_INDEX, 0);
+    openHelpWith("```\n" + QByteArray("# x\n\n").repeated(2000) + "```\n\n# After\n\n" +
+                 QByteArray("y\n\n").repeated(2000) + "# Last\n");
     ASSERT_TRUE(waitFor([&] { return !contents().isEmpty(); }));
     EXPECT_EQ(contents().size(), 2);
 }
 
 TEST_F(Help, WhatFailsInItIsToldAndEndsNothing) {
     openHelp();
-    const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeWindow()); };
     QString told;
     once([&] { return box() != nullptr; },
          [&] {
@@ -375,7 +372,6 @@ TEST_F(Help, EachWindowKeepsItsKeys) {
     startMatch();
     nextTile(1);
     openHelp();
-    page().setFocus();
     for (const Qt::Key key : {Qt::Key_A, Qt::Key_C}) pressInHelp(key, Qt::ControlModifier);
     EXPECT_TRUE(QApplication::clipboard()->text().contains("Own Season Tile"));
     for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Right, Qt::Key_Return, Qt::Key_Space, Qt::Key_Down})

@@ -412,11 +412,15 @@ std::string texts() {
 TEST_F(HiScores, TheTableStandsWhereItsPictureHasRoom) {
     put(record("ANN", 4, 2, 123456) + record(" Zo\xEB \x80", 100, 5, 500) + record("", 1, 1, 7) + record("x", 9, 9, 0) +
         record("bad", 1, 1, -12));
+    std::string spoken;
+    sim::setLog([&](const std::string& line) {
+        if (const size_t at = line.find("Top"); at != std::string::npos) spoken = line.substr(at);
+    });
     inTable([&] {
         EXPECT_EQ(gfrmHiScore->form.left() - game->form.left(), 147.5 * 15);
         EXPECT_EQ(gfrmHiScore->form.top() - game->form.top(), 115 * 15);
         // A letter of this size is nine pixels wide here, so that the scores end at 445.
-        EXPECT_EQ(texts(), seenText("hiScores"));
+        EXPECT_EQ(spoken + '\n' + texts(), seenText("hiScores"));
         const platform::Surface ground(platform::pictureByName("104"));
         int different = 0;
         for (int y = 0; y < 351; ++y)

@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -94,9 +93,8 @@ TEST_F(OrderWindow, IsFilledInPrintedAndClosedByKeysAlone) {
 
         EXPECT_FALSE(QDir(home.filePath("Documents")).exists());
         bool told = false;
-        const auto isBox = [] { return qobject_cast<QMessageBox*>(QApplication::activeWindow()) != nullptr; };
-        once(isBox, [&] {
-            QTest::keyClick(QApplication::activeWindow(), Qt::Key_Return);
+        once(box, [&] {
+            QTest::keyClick(box(), Qt::Key_Return);
             bringToFront();
             told = true;
         });

@@ -10,7 +10,6 @@
 #include <QFontInfo>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPainter>
 #include <QStyleOptionComboBox>
 #include <QTemporaryDir>
@@ -197,7 +196,6 @@ class Seen : public Window {
         static const std::map<QMessageBox::Icon, QString> signs = {{QMessageBox::NoIcon, "no sign"},
                                                                    {QMessageBox::Information, "an i"},
                                                                    {QMessageBox::Warning, "an exclamation mark"}};
-        const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeWindow()); };
         bool done = false;
         const auto look = [&] {
             QString lines = "box '" + box()->windowTitle() + "' with " + signs.at(box()->icon()) + "\n  text '" +

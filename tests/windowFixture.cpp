@@ -66,6 +66,8 @@ void Window::letPass(int milliseconds) {
     for (int passed = 0; passed < milliseconds; ++passed) platform::doEvents();
 }
 
+QMessageBox* Window::box() { return qobject_cast<QMessageBox*>(QApplication::activeWindow()); }
+
 void Window::bringToFront() {
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QMessageBox>
 #include <QWidget>
 #include <functional>
 #include <list>
@@ -49,6 +50,7 @@ class Window : public ::testing::Test {
     bool waitFor(const std::function<bool()>& condition);
     void letPass(int milliseconds);  ///< Of the held time.
 
+    static QMessageBox* box();  ///< The message box in front; null if none is there.
     /// Gives the main window the keys, as the desktop does when a window before it has gone.
     void bringToFront();
     /// Begins a match; the seat is drawn by the first Enter.

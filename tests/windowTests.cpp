@@ -3,24 +3,23 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QPointer>
 #include <QTest>
 #include <QToolButton>
 #include <QWindow>
-#include <filesystem>
 #include <functional>
 
 #include "forms/frmOrder.h"
 #include "frmMain.h"
-#include "hiscores/frmHiScore.h"
 #include "match/frmChooseSeat.h"
+#include "match/frmRoundsSetting.h"
 #include "platform/desktop.h"
 #include "platform/pictures.h"
 #include "platform/qt/controls/control.h"
 #include "platform/qt/window/formWindow.h"
 #include "platform/qt/window/images.h"
 #include "play/frmChooseTiles.h"
+#include "presentation/helpPictures.h"
 #include "tests/windowFixture.h"
 
 namespace {
@@ -88,27 +87,38 @@ TEST_F(Window, EachPictureIsThereAtEachDensity) {
     for (int density = 1; density <= platform::highestDensity; ++density) {
         const QString folder = density == 1 ? "pictures" : QString("x%1").arg(density);
         const QImage strip(VELMORA_ASSETS "/" + folder + "/ImageList1.png");
-        const QImage icon = window->findChild<QToolButton*>()->icon().pixmap({16, 16}, density).toImage();
-        const QRect middle(QPoint(6, 6) * density, QSize(4, 4) * density);
-        const auto inside = [&](const QImage& image) {
-            return image.convertToFormat(QImage::Format_RGB32).copy(middle);
+        const QImage faces(VELMORA_ASSETS "/" + folder + "/picAllTiles.png");
+        const QImage icon = window->findChildren<QToolButton*>()[2]->icon().pixmap({16, 16}, density).toImage();
+        const auto part = [&](const QImage& image, int left, int side) {
+            return image.convertToFormat(QImage::Format_RGB32)
+                .copy({QPoint(left, 6) * density, QSize(side, side) * density});
         };
-        EXPECT_EQ(inside(icon), inside(strip)) << "Start Anew at " << density;
+        platform::setDensity(density);
+        const auto inHelp = [&](const char* name) {
+            const platform::HelpPicture made = gudtfHelpPicture(name);
+            return QImage(reinterpret_cast<const uchar*>(made.pixels.data()), made.width * density,
+                          made.height * density, QImage::Format_ARGB32)
+                .copy();
+        };
+        EXPECT_EQ(part(icon, 6, 4), part(strip, 38, 4)) << "Break Down at " << density;
+        EXPECT_EQ(part(inHelp("icon:3"), 6, 4), part(strip, 38, 4)) << "in the help at " << density;
+        EXPECT_EQ(part(inHelp("tiles:c1,b1"), 39, 18), part(faces, 276, 18)) << "a tile in the help at " << density;
     }
+    platform::setDensity(1);
 }
 
 TEST_F(Window, AMessageStandsAsItIsUnderItsWholeTitle) {
     const QString title = "Error in a procedure with a name that is very long indeed";
-    QPointer<QMessageBox> box;
-    once([&] { return (box = qobject_cast<QMessageBox*>(QApplication::activeWindow())) != nullptr; },
-         [&] {
-             EXPECT_EQ(box->textFormat(), Qt::PlainText) << "else the path loses a folder";
-             EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance(title) + 140) << "the title bar's buttons";
-             EXPECT_FALSE(box->isModal()) << "else the main window's close button is dead";
-             box->close();
-         });
+    QPointer<QMessageBox> shown;
+    once(box, [&] {
+        shown = box();
+        EXPECT_EQ(shown->textFormat(), Qt::PlainText) << "else the path loses a folder";
+        EXPECT_GE(shown->width(), shown->fontMetrics().horizontalAdvance(title) + 140) << "the title bar's buttons";
+        EXPECT_FALSE(shown->isModal()) << "else the main window's close button is dead";
+        shown->close();
+    });
     platform::messageBox(title.toStdString(), "/games/<b>/file");
-    EXPECT_TRUE(box.isNull());
+    EXPECT_TRUE(shown.isNull());
 }
 
 TEST_F(Window, AMessageHasAllKeysButThoseHeldBeforeIt) {
@@ -117,57 +127,41 @@ TEST_F(Window, AMessageHasAllKeysButThoseHeldBeforeIt) {
         event.setTimestamp(time);
         QApplication::sendEvent(face, &event);
     };
-    const auto boxInFront = [] { return qobject_cast<QMessageBox*>(QApplication::activeWindow()); };
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape})
         for (const bool behind : {false, true}) {
-            once(boxInFront, [&] {
-                const QPointer<QMessageBox> box = boxInFront();
+            once(box, [&] {
+                const QPointer<QMessageBox> first = box();
                 if (behind) window->activateWindow();
                 QTest::qWait(20);
-                EXPECT_EQ(boxInFront(), box) << "it comes back to the front";
-                QWidget* const face = behind ? window : box->button(QMessageBox::Ok);
+                EXPECT_EQ(box(), first) << "it comes back to the front";
+                QWidget* const face = behind ? window : first->button(QMessageBox::Ok);
                 send(face, QEvent::KeyPress, key, 20, true);
                 send(face, QEvent::KeyRelease, key, 30);
                 send(face, QEvent::KeyPress, key, 30);  // A repeat as an X server may tell it.
                 for (const Qt::Key other : {Qt::Key_F1, Qt::Key_F10}) press(other);
-                EXPECT_EQ(boxInFront(), box) << key << behind;
+                EXPECT_EQ(box(), first) << key << behind;
                 send(face, QEvent::KeyRelease, key, 40);
                 send(face, QEvent::KeyPress, key, 50);
-                EXPECT_FALSE(box->isVisible()) << key << behind;
-                box->close();
+                EXPECT_FALSE(first->isVisible()) << key << behind;
+                first->close();
             });
             send(window, QEvent::KeyPress, key, 10);
             platform::messageBox("Title", "Text");
             EXPECT_EQ(window->focusWidget(), window) << "F10 did nothing";
             send(window, QEvent::KeyRelease, key, 60);
         }
-}
-
-/// No score file lies beside the program while this lives; one that lay there comes back.
-struct NoScoreFile {
-    NoScoreFile() {
-        if (std::filesystem::exists(path)) std::filesystem::rename(path, aside);
-    }
-    ~NoScoreFile() {
-        std::filesystem::remove(path);
-        if (std::filesystem::exists(aside)) std::filesystem::rename(aside, path);
-    }
-    const std::string path = platform::programFile("HiScore.dat");
-    const std::string aside = path + ".aside";
-};
-
-TEST_F(Window, TheTableIsToldRowByRow) {
-    const NoScoreFile noFile;
-    gaudtHiScore[1] = {{}, 4, 1, 640};
-    gaudtHiScore[1].strName = "Zoe x12345";
-    gsSaveHiScore();
-    whenOpen(gfrmHiScore, [&] {
-        EXPECT_EQ(platform::qt::windowOf(gfrmHiScore->form)->accessibleName().toStdString(),
-                  "Top five high scores. 1: Zoe x12345, rounds played 4, Level 1, score 640");
-        press(Qt::Key_Escape);
-    });
-    click("High Scores");
-    gaudtHiScore = {};
+    const auto closeAndTell = [&](QWidget& /*dialog*/) {
+        once(box, [&] {
+            const QPointer<QMessageBox> first = box();
+            press(Qt::Key_Return);
+            EXPECT_FALSE(first->isVisible()) << "while the dialog that has closed isn't left yet";
+            first->close();
+        });
+        gfrmRoundsSetting->form.unload();
+        platform::messageBox("Title", "Text");
+    };
+    inDialog(
+        gfrmRoundsSetting, [this] { click("Rounds Setting"); }, closeAndTell);
 }
 
 using WindowDeathTest = Window;
