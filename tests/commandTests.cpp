@@ -116,16 +116,4 @@ TEST_F(Commands, AfterWhatOpensInsideATickTheNextStepComesAtTheNextBeat) {
     }
 }
 
-TEST_F(Commands, TheFallStandsWhileTheSeatIsDrawn) {
-    beginHand();
-    sim::runFor(1000);
-    inDialog(Button::StartAnew, [row = game->mintCurRow, this] {
-        sim::postAfter(2000, [=, this] {
-            EXPECT_EQ(game->mintCurRow, row);
-            sim::pressKey(platform::key::Enter);
-        });
-    });
-    EXPECT_EQ(game->mintCurRow, noRow) << "another hand";
-}
-
 }  // namespace

@@ -37,19 +37,6 @@ TEST_F(Table, ATileFallsByRowsAndGoesAsideByColumns) {
     go(0, 9, 12);  // It lies.
 }
 
-TEST_F(Table, LandedTilesStayInTheirViews) {
-    dealHand("c1 b5 N w9 R G", 3);
-    for (const int steps : {-4, -1, 0, 1, 4}) {
-        nextTile();
-        press(steps < 0 ? Left : Right, std::abs(steps));
-        drop();
-    }
-    auto table = ExpectedTable().seats(3, 1, 1).score("0").board("c1 . . b5 N w9 . . R");
-    EXPECT_TRUE(table.isSeenOn(shown));
-    nextTile();
-    EXPECT_TRUE(table.tile(5, 1, "G").isSeenOn(shown));
-}
-
 TEST_F(Table, EveryFaceIsTheOneOfItsKindAndAFullBoardIsSeenToItsEdges) {
     std::string sides;
     for (int row = 1; row <= bottomRow; ++row) sides += "c1 . . . E . . . w9 / ";

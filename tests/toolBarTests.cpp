@@ -1,4 +1,4 @@
-// The toolbar by keys, on the real window.
+// The toolbar of the real window, above all by keys.
 
 #include <gtest/gtest.h>
 
@@ -44,24 +44,6 @@ class ToolBarKeys : public Window {
         return game->mintCurCol != column;
     }
 };
-
-TEST_F(ToolBarKeys, TheLevelMenuMarksTheLevelInPlay) {
-    const auto marks = [&](int choice) {
-        std::vector<std::string> items;
-        inMenu([&](QMenu& menu) {
-            EXPECT_EQ(menu.accessibleName(), "Level");
-            for (const QAction* item : menu.actions())
-                items.push_back((item->isChecked() ? "*" : "") + item->text().toStdString());
-            menu.actions().at(choice)->trigger();
-            menu.close();
-        });
-        for (QToolButton* button : window->findChildren<QToolButton*>())
-            if (button->toolTip().startsWith("Level:")) button->click();
-        return items;
-    };
-    EXPECT_EQ(marks(2), (std::vector<std::string>{"*Easy", "Medium", "Hard", "Very Hard", "Super Hard"}));
-    EXPECT_EQ(marks(0), (std::vector<std::string>{"Easy", "Medium", "*Hard", "Very Hard", "Super Hard"}));
-}
 
 TEST_F(ToolBarKeys, TheArrowsGoRoundTheButtonsWithTheirToolTips) {
     std::vector<std::string> row;
@@ -211,24 +193,29 @@ TEST_F(ToolBarKeys, ADialogTakesTheKeys) {
     EXPECT_TRUE(boardHasKeys());
 }
 
-TEST_F(ToolBarKeys, TheLevelMenuOpensUnderItsButton) {
-    const auto menuPlace = [this](const std::function<void()>& open) {
-        QPoint place;
+TEST_F(ToolBarKeys, TheLevelMenuOpensUnderItsButtonAndMarksTheLevelInPlay) {
+    QPoint place;
+    const auto chooseNext = [&](const std::function<void()>& open) {
+        std::string items;
         inMenu([&](QMenu& menu) {
             place = window->mapFromGlobal(menu.pos());
-            QTest::keyClick(&menu, Qt::Key_Down);
-            QTest::keyClick(&menu, Qt::Key_Return);
+            items = menu.accessibleName().toStdString() + ':';
+            for (const QAction* item : menu.actions())
+                items += (item->isChecked() ? " *" : " ") + item->text().toStdString();
+            for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return}) QTest::keyClick(&menu, key);
         });
         open();
-        return place;
+        return items;
     };
     QTest::mouseMove(frame->windowHandle(), {300, 200});
     goTo("Level:Easy");
-    EXPECT_EQ(menuPlace([this] { press(Qt::Key_Return); }), QPoint(28, 28));
+    EXPECT_EQ(chooseNext([this] { press(Qt::Key_Return); }), "Level: *Easy Medium Hard Very Hard Super Hard");
+    EXPECT_EQ(place, QPoint(28, 28));
     EXPECT_EQ(game->mlngLevel, 2);
     EXPECT_EQ(marked(), "Level:Medium");
     QTest::mouseMove(frame->windowHandle(), {40, 20});
-    EXPECT_EQ(menuPlace([this] { click("Level:Medium"); }), window->mapFromGlobal(QCursor::pos()));
+    EXPECT_EQ(chooseNext([this] { click("Level:Medium"); }), "Level: Easy *Medium Hard Very Hard Super Hard");
+    EXPECT_EQ(place, window->mapFromGlobal(QCursor::pos()));
     EXPECT_EQ(game->mlngLevel, 3);
 }
 
