@@ -225,7 +225,7 @@ TEST_F(Printing, EveryLetterTakesOneColumn) {
     EXPECT_EQ(sheetIn(document()), expected);
 }
 
-TEST_F(Printing, WhatFindsNoRoom) {
+TEST_F(Printing, WhatFindsNoRoomIsCutOrGoesOnBelow) {
     const std::string ruler = "123456789 123456789 123456789 123456789 123456789 123456789 123456789 123456789 ";
     std::vector<std::vector<platform::ColumnText>> lines = {
         {{1, ruler}},
