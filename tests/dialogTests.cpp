@@ -25,7 +25,7 @@ void expectDeaf(std::initializer_list<int> keys) {
     }
 }
 
-/// A frame round tiles, which is as high and as wide as every other.
+/// A frame round tiles; each is 45 pixels high and has a border of 3.
 void expectFrame(const platform::Shape& frame, int left, int top, int width, platform::Color color) {
     const auto& [place, borderWidth, borderColor, visible] = frame.look();
     EXPECT_TRUE(visible);

@@ -166,7 +166,7 @@ TEST(Program, ItOpensAsLargeAsAskedForAndAnEndSignalClosesItAsExitDoes) {
         ProgramRun run(isLarge ? QStringList{"--zoom", "1.5"} : QStringList{},
                        "offscreen:configfile=" + screens.fileName());
         ASSERT_TRUE(run.handlesEndSignals());
-        EXPECT_TRUE(!isLarge || run.looksAt("pictures-x2.bin"));
+        EXPECT_TRUE(!isLarge || run.looksAt("pictures-x2.bin")) << "which a zoom of 1.5 needs";
         kill(static_cast<pid_t>(run.processId()), signal);
         EXPECT_EQ(run.ending().substr(0, 2), "0|") << "signal " << signal;
     }
