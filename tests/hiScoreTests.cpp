@@ -63,8 +63,8 @@ class HiScores : public GameFixture {
     std::string endMatch(int32_t score) {
         std::string opened;
         beginHand();
-        game->mlngScore = score;
-        game->mlngLevel = 3;
+        game->msShowHintBriefly("The last hand is lost");
+        game->mlngScore = score, game->mlngLevel = 3;
         gintNumRounds = game->mintRoundsPlayed = 2;
         sim::setHands([&] {
             if (sim::modalDepth() == 0) return;
@@ -79,7 +79,7 @@ class HiScores : public GameFixture {
         });
         sim::runFor(1000);
         sim::setHands({});
-        EXPECT_FALSE(game->mblnGameRunning);
+        EXPECT_EQ(game->mblnGameRunning ? "" : game->lblHint.text(), "Start Anew (F2) begins a match");
         return opened;
     }
 

@@ -62,7 +62,8 @@ bool tileFalls(frmMain& m) {
     return true;
 }
 
-/// Stops the fall and the music, and shows the summary; a high score then enters the table, which is shown.
+/// Stops the fall and the music, and shows the summary; a high score then enters the table, which is shown. The line on
+/// the table tells at last how to play once more.
 void endMatch(frmMain& m) {
     m.Timer1.setEnabled(false);
     m.mblnGameRunning = false;
@@ -70,6 +71,7 @@ void endMatch(frmMain& m) {
     gfrmGameSummary->msLoadFormVariables(m.mintRoundsPlayed, m.mintGamesPlayed, m.mintGamesWon);
     gfrmGameSummary.showModal();
     if (m.mlngScore != 0 && m.mblnfHiScore()) gfrmHiScore.showModal();
+    m.msShowHint(hint::startAnew);
 }
 
 }  // namespace

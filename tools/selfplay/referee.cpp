@@ -142,6 +142,8 @@ void Referee::endTick(Tick tick) {
         require(summarySeen_, "a match has ended without a summary");
         require(nameAsked_ == belongsInTable() || scoreEntered_, "a high score was forgotten");
         require(scoreEntered_ == tableSeen_, "the table wasn't shown");
+        hint_ = hint::startAnew;
+        hintPasses_ = false;
     }
     if (tick == Tick::HandEnds) {
         const bool isWon = books_.earned.size() == Books::fullHand;
