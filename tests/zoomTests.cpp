@@ -60,14 +60,14 @@ TEST_F(Zoom, IsWhatTheScreenTakes) {
     constexpr QSizeF window(795, 605);  // with its title bar
     struct {
         QSizeF screen;
-        double start, largest;
+        double start, largest, least = 1;
     } const rows[] = {
         {{800, 600}, 1, 1},      {{1366, 768}, 1, 1.25}, {{1920, 1080}, 1, 1.75}, {{1080, 1920}, 1, 1.25},
-        {{2560, 1440}, 2, 2.25}, {{3840, 2160}, 3, 3.5}, {{795, 605}, 1, 1},      {{1590, 1210}, 1, 2},
+        {{2560, 1440}, 2, 2.25}, {{3840, 2160}, 3, 3.5}, {{1590, 1210}, 1, 2},    {{960, 540}, 1, 0.75, 0.5},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(qt::startZoom(window, row.screen), row.start) << row.screen.width();
-        EXPECT_EQ(qt::largestZoom(window, row.screen), row.largest) << row.screen.width();
+        EXPECT_EQ(qt::largestZoom(window, row.screen, row.least), row.largest) << row.screen.width();
     }
 }
 
@@ -128,8 +128,7 @@ TEST_F(Zoom, KeysAndTheWheelChangeItPastTheGame) {
 
 TEST_F(Zoom, TheTableStandsInTheMiddleOfWhatTheDesktopGives) {
     showActive();
-    EXPECT_FALSE(top().windowFlags() & Qt::WindowMaximizeButtonHint);
-    EXPECT_TRUE(top().windowFlags() & Qt::WindowMinimizeButtonHint);
+    EXPECT_EQ(top().windowFlags() & Qt::WindowMinMaxButtonsHint, Qt::WindowMinimizeButtonHint);
     press(Qt::Key_Plus);
     const QRect before = top().geometry();
     const auto fillScreen = [] { press(Qt::Key_F11, Qt::NoModifier); };
@@ -186,6 +185,7 @@ TEST_F(Zoom, IsWithinWhatAnotherScreenTakes) {
     expectZoom(2, "on the first");
     top().move(850, 50);
     EXPECT_TRUE(QTest::qWaitFor([] { return isFrame({525, 350}, 1.75) && top().devicePixelRatio() == 3.5; }));
+    EXPECT_EQ(qt::leastZoom(top()), 0.5);
     press(Qt::Key_F11, Qt::NoModifier);
     EXPECT_TRUE(QTest::qWaitFor([] { return isFrame({600, 400}, 2); }));
     press(Qt::Key_F11, Qt::NoModifier);

@@ -60,7 +60,7 @@ void Frame::fill() {
         cornerBefore_ = normalGeometry().topLeft();
     }
     hadState_ = isSized();
-    setZoom(largestZoom(table_.size(), sizeOnScreen(*this)));
+    setZoom(largestZoom(table_.size(), sizeOnScreen(*this), leastZoom(*this)));
 }
 
 void Frame::goBack() {

@@ -86,8 +86,13 @@ void follow(QWidget& widget, double ratio) {
 
 }  // namespace
 
-double largestZoom(const QSizeF& window, const QSizeF& room) {
-    return std::max(1.0, std::floor(roomFor(window, room) * stepsInOne) / stepsInOne);
+double largestZoom(const QSizeF& window, const QSizeF& room, double least) {
+    return std::max(least, std::floor(roomFor(window, room) * stepsInOne) / stepsInOne);
+}
+
+double leastZoom(const QWidget& window) {
+    const double scale = window.screen()->devicePixelRatio() / now;
+    return std::min(1.0, std::ceil(stepsInOne / scale) / stepsInOne);
 }
 
 double startZoom(const QSizeF& window, const QSizeF& room) {
@@ -133,7 +138,8 @@ void openAtZoom(const QWidget& window) {
     if (!askedFor) return;
     const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
     const QSizeF whole = window.size().grownBy({0, titleBar, 0, 0}), room = roomOnScreen(window);
-    atStart = *askedFor > 0 ? std::min(*askedFor, largestZoom(whole, room)) : startZoom(whole, room);
+    const double wanted = *askedFor > 0 ? *askedFor : startZoom(whole, room);
+    atStart = std::min(wanted, largestZoom(whole, room, leastZoom(window)));
     setZoom(atStart);
 }
 
@@ -163,12 +169,12 @@ ZoomStep zoomStepOf(const QWheelEvent& wheel) {
 
 void takeZoomStep(const QWidget& window, ZoomStep step) {
     const QSizeF whole = window.size().grownBy(window.windowHandle()->frameMargins());
-    const double most = largestZoom(whole, roomOnScreen(window));
+    const double most = largestZoom(whole, roomOnScreen(window), leastZoom(window));
     const double wanted = step == ZoomStep::Back      ? atStart
                           : step == ZoomStep::Larger  ? now + 1 / stepsInOne
                           : step == ZoomStep::Smaller ? now - 1 / stepsInOne
                                                       : now;
-    setZoom(std::clamp(wanted, 1.0, most));
+    setZoom(std::clamp(wanted, std::min(1.0, most), most));
 }
 
 }  // namespace platform::qt

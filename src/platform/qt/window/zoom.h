@@ -11,8 +11,12 @@ class QWindow;
 /// fonts alike, so that a pixel of the game stays a pixel of its widgets.
 namespace platform::qt {
 
-/// The largest zoom with which a window has room, both in pixels at a zoom of 1: in quarters, from 1 on.
-double largestZoom(const QSizeF& window, const QSizeF& room);
+/// The largest zoom with which a window has room, both in pixels at a zoom of 1: in quarters, from the least on.
+double largestZoom(const QSizeF& window, const QSizeF& room, double least);
+
+/// The least one that a window may need: on a screen that is scaled so much that it has no room at a zoom of 1, a zoom
+/// below that, as long as a pixel of the game still fills one of the screen's. Else 1.
+double leastZoom(const QWidget& window);
 
 /// The largest whole zoom with which it leaves a tenth of the room free in height and width; at least 1.
 double startZoom(const QSizeF& window, const QSizeF& room);
