@@ -41,16 +41,20 @@ bool befalls(const Fault& fault) {
 
 void endProcess() { ::kill(::getpid(), SIGKILL); }
 
-/// Makes a call by `real`, which gets the number of bytes, or what a fault makes of it.
-template <class Real>
-auto made(const char* name, size_t bytes, Real real) -> decltype(real(bytes)) {
+bool isOfFile(const char* path) { return isWatched && path == disk().path; }
+bool isOfFile(int handle) { return isWatched && disk().handles.contains(handle); }
+
+/// Makes a call on a path or a handle by `real`, which gets the number of bytes; on the file what a fault makes of it.
+template <class File, class Real>
+long made(const char* name, File file, size_t bytes, Real real) {
+    if (!isOfFile(file)) return real(bytes);
     disk().calls.push_back({name, bytes});
     const auto found = std::ranges::find_if(disk().faults, befalls);
     if (found == disk().faults.end()) return real(bytes);
     const bool isFirst = disk().calls.size() == found->call;
     if (found->isKilled && !found->isCut) endProcess();
     if (found->isCut && isFirst) {
-        const auto result = real(std::min(bytes, found->bytes));
+        const long result = real(std::min(bytes, found->bytes));
         if (found->isKilled) endProcess();
         return result;
     }
@@ -59,28 +63,15 @@ auto made(const char* name, size_t bytes, Real real) -> decltype(real(bytes)) {
     return found->error == nothing ? 0 : -1;
 }
 
-bool isOfFile(const char* path) { return isWatched && path == disk().path; }
-bool isOfFile(int handle) { return isWatched && disk().handles.contains(handle); }
+/// The same of a call that is about no bytes.
+template <class File, class Real>
+int made(const char* name, File file, Real real) {
+    return static_cast<int>(made(name, file, 0, [&](size_t) { return long{real()}; }));
+}
 
 int kept(int handle) {
     if (handle >= 0) disk().handles.insert(handle);
     return handle;
-}
-
-template <class Real>
-int ofPath(const char* name, const char* path, Real real) {
-    return isOfFile(path) ? made(name, 0, [&](size_t) { return static_cast<int>(real()); }) : static_cast<int>(real());
-}
-
-template <class Real>
-int ofHandle(const char* name, int handle, Real real) {
-    return isOfFile(handle) ? made(name, 0, [&](size_t) { return static_cast<int>(real()); })
-                            : static_cast<int>(real());
-}
-
-template <class Real>
-ssize_t ofBytes(const char* name, int handle, size_t bytes, Real real) {
-    return isOfFile(handle) ? made(name, bytes, real) : real(bytes);
 }
 
 }  // namespace
@@ -128,57 +119,56 @@ using namespace faultyDisk;
 int openInstead(const char* path, int flags, mode_t mode) asm("open");
 int openInstead(const char* path, int flags, mode_t mode) {
     const auto real = [&] { return ::syscall(SYS_openat, AT_FDCWD, path, flags, mode); };
-    const int handle = ofPath("open", path, real);
+    const int handle = made("open", path, real);
     return isOfFile(path) ? kept(handle) : handle;
 }
 
 int stat(const char* path, struct stat* state) noexcept {
-    return ofPath("stat", path, [&] { return ::fstatat(AT_FDCWD, path, state, 0); });
+    return made("stat", path, [&] { return ::fstatat(AT_FDCWD, path, state, 0); });
 }
 
 int lstat(const char* path, struct stat* state) noexcept {
-    return ofPath("lstat", path, [&] { return ::fstatat(AT_FDCWD, path, state, AT_SYMLINK_NOFOLLOW); });
+    return made("lstat", path, [&] { return ::fstatat(AT_FDCWD, path, state, AT_SYMLINK_NOFOLLOW); });
 }
 
 int fstat(int handle, struct stat* state) noexcept {
-    return ofHandle("fstat", handle, [&] { return ::fstatat(handle, "", state, AT_EMPTY_PATH); });
+    return made("fstat", handle, [&] { return ::fstatat(handle, "", state, AT_EMPTY_PATH); });
 }
 
 int dup(int handle) noexcept {
-    const int copy = ofHandle("dup", handle, [&] { return ::syscall(SYS_dup, handle); });
+    const int copy = made("dup", handle, [&] { return ::syscall(SYS_dup, handle); });
     return isOfFile(handle) ? kept(copy) : copy;
 }
 
 int ftruncate(int handle, off_t length) noexcept {
-    return ofHandle("ftruncate", handle, [&] { return ::syscall(SYS_ftruncate, handle, length); });
+    return made("ftruncate", handle, [&] { return ::syscall(SYS_ftruncate, handle, length); });
 }
 
 int fsync(int handle) {
-    return ofHandle("fsync", handle, [&] { return ::syscall(SYS_fsync, handle); });
+    return made("fsync", handle, [&] { return ::syscall(SYS_fsync, handle); });
 }
 
 // What fails is closed all the same.
 int close(int handle) {
     const auto result = static_cast<int>(::syscall(SYS_close, handle));
-    const int told = ofHandle("close", handle, [&] { return result; });
+    const int told = made("close", handle, [&] { return result; });
     if (isWatched) disk().handles.erase(handle);
     return told;
 }
 
 ssize_t read(int handle, void* bytes, size_t count) {
-    return ofBytes("read", handle, count, [&](size_t most) { return ::syscall(SYS_read, handle, bytes, most); });
+    return made("read", handle, count, [&](size_t most) { return ::syscall(SYS_read, handle, bytes, most); });
 }
 
 ssize_t pread(int handle, void* bytes, size_t count, off_t from) {
-    return ofBytes("pread", handle, count,
-                   [&](size_t most) { return ::syscall(SYS_pread64, handle, bytes, most, from); });
+    return made("pread", handle, count, [&](size_t most) { return ::syscall(SYS_pread64, handle, bytes, most, from); });
 }
 
 ssize_t write(int handle, const void* bytes, size_t count) {
-    return ofBytes("write", handle, count, [&](size_t most) { return ::syscall(SYS_write, handle, bytes, most); });
+    return made("write", handle, count, [&](size_t most) { return ::syscall(SYS_write, handle, bytes, most); });
 }
 
 ssize_t pwrite(int handle, const void* bytes, size_t count, off_t from) {
-    return ofBytes("pwrite", handle, count,
-                   [&](size_t most) { return ::syscall(SYS_pwrite64, handle, bytes, most, from); });
+    return made("pwrite", handle, count,
+                [&](size_t most) { return ::syscall(SYS_pwrite64, handle, bytes, most, from); });
 }

@@ -6,8 +6,7 @@
 #include <vector>
 
 /// Stands between the program and the system's calls on one file, by their own names, and lets them fail as a disk
-/// does. Calls on other files, and calls that the end of faultyDisk.cpp doesn't define, pass
-/// through.
+/// does. Calls on other files, and calls that the end of faultyDisk.cpp doesn't define, pass through.
 namespace faultyDisk {
 
 /// A call that was made.

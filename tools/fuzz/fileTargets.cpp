@@ -1,7 +1,6 @@
 // The table of high scores, and the words behind the program's name.
 
 #include <cmath>
-#include <cstdio>
 #include <fstream>
 #include <sstream>
 

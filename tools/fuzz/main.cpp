@@ -103,17 +103,14 @@ void runAll(const Target& target, const Options& options) {
 }
 
 constexpr tools::OptionRow<Options> optionRows[] = {
-    {"--seed", [](Options& o, const std::string& name,
-                  const std::string& value) { o.seed = tools::numberFrom<int>(name, value, 0, many); }},
-    {"--runs", [](Options& o, const std::string& name,
-                  const std::string& value) { o.runs = tools::numberFrom<int>(name, value, 1, many); }},
-    {"--only", [](Options& o, const std::string&, const std::string& value) { o.only = value; }},
-    {"--input", [](Options& o, const std::string&, const std::string& value) { o.input = value; }},
+    {"--seed", tools::setNumber<&Options::seed, 0, many>},
+    {"--runs", tools::setNumber<&Options::runs, 1, many>},
+    {"--only", tools::setText<&Options::only>},
+    {"--input", tools::setText<&Options::input>},
 };
 
 Options optionsFrom(int count, char** words) {
-    Options options;
-    tools::readOptions<Options>(options, optionRows, count, words);
+    auto options = tools::readOptions<Options>(optionRows, count, words);
     const auto isAskedFor = [&](const Target& target) { return target.name == options.only; };
     if (!options.only.empty() && std::ranges::none_of(targets, isAskedFor))
         throw tools::BadArguments("There is no target \"" + options.only + "\".");

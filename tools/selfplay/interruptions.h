@@ -1,7 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <random>
+
+#include "tools/dice.h"
 
 namespace selfplay {
 
@@ -12,19 +13,16 @@ class Player;
 class Interruptions {
   public:
     /// One comes in so many moments, on average; the player has to live as long. The seed decides which and when.
-    Interruptions(Player& player, uint32_t seed, int moments);
+    Interruptions(Player& player, uint32_t seed, int moments) : player_(player), dice_(seed), moments_(moments) {}
 
     /// To be called once a moment, before the player acts.
     void act();
 
   private:
-    friend struct Interruption;
-
-    int below(int count) { return static_cast<int>(random_() % static_cast<uint32_t>(count)); }
     void goOn();
 
     Player& player_;
-    std::mt19937 random_;
+    tools::Dice dice_;
     int moments_;
     bool momentComes_ = false;
 };

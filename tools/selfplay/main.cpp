@@ -3,7 +3,6 @@
 #include <fstream>
 #include <iostream>
 #include <limits>
-#include <random>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -11,6 +10,7 @@
 #include "platform/base/process.h"
 #include "platform/sim/simulation.h"
 #include "scoring/scoringItems.h"
+#include "tools/dice.h"
 #include "tools/options.h"
 #include "tools/selfplay/results.h"
 #include "tools/selfplay/sitting.h"
@@ -63,43 +63,30 @@ struct Options {
 };
 
 using tools::BadArguments;
-using tools::numberFrom;
 
-const PlayerRow* playerNamed(const std::string& option, const std::string& name) {
-    const auto* row =
-        std::find_if(std::begin(players), std::end(players), [&](const auto& it) { return name == it.name; });
-    if (row == std::end(players)) throw BadArguments(option + " doesn't know \"" + name + "\".");
-    return row;
+void setPlayer(Options& options, const std::string& name, const std::string& value) {
+    options.player = std::ranges::find(players, value, &PlayerRow::name);
+    if (options.player == std::end(players)) throw BadArguments(name + " doesn't know \"" + value + "\".");
 }
 
 constexpr int many = 1'000'000'000;
 
 constexpr tools::OptionRow<Options> optionRows[] = {
-    {"--seed",
-     [](Options& o, const std::string& name, const std::string& value) {
-         o.seed = numberFrom<uint32_t>(name, value, 0, std::numeric_limits<uint32_t>::max());
-     }},
-    {"--hands", [](Options& o, const std::string& name,
-                   const std::string& value) { o.hands = numberFrom<int>(name, value, 1, many); }},
-    {"--matches", [](Options& o, const std::string& name,
-                     const std::string& value) { o.matches = numberFrom<int>(name, value, 1, many); }},
-    {"--rounds", [](Options& o, const std::string& name,
-                    const std::string& value) { o.rounds = numberFrom<int>(name, value, 1, 100); }},
-    {"--level", [](Options& o, const std::string& name,
-                   const std::string& value) { o.level = numberFrom<int>(name, value, 1, levelCount); }},
-    {"--player",
-     [](Options& o, const std::string& name, const std::string& value) { o.player = playerNamed(name, value); }},
-    {"--interrupt", [](Options& o, const std::string& name,
-                       const std::string& value) { o.interrupt = numberFrom<int>(name, value, 1, many); }},
-    {"--mixed", [](Options& o, const std::string&, const std::string&) { o.mixed = true; }, false},
-    {"--table", [](Options& o, const std::string&, const std::string&) { o.table = true; }, false},
-    {"--no-referee", [](Options& o, const std::string&, const std::string&) { o.referee = false; }, false},
-    {"--log", [](Options& o, const std::string&, const std::string& value) { o.log = value; }},
+    {"--seed", tools::setNumber<&Options::seed, 0, std::numeric_limits<uint32_t>::max()>},
+    {"--hands", tools::setNumber<&Options::hands, 1, many>},
+    {"--matches", tools::setNumber<&Options::matches, 1, many>},
+    {"--rounds", tools::setNumber<&Options::rounds, 1, 100>},
+    {"--level", tools::setNumber<&Options::level, 1, levelCount>},
+    {"--player", setPlayer},
+    {"--interrupt", tools::setNumber<&Options::interrupt, 1, many>},
+    {"--mixed", tools::setFlag<&Options::mixed, true>, false},
+    {"--table", tools::setFlag<&Options::table, true>, false},
+    {"--no-referee", tools::setFlag<&Options::referee, false>, false},
+    {"--log", tools::setText<&Options::log>},
 };
 
 Options optionsFrom(int count, char** arguments) {
-    Options options;
-    tools::readOptions<Options>(options, optionRows, count, arguments);
+    auto options = tools::readOptions<Options>(optionRows, count, arguments);
     if (options.mixed &&
         (options.rounds > 0 || options.level > 0 || options.player != nullptr || options.interrupt > 0))
         throw BadArguments("--mixed chooses player, Level, rounds and interruptions itself.");
@@ -127,17 +114,16 @@ struct Plan {
 
 /// What follows from the seed of a mixed sitting.
 Plan planFrom(uint32_t seed) {
-    std::mt19937 random(seed);
-    const auto below = [&](int count) { return static_cast<int>(random() % static_cast<uint32_t>(count)); };
+    tools::Dice dice(seed);
     static constexpr int rates[] = {0, 25, 100, 1000};
     constexpr int sittingsToOneOfTwoRounds = 4, weakSittings = 15;
     Plan plan{};
-    plan.level = 1 + below(levelCount);
-    plan.player = &players[strongPlayers + below(std::size(players) - strongPlayers)];
-    plan.rounds = below(sittingsToOneOfTwoRounds) == 0 ? 2 : 1;
+    plan.level = 1 + dice.below(levelCount);
+    plan.player = &players[strongPlayers + dice.below(std::size(players) - strongPlayers)];
+    plan.rounds = dice.oneIn(sittingsToOneOfTwoRounds) ? 2 : 1;
     // A round of a strong player is many hands long, since he keeps the House.
-    if (below(1 + weakSittings) == 0) plan = {&players[below(strongPlayers)], plan.level, 1, 0};
-    plan.interrupt = rates[below(std::size(rates))];
+    if (dice.oneIn(1 + weakSittings)) plan = {&players[dice.below(strongPlayers)], plan.level, 1, 0};
+    plan.interrupt = dice.oneOf(rates);
     return plan;
 }
 

@@ -39,6 +39,10 @@ bool isTrueFace(const TileKind& tile, int kind) {
            tile.Bonus == (bonus ? kind - lastHonour : 0);
 }
 
+void require(bool holds, const char* otherwise) {
+    if (!holds) throw std::logic_error(otherwise);
+}
+
 bool shows(const CellInfo& place, int kind) { return place.Filled == (kind != 0) && isTrueFace(place.Tile, kind); }
 
 }  // namespace
@@ -110,8 +114,10 @@ void Referee::lookAtAll() {
     });
 }
 
-void Referee::require(bool holds, const char* otherwise) const {
-    if (!holds) throw std::logic_error(otherwise);
+/// The line on the table tells that from now on, until something else is told.
+void Referee::tell(const char* hint) {
+    hint_ = hint;
+    hintPasses_ = false;
 }
 
 // What happens
@@ -188,17 +194,13 @@ void Referee::command(int button) {
     follow();
     const bool holds = button == Button::HighScores || button == Button::Order || button == Button::About;
     if (button == Button::StartAnew || button == Button::Stop || (holds && books_.running)) books_.falls = false;
-    if (button == Button::StartAnew) hint_ = hint::none, hintPasses_ = false;
+    if (button == Button::StartAnew) tell(hint::none);
     onButtonClick_(button);
     attempt([&] { carryOut(button); });
     lookAtAll();
 }
 
 void Referee::carryOut(int button) {
-    const auto tell = [this](const char* hint) {
-        hint_ = hint;
-        hintPasses_ = false;
-    };
     switch (button) {
         case Button::StartAnew:
             require(game_.mlngSeat == seatToDraw_, "the player has another seat than the one drawn");
@@ -247,10 +249,7 @@ void Referee::followAll() {
     followLightning();
     if (gfrmChooseSeat.isOpen())
         seatToDraw_ = gfrmChooseSeat->malngSeatTiles[gfrmChooseSeat->mintSelTile] - firstWind + 1;
-    if (hintPasses_ && game_.lblHint.text() == hint::none) {
-        hint_ = hint::none;
-        hintPasses_ = false;
-    }
+    if (hintPasses_ && game_.lblHint.text() == hint::none) tell(hint::none);
 }
 
 /// The entry that was highlighted when the chooser was last seen is the answer, once it is gone.
@@ -269,8 +268,7 @@ void Referee::followOffer() {
     if (gfrmChooseTiles.isOpen()) {
         offerSeen_ = true;
         highlighted_ = gfrmChooseTiles->mintCurEntry;
-        hint_ = hint::offer;
-        hintPasses_ = false;
+        tell(hint::offer);
     }
 }
 

@@ -49,7 +49,7 @@ class Referee {
     /// Runs that and keeps the first thing to which it objects.
     template <class Comparison>
     void attempt(const Comparison& comparison);
-    void require(bool holds, const char* otherwise) const;
+    void tell(const char* hint);
 
     void follow();
     void followAll();

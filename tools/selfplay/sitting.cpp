@@ -2,8 +2,6 @@
 
 #include <stdexcept>
 
-#include "platform/sim/simulation.h"
-
 namespace selfplay {
 namespace {
 

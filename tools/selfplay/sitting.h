@@ -7,12 +7,19 @@
 #include <string>
 
 #include "frmMain.h"
+#include "platform/sim/simulation.h"
+#include "tools/selfplay/hands.h"
 #include "tools/selfplay/interruptions.h"
 #include "tools/selfplay/player.h"
 #include "tools/selfplay/referee.h"
-#include "tools/selfplay/simHands.h"
 
 namespace selfplay {
+
+/// Hands on the simulated desktop.
+struct SimHands : Hands {
+    void press(int keyCode) const override { sim::pressKey(keyCode); }
+    void click(int toolButton) const override { sim::clickToolButton(toolButton); }
+};
 
 /// A hand as it ended.
 struct HandReport {

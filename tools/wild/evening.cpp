@@ -106,7 +106,7 @@ void Evening::act() {
 void Evening::nextHour() {
     static constexpr HourRow rows[] = {
         {5, 2000, 8000, &Evening::play}, {4, 500, 2500, &Evening::doAnything}, {1, 100, 300, &Evening::order}};
-    const HourRow& row = dice_.oneOf(rows);
+    const HourRow& row = dice_.oneByWeight(rows);
     hour_ = row.does;
     left_ = dice_.between(row.least, row.most);
     script_.clear();
@@ -135,7 +135,7 @@ void Evening::tap(const Key& key) {
     hands_.tap(key);
     if (answer.from == nullptr || passes_ != before) return;
     if (!answer.came()) find(std::string("a key isn't answered by ") + answer.from);
-    ++ledger_.seen[KeysAnswered];
+    ++ledger_.count("keys answered");
 }
 
 void Evening::click(int toolButton) {
@@ -239,14 +239,14 @@ void Evening::comeToRest() {
     if (depth_ > 1 || !clearsTable() || !witness_.seesTableAlone()) return play();
     end_ = End::LastHand;
     endBegan_ = passes_;
-    matchesThen_ = ledger_.seen[Matches];
+    matchesThen_ = ledger_.count("matches");
     player_.startMatch();
 }
 
 void Evening::playLastHand() {
-    if (ledger_.seen[Matches] == matchesThen_ || game_->mintGamesPlayed == 0 || !witness_.seesTableAlone())
+    if (ledger_.count("matches") == matchesThen_ || game_->mintGamesPlayed == 0 || !witness_.seesTableAlone())
         return play();
-    ++ledger_.seen[LastHands];
+    ++ledger_.count("last hands");
     leave();
 }
 

@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "frmMain.h"
+#include "tools/dice.h"
 #include "tools/selfplay/player.h"
-#include "tools/wild/dice.h"
 #include "tools/wild/hands.h"
 #include "tools/wild/ledger.h"
 #include "tools/wild/whims.h"
@@ -67,7 +67,7 @@ class Evening : public QObject {
     std::shared_ptr<frmMain> game_;
     Ledger& ledger_;
     std::FILE* log_;
-    Dice dice_;
+    tools::Dice dice_;
     wild::Hands hands_;
     Whims whims_;
     Witness witness_;

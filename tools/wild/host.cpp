@@ -133,7 +133,7 @@ extern "C" [[noreturn]] void __real__Exit(int code);
 /// The game's own end: what it still holds then is in use, and what nobody holds any more has leaked.
 extern "C" [[noreturn]] void __wrap__Exit(int code) {
     if (wild::isGoing) {
-        ++wild::sharedLedger().seen[wild::Exits];
+        ++wild::sharedLedger().count("ends");
         __lsan_do_leak_check();
     }
     __real__Exit(code);

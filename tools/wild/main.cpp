@@ -16,6 +16,7 @@
 #include "platform/qt/window/application.h"
 #include "platform/qt/window/formWindow.h"
 #include "product.h"
+#include "tools/dice.h"
 #include "tools/options.h"
 #include "tools/wild/evening.h"
 #include "tools/wild/heldClock.h"
@@ -46,21 +47,15 @@ constexpr int many = 1'000'000'000;
 constexpr int enough = 8000;  // actions in which, as a rule, all comes that is to come
 
 constexpr tools::OptionRow<Options> optionRows[] = {
-    {"--seed",
-     [](Options& o, const std::string& name, const std::string& value) {
-         o.seed = tools::numberFrom<uint32_t>(name, value, 0, std::numeric_limits<uint32_t>::max());
-     }},
-    {"--actions", [](Options& o, const std::string& name,
-                     const std::string& value) { o.actions = tools::numberFrom<uint32_t>(name, value, 1, many); }},
-    {"--minutes", [](Options& o, const std::string& name,
-                     const std::string& value) { o.minutes = tools::numberFrom<int>(name, value, 1, 1000); }},
-    {"--all", [](Options& o, const std::string&, const std::string&) { o.all = true; }, false},
-    {"--log", [](Options& o, const std::string&, const std::string& value) { o.log = value; }},
+    {"--seed", tools::setNumber<&Options::seed, 0, std::numeric_limits<uint32_t>::max()>},
+    {"--actions", tools::setNumber<&Options::actions, 1, many>},
+    {"--minutes", tools::setNumber<&Options::minutes, 1, 1000>},
+    {"--all", tools::setFlag<&Options::all, true>, false},
+    {"--log", tools::setText<&Options::log>},
 };
 
 Options optionsFrom(int count, char** arguments) {
-    Options options;
-    tools::readOptions<Options>(options, optionRows, count, arguments);
+    auto options = tools::readOptions<Options>(optionRows, count, arguments);
     if (options.actions > 0 && options.minutes > 0) throw tools::BadArguments("Choose either --actions or --minutes.");
     if (options.actions == 0 && options.minutes == 0) options.actions = enough;
     return options;
@@ -90,7 +85,7 @@ void setUp(const std::string& folder) {
 }
 
 /// A table of high scores as somebody may find it: none, one of low scores, or what is no table at all.
-void layScores(const std::string& folder, Dice& dice) {
+void layScores(const std::string& folder, tools::Dice& dice) {
     constexpr std::string_view row("Somebody  \1\0\1\0\2\0\0\0", 18);
     const int kind = dice.below(4);
     if (kind > 1) return;
@@ -100,7 +95,7 @@ void layScores(const std::string& folder, Dice& dice) {
 }
 
 [[noreturn]] void spendEvening(uint32_t seed, const std::string& folder, std::FILE* log) {
-    Dice dice(~seed);
+    tools::Dice dice(~seed);
     clearFolder(folder);
     layScores(folder, dice);
     setUp(folder);
@@ -122,8 +117,8 @@ void layScores(const std::string& folder, Dice& dice) {
 
 void tellAll(const Ledger& ledger) {
     std::printf("%llu actions", static_cast<unsigned long long>(ledger.actions));
-    for (int sight = 0; sight < sights; ++sight)
-        std::printf(", %s %llu", sightRows[sight].name, static_cast<unsigned long long>(ledger.seen[sight]));
+    for (size_t sight = 0; sight < std::size(sights); ++sight)
+        std::printf(", %s %llu", sights[sight], static_cast<unsigned long long>(ledger.seen[sight]));
     std::printf("\n");
 }
 
@@ -137,9 +132,9 @@ void tellFinding(const Ledger& ledger, uint32_t first, uint32_t seed) {
 /// Whether a run came to everything; tells what is missing.
 bool hasSeenAll(const Ledger& ledger) {
     bool all = true;
-    for (int sight = 0; sight < sights; ++sight) {
+    for (size_t sight = 0; sight < std::size(sights); ++sight) {
         if (ledger.seen[sight] > 0) continue;
-        std::printf("It never came to %s.\n", sightRows[sight].name);
+        std::printf("It never came to %s.\n", sights[sight]);
         all = false;
     }
     return all;

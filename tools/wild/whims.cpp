@@ -124,6 +124,12 @@ QWidget* widgetOf(const QWindow& window) {
     return nullptr;
 }
 
+/// Any pixel of a window or of a part of it.
+template <class Area>
+QPointF anyPlaceOn(const Area& area, tools::Dice& dice) {
+    return QPointF(dice.below(std::max(1, area.width())), dice.below(std::max(1, area.height())));
+}
+
 constexpr int rarely = 40;  // A click hits Exit once in so many times.
 
 bool isExit(const QWidget& face) { return face.toolTip() == QStringLiteral("Exit"); }
@@ -133,7 +139,7 @@ constexpr Qt::MouseButton buttons[] = {Qt::LeftButton, Qt::LeftButton, Qt::LeftB
 
 }  // namespace
 
-Whims::Whims(Hands& hands, Dice& dice, std::function<void(const Key&)> tap,
+Whims::Whims(Hands& hands, tools::Dice& dice, std::function<void(const Key&)> tap,
              std::function<void(const std::string&)> tell)
     : hands_(hands), dice_(dice), tap_(std::move(tap)), tell_(std::move(tell)) {}
 
@@ -146,14 +152,14 @@ void Whims::act() {
         {2, &Whims::fill},         {1, &Whims::resize},        {2, &Whims::moveWindow}, {2, &Whims::closeOther},
         {4, &Whims::listen},       {20, &Whims::wait},         {3, &Whims::waitLong},
     };
-    (this->*dice_.oneOf(rows).does)();
+    (this->*dice_.oneByWeight(rows).does)();
 }
 
 /// A menu or list that is open takes the mouse from all others.
 QWindow* Whims::anyWindow() {
     if (const QWidget* const popup = QApplication::activePopupWidget()) return popup->windowHandle();
     const std::vector<QWindow*> all = windows();
-    return all.empty() ? nullptr : all[static_cast<size_t>(dice_.below(static_cast<int>(all.size())))];
+    return all.empty() ? nullptr : dice_.oneOf(all);
 }
 
 void Whims::clickOnTool() {
@@ -172,7 +178,7 @@ QWidget* Whims::anyFaceOf(const QWindow& window) {
     std::vector<QWidget*> faces{widget};
     for (QWidget* const each : widget->findChildren<QWidget*>())
         if (each->isVisible()) faces.push_back(each);
-    QWidget* const face = faces[static_cast<size_t>(dice_.below(static_cast<int>(faces.size())))];
+    QWidget* const face = dice_.oneOf(faces);
     return isExit(*face) && !dice_.oneIn(rarely) ? nullptr : face;
 }
 
@@ -180,9 +186,9 @@ void Whims::clickOnFace() {
     QWindow* const window = anyWindow();
     const QWidget* const face = window != nullptr ? anyFaceOf(*window) : nullptr;
     if (face == nullptr) return;
-    const QPoint at(dice_.below(std::max(1, face->width())), dice_.below(std::max(1, face->height())));
+    const QPointF at = anyPlaceOn(*face, dice_);
     tell_(std::string("click on a ") + face->metaObject()->className() + " " + face->toolTip().toStdString());
-    click(*window, face->mapTo(face->window(), QPointF(at)));
+    click(*window, face->mapTo(face->window(), at));
 }
 
 void Whims::clickAnywhere() {
@@ -198,7 +204,7 @@ void Whims::clickAnywhere() {
 /// Once, twice, or with a button that stays down.
 void Whims::click(QWindow& window, const QPointF& at) {
     const QPointer<QWindow> target(&window);
-    const Qt::MouseButton button = buttons[dice_.below(std::size(buttons))];
+    const Qt::MouseButton button = dice_.oneOf(buttons);
     const int times = dice_.oneIn(5) ? dice_.between(2, 4) : 1;
     const bool staysDown = dice_.oneIn(12);
     const Qt::KeyboardModifiers modifiers = dice_.oneIn(10) ? Qt::KeyboardModifiers(ShiftModifier) : NoModifier;
@@ -215,16 +221,13 @@ void Whims::move() {
     QWindow* const window = anyWindow();
     if (window == nullptr) return;
     tell_("move");
-    hands_.pointTo(*window,
-                   QPointF(dice_.below(std::max(1, window->width())), dice_.below(std::max(1, window->height()))));
+    hands_.pointTo(*window, anyPlaceOn(*window, dice_));
 }
 
 void Whims::drag() {
     tell_(hands_.buttonIsDown() ? "drag and let go" : "take hold");
     if (!hands_.buttonIsDown()) {
-        if (QWindow* const window = anyWindow())
-            hands_.buttonDown(*window, QPointF(dice_.below(window->width()), dice_.below(window->height())),
-                              Qt::LeftButton);
+        if (QWindow* const window = anyWindow()) hands_.buttonDown(*window, anyPlaceOn(*window, dice_), Qt::LeftButton);
         return;
     }
     hands_.drag(QPointF(dice_.between(-20, 800), dice_.between(-20, 600)));
@@ -235,21 +238,20 @@ void Whims::turnWheel() {
     QWindow* const window = anyWindow();
     if (window == nullptr) return;
     constexpr int angles[] = {120, -120, 240, -240, 15, -60, 0};
-    const int angle = angles[dice_.below(std::size(angles))];
+    const int angle = dice_.oneOf(angles);
     const bool zooms = dice_.oneIn(3);
     tell_("wheel " + std::to_string(angle) + (zooms ? " with Ctrl" : ""));
-    hands_.turnWheel(*window, QPointF(dice_.below(window->width()), dice_.below(window->height())), angle,
+    hands_.turnWheel(*window, anyPlaceOn(*window, dice_), angle,
                      zooms ? Qt::KeyboardModifiers(ControlModifier) : NoModifier);
 }
 
 void Whims::tapKey() {
-    const Key key = keyOf(dice_.oneOf(keys));
-    if (hands_.holds(key.key)) return;
-    tap_(key);
+    const Key key = keyOf(dice_.oneByWeight(keys));
+    if (!hands_.holds(key.key)) tap_(key);
 }
 
 void Whims::holdKey() {
-    const Key key = keyOf(dice_.oneOf(keys));
+    const Key key = keyOf(dice_.oneByWeight(keys));
     if (hands_.holds(key.key)) return;
     tell_("hold " + nameOf(key));
     hands_.hold(key);
@@ -257,10 +259,7 @@ void Whims::holdKey() {
 
 void Whims::repeatKey() {
     if (hands_.held().empty()) return holdKey();
-    auto held = hands_.held().begin();
-    std::advance(held, dice_.below(static_cast<int>(hands_.held().size())));
-    const auto* const row =
-        std::find_if(std::begin(keys), std::end(keys), [&](const KeyRow& each) { return each.key == *held; });
+    const auto* const row = std::ranges::find(keys, dice_.oneOf(hands_.held()), &KeyRow::key);
     const bool isMarked = !dice_.oneIn(3);
     tell_("repeat " + nameOf(keyOf(*row)));
     for (int times = dice_.between(1, 6); times > 0 && hands_.holds(row->key); --times)
@@ -269,20 +268,19 @@ void Whims::repeatKey() {
 
 void Whims::letKeyGo() {
     if (hands_.held().empty()) return;
-    auto held = hands_.held().begin();
-    std::advance(held, dice_.below(static_cast<int>(hands_.held().size())));
-    tell_("let go " + QString::number(*held, 16).toStdString());
-    hands_.letGo(*held);
+    const Qt::Key key = dice_.oneOf(hands_.held());
+    tell_("let go " + QString::number(key, 16).toStdString());
+    hands_.letGo(key);
 }
 
 void Whims::typeText() {
-    const std::u32string text = texts[dice_.below(std::size(texts))];
+    const std::u32string text = dice_.oneOf(texts);
     for (const char32_t character : text.substr(0, static_cast<size_t>(dice_.between(1, 12))))
         if (character >= ' ' && !hands_.holds(keyFor(character).key)) tap_(keyFor(character));
 }
 
 void Whims::paste() {
-    QString text = QString::fromStdU32String(texts[dice_.below(std::size(texts))]);
+    QString text = QString::fromStdU32String(dice_.oneOf(texts));
     if (dice_.oneIn(8)) text = text.repeated(200);
     if (dice_.oneIn(8)) text.append(QChar(0xD83C));  // Half a character.
     tell_("copy so many: " + std::to_string(text.size()));
@@ -297,7 +295,7 @@ void Whims::compose() {
     QInputMethodQueryEvent asked(Qt::ImEnabled);
     QCoreApplication::sendEvent(target, &asked);
     if (!asked.value(Qt::ImEnabled).toBool()) return;
-    const QString text = QString::fromStdU32String(texts[dice_.below(std::size(texts))]);
+    const QString text = QString::fromStdU32String(dice_.oneOf(texts));
     const int step = dice_.below(4);
     tell_("compose, step " + std::to_string(step));
     QInputMethodEvent event(step < 2 ? text : QString(), {});
@@ -313,7 +311,7 @@ void Whims::lookAway() {
 void Whims::lookBack() {
     const std::vector<QWindow*> all = windows();
     if (all.empty()) return;
-    QWindow& window = *all[static_cast<size_t>(dice_.below(static_cast<int>(all.size())))];
+    QWindow& window = *dice_.oneOf(all);
     if (window.type() == Qt::Popup || &window == QGuiApplication::focusWindow()) return;
     tell_("look at " + window.title().toStdString());
     QWindowSystemInterface::handleWindowActivated<Now>(&window);
@@ -337,7 +335,7 @@ void Whims::resize() {
 
 void Whims::moveWindow() {
     const auto screens = QGuiApplication::screens();
-    const QRect place = screens[dice_.below(static_cast<int>(screens.size()))]->geometry();
+    const QRect place = dice_.oneOf(screens)->geometry();
     tell_("move the window to " + std::to_string(place.x()));
     hands_.window().move(place.topLeft() + QPoint(dice_.below(300), dice_.below(200)));
 }
@@ -365,14 +363,8 @@ void Whims::listen() {
         actions->doAction(actions->actionNames().first());
 }
 
-void Whims::wait() {
-    const int time = dice_.between(1, 100);
-    tell_("wait " + std::to_string(time));
-    letTimePass(time);
-}
-
-void Whims::waitLong() {
-    const int time = dice_.between(100, 2500);
+void Whims::waitFor(int least, int most) {
+    const int time = dice_.between(least, most);
     tell_("wait " + std::to_string(time));
     letTimePass(time);
 }

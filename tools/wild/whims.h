@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "tools/wild/dice.h"
+#include "tools/dice.h"
 #include "tools/wild/hands.h"
 
 namespace wild {
@@ -12,7 +12,8 @@ namespace wild {
 class Whims {
   public:
     /// All must live as long. A whole press of a key goes by that function; what is done is told to the other first.
-    Whims(Hands& hands, Dice& dice, std::function<void(const Key&)> tap, std::function<void(const std::string&)> tell);
+    Whims(Hands& hands, tools::Dice& dice, std::function<void(const Key&)> tap,
+          std::function<void(const std::string&)> tell);
 
     void act();       ///< Does one thing.
     void comeBack();  ///< Takes the hands off all keys and buttons; the main window is on the screen, with the keys.
@@ -45,11 +46,12 @@ class Whims {
     void moveWindow();
     void closeOther();
     void listen();
-    void wait();
-    void waitLong();
+    void waitFor(int least, int most);  // milliseconds
+    void wait() { waitFor(1, 100); }
+    void waitLong() { waitFor(100, 2500); }
 
     Hands& hands_;
-    Dice& dice_;
+    tools::Dice& dice_;
     std::function<void(const Key&)> tap_;
     std::function<void(const std::string&)> tell_;
 };

@@ -43,7 +43,7 @@ struct BoxRow {
 };
 
 constexpr BoxRow boxes[] = {
-    {"Velmora", "No printer is set up. The sheet has been saved as\n", SheetsPrinted},
+    {"Velmora", "No printer is set up. The sheet has been saved as\n", Sight("sheets printed")},
     {"Error In msCalcAmtDue", "Error 6 - Overflow"},  // Whoever orders thousands of copies is told so.
 };
 
@@ -62,21 +62,22 @@ struct ComingRow {
 };
 
 constexpr ComingRow comings[] = {
-    {SeatDraws, [](const frmMain&) { return gfrmChooseSeat.isOpen(); }},
-    {Offers, [](const frmMain&) { return gfrmChooseTiles.isOpen(); }},
-    {BreakDowns, [](const frmMain&) { return gfrmBreakDown.isOpen(); }},
-    {Summaries, [](const frmMain&) { return gfrmGameSummary.isOpen(); }},
-    {NameDialogs, [](const frmMain&) { return gfrmGetName.isOpen(); }},
-    {HighScoreViews, [](const frmMain&) { return gfrmHiScore.isOpen(); }},
-    {RoundsSettings, [](const frmMain&) { return gfrmRoundsSetting.isOpen(); }},
-    {OrderForms, [](const frmMain&) { return gfrmOrder.isOpen(); }},
-    {AboutBoxes, [](const frmMain&) { return gfrmAbout.isOpen(); }},
-    {Helps, [](const frmMain&) { return seen<QMainWindow>() != nullptr; }},
-    {LevelMenus, [](const frmMain&) { return qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr; }},
-    {Strikes, [](const frmMain& game) { return game.mblnLightningShown; }},
-    {Absences, [](const frmMain&) { return platform::ticks().isAway(); }},
-    {WholeScreens, [](const frmMain&) { return formStack().mainWindow()->frame()->isFullScreen(); }},
-    {OtherDensities, [](const frmMain&) { return platform::density() != 1; }},
+    {"draws of seats", [](const frmMain&) { return gfrmChooseSeat.isOpen(); }},
+    {"offers", [](const frmMain&) { return gfrmChooseTiles.isOpen(); }},
+    {"break-downs", [](const frmMain&) { return gfrmBreakDown.isOpen(); }},
+    {"summaries", [](const frmMain&) { return gfrmGameSummary.isOpen(); }},
+    {"name dialogs", [](const frmMain&) { return gfrmGetName.isOpen(); }},
+    {"views of the high scores", [](const frmMain&) { return gfrmHiScore.isOpen(); }},
+    {"settings of the rounds", [](const frmMain&) { return gfrmRoundsSetting.isOpen(); }},
+    {"order forms", [](const frmMain&) { return gfrmOrder.isOpen(); }},
+    {"about boxes", [](const frmMain&) { return gfrmAbout.isOpen(); }},
+    {"helps", [](const frmMain&) { return seen<QMainWindow>() != nullptr; }},
+    {"menus of Levels",
+     [](const frmMain&) { return qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr; }},
+    {"strikes of lightning", [](const frmMain& game) { return game.mblnLightningShown; }},
+    {"absences", [](const frmMain&) { return platform::ticks().isAway(); }},
+    {"whole screens", [](const frmMain&) { return formStack().mainWindow()->frame()->isFullScreen(); }},
+    {"other densities", [](const frmMain&) { return platform::density() != 1; }},
 };
 
 template <class Dialog>
@@ -133,26 +134,28 @@ void Witness::look() {
 void Witness::countHands() {
     if (hand_ != game_.mlngHandNumber) weighMemory();
     if (std::exchange(hand_, game_.mlngHandNumber) != game_.mlngHandNumber && game_.mintGamesPlayed == 0) {
-        count(Matches);
+        count("matches");
         played_ = won_ = 0;
     }
     const bool hasWon = std::exchange(won_, game_.mintGamesWon) < game_.mintGamesWon;
-    if (std::exchange(played_, game_.mintGamesPlayed) < game_.mintGamesPlayed) count(hasWon ? HandsWon : HandsLost);
+    if (std::exchange(played_, game_.mintGamesPlayed) < game_.mintGamesPlayed)
+        count(hasWon ? Sight("hands won") : Sight("hands lost"));
 }
 
 void Witness::countWhatComes() {
     for (const ComingRow& row : comings) {
         const bool isThere = row.isThere(game_);
-        const bool wasThere = std::exchange(shown_[row.sight], isThere);
+        const bool wasThere = std::exchange(shown_[row.sight.place], isThere);
         if (isThere && !wasThere) count(row.sight);
-        if (wasThere && !isThere && row.sight == NameDialogs && !gfrmGetName->mprpName().empty()) count(NamesEntered);
+        if (wasThere && !isThere && row.sight == Sight("name dialogs") && !gfrmGetName->mprpName().empty())
+            count("names entered");
     }
     const auto step = std::pair<int, int>(game_.mintTilesDropped, game_.mintCurRow);
     if (std::exchange(step_, step) != step) ++stepsAtDensity_;
     const std::tuple place(window_.screen(), window_.devicePixelRatio(), window_.size());
     if (std::exchange(place_, place) != place) placedAt_ = timePassed();
     if (std::exchange(density_, platform::density()) != platform::density()) stepsAtDensity_ = 0;
-    if (std::exchange(zoom_, platform::qt::zoom()) != platform::qt::zoom()) count(ZoomChanges);
+    if (std::exchange(zoom_, platform::qt::zoom()) != platform::qt::zoom()) count("changes of zoom");
 }
 
 void Witness::lookAtBoxes() {
@@ -165,7 +168,7 @@ void Witness::lookAtBoxes() {
     if (row == std::end(boxes))
         find("a message comes that nobody expects: " + box->windowTitle().toStdString() + ": " +
              box->text().toStdString());
-    count(MessageBoxes);
+    count("message boxes");
     if (row->sight) count(*row->sight);
 }
 
@@ -200,7 +203,7 @@ void Witness::lookAtPicture(bool hasBeenShown) {
         whole.save("wild-whole.png");
         find("the screen, wild-screen.png here, isn't the window as it is painted anew, wild-whole.png");
     }
-    count(PicturesCompared);
+    count("pictures compared");
     const bool isAsDrawn = hasBeenShown && !isSmoothed && density_ == platform::density() && stepsAtDensity_ > 2;
     if (isAsDrawn && seesTableAlone() && !formStack().mainWindow()->frame()->isFilled()) compareWithGame(screen);
 }

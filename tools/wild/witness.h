@@ -44,7 +44,7 @@ class Witness {
     bool seesTableAlone() const;
 
   private:
-    void count(Sight sight) { ++ledger_.seen[sight]; }
+    void count(Sight sight) { ++ledger_.count(sight); }
     void countHands();
     void weighMemory();
     void countWhatComes();
@@ -59,7 +59,7 @@ class Witness {
     QWidget& window_;
     Ledger& ledger_;
     selfplay::Referee referee_;
-    std::array<bool, sights> shown_{};
+    std::array<bool, std::size(sights)> shown_{};
     uint32_t hand_ = 0;
     int played_ = 0, won_ = 0;
     const QMessageBox* box_ = nullptr;

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 #include <random>
 
-namespace wild {
+namespace tools {
 
 /// All that is left to chance, the same for the same seed on every machine.
 class Dice {
@@ -14,9 +15,15 @@ class Dice {
     int between(int least, int most) { return least + below(most - least + 1); }
     bool oneIn(int times) { return below(times) == 0; }
 
+    /// One of a list that isn't empty, all as often.
+    template <class List>
+    decltype(auto) oneOf(const List& list) {
+        return *std::next(std::begin(list), below(static_cast<int>(std::size(list))));
+    }
+
     /// One of the rows, each as often as its weight says.
     template <class Row, size_t Count>
-    const Row& oneOf(const Row (&rows)[Count]) {
+    const Row& oneByWeight(const Row (&rows)[Count]) {
         int all = 0;
         for (const Row& row : rows) all += row.weight;
         int left = below(all);
@@ -29,4 +36,4 @@ class Dice {
     std::mt19937 source_;
 };
 
-}  // namespace wild
+}  // namespace tools
