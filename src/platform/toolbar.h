@@ -22,8 +22,8 @@ constexpr int buttonWidth = 28;  ///< Pixels, of each tool button but one that i
 using ButtonKeys = std::array<int, 2>;  ///< Codes as in platform::key, the one to be told first; 0 for none.
 
 /// A toolbar across the top of a form, above its surface. Its buttons are numbered from 1; a number that no button has
-/// fails with number 9. A button without an image is a gap. No button stays pressed, and a
-/// click leaves the focus where it is.
+/// fails with number 9. A button without an image is a gap. No button stays pressed, and a click leaves the focus where
+/// it is.
 ///
 /// F10 with no dialog open takes the form's keys to the buttons: Left and Right go from one to the next, Enter or Space
 /// presses it. Escape or F10, a click and a dialog give the keys back. A key of a button's own presses it wherever a

@@ -52,13 +52,13 @@ class File {
     File(const File&) = delete;
     File& operator=(const File&) = delete;
 
-    /// So many bytes from that place on, counted from 0, fewer if the file is shorter. Fails with number 57, also if the
-    /// disk gives less than the file has, or 75.
+    /// So many bytes from that place on, counted from 0, fewer if the file is shorter. Fails with number 57, also if
+    /// the disk gives less than the file has, or 75.
     std::string read(size_t count, size_t from = 0) const;
 
     /// Writes over the beginning in one go; what lies behind it stays. Fails with number 61 if the disk is full, 57 or
-    /// 75 else; a write that was cut off is undone, and so is one that a disk refuses only as the file is closed. If the
-    /// disk lets it be neither finished nor undone, a part of it stays, and the number is 57.
+    /// 75 else; a write that was cut off is undone, and so is one that a disk refuses only as the file is closed. If
+    /// the disk lets it be neither finished nor undone, a part of it stays, and the number is 57.
     void write(const std::string& bytes);
 
   private:

@@ -4,9 +4,9 @@
 
 namespace platform {
 
-/// Holds each standard stream that is closed by a file that neither takes nor gives anything; to be called before
-/// anything is opened. The next file that is opened, such as the score file, would else be that stream, and get every
-/// warning that a library writes.
+/// Puts a file that neither takes nor gives anything in the place of each standard stream that is closed; to be called
+/// before anything is opened. The next file that is opened, such as the score file, would else be that stream, and get
+/// every warning that a library writes.
 void holdStandardStreams();
 
 /// From now on a pipe without a reader, and a file that may not grow, are errors of the call that writes, which has an

@@ -6,17 +6,13 @@
 #include "platform/desktop.h"
 
 namespace platform {
-namespace {
-
-constexpr int32_t internalError = 51;
-
-}  // namespace
 
 void reportFailure(int32_t number, const std::string& description, const std::string& where) {
     messageBox("Error In " + where, "Error " + std::to_string(number) + " - " + description);
 }
 
 void reportUncaught() {
+    constexpr int32_t internalError = 51;
     try {
         throw;
     } catch (const RuntimeError& error) {

@@ -73,31 +73,20 @@ void Desk::closeBox(const void* box) {
 }
 
 Press Desk::keyDown(uint32_t key, bool repeats, const void* owner) {
-    Held& held = held_[key];
-    held.isDown = true;
-    if (!repeats) held.owner = owner;
-    if (!repeats) return Press::New;
-    return owner != nullptr && held.owner == owner ? Press::Repeat : Press::Foreign;
+    const void*& owned = owners_[key];
+    if (repeats) return owner != nullptr && owned == owner ? Press::Repeat : Press::Foreign;
+    owned = owner;
+    return Press::New;
 }
 
-const void* Desk::keyUp(uint32_t key) {
-    held_[key].isDown = false;
-    return held_[key].owner;
-}
-
-bool Desk::isHeld(uint32_t key) const {
-    const auto held = held_.find(key);
-    return held != held_.end() && held->second.isDown;
-}
+const void* Desk::keyUp(uint32_t key) { return owners_[key]; }
 
 void Desk::ignoreRepeatsFor(const void* owner) {
-    for (auto& [key, held] : held_)
-        if (held.owner == owner) held.owner = nullptr;
+    for (auto& [key, owned] : owners_)
+        if (owned == owner) owned = nullptr;
 }
 
-void Desk::letGoOfKeys() {
-    for (auto& [key, held] : held_) held.owner = nullptr;
-}
+void Desk::letGoOfKeys() { owners_.clear(); }
 
 bool Desk::passes(const std::function<void(int&)>& handler, int& value) {
     const int changesBefore = changes_;

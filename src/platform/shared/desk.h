@@ -88,11 +88,11 @@ class Desk {
     void openBox(void* box);         ///< It has the forms' keys from now on; with null nobody has them.
     void closeBox(const void* box);  ///< It is gone again. Nothing if it was.
 
-    /// A key goes down, by any number of its own, and belongs to that owner, or to nobody with null, until it comes up.
+    /// A key goes down; any number will do that tells it from others. Until it comes up its press belongs to that
+    /// owner, or with null to nobody.
     Press keyDown(uint32_t key, bool repeats, const void* owner);
     const void* keyUp(uint32_t key);  ///< Returns whose press it was.
-    bool isHeld(uint32_t key) const;
-    void letGoOfKeys();  ///< Repeats of no key that is held now are heard any more.
+    void letGoOfKeys();               ///< Repeats of no key that is held now are heard any more.
 
     /// Offers a key to the handlers of the form on top; false if one has swallowed it or it was overtaken.
     bool offer(Stroke& stroke);
@@ -108,11 +108,6 @@ class Desk {
     friend Form;
     friend Form::Impl;
 
-    struct Held {
-        const void* owner = nullptr;
-        bool isDown = false;
-    };
-
     void open(Form::Impl& form, bool asDialog);
     void wait(Form::Impl& dialog);
     void close(Form::Impl& form);
@@ -126,8 +121,8 @@ class Desk {
     std::vector<const Form::Impl*> shown_;  // the dialogs that somebody waits for, the last at the end
     int changes_ = 0;                       // how often a form has opened or gone
     bool keyRepeats_ = false;
-    const Form::Impl* clicked_ = nullptr;  // on which the left button went down, where Enter means something
-    std::map<uint32_t, Held> held_;
+    const Form::Impl* clicked_ = nullptr;     // on which the left button went down, where Enter means something
+    std::map<uint32_t, const void*> owners_;  // of the keys that have gone down
 };
 
 /// The one desk of the program; never destroyed, since forms may be let go at the very end.

@@ -7,6 +7,7 @@ namespace platform {
 
 void Form::Impl::show(bool asDialog) {
     if (loaded) return;
+    const auto held = shared_from_this();
     loaded = true;
     callSlot(form->onLoad);
     if (!loaded) return;
@@ -24,6 +25,7 @@ void Form::Impl::activate() {
 
 void Form::Impl::unload() {
     if (!loaded || unloading) return;
+    const auto held = shared_from_this();
     unloading = true;
     if (form != nullptr) callSlot(form->onUnload);
     if (unloading) leave();
@@ -75,20 +77,9 @@ void Form::setCaption(const std::string& text) { impl_->view.setCaption(text); }
 void Form::announce(const std::function<std::string()>& text) { impl_->view.announce(text); }
 void Form::refresh() { impl_->view.showChanges(); }
 
-void Form::show() {
-    const auto held = impl_;
-    held->show(false);
-}
-
-void Form::showModal() {
-    const auto held = impl_;
-    held->show(true);
-}
-
-void Form::unload() {
-    const auto held = impl_;
-    held->unload();
-}
+void Form::show() { impl_->show(false); }
+void Form::showModal() { impl_->show(true); }
+void Form::unload() { impl_->unload(); }
 
 Form* mainForm() { return desk().main() != nullptr ? desk().main()->form : nullptr; }
 

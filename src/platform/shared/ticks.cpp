@@ -14,11 +14,6 @@ namespace {
 constexpr double never = std::numeric_limits<double>::infinity();
 constexpr uint64_t anyService = std::numeric_limits<uint64_t>::max();
 
-uint64_t nextSerial() {
-    static uint64_t last = 0;
-    return ++last;
-}
-
 /// Goes on to the last of the beats that were missed by that time, or past all of them.
 void passOver(Ticker& ticker, double time, bool keepsLast) {
     if (ticker.interval <= 0) return;
@@ -33,8 +28,7 @@ Ticks& ticks() {
     return theTicks;
 }
 
-Ticker::Ticker(const std::function<void()>& handler, bool doesWait)
-    : serial(nextSerial()), onTick(handler), waits(doesWait) {
+Ticker::Ticker(const std::function<void()>& handler, bool doesWait) : onTick(handler), waits(doesWait) {
     ticks().tickers_.push_back(this);
 }
 
@@ -91,31 +85,15 @@ void Ticks::serve() {
     }
 }
 
-/// Marks a ticker as being in its handler, as long as both last.
-class Ticks::InHandler {
-  public:
-    explicit InHandler(Ticker& ticker) : serial_(ticker.serial) { ticker.inHandler = true; }
-    ~InHandler() { ticks().endHandler(serial_, openingsBefore_); }
-    InHandler(const InHandler&) = delete;
-    InHandler& operator=(const InHandler&) = delete;
-
-  private:
-    const uint64_t serial_;
-    const int openingsBefore_ = ticks().openings_;
-};
-
 void Ticks::tick(Ticker& ticker) {
+    const auto held = ticker.shared_from_this();  // The handler may let go of its timer.
+    const int openingsBefore = openings_;
     ticker.due += ticker.interval;
-    const InHandler mark(ticker);
+    ticker.inHandler = true;
     clock::dueChanged();  // The others go on where the handler serves events.
     callSlot(ticker.onTick);
-}
-
-void Ticks::endHandler(uint64_t serial, int openingsBefore) {
-    const auto found = std::ranges::find(tickers_, serial, &Ticker::serial);
-    if (found == tickers_.end()) return;
-    (*found)->inHandler = false;
-    passOver(**found, timeOf(**found), openings_ == openingsBefore);
+    ticker.inHandler = false;
+    passOver(ticker, timeOf(ticker), openings_ == openingsBefore);
     clock::dueChanged();
 }
 
@@ -123,7 +101,7 @@ struct Timer::Impl : Ticker {
     using Ticker::Ticker;
 };
 
-Timer::Timer(WhileAway whileAway) : impl_(std::make_unique<Impl>(onTick, whileAway == WhileAway::Waits)) {}
+Timer::Timer(WhileAway whileAway) : impl_(std::make_shared<Impl>(onTick, whileAway == WhileAway::Waits)) {}
 Timer::~Timer() = default;
 
 int Timer::interval() const { return impl_->interval; }

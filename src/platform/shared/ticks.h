@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -22,7 +23,7 @@ void dueChanged();  ///< What ticks().due() says may be another time now.
 }  // namespace clock
 
 /// What ticks behind a timer, disabled at first.
-struct Ticker {
+struct Ticker : std::enable_shared_from_this<Ticker> {
     Ticker(const std::function<void()>& handler, bool doesWait);  ///< The handler must live as long.
     ~Ticker();
     Ticker(const Ticker&) = delete;
@@ -30,7 +31,6 @@ struct Ticker {
 
     void countFromNow();  ///< The next tick comes a whole interval from now; a kept one is dropped.
 
-    const uint64_t serial;  ///< A handler may destroy its timer, and the next one may get the same address.
     const std::function<void()>& onTick;
     const bool waits;  ///< While the player is away.
     int interval = 0;  ///< 0 never ticks.
@@ -53,13 +53,11 @@ class Ticks {
 
   private:
     friend Ticker;
-    class InHandler;
 
     double timeOf(const Ticker& ticker) const;
     double dueOf(const Ticker& ticker) const;
     void tick(Ticker& ticker);
     Ticker* first(uint64_t service) const;
-    void endHandler(uint64_t serial, int openingsBefore);
 
     std::vector<Ticker*> tickers_;  // in the order of their making
     uint64_t services_ = 0;

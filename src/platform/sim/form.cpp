@@ -1,10 +1,8 @@
 #include "platform/form.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "platform/base/text.h"
-#include "platform/shared/ticks.h"
 #include "platform/sim/state.h"
 
 namespace sim {
@@ -39,8 +37,8 @@ void keyGoesDown(int code, int character) {
     comeBack();  // A key is presence.
     if (code <= 0) return;
     note("key", code);
-    const auto key = static_cast<uint32_t>(code);
-    const platform::Press press = desk().keyDown(key, desk().isHeld(key), desk().keyOwner());
+    const bool repeats = !state().keysDown.insert(code).second;
+    const platform::Press press = desk().keyDown(static_cast<uint32_t>(code), repeats, desk().keyOwner());
     const Stroke stroke{code, character, press == platform::Press::Repeat};
     const bool isForForm = top() != nullptr && top()->hasKeys() && press != platform::Press::Foreign;
     if (isForForm && !pressToolButton(stroke)) offer(stroke);
@@ -73,6 +71,7 @@ void keyDown(int keyCode) { keyGoesDown(keyCode, characterOf(keyCode)); }
 
 void keyUp(int keyCode) {
     arrive();
+    state().keysDown.erase(keyCode);
     const void* const owner = desk().keyUp(static_cast<uint32_t>(keyCode));
     const View* const view = owner != nullptr && owner == desk().keyOwner() ? top() : nullptr;
     if (view != nullptr && view->focus != nullptr) platform::callSlot(view->focus->owner.onKeyUp, keyCode);
@@ -110,18 +109,12 @@ void View::announce(const std::function<std::string()>& text) {
 }
 
 void View::open(bool /*asDialog*/) {
-    isOpen_ = std::make_shared<bool>(true);
     focus = nullptr;
     note("form opens");
 }
 
 void View::wait() {
-    serveWhile([isOpen = isOpen_] { return *isOpen; });
-}
-
-void View::leave() {
-    note("form closes");
-    if (isOpen_) *isOpen_ = false;
+    serveWhile([dialog = form.impl().shared_from_this()] { return dialog->loaded; });
 }
 
 void View::retire() {

@@ -1,6 +1,6 @@
-#include <algorithm>
 #include <cmath>
 
+#include "platform/base/text.h"
 #include "platform/shared/text.h"
 #include "platform/sim/state.h"
 
@@ -9,11 +9,6 @@ namespace {
 
 constexpr double widthPerPoint = 2.0 / 3;  // pixels: half the font's height
 constexpr int boldExtra = 1;               // pixels
-
-/// The bytes of UTF-8 text that begin a character.
-int characterCount(const std::string& text) {
-    return static_cast<int>(std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
-}
 
 }  // namespace
 
@@ -24,7 +19,7 @@ void drawText(Surface& surface, int x, int y, const std::string& text, const Fon
 // All characters are equally wide, so that a test can tell a text's width beforehand.
 int measureText(const std::string& text, const Font& font) {
     const int width = static_cast<int>(std::lround(font.points * widthPerPoint)) + (font.bold ? boldExtra : 0);
-    return width * characterCount(text);
+    return width * static_cast<int>(charactersOf(text).size());
 }
 
 }  // namespace platform

@@ -5,11 +5,11 @@
 #include <map>
 #include <memory>
 #include <random>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "platform/base/uncaught.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/printer.h"
@@ -56,6 +56,7 @@ struct State {
     std::multimap<double, Posted> posted;  ///< By the time they are due.
     uint64_t postings = 0;
 
+    std::set<int> keysDown;
     platform::ToolBar::Impl* toolBar = nullptr;
     platform::PopupMenu::Impl* menu = nullptr;  ///< The open one.
     std::vector<std::string> messages;
@@ -108,7 +109,7 @@ class View final : public platform::FormView {
     void open(bool asDialog) override;
     void focusFirst() override;
     void wait() override;
-    void leave() override;
+    void leave() override { note("form closes"); }
     void retire() override;
 
     /// Gives a key that the form has let through to the control with the focus and to the button that answers it.
@@ -119,9 +120,6 @@ class View final : public platform::FormView {
     platform::Form& form;
     std::vector<Control*> controls;  ///< In tab order.
     Control* focus = nullptr;
-
-  private:
-    std::shared_ptr<bool> isOpen_;  // shared with who waits
 };
 
 /// The view of a form.
