@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "frmMain.h"
+#include "platform/base/process.h"
 #include "platform/qt/window/application.h"
 #include "product.h"
 #include "tools/album/album.h"
@@ -23,11 +24,18 @@ bool isPicture(const QString& name) {
     return std::any_of(rows.begin(), rows.end(), [&](const album::PictureRow& row) { return name == row.name; });
 }
 
-int explain() {
-    std::fputs("Usage: velmora_album [--screen] FOLDER [PICTURE]...\nPictures:", stderr);
-    for (const album::PictureRow& row : album::pictures()) std::fprintf(stderr, " %s", row.name);
-    std::fputs("\n", stderr);
-    return 2;
+/// Says how the program is called, and returns the exit code to end with.
+int explain(bool isAskedFor) {
+    std::FILE* const out = isAskedFor ? stdout : stderr;
+    std::fputs(
+        "Usage: velmora_album [--screen] FOLDER [PICTURE]...\n"
+        "  --screen   take the whole screen, where the desktop lets it be seen\n"
+        "  --help     show this and do nothing\n"
+        "Pictures:",
+        out);
+    for (const album::PictureRow& row : album::pictures()) std::fprintf(out, " %s", row.name);
+    std::fputs("\n", out);
+    return isAskedFor ? platform::endOutput("velmora_album", 0) : 2;
 }
 
 }  // namespace
@@ -39,7 +47,9 @@ int main(int argc, char** argv) {
     platform::Application application(argc, argv, PRODUCT_NAME, PRODUCT_ID);
     QStringList arguments = QApplication::arguments();
     const bool ofScreen = arguments.removeOne("--screen");
-    if (arguments.size() < 2 || !std::all_of(arguments.begin() + 2, arguments.end(), isPicture)) return explain();
+    if (arguments.contains("--help")) return explain(true);
+    const bool hasFolder = arguments.size() > 1 && !arguments[1].startsWith("--");
+    if (!hasFolder || !std::all_of(arguments.begin() + 2, arguments.end(), isPicture)) return explain(false);
     if (!QDir().mkpath(arguments[1])) {
         std::fprintf(stderr, "velmora_album: can't make %s\n", qPrintable(arguments[1]));
         return 1;
