@@ -4,26 +4,13 @@
 
 #include <stdexcept>
 
-namespace {
-
-/// libpng's simplified reader, released on every way out.
-struct PngHandle {
-    png_image image{};
-
-    PngHandle() { image.version = PNG_IMAGE_VERSION; }
-    PngHandle(const PngHandle&) = delete;
-    PngHandle& operator=(const PngHandle&) = delete;
-    ~PngHandle() { png_image_free(&image); }
-
-    [[noreturn]] void fail(const std::string& path) const { throw std::runtime_error(path + ": " + image.message); }
-};
-
-}  // namespace
-
 PngImage readPng(const std::string& path) {
-    PngHandle handle;
-    png_image& image = handle.image;
-    if (png_image_begin_read_from_file(&image, path.c_str()) == 0) handle.fail(path);
+    png_image image{};  // libpng releases what it holds once the picture is read or can't be.
+    image.version = PNG_IMAGE_VERSION;
+    const auto require = [&](int isRead) {
+        if (isRead == 0) throw std::runtime_error(path + ": " + image.message);
+    };
+    require(png_image_begin_read_from_file(&image, path.c_str()));
 
     PngImage result;
     result.trueColour24 = (image.format & (PNG_FORMAT_FLAG_ALPHA | PNG_FORMAT_FLAG_COLORMAP)) == 0 &&
@@ -33,6 +20,6 @@ PngImage readPng(const std::string& path) {
     image.format = PNG_FORMAT_BGRA;
     result.pixels.resize(static_cast<size_t>(image.width) * image.height);
     const png_color black{};
-    if (png_image_finish_read(&image, &black, result.pixels.data(), 0, nullptr) == 0) handle.fail(path);
+    require(png_image_finish_read(&image, &black, result.pixels.data(), 0, nullptr));
     return result;
 }

@@ -9,6 +9,12 @@ constexpr size_t longestNoise = 200;   // bytes
 constexpr size_t longestRepeat = 400;  // times
 constexpr size_t mostDamages = 8;      // in an input; one of two has one or none
 
+/// Keeps the length, since many readers turn down what isn't as long as it says.
+void overwrite(std::string& input, size_t from, std::string_view bytes) {
+    const size_t length = std::min(input.size() - from, bytes.size());
+    input.replace(from, length, bytes.substr(0, length));
+}
+
 }  // namespace
 
 Mutator::Mutator(uint64_t seed, const std::vector<std::string>& models, const std::vector<std::string_view>& words)
@@ -33,12 +39,6 @@ std::string Mutator::number() {
     std::string bytes(size_t{1} << below(3), below(2) == 0 ? '\0' : '\xFF');
     if (below(2) == 0) bytes[below(2) == 0 ? 0 : bytes.size() - 1] ^= static_cast<char>(1 << below(8));
     return bytes;
-}
-
-/// Keeps the length, since many readers turn down what isn't as long as it says.
-void Mutator::overwrite(std::string& input, size_t from, std::string_view bytes) {
-    const size_t length = std::min(input.size() - from, bytes.size());
-    input.replace(from, length, bytes.substr(0, length));
 }
 
 void Mutator::damage(std::string& input) {

@@ -20,7 +20,6 @@ class Mutator {
     size_t below(size_t end) { return std::uniform_int_distribution<size_t>(0, end - 1)(random_); }
     std::string noise();
     std::string number();
-    static void overwrite(std::string& input, size_t from, std::string_view bytes);
     void damage(std::string& input);
 
     std::mt19937_64 random_;

@@ -1,5 +1,7 @@
 #include "tools/selfplay/player.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <iterator>
 #include <string>
@@ -14,18 +16,67 @@
 #include "play/frmChooseTiles.h"
 #include "presentation/buttons.h"
 #include "scoring/frmBreakDown.h"
-#include "tools/selfplay/advice.h"
+#include "tools/selfplay/strategy.h"
 
 namespace selfplay {
 namespace {
 
-constexpr int always = 100;       // times in 100
+constexpr int always = 100;  // times in 100
+constexpr int copiesOfKind = 4;
 constexpr unsigned lowBits = 64;  // of the generator, which are less at random
 
 /// Whether a candidate is a pair while the hand still lacks a set of three.
 bool isEarlyPair(int candidate) {
     const auto& tiles = PossibleTiles[candidate];
     return tiles[2].Filled && !tiles[3].Filled && gfrmMain->mintHandCount < handTiles - 2;
+}
+
+/// What lies on the table.
+Holding holdingOf(const frmMain& game) {
+    Holding holding;
+    for (int row = bottomRow; row >= 1; --row)
+        for (int column = 1; column <= columnCount; ++column) {
+            const CellInfo& place = game.CellTable[row][column];
+            if (place.Filled) holding.stacks.drop(column - 1, place.Tile.KindIdx);
+        }
+    holding.handTiles = game.mintHandCount;
+    holding.pairTaken = game.mblnPairTaken;
+    return holding;
+}
+
+/// What can still come: all copies but those on the board and among the earned tiles.
+Unseen unseenOf(const frmMain& game, const Holding& holding) {
+    Unseen unseen;
+    for (int kind = 0; kind <= kindCount; ++kind)
+        unseen[kind] = static_cast<int8_t>(kind < firstSeasonKind ? copiesOfKind : 1);
+    for (const auto& level : holding.stacks.kind)
+        for (const int kind : level) --unseen[kind];
+    for (const CellInfo& slot : game.EarnedTiles) --unseen[slot.Tile.KindIdx];
+    unseen[0] = 0;
+    return unseen;
+}
+
+/// The best column, from 1, for the tile that is falling, judged by what a player can see.
+int bestColumnOf(const frmMain& game) {
+    const int kind = game.TileKindOf[game.mintCurTile];
+    const Holding holding = holdingOf(game);
+    Unseen unseen = unseenOf(game, holding);
+    --unseen[kind];
+    return Strategy(holding, unseen).bestColumn(kind, game.mintCurCol - 1, bottomRow - game.mintCurRow) + 1;
+}
+
+/// The best of the candidates in an open tile chooser, counted from 0; the number of candidates to pass.
+size_t bestCandidateOf(const frmMain& game, const frmChooseTiles& dialog) {
+    std::array<Candidate, candidatePlaces> candidates;
+    size_t count = 0;
+    for (int entry = 1; entry < dialog.mintNumEntries; ++entry) {
+        const auto tiles = std::ranges::count_if(PossibleTiles[entry], &CellInfo::Filled);
+        candidates[count++] = {static_cast<int8_t>(bottomRow - dialog.maintRows[entry]),
+                               static_cast<int8_t>(dialog.maintCols[entry] - 1), static_cast<int8_t>(tiles)};
+    }
+    const Holding holding = holdingOf(game);
+    const Unseen unseen = unseenOf(game, holding);
+    return Strategy(holding, unseen).bestCandidate({candidates.data(), count});
 }
 
 }  // namespace

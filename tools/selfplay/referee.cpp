@@ -45,6 +45,121 @@ void require(bool holds, const char* otherwise) {
 
 bool shows(const CellInfo& place, int kind) { return place.Filled == (kind != 0) && isTrueFace(place.Tile, kind); }
 
+// What has to be alike
+
+void compareTile(const frmMain& game, const Books& books) {
+    require(game.mintTilesDropped == books.drawn, "the tiles that came in are miscounted");
+    require(game.mintCurRow == books.row, "the tile is in another row");
+    require(game.mintCurCol == books.column, "the tile is over another column");
+    require(game.mintCurTile == books.tile, "another tile falls than the order says");
+    require(game.Timer1.interval() == books.pace, "the tile has another speed");
+    require(game.Timer1.enabled() == books.falls, "the tile falls and should be held, or is held and should fall");
+    require(game.mblnDropKeyUsed == books.dropped, "the drop key was used or not, and the game has it otherwise");
+    require(game.mblnInTimerTick == books.busy, "a tick keeps the others out for longer than it lasts, or shorter");
+    require(game.mlngHandNumber == books.hand, "a hand begins while another is open");
+}
+
+void compareBoard(const frmMain& game, const Books& books) {
+    for (int column = 1; column <= Books::columns; ++column) {
+        require(shows(game.CellTable[0][column], 0), "a tile rests in row 0");
+        for (int row = 1; row <= Books::rows; ++row)
+            require(shows(game.CellTable[row][column], books.board[row][column]),
+                    "a place of the board shows another tile than the one that lies there");
+    }
+}
+
+void compareOrder(const frmMain& game, const Books& books) {
+    for (int position = 1; position <= Books::tiles; ++position)
+        require(game.TileOrder[position] == books.order[position], "the order of the tiles has changed");
+}
+
+/// The sets stand in the order of taking; once the hand is complete the pair stands behind them.
+void compareEarned(const frmMain& game, const Books& books) {
+    const int earned = static_cast<int>(books.earned.size());
+    const int bonus = static_cast<int>(books.bonus.size());
+    for (int i = 0; i < handTiles; ++i)
+        require(shows(game.EarnedTiles[i + 1], i < earned ? books.earned[i] : 0), "an earned tile isn't in its slot");
+    for (int i = 0; i < slotCount - handTiles; ++i)
+        require(shows(game.EarnedTiles[handTiles + 1 + i], i < bonus ? books.bonus[i] : 0),
+                "a flower or season isn't in its slot");
+}
+
+void compareHand(const frmMain& game, const Books& books) {
+    const int earned = static_cast<int>(books.earned.size());
+    const int bonus = static_cast<int>(books.bonus.size());
+    require(game.mintHandCount == earned, "the count of hand tiles is wrong");
+    require(game.mintEarnedCount == earned, "the count of earned tiles is wrong");
+    require(game.mintBonusCount == bonus, "the count of bonus tiles is wrong");
+    require(game.mblnPairTaken == books.hasPair(), "the pair is there or isn't, and the game has it otherwise");
+    require(game.mintPairSlot == books.pairSlot, "the pair's slot is wrong");
+    require(game.mintDoubles == books.worth.doubles, "the hand's doubles are miscounted");
+    require(glngHandPoints == books.worth.points, "the hand's points are miscounted");
+    std::string_view rest = gstrScoreDesc;
+    for (const auto& item : books.worth.items) {
+        require(rest.substr(0, item.text.size()) == item.text, "the hand's items are others");
+        rest.remove_prefix(std::min(rest.size(), item.text.size() + 1));
+    }
+    require(rest.empty(), "the hand has too many items");
+}
+
+void compareMatch(const frmMain& game, const Books& books) {
+    require(game.mblnGameRunning == books.running, "a match runs, or has ended, and the game has it otherwise");
+    require(game.mlngScore == books.score, "the score isn't the sum of what was earned");
+    require(game.mlngSeat == books.seat || gfrmChooseSeat.isOpen(), "the player's seat has changed");
+    require(game.mintGamesPlayed == books.games, "the hands are miscounted");
+    require(game.mintGamesWon == books.won, "the hands won are miscounted");
+    require(game.mlngHouse == books.house, "the House is on the wrong seat");
+    require(game.mintHouseMoves == books.houseMoves, "the moves of the House are miscounted");
+    require(game.mintRoundsPlayed == books.rounds, "the rounds are miscounted");
+    require(game.mlngRoundWind == books.wind, "the wind of the round is wrong");
+}
+
+void compareOptions(const frmMain& game, const Books& books) {
+    require(game.mlngLevel == books.level, "the Level has changed");
+    require(game.mblnBreakDown == books.breakDown, "the break-down was switched");
+    require(game.mblnMusicOn == books.music, "the music was switched");
+    require(game.mblnRoundInChinese == books.chinese, "the language of the markers was switched");
+    require(game.mblnPeek == books.peek, "the next tile was switched");
+}
+
+/// Where the back end writes texts down.
+void compareScore(const frmMain& game, const Books& books) {
+    const auto& texts = game.picWork.texts;
+    if (books.hand == 0 || texts.empty()) return;
+    const auto isScore = [](const auto& text) { return text.left == scorePoint[0] && text.top == scorePoint[1]; };
+    const auto found = std::find_if(texts.rbegin(), texts.rend(), isScore);
+    require(found != texts.rend() && found->text == std::to_string(books.score), "another score stands on the table");
+}
+
+void compareOffer(const frmMain& game, const Books& books) {
+    if (!gfrmChooseTiles.isOpen()) {
+        require(books.landing || game.mintPossibleCount == 0, "candidates are left without an offer");
+        return;
+    }
+    const frmChooseTiles& chooser = *gfrmChooseTiles.hold();
+    const int offered = static_cast<int>(books.offer.size());
+    require(offered > 0, "an offer was made of nothing");
+    require(game.mintPossibleCount == offered && chooser.mintNumEntries == offered + 1, "other sets are offered");
+    require(chooser.mintCurEntry >= 1 && chooser.mintCurEntry <= chooser.mintNumEntries, "no entry is highlighted");
+    for (int i = 1; i <= offered; ++i) {
+        const Window& set = books.offer[i - 1];
+        require(chooser.maintRows[i] == set.row && chooser.maintCols[i] == set.column, "a set is offered elsewhere");
+        for (int j = 1; j <= setTiles; ++j)
+            require(shows(PossibleTiles[i][j], j <= set.tiles ? books.board[set.row][set.column + j - 1] : 0),
+                    "an offer shows other tiles than the board");
+    }
+    require(chooser.Shape1.look().visible, "the offer has no frame");
+    require(chooser.shpOnBoard.look().visible == (chooser.mintCurEntry <= offered),
+            "the set on the board has no frame");
+    if (chooser.mintCurEntry > offered) return;
+    const Window& set = books.offer[chooser.mintCurEntry - 1];
+    constexpr int border = 3;
+    const platform::Place place{entryPoint[0] + tilePitch[0] * (set.column - 1) - border,
+                                entryPoint[1] + tilePitch[1] * set.row - border, tilePitch[0] * set.tiles + 2 * border,
+                                tilePitch[1] + 2 * border};
+    require(chooser.shpOnBoard.look().place == place, "the frame on the board is round other tiles");
+}
+
 }  // namespace
 
 template <class Comparison>
@@ -105,12 +220,10 @@ void Referee::look() {
 void Referee::lookAtAll() {
     look();
     attempt([this] {
-        compareTile();
-        compareHand();
-        compareMatch();
-        compareOptions();
-        compareScore();
-        if (!isAsCompared()) compareTiles();
+        for (const auto compare : {compareTile, compareHand, compareMatch, compareOptions, compareScore})
+            compare(game_, books_);
+        if (isAsCompared()) return;
+        for (const auto compare : {compareBoard, compareOrder, compareEarned}) compare(game_, books_);
     });
 }
 
@@ -315,10 +428,8 @@ void Referee::enterScore() {
     scoreEntered_ = true;
 }
 
-// What has to be alike
-
 void Referee::compareDialogs() const {
-    compareOffer();
+    compareOffer(game_, books_);
     compareTable();
     compareShown();
     compareHint();
@@ -341,116 +452,6 @@ bool Referee::isAsCompared() {
     return isSame;
 }
 
-void Referee::compareTiles() const {
-    compareBoard();
-    compareOrder();
-    compareEarned();
-}
-
-void Referee::compareBoard() const {
-    for (int column = 1; column <= Books::columns; ++column) {
-        require(shows(game_.CellTable[0][column], 0), "a tile rests in row 0");
-        for (int row = 1; row <= Books::rows; ++row)
-            require(shows(game_.CellTable[row][column], books_.board[row][column]),
-                    "a place of the board shows another tile than the one that lies there");
-    }
-}
-
-void Referee::compareTile() const {
-    require(game_.mintTilesDropped == books_.drawn, "the tiles that came in are miscounted");
-    require(game_.mintCurRow == books_.row, "the tile is in another row");
-    require(game_.mintCurCol == books_.column, "the tile is over another column");
-    require(game_.mintCurTile == books_.tile, "another tile falls than the order says");
-    require(game_.Timer1.interval() == books_.pace, "the tile has another speed");
-    require(game_.Timer1.enabled() == books_.falls, "the tile falls and should be held, or is held and should fall");
-    require(game_.mblnDropKeyUsed == books_.dropped, "the drop key was used or not, and the game has it otherwise");
-    require(game_.mblnInTimerTick == books_.busy, "a tick keeps the others out for longer than it lasts, or shorter");
-    require(game_.mlngHandNumber == books_.hand, "a hand begins while another is open");
-}
-
-void Referee::compareOrder() const {
-    for (int position = 1; position <= Books::tiles; ++position)
-        require(game_.TileOrder[position] == books_.order[position], "the order of the tiles has changed");
-}
-
-/// The sets stand in the order of taking; once the hand is complete the pair stands behind them.
-void Referee::compareEarned() const {
-    const int earned = static_cast<int>(books_.earned.size());
-    const int bonus = static_cast<int>(books_.bonus.size());
-    for (int i = 0; i < handTiles; ++i)
-        require(shows(game_.EarnedTiles[i + 1], i < earned ? books_.earned[i] : 0), "an earned tile isn't in its slot");
-    for (int i = 0; i < slotCount - handTiles; ++i)
-        require(shows(game_.EarnedTiles[handTiles + 1 + i], i < bonus ? books_.bonus[i] : 0),
-                "a flower or season isn't in its slot");
-}
-
-void Referee::compareHand() const {
-    const int earned = static_cast<int>(books_.earned.size());
-    const int bonus = static_cast<int>(books_.bonus.size());
-    require(game_.mintHandCount == earned, "the count of hand tiles is wrong");
-    require(game_.mintEarnedCount == earned, "the count of earned tiles is wrong");
-    require(game_.mintBonusCount == bonus, "the count of bonus tiles is wrong");
-    require(game_.mblnPairTaken == books_.hasPair(), "the pair is there or isn't, and the game has it otherwise");
-    require(game_.mintPairSlot == books_.pairSlot, "the pair's slot is wrong");
-    require(game_.mintDoubles == books_.worth.doubles, "the hand's doubles are miscounted");
-    require(glngHandPoints == books_.worth.points, "the hand's points are miscounted");
-    std::string_view rest = gstrScoreDesc;
-    for (const auto& item : books_.worth.items) {
-        require(rest.substr(0, item.text.size()) == item.text, "the hand's items are others");
-        rest.remove_prefix(std::min(rest.size(), item.text.size() + 1));
-    }
-    require(rest.empty(), "the hand has too many items");
-}
-
-void Referee::compareMatch() const {
-    require(game_.mblnGameRunning == books_.running, "a match runs, or has ended, and the game has it otherwise");
-    require(game_.mlngScore == books_.score, "the score isn't the sum of what was earned");
-    require(game_.mlngSeat == books_.seat || gfrmChooseSeat.isOpen(), "the player's seat has changed");
-    require(game_.mintGamesPlayed == books_.games, "the hands are miscounted");
-    require(game_.mintGamesWon == books_.won, "the hands won are miscounted");
-    require(game_.mlngHouse == books_.house, "the House is on the wrong seat");
-    require(game_.mintHouseMoves == books_.houseMoves, "the moves of the House are miscounted");
-    require(game_.mintRoundsPlayed == books_.rounds, "the rounds are miscounted");
-    require(game_.mlngRoundWind == books_.wind, "the wind of the round is wrong");
-}
-
-void Referee::compareOptions() const {
-    require(game_.mlngLevel == books_.level, "the Level has changed");
-    require(game_.mblnBreakDown == books_.breakDown, "the break-down was switched");
-    require(game_.mblnMusicOn == books_.music, "the music was switched");
-    require(game_.mblnRoundInChinese == books_.chinese, "the language of the markers was switched");
-    require(game_.mblnPeek == books_.peek, "the next tile was switched");
-}
-
-void Referee::compareOffer() const {
-    if (!gfrmChooseTiles.isOpen()) {
-        require(books_.landing || game_.mintPossibleCount == 0, "candidates are left without an offer");
-        return;
-    }
-    const frmChooseTiles& chooser = *gfrmChooseTiles.hold();
-    const int offered = static_cast<int>(books_.offer.size());
-    require(offered > 0, "an offer was made of nothing");
-    require(game_.mintPossibleCount == offered && chooser.mintNumEntries == offered + 1, "other sets are offered");
-    require(chooser.mintCurEntry >= 1 && chooser.mintCurEntry <= chooser.mintNumEntries, "no entry is highlighted");
-    for (int i = 1; i <= offered; ++i) {
-        const Window& set = books_.offer[i - 1];
-        require(chooser.maintRows[i] == set.row && chooser.maintCols[i] == set.column, "a set is offered elsewhere");
-        for (int j = 1; j <= setTiles; ++j)
-            require(shows(PossibleTiles[i][j], j <= set.tiles ? books_.board[set.row][set.column + j - 1] : 0),
-                    "an offer shows other tiles than the board");
-    }
-    require(chooser.Shape1.look().visible, "the offer has no frame");
-    require(chooser.shpOnBoard.look().visible == (chooser.mintCurEntry <= offered),
-            "the set on the board has no frame");
-    if (chooser.mintCurEntry > offered) return;
-    const Window& set = books_.offer[chooser.mintCurEntry - 1];
-    constexpr int border = 3;
-    const platform::Place place{entryPoint[0] + tilePitch[0] * (set.column - 1) - border,
-                                entryPoint[1] + tilePitch[1] * set.row - border, tilePitch[0] * set.tiles + 2 * border,
-                                tilePitch[1] + 2 * border};
-    require(chooser.shpOnBoard.look().place == place, "the frame on the board is round other tiles");
-}
-
 void Referee::compareTable() const {
     require(!gfrmHiScore.isOpen() || shownTable() == table_, "the table of high scores is another one");
 }
@@ -470,15 +471,6 @@ void Referee::compareShown() const {
         require(std::abs(std::stod(shown[3].caption()) - hundred * books_.won / books_.games) < halfHundredth,
                 "the summary shows another percentage");
     }
-}
-
-/// Where the back end writes texts down.
-void Referee::compareScore() const {
-    const auto& texts = game_.picWork.texts;
-    if (books_.hand == 0 || texts.empty()) return;
-    const auto isScore = [](const auto& text) { return text.left == scorePoint[0] && text.top == scorePoint[1]; };
-    const auto found = std::find_if(texts.rbegin(), texts.rend(), isScore);
-    require(found != texts.rend() && found->text == std::to_string(books_.score), "another score stands on the table");
 }
 
 void Referee::compareHint() const {

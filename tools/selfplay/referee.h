@@ -63,17 +63,7 @@ class Referee {
     bool belongsInTable() const;
 
     void compareDialogs() const;
-    void compareScore() const;
     bool isAsCompared();
-    void compareTiles() const;
-    void compareBoard() const;
-    void compareOrder() const;
-    void compareEarned() const;
-    void compareTile() const;
-    void compareHand() const;
-    void compareMatch() const;
-    void compareOptions() const;
-    void compareOffer() const;
     void compareTable() const;
     void compareShown() const;
     void compareHint() const;

@@ -57,8 +57,7 @@ Evening::Evening(uint32_t seed, QWidget& window, Ledger& ledger, std::FILE* log)
       log_(log),
       dice_(seed),
       hands_(window),
-      whims_(
-          hands_, dice_, [this](const Key& key) { tap(key); }, [this](const std::string& action) { tell(action); }),
+      whims_{hands_, dice_, [this](const Key& key) { tap(key); }, [this](const std::string& action) { tell(action); }},
       witness_(*game_, window, ledger),
       playersHands_(*this),
       player_(playersHands_, seed),

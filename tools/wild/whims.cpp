@@ -19,11 +19,6 @@
 
 namespace wild {
 
-struct WhimRow {
-    int weight;
-    void (Whims::*does)();
-};
-
 namespace {
 
 using Now = QWindowSystemInterface::SynchronousDelivery;
@@ -137,252 +132,255 @@ bool isExit(const QWidget& face) { return face.toolTip() == QStringLiteral("Exit
 constexpr Qt::MouseButton buttons[] = {Qt::LeftButton, Qt::LeftButton, Qt::LeftButton,  Qt::LeftButton,
                                        Qt::LeftButton, Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
 
-}  // namespace
-
-Whims::Whims(Hands& hands, tools::Dice& dice, std::function<void(const Key&)> tap,
-             std::function<void(const std::string&)> tell)
-    : hands_(hands), dice_(dice), tap_(std::move(tap)), tell_(std::move(tell)) {}
-
-void Whims::act() {
-    static constexpr WhimRow rows[] = {
-        {60, &Whims::tapKey},      {8, &Whims::holdKey},       {16, &Whims::repeatKey}, {10, &Whims::letKeyGo},
-        {10, &Whims::typeText},    {4, &Whims::paste},         {6, &Whims::compose},    {8, &Whims::clickOnTool},
-        {20, &Whims::clickOnFace}, {8, &Whims::clickAnywhere}, {8, &Whims::move},       {4, &Whims::drag},
-        {4, &Whims::turnWheel},    {2, &Whims::lookAway},      {8, &Whims::lookBack},   {1, &Whims::minimise},
-        {2, &Whims::fill},         {1, &Whims::resize},        {2, &Whims::moveWindow}, {2, &Whims::closeOther},
-        {4, &Whims::listen},       {20, &Whims::wait},         {3, &Whims::waitLong},
-    };
-    (this->*dice_.oneByWeight(rows).does)();
-}
-
 /// A menu or list that is open takes the mouse from all others.
-QWindow* Whims::anyWindow() {
+QWindow* anyWindow(const Whims& w) {
     if (const QWidget* const popup = QApplication::activePopupWidget()) return popup->windowHandle();
     const std::vector<QWindow*> all = windows();
-    return all.empty() ? nullptr : dice_.oneOf(all);
+    return all.empty() ? nullptr : w.dice.oneOf(all);
 }
 
-void Whims::clickOnTool() {
-    const int button = dice_.between(1, toolbarButtons);
-    const bool isAvoided = button == Button::Gap || (button == Button::Exit && !dice_.oneIn(rarely));
-    if (isAvoided || !hands_.window().isVisible()) return;
-    const QWidget& face = album::faceOf(hands_.window(), button);
-    tell_("click on " + face.toolTip().toStdString());
-    click(*hands_.window().windowHandle(), face.mapTo(&hands_.window(), QPointF(face.rect().center())));
+/// Once, twice, or with a button that stays down.
+void click(const Whims& w, QWindow& window, const QPointF& at) {
+    const QPointer<QWindow> target(&window);
+    const Qt::MouseButton button = w.dice.oneOf(buttons);
+    const int times = w.dice.oneIn(5) ? w.dice.between(2, 4) : 1;
+    const bool staysDown = w.dice.oneIn(12);
+    const Qt::KeyboardModifiers modifiers = w.dice.oneIn(10) ? Qt::KeyboardModifiers(ShiftModifier) : NoModifier;
+    for (int time = 1; time <= times && target && target->isVisible(); ++time) {
+        w.hands.buttonDown(*target, at, button, modifiers);
+        if (time == times && staysDown) return;
+        letTimePass(20);
+        w.hands.buttonUp(button);
+        letTimePass(20);
+    }
+}
+
+void clickOnTool(const Whims& w) {
+    const int button = w.dice.between(1, toolbarButtons);
+    const bool isAvoided = button == Button::Gap || (button == Button::Exit && !w.dice.oneIn(rarely));
+    if (isAvoided || !w.hands.window().isVisible()) return;
+    const QWidget& face = album::faceOf(w.hands.window(), button);
+    w.tell("click on " + face.toolTip().toStdString());
+    click(w, *w.hands.window().windowHandle(), face.mapTo(&w.hands.window(), QPointF(face.rect().center())));
 }
 
 /// Something that is seen of a window; null if it is Exit.
-QWidget* Whims::anyFaceOf(const QWindow& window) {
+QWidget* anyFaceOf(const Whims& w, const QWindow& window) {
     QWidget* const widget = widgetOf(window);
     if (widget == nullptr) return nullptr;
     std::vector<QWidget*> faces{widget};
     for (QWidget* const each : widget->findChildren<QWidget*>())
         if (each->isVisible()) faces.push_back(each);
-    QWidget* const face = dice_.oneOf(faces);
-    return isExit(*face) && !dice_.oneIn(rarely) ? nullptr : face;
+    QWidget* const face = w.dice.oneOf(faces);
+    return isExit(*face) && !w.dice.oneIn(rarely) ? nullptr : face;
 }
 
-void Whims::clickOnFace() {
-    QWindow* const window = anyWindow();
-    const QWidget* const face = window != nullptr ? anyFaceOf(*window) : nullptr;
+void clickOnFace(const Whims& w) {
+    QWindow* const window = anyWindow(w);
+    const QWidget* const face = window != nullptr ? anyFaceOf(w, *window) : nullptr;
     if (face == nullptr) return;
-    const QPointF at = anyPlaceOn(*face, dice_);
-    tell_(std::string("click on a ") + face->metaObject()->className() + " " + face->toolTip().toStdString());
-    click(*window, face->mapTo(face->window(), at));
+    const QPointF at = anyPlaceOn(*face, w.dice);
+    w.tell(std::string("click on a ") + face->metaObject()->className() + " " + face->toolTip().toStdString());
+    click(w, *window, face->mapTo(face->window(), at));
 }
 
-void Whims::clickAnywhere() {
-    QWindow* const window = anyWindow();
+void clickAnywhere(const Whims& w) {
+    QWindow* const window = anyWindow(w);
     if (window == nullptr) return;
-    const bool isBeside = dice_.oneIn(6);
+    const bool isBeside = w.dice.oneIn(6);
     const int reach = isBeside ? 100 : 0;
-    const QPoint at(dice_.between(-reach, window->width() + reach), dice_.between(-reach, window->height() + reach));
-    tell_("click at " + std::to_string(at.x()) + " " + std::to_string(at.y()) + " of " + window->title().toStdString());
-    click(*window, at);
+    const QPoint at(w.dice.between(-reach, window->width() + reach), w.dice.between(-reach, window->height() + reach));
+    w.tell("click at " + std::to_string(at.x()) + " " + std::to_string(at.y()) + " of " +
+           window->title().toStdString());
+    click(w, *window, at);
 }
 
-/// Once, twice, or with a button that stays down.
-void Whims::click(QWindow& window, const QPointF& at) {
-    const QPointer<QWindow> target(&window);
-    const Qt::MouseButton button = dice_.oneOf(buttons);
-    const int times = dice_.oneIn(5) ? dice_.between(2, 4) : 1;
-    const bool staysDown = dice_.oneIn(12);
-    const Qt::KeyboardModifiers modifiers = dice_.oneIn(10) ? Qt::KeyboardModifiers(ShiftModifier) : NoModifier;
-    for (int time = 1; time <= times && target && target->isVisible(); ++time) {
-        hands_.buttonDown(*target, at, button, modifiers);
-        if (time == times && staysDown) return;
-        letTimePass(20);
-        hands_.buttonUp(button);
-        letTimePass(20);
-    }
-}
-
-void Whims::move() {
-    QWindow* const window = anyWindow();
+void move(const Whims& w) {
+    QWindow* const window = anyWindow(w);
     if (window == nullptr) return;
-    tell_("move");
-    hands_.pointTo(*window, anyPlaceOn(*window, dice_));
+    w.tell("move");
+    w.hands.pointTo(*window, anyPlaceOn(*window, w.dice));
 }
 
-void Whims::drag() {
-    tell_(hands_.buttonIsDown() ? "drag and let go" : "take hold");
-    if (!hands_.buttonIsDown()) {
-        if (QWindow* const window = anyWindow()) hands_.buttonDown(*window, anyPlaceOn(*window, dice_), Qt::LeftButton);
+void drag(const Whims& w) {
+    w.tell(w.hands.buttonIsDown() ? "drag and let go" : "take hold");
+    if (!w.hands.buttonIsDown()) {
+        if (QWindow* const window = anyWindow(w))
+            w.hands.buttonDown(*window, anyPlaceOn(*window, w.dice), Qt::LeftButton);
         return;
     }
-    hands_.drag(QPointF(dice_.between(-20, 800), dice_.between(-20, 600)));
-    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) hands_.buttonUp(button);
+    w.hands.drag(QPointF(w.dice.between(-20, 800), w.dice.between(-20, 600)));
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) w.hands.buttonUp(button);
 }
 
-void Whims::turnWheel() {
-    QWindow* const window = anyWindow();
+void turnWheel(const Whims& w) {
+    QWindow* const window = anyWindow(w);
     if (window == nullptr) return;
     constexpr int angles[] = {120, -120, 240, -240, 15, -60, 0};
-    const int angle = dice_.oneOf(angles);
-    const bool zooms = dice_.oneIn(3);
-    tell_("wheel " + std::to_string(angle) + (zooms ? " with Ctrl" : ""));
-    hands_.turnWheel(*window, anyPlaceOn(*window, dice_), angle,
-                     zooms ? Qt::KeyboardModifiers(ControlModifier) : NoModifier);
+    const int angle = w.dice.oneOf(angles);
+    const bool zooms = w.dice.oneIn(3);
+    w.tell("wheel " + std::to_string(angle) + (zooms ? " with Ctrl" : ""));
+    w.hands.turnWheel(*window, anyPlaceOn(*window, w.dice), angle,
+                      zooms ? Qt::KeyboardModifiers(ControlModifier) : NoModifier);
 }
 
-void Whims::tapKey() {
-    const Key key = keyOf(dice_.oneByWeight(keys));
-    if (!hands_.holds(key.key)) tap_(key);
+void tapKey(const Whims& w) {
+    const Key key = keyOf(w.dice.oneByWeight(keys));
+    if (!w.hands.holds(key.key)) w.tap(key);
 }
 
-void Whims::holdKey() {
-    const Key key = keyOf(dice_.oneByWeight(keys));
-    if (hands_.holds(key.key)) return;
-    tell_("hold " + nameOf(key));
-    hands_.hold(key);
+void holdKey(const Whims& w) {
+    const Key key = keyOf(w.dice.oneByWeight(keys));
+    if (w.hands.holds(key.key)) return;
+    w.tell("hold " + nameOf(key));
+    w.hands.hold(key);
 }
 
-void Whims::repeatKey() {
-    if (hands_.held().empty()) return holdKey();
-    const auto* const row = std::ranges::find(keys, dice_.oneOf(hands_.held()), &KeyRow::key);
-    const bool isMarked = !dice_.oneIn(3);
-    tell_("repeat " + nameOf(keyOf(*row)));
-    for (int times = dice_.between(1, 6); times > 0 && hands_.holds(row->key); --times)
-        hands_.repeat(keyOf(*row), isMarked);
+void repeatKey(const Whims& w) {
+    if (w.hands.held().empty()) return holdKey(w);
+    const auto* const row = std::ranges::find(keys, w.dice.oneOf(w.hands.held()), &KeyRow::key);
+    const bool isMarked = !w.dice.oneIn(3);
+    w.tell("repeat " + nameOf(keyOf(*row)));
+    for (int times = w.dice.between(1, 6); times > 0 && w.hands.holds(row->key); --times)
+        w.hands.repeat(keyOf(*row), isMarked);
 }
 
-void Whims::letKeyGo() {
-    if (hands_.held().empty()) return;
-    const Qt::Key key = dice_.oneOf(hands_.held());
-    tell_("let go " + QString::number(key, 16).toStdString());
-    hands_.letGo(key);
+void letKeyGo(const Whims& w) {
+    if (w.hands.held().empty()) return;
+    const Qt::Key key = w.dice.oneOf(w.hands.held());
+    w.tell("let go " + QString::number(key, 16).toStdString());
+    w.hands.letGo(key);
 }
 
-void Whims::typeText() {
-    const std::u32string text = dice_.oneOf(texts);
-    for (const char32_t character : text.substr(0, static_cast<size_t>(dice_.between(1, 12))))
-        if (character >= ' ' && !hands_.holds(keyFor(character).key)) tap_(keyFor(character));
+void typeText(const Whims& w) {
+    const std::u32string text = w.dice.oneOf(texts);
+    for (const char32_t character : text.substr(0, static_cast<size_t>(w.dice.between(1, 12))))
+        if (character >= ' ' && !w.hands.holds(keyFor(character).key)) w.tap(keyFor(character));
 }
 
-void Whims::paste() {
-    QString text = QString::fromStdU32String(dice_.oneOf(texts));
-    if (dice_.oneIn(8)) text = text.repeated(200);
-    if (dice_.oneIn(8)) text.append(QChar(0xD83C));  // Half a character.
-    tell_("copy so many: " + std::to_string(text.size()));
+void paste(const Whims& w) {
+    QString text = QString::fromStdU32String(w.dice.oneOf(texts));
+    if (w.dice.oneIn(8)) text = text.repeated(200);
+    if (w.dice.oneIn(8)) text.append(QChar(0xD83C));  // Half a character.
+    w.tell("copy so many: " + std::to_string(text.size()));
     QGuiApplication::clipboard()->setText(text);
-    tap_({Qt::Key_V, ControlModifier});
+    w.tap({Qt::Key_V, ControlModifier});
 }
 
 /// An input method talks to whatever has Qt's focus and takes text.
-void Whims::compose() {
+void compose(const Whims& w) {
     QObject* const target = QGuiApplication::focusObject();
     if (target == nullptr) return;
     QInputMethodQueryEvent asked(Qt::ImEnabled);
     QCoreApplication::sendEvent(target, &asked);
     if (!asked.value(Qt::ImEnabled).toBool()) return;
-    const QString text = QString::fromStdU32String(dice_.oneOf(texts));
-    const int step = dice_.below(4);
-    tell_("compose, step " + std::to_string(step));
+    const QString text = QString::fromStdU32String(w.dice.oneOf(texts));
+    const int step = w.dice.below(4);
+    w.tell("compose, step " + std::to_string(step));
     QInputMethodEvent event(step < 2 ? text : QString(), {});
-    if (step % 2 == 1) event.setCommitString(text, -dice_.below(3), dice_.below(3));
+    if (step % 2 == 1) event.setCommitString(text, -w.dice.below(3), w.dice.below(3));
     QCoreApplication::sendEvent(target, &event);
 }
 
-void Whims::lookAway() {
-    tell_("look away");
+void lookAway(const Whims& w) {
+    w.tell("look away");
     QWindowSystemInterface::handleWindowActivated<Now>(nullptr);
 }
 
-void Whims::lookBack() {
+void lookBack(const Whims& w) {
     const std::vector<QWindow*> all = windows();
     if (all.empty()) return;
-    QWindow& window = *dice_.oneOf(all);
+    QWindow& window = *w.dice.oneOf(all);
     if (window.type() == Qt::Popup || &window == QGuiApplication::focusWindow()) return;
-    tell_("look at " + window.title().toStdString());
+    w.tell("look at " + window.title().toStdString());
     QWindowSystemInterface::handleWindowActivated<Now>(&window);
 }
 
-void Whims::minimise() {
-    tell_("minimise");
-    hands_.window().showMinimized();
+void minimise(const Whims& w) {
+    w.tell("minimise");
+    w.hands.window().showMinimized();
     QWindowSystemInterface::handleWindowActivated<Now>(nullptr);
 }
 
-void Whims::fill() {
-    tell_("fill");
-    hands_.window().isMaximized() ? hands_.window().showNormal() : hands_.window().showMaximized();
+void fill(const Whims& w) {
+    w.tell("fill");
+    w.hands.window().isMaximized() ? w.hands.window().showNormal() : w.hands.window().showMaximized();
 }
 
-void Whims::resize() {
-    tell_("resize");
-    hands_.window().windowHandle()->resize(dice_.between(300, 1400), dice_.between(200, 1100));
+void resize(const Whims& w) {
+    w.tell("resize");
+    w.hands.window().windowHandle()->resize(w.dice.between(300, 1400), w.dice.between(200, 1100));
 }
 
-void Whims::moveWindow() {
+void moveWindow(const Whims& w) {
     const auto screens = QGuiApplication::screens();
-    const QRect place = dice_.oneOf(screens)->geometry();
-    tell_("move the window to " + std::to_string(place.x()));
-    hands_.window().move(place.topLeft() + QPoint(dice_.below(300), dice_.below(200)));
+    const QRect place = w.dice.oneOf(screens)->geometry();
+    w.tell("move the window to " + std::to_string(place.x()));
+    w.hands.window().move(place.topLeft() + QPoint(w.dice.below(300), w.dice.below(200)));
 }
 
 /// What the desktop's frame has a button for: the help, a message.
-void Whims::closeOther() {
-    QWindow* const window = anyWindow();
-    if (window == nullptr || window == hands_.window().windowHandle()) return;
-    tell_("close " + window->title().toStdString());
+void closeOther(const Whims& w) {
+    QWindow* const window = anyWindow(w);
+    if (window == nullptr || window == w.hands.window().windowHandle()) return;
+    w.tell("close " + window->title().toStdString());
     QWindowSystemInterface::handleCloseEvent<Now>(window);
 }
 
 /// A screen reader asks what is there, and may press it.
-void Whims::listen() {
-    QWindow* const window = anyWindow();
-    QWidget* const widget = window != nullptr ? anyFaceOf(*window) : nullptr;
+void listen(const Whims& w) {
+    QWindow* const window = anyWindow(w);
+    QWidget* const widget = window != nullptr ? anyFaceOf(w, *window) : nullptr;
     QAccessibleInterface* const face =
         QAccessible::isActive() && widget != nullptr ? QAccessible::queryAccessibleInterface(widget) : nullptr;
     if (face == nullptr) return;
-    tell_("listen to " + face->text(QAccessible::Name).toStdString());
+    w.tell("listen to " + face->text(QAccessible::Name).toStdString());
     for (int child = 0; child < face->childCount(); ++child)
         if (const QAccessibleInterface* const each = face->child(child)) each->text(QAccessible::Description);
     QAccessibleActionInterface* const actions = face->actionInterface();
-    if (actions != nullptr && !actions->actionNames().isEmpty() && dice_.oneIn(3))
+    if (actions != nullptr && !actions->actionNames().isEmpty() && w.dice.oneIn(3))
         actions->doAction(actions->actionNames().first());
 }
 
-void Whims::waitFor(int least, int most) {
-    const int time = dice_.between(least, most);
-    tell_("wait " + std::to_string(time));
+void waitFor(const Whims& w, int least, int most) {
+    const int time = w.dice.between(least, most);
+    w.tell("wait " + std::to_string(time));
     letTimePass(time);
 }
 
-void Whims::comeBack() {
-    while (!hands_.held().empty()) hands_.letGo(*hands_.held().begin());
-    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) hands_.buttonUp(button);
-    if (hands_.window().isMinimized()) hands_.window().showNormal();
-    if (QApplication::activePopupWidget() == nullptr &&
-        QGuiApplication::focusWindow() != hands_.window().windowHandle())
-        QWindowSystemInterface::handleWindowActivated<Now>(hands_.window().windowHandle());
+void wait(const Whims& w) { waitFor(w, 1, 100); }
+void waitLong(const Whims& w) { waitFor(w, 100, 2500); }
+
+/// What may be done, and how often beside the others.
+struct WhimRow {
+    int weight;
+    void (*does)(const Whims& w);
+};
+
+constexpr WhimRow whims[] = {
+    {60, tapKey},    {8, holdKey},     {16, repeatKey},   {10, letKeyGo},     {10, typeText}, {4, paste},
+    {6, compose},    {8, clickOnTool}, {20, clickOnFace}, {8, clickAnywhere}, {8, move},      {4, drag},
+    {4, turnWheel},  {2, lookAway},    {8, lookBack},     {1, minimise},      {2, fill},      {1, resize},
+    {2, moveWindow}, {2, closeOther},  {4, listen},       {20, wait},         {3, waitLong},
+};
+
+}  // namespace
+
+void Whims::act() const { dice.oneByWeight(whims).does(*this); }
+
+void Whims::comeBack() const {
+    while (!hands.held().empty()) hands.letGo(*hands.held().begin());
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) hands.buttonUp(button);
+    if (hands.window().isMinimized()) hands.window().showNormal();
+    if (QApplication::activePopupWidget() == nullptr && QGuiApplication::focusWindow() != hands.window().windowHandle())
+        QWindowSystemInterface::handleWindowActivated<Now>(hands.window().windowHandle());
 }
 
 bool Whims::isAtRest() const {
     const QWindow* const focus = QGuiApplication::focusWindow();
     const bool hasKeyboard =
-        focus == hands_.window().windowHandle() || (focus != nullptr && platform::desk().boxIsOpen());
-    return hands_.held().empty() && !hands_.buttonIsDown() && !hands_.window().isMinimized() && hasKeyboard;
+        focus == hands.window().windowHandle() || (focus != nullptr && platform::desk().boxIsOpen());
+    return hands.held().empty() && !hands.buttonIsDown() && !hands.window().isMinimized() && hasKeyboard;
 }
 
 }  // namespace wild

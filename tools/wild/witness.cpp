@@ -112,6 +112,17 @@ const ClosingRow closings[] = {
 /// The place so many steps on in a circle of places from 1.
 int inCircle(int place, int step, int places) { return (place - 1 + step + places) % places + 1; }
 
+/// A letter goes into the name while there is room.
+Witness::Answer answerOfField(const Key& key) {
+    const auto* const line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    const bool isLetter = key.text.size() == 1 && key.text[0] >= QChar('a') && key.text[0] <= QChar('z');
+    if (line == nullptr || !isLetter) return {};
+    const int length = static_cast<int>(line->text().toStdU32String().size());
+    if (length >= hiScoreNameLength || line->hasSelectedText()) return {};
+    return {"the name's field",
+            [line, length] { return static_cast<int>(line->text().toStdU32String().size()) > length; }};
+}
+
 }  // namespace
 
 Witness::Witness(frmMain& game, QWidget& window, Ledger& ledger)
@@ -252,17 +263,6 @@ Witness::Answer Witness::answerOfTable(Qt::Key key) const {
     const int column = game_.mintCurCol + (key == Qt::Key_Left ? -1 : 1);
     const bool isFree = column >= 1 && column <= columnCount && !game_.CellTable[game_.mintCurRow][column].Filled;
     return {"the table", [this, wanted = isFree ? column : game_.mintCurCol] { return game_.mintCurCol == wanted; }};
-}
-
-/// A letter goes into the name while there is room.
-Witness::Answer Witness::answerOfField(const Key& key) const {
-    const auto* const line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-    const bool isLetter = key.text.size() == 1 && key.text[0] >= QChar('a') && key.text[0] <= QChar('z');
-    if (line == nullptr || !isLetter) return {};
-    const int length = static_cast<int>(line->text().toStdU32String().size());
-    if (length >= hiScoreNameLength || line->hasSelectedText()) return {};
-    return {"the name's field",
-            [line, length] { return static_cast<int>(line->text().toStdU32String().size()) > length; }};
 }
 
 /// Much is made once and kept, some of it by other threads, and the thunder rolls on in the machine's own time, so that

@@ -53,7 +53,6 @@ class Witness {
     void paintLinesAgain() const;
     void compareWithGame(const QImage& screen) const;
     Answer answerOfTable(Qt::Key key) const;
-    Answer answerOfField(const Key& key) const;
 
     const frmMain& game_;
     QWidget& window_;
