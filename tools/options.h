@@ -24,6 +24,8 @@ struct OptionRow {
     bool takesValue = true;  ///< Else the value is empty.
 };
 
+constexpr int many = 1'000'000'000;  ///< More than anybody asks for.
+
 /// Sets a member to a whole number within those bounds; BadArguments for anything else.
 template <auto member, int64_t least, int64_t most, class Options>
 void setNumber(Options& options, const std::string& name, const std::string& value) {

@@ -26,8 +26,6 @@ using fuzz::targets;
 
 constexpr int longest = 20;  // seconds of the processor for an input
 
-constexpr int many = 1'000'000'000;
-
 std::string usage() {
     std::string text =
         "Usage: velmora_fuzz [--seed N] [--runs N] [--only TARGET] [--input FILE]\n"
@@ -103,8 +101,8 @@ void runAll(const Target& target, const Options& options) {
 }
 
 constexpr tools::OptionRow<Options> optionRows[] = {
-    {"--seed", tools::setNumber<&Options::seed, 0, many>},
-    {"--runs", tools::setNumber<&Options::runs, 1, many>},
+    {"--seed", tools::setNumber<&Options::seed, 0, tools::many>},
+    {"--runs", tools::setNumber<&Options::runs, 1, tools::many>},
     {"--only", tools::setText<&Options::only>},
     {"--input", tools::setText<&Options::input>},
 };

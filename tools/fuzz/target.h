@@ -22,8 +22,7 @@ struct Target {
     int runs;                              ///< Of a short run.
     std::vector<std::string> (*models)();  ///< Inputs that are as they should be.
     std::vector<std::string_view> words;
-    bool (*take)(
-        const std::string& input);  ///< Has it read; false if it has turned the input down. Throws an Objection.
+    bool (*take)(const std::string& input);  ///< Has it read; false if that was turned down. Throws an Objection.
 };
 
 extern const std::vector<Target> targets;

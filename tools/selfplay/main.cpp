@@ -63,13 +63,12 @@ struct Options {
 };
 
 using tools::BadArguments;
+using tools::many;
 
 void setPlayer(Options& options, const std::string& name, const std::string& value) {
     options.player = std::ranges::find(players, value, &PlayerRow::name);
     if (options.player == std::end(players)) throw BadArguments(name + " doesn't know \"" + value + "\".");
 }
-
-constexpr int many = 1'000'000'000;
 
 constexpr tools::OptionRow<Options> optionRows[] = {
     {"--seed", tools::setNumber<&Options::seed, 0, std::numeric_limits<uint32_t>::max()>},

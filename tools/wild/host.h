@@ -12,7 +12,8 @@ namespace wild {
 /// A folder of the run's own, beside the program, in which all that belongs to the program lies too; it goes with the
 /// run.
 struct OwnFolder {
-    /// Goes on in there, since the game keeps its scores beside itself, and with the same addresses each time.
+    /// Makes it and starts the program anew in there, since the game keeps its scores beside itself, and with the same
+    /// addresses each time. The program that was started so finds it made.
     explicit OwnFolder(char** arguments);
     ~OwnFolder();
     OwnFolder(const OwnFolder&) = delete;

@@ -1,4 +1,5 @@
-// Hands that mean nothing by it, at the real window.
+// Does at random what can be done to the real window, in one evening of play after the other, and tells what went
+// wrong.
 
 #include <QAccessible>
 #include <QApplication>
@@ -43,12 +44,11 @@ struct Options {
     std::string log;  // the file; empty for none
 };
 
-constexpr int many = 1'000'000'000;
 constexpr int enough = 8000;  // actions in which, as a rule, all comes that is to come
 
 constexpr tools::OptionRow<Options> optionRows[] = {
     {"--seed", tools::setNumber<&Options::seed, 0, std::numeric_limits<uint32_t>::max()>},
-    {"--actions", tools::setNumber<&Options::actions, 1, many>},
+    {"--actions", tools::setNumber<&Options::actions, 1, tools::many>},
     {"--minutes", tools::setNumber<&Options::minutes, 1, 1000>},
     {"--all", tools::setFlag<&Options::all, true>, false},
     {"--log", tools::setText<&Options::log>},
