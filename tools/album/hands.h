@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "tools/selfplay/hands.h"
+#include "tools/selfplay/player.h"
 
 namespace album {
 

@@ -3,9 +3,15 @@
 #include <cstdint>
 #include <random>
 
-#include "tools/selfplay/hands.h"
-
 namespace selfplay {
+
+/// What the built-in player does on a desktop. Each returns when whatever it has opened is closed again.
+class Hands {
+  public:
+    virtual ~Hands() = default;
+    virtual void press(int keyCode) const = 0;     ///< Down and up; a key of platform::key.
+    virtual void click(int toolButton) const = 0;  ///< A button of the toolbar.
+};
 
 /// Plays the game on any desktop, by the keys, and looks at no more than a player can see: steers the tiles, chooses
 /// among candidates, draws a seat and closes what the game shows.

@@ -8,7 +8,6 @@
 
 #include "frmMain.h"
 #include "platform/sim/simulation.h"
-#include "tools/selfplay/hands.h"
 #include "tools/selfplay/interruptions.h"
 #include "tools/selfplay/player.h"
 #include "tools/selfplay/referee.h"

@@ -100,7 +100,7 @@ std::string Panel::caption() const { return impl_->caption; }
 Control::Control(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 Control::~Control() = default;
 
-Control::Impl::Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder)
+Control::Impl::Impl(Control& control, const Panel::Impl& holder, Kind kindOfControl)
     : owner(control), kind(kindOfControl), view(&holder.view) {
     view->controls.push_back(this);
 }
@@ -134,40 +134,38 @@ CaptionButton::CaptionButton(std::unique_ptr<Impl> impl) : Control(std::move(imp
 void CaptionButton::setCaption(const std::string& text) { impl_->caption = text; }
 
 CommandButton::CommandButton(Panel& panel, const Place& /*place*/)
-    : CaptionButton(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl())) {}
+    : CaptionButton(std::make_unique<Impl>(*this, panel.impl())) {}
 void CommandButton::makeDefault() { impl_->answers = key::Enter; }
 void CommandButton::makeCancel() { impl_->answers = key::Escape; }
 
-SpinButton::SpinButton(Panel& panel, const Place& /*place*/)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl())) {}
+SpinButton::SpinButton(Panel& panel, const Place& /*place*/) : Control(std::make_unique<Impl>(*this, panel.impl())) {}
 
 std::string EditField::text() const { return impl_->text; }
 void EditField::selectAll() {}
 
 TextBox::TextBox(Panel& panel, const Place& /*place*/)
-    : EditField(std::make_unique<Impl>(*this, Impl::Kind::Text, panel.impl())) {}
+    : EditField(std::make_unique<Impl>(*this, panel.impl(), Impl::Kind::Text)) {}
 void TextBox::setText(const std::string& text) { impl_->text = text; }
 void TextBox::setMaxLength(int characters) { impl_->maxLength = characters; }
 void TextBox::setAlign(Align /*align*/) {}
 
 MaskEdBox::MaskEdBox(Panel& panel, const Place& /*place*/, int digits)
-    : EditField(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl())) {
+    : EditField(std::make_unique<Impl>(*this, panel.impl())) {
     impl_->text.assign(static_cast<size_t>(digits), ' ');
 }
 void MaskEdBox::clear() {}
 
-ComboBox::ComboBox(Panel& panel, const Place& /*place*/)
-    : Control(std::make_unique<Impl>(*this, Impl::Kind::Other, panel.impl())) {}
+ComboBox::ComboBox(Panel& panel, const Place& /*place*/) : Control(std::make_unique<Impl>(*this, panel.impl())) {}
 void ComboBox::setRows(std::span<const char* const> /*texts*/) {}
 std::string ComboBox::text() const { return impl_->text; }
 
 CheckBox::CheckBox(Panel& panel, const Place& /*place*/)
-    : CaptionButton(std::make_unique<Impl>(*this, Impl::Kind::Check, panel.impl())) {}
+    : CaptionButton(std::make_unique<Impl>(*this, panel.impl(), Impl::Kind::Check)) {}
 void CheckBox::setValue(bool ticked) { sim::setValue(*impl_, ticked); }
 bool CheckBox::value() const { return impl_->value; }
 
 OptionButton::OptionButton(Panel& panel, const Place& /*place*/)
-    : CaptionButton(std::make_unique<Impl>(*this, Impl::Kind::Option, panel.impl())) {}
+    : CaptionButton(std::make_unique<Impl>(*this, panel.impl(), Impl::Kind::Option)) {}
 void OptionButton::setValue(bool chosen) { sim::setValue(*impl_, chosen); }
 bool OptionButton::value() const { return impl_->value; }
 

@@ -58,7 +58,7 @@ struct State {
 
     std::set<int> keysDown;
     platform::ToolBar::Impl* toolBar = nullptr;
-    platform::PopupMenu::Impl* menu = nullptr;  ///< The open one.
+    platform::PopupMenu* menu = nullptr;  ///< The open one.
     std::vector<std::string> messages;
     bool screenReader = false;
     std::vector<std::string> announcements;
@@ -144,7 +144,7 @@ struct platform::Control::Impl {
     enum class Kind { Other, Text, Check, Option };
 
     /// The last in its form's tab order.
-    Impl(Control& control, Kind kindOfControl, const Panel::Impl& holder);
+    Impl(Control& control, const Panel::Impl& holder, Kind kindOfControl = Kind::Other);
     ~Impl();  ///< Off its form, if that is still there.
 
     Control& owner;
@@ -157,9 +157,4 @@ struct platform::Control::Impl {
     bool value = false;                              ///< Ticked or chosen.
     std::string text;
     int maxLength = 0;  ///< Characters that may be typed; 0 for no limit.
-};
-
-/// A menu on the simulated desktop.
-struct platform::PopupMenu::Impl {
-    PopupMenu& owner;
 };

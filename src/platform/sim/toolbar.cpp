@@ -6,14 +6,6 @@
 #include "platform/base/runtime.h"
 #include "platform/sim/state.h"
 
-namespace sim {
-namespace {
-
-void closeMenu() { platform::desk().closeBox(std::exchange(state().menu, nullptr)); }
-
-}  // namespace
-}  // namespace sim
-
 namespace platform {
 
 struct ToolBar::Impl {
@@ -52,17 +44,19 @@ void ToolBar::setToolTip(int button, const std::string& text) {
 
 std::string ToolBar::toolTip(int button) const { return impl_->buttons[button].toolTip; }
 
-PopupMenu::PopupMenu(Form& /*form*/) : impl_(new Impl{*this}) {}
+struct PopupMenu::Impl {};
+
+PopupMenu::PopupMenu(Form& /*form*/) {}
 
 PopupMenu::~PopupMenu() {
-    if (sim::state().menu == impl_.get()) sim::closeMenu();
+    if (sim::state().menu == this) desk().closeBox(std::exchange(sim::state().menu, nullptr));
 }
 
 void PopupMenu::popUp() {
-    const Impl* const self = sim::state().menu = impl_.get();
-    desk().openBox(impl_.get());
+    sim::state().menu = this;
+    desk().openBox(this);
     sim::note("menu opens");
-    sim::serveWhile([&] { return sim::state().menu == self; });
+    sim::serveWhile([this] { return sim::state().menu == this; });
 }
 
 }  // namespace platform
@@ -92,11 +86,11 @@ bool pressToolButton(const platform::Stroke& stroke) {
 
 void chooseMenuItem(int item) {
     arrive();
-    platform::PopupMenu::Impl* const menu = state().menu;
+    platform::PopupMenu* const menu = std::exchange(state().menu, nullptr);
     if (menu == nullptr) return;
-    closeMenu();
+    platform::desk().closeBox(menu);
     note("menu", item);
-    if (item >= 1 && item <= static_cast<int>(menu->owner.items.size())) platform::callSlot(menu->owner.onClick, item);
+    if (item >= 1 && item <= static_cast<int>(menu->items.size())) platform::callSlot(menu->onClick, item);
 }
 
 }  // namespace sim
