@@ -7,7 +7,7 @@
 
 #include "platform/qt/sound/module/limiter.h"
 #include "platform/qt/sound/module/music.h"
-#include "platform/qt/sound/module/waves.h"
+#include "platform/qt/sound/module/samples.h"
 #include "tools/fuzz/target.h"
 
 namespace fuzz {

@@ -13,7 +13,6 @@
 #include "platform/qt/sound/module/limiter.h"
 #include "platform/qt/sound/module/music.h"
 #include "platform/qt/sound/module/samples.h"
-#include "platform/qt/sound/module/waves.h"
 
 namespace platform::qt {
 namespace {

@@ -1,14 +1,11 @@
-#include "platform/qt/sound/module/waves.h"
+#include "platform/qt/sound/module/samples.h"
 
 #include <SDL.h>
 
-#include <algorithm>
-#include <cmath>
 #include <memory>
 
 #include "platform/base/files.h"
 #include "platform/qt/sound/module/mixer.h"
-#include "platform/qt/sound/module/samples.h"
 
 namespace platform::qt {
 namespace {
