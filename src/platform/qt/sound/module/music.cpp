@@ -136,7 +136,7 @@ Music::Player Music::makePlayer() const {
 }
 
 void Music::begin(uint64_t performance) {
-    if (cutOff_) forgetControllers();
+    if (!sounding_) forgetControllers();
     player_ = makePlayer();
     performance_ = performance;
     resume();
@@ -162,7 +162,6 @@ std::vector<float> Music::silence() {
     }
     going_ = false;
     sounding_ = false;
-    cutOff_ = true;
     return rest;
 }
 

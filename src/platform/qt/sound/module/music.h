@@ -53,7 +53,6 @@ class Music {
     uint64_t performance_ = 0;
     bool going_ = false;
     bool sounding_ = false;  // there is something to render: it plays, or its last notes ring
-    bool cutOff_ = false;    // the last performance has left its controllers as they were
 };
 
 }  // namespace platform::qt
