@@ -12,8 +12,8 @@ constexpr uint32_t HELP_QUIT = 2;   ///< Closes the help; the next opening begin
 constexpr uint32_t HELP_INDEX = 3;  ///< Opens the help, or brings it to the front.
 
 /// Carries out a command of the help viewer; any other command does nothing, and the data isn't looked at. The viewer
-/// is a window of its own, beside the one that it was opened for, and goes with that one. It reads the file of that
-/// name in the program's folder when it first opens, Markdown in UTF-8, or tells that there is no help text.
+/// is a window of its own, beside the one that it was opened for. It reads the file of that name in the program's folder
+/// when it first opens, Markdown in UTF-8, or tells that there is no help text.
 void WinHelpA(Form& window, const std::string& file, uint32_t command, uint32_t data);
 
 /// A picture in the help text; rows from the top, a pixel as 0xAARRGGBB.

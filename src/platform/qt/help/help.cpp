@@ -30,7 +30,6 @@
 
 #include "platform/base/files.h"
 #include "platform/desktop.h"
-#include "platform/qt/controls/control.h"
 #include "platform/qt/help/pieces.h"
 #include "platform/qt/window/fonts.h"
 
@@ -300,7 +299,6 @@ class HelpWindow : public QMainWindow {
 
   protected:
     void changeEvent(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;  ///< Closes when what it watches goes off the screen.
 
   private:
     QAction* addCommand(const QString& text, const QString& toolTip, const QList<QKeySequence>& keys,
@@ -474,12 +472,6 @@ void HelpWindow::bringToFront() {
     page_->setFocus();
 }
 
-bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
-    // A spontaneous one comes from the desktop, which only turned the window into an icon.
-    if (event->type() == QEvent::Hide && !event->spontaneous()) close();
-    return QMainWindow::eventFilter(watched, event);
-}
-
 /// The text of the help file, or one that tells that there is none.
 std::string helpText(const std::string& file) {
     const std::string path = programFile(file);
@@ -491,12 +483,11 @@ std::string helpText(const std::string& file) {
 
 }  // namespace
 
-void WinHelpA(Form& window, const std::string& file, uint32_t command, uint32_t /*data*/) {
+void WinHelpA(Form& /*window*/, const std::string& file, uint32_t command, uint32_t /*data*/) {
     static QPointer<HelpWindow> viewer;  // made when the help is first asked for; closed, it keeps what was read
     if (command == HELP_QUIT) delete viewer;
     if (command != HELP_INDEX) return;
     if (!viewer) viewer = new HelpWindow(helpText(file));
-    qt::windowOf(window)->installEventFilter(viewer);
     viewer->bringToFront();
 }
 
