@@ -116,7 +116,7 @@ Control::Control(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 
 Control::~Control() = default;
 
-void Control::setFont(const Font& font) { impl_->face->setFont(qt::letteringOf(font).font); }
+void Control::setFont(const Font& font) { impl_->face->setFont(qt::fontOf(font)); }
 
 void Control::setEnabled(bool enabled) { impl_->face->setEnabled(enabled); }
 

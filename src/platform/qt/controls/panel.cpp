@@ -62,7 +62,7 @@ struct Label::Impl : QObject {
     void present() {
         if (face.get() == nullptr) return;
         const bool isSeen = !isEarly && !face->text().isEmpty() && !ticks().isAway();
-        if (isSeen) face->setFont(qt::letteringOf(font).font);
+        if (isSeen) face->setFont(qt::fontOf(font));
         face->setVisible(isSeen);
     }
 
@@ -173,7 +173,7 @@ Panel::Panel(Panel&&) noexcept = default;
 void Panel::setLook(const PanelLook& look) { impl_->face->setLook(look); }
 
 void Panel::setFont(const Font& font) {
-    impl_->face->setFont(qt::letteringOf(font).font);
+    impl_->face->setFont(qt::fontOf(font));
     impl_->face->fit();
 }
 

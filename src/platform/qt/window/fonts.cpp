@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QFontMetrics>
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -53,13 +54,11 @@ void makeUpForMissingFonts() {
     QApplication::setFont(font);
 }
 
-const Lettering& letteringOf(const Font& font) {
-    static std::map<std::tuple<std::string, double, bool>, Lettering> letterings;
-    const std::tuple wanted(font.name, font.points, font.bold);
-    const auto found = letterings.find(wanted);
-    if (found != letterings.end()) return found->second;
-    const QFont made = make(font);
-    return letterings.emplace(wanted, Lettering{made, QFontMetrics(made)}).first->second;
+const QFont& fontOf(const Font& font) {
+    static std::map<std::tuple<std::string, double, bool>, QFont> fonts;
+    const auto [made, isNew] = fonts.try_emplace({font.name, font.points, font.bold});
+    if (isNew) made->second = make(font);
+    return made->second;
 }
 
 }  // namespace platform::qt

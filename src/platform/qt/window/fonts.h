@@ -1,17 +1,11 @@
 #pragma once
 
 #include <QFont>
-#include <QFontMetrics>
 #include <string>
 
 #include "platform/surface.h"
 
 namespace platform::qt {
-
-struct Lettering {
-    QFont font;
-    QFontMetrics metrics;
-};
 
 /// The family that text in a font of that name is set in: one that the program carries, which Qt knows from now on, for
 /// a name that Debian doesn't have.
@@ -22,6 +16,6 @@ std::string familyOf(const std::string& fontName);
 void makeUpForMissingFonts();
 
 /// The font as it stands on a screen of 96 pixels an inch, whatever the desktop's own is. Stays for the run.
-const Lettering& letteringOf(const Font& font);
+const QFont& fontOf(const Font& font);
 
 }  // namespace platform::qt

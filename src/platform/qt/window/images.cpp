@@ -1,5 +1,6 @@
 #include "platform/qt/window/images.h"
 
+#include <QFontMetrics>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
@@ -12,12 +13,9 @@ namespace platform {
 namespace qt {
 namespace {
 
-constexpr int bytesPerPixel = 4;
-
 /// Real pixels as an image.
 QImage imageOf(const uint32_t* pixels, int width, int height, int ofDensity, QImage::Format format) {
-    return {reinterpret_cast<const uchar*>(pixels), width * ofDensity, height * ofDensity,
-            width * ofDensity * bytesPerPixel, format};
+    return {reinterpret_cast<const uchar*>(pixels), width * ofDensity, height * ofDensity, format};
 }
 
 }  // namespace
@@ -25,14 +23,6 @@ QImage imageOf(const uint32_t* pixels, int width, int height, int ofDensity, QIm
 QImage imageOf(const Surface& surface) {
     if (!surface.hasPixels()) return {};
     return imageOf(surface.row(0), surface.width(), surface.height(), density(), QImage::Format_RGB32);
-}
-
-QImage canvasOf(Surface& surface) {
-    if (!surface.hasPixels()) return {};
-    QImage canvas(reinterpret_cast<uchar*>(surface.canvas()), surface.width() * density(), surface.height() * density(),
-                  surface.width() * density() * bytesPerPixel, QImage::Format_RGB32);
-    canvas.setDevicePixelRatio(density());
-    return canvas;
 }
 
 QImage imageOf(const Picture& picture, int ofDensity) {
@@ -48,17 +38,18 @@ QColor colorOf(Color color) { return QColor(QRgb{pixelOf(color)}); }
 }  // namespace qt
 
 void drawText(Surface& surface, int x, int y, const std::string& text, const Font& font, Color color) {
-    QImage canvas = qt::canvasOf(surface);
-    if (canvas.isNull() || text.empty()) return;
-    const qt::Lettering& lettering = qt::letteringOf(font);
+    if (!surface.hasPixels() || text.empty()) return;
+    QImage canvas(reinterpret_cast<uchar*>(surface.canvas()), surface.width() * density(), surface.height() * density(),
+                  QImage::Format_RGB32);
+    canvas.setDevicePixelRatio(density());
     QPainter painter(&canvas);
-    painter.setFont(lettering.font);
+    painter.setFont(qt::fontOf(font));
     painter.setPen(qt::colorOf(color));
-    painter.drawText(x, y + lettering.metrics.ascent(), QString::fromStdString(text));
+    painter.drawText(x, y + QFontMetrics(qt::fontOf(font)).ascent(), QString::fromStdString(text));
 }
 
 int measureText(const std::string& text, const Font& font) {
-    return qt::letteringOf(font).metrics.horizontalAdvance(QString::fromStdString(text));
+    return QFontMetrics(qt::fontOf(font)).horizontalAdvance(QString::fromStdString(text));
 }
 
 }  // namespace platform

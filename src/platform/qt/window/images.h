@@ -10,9 +10,6 @@ namespace platform::qt {
 /// The surface's own real pixels as an image to show, without a copy; null if it has none.
 QImage imageOf(const Surface& surface);
 
-/// The surface as an image to paint on, in the game's pixels and without a copy; null if it has none.
-QImage canvasOf(Surface& surface);
-
 /// The picture's real pixels at that density, or the nearest lower one, as an image without a copy; null if it has
 /// none.
 QImage imageOf(const Picture& picture, int ofDensity = 1);
