@@ -101,8 +101,7 @@ void FormWindow::openAsMain() {
     frame_ = std::make_unique<Frame>(*this);
     place();
     show();
-    frame_->show();
-    frame_->fit();
+    frame_->open();
 }
 
 void FormWindow::openAsDialog() {

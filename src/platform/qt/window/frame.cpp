@@ -31,6 +31,12 @@ Frame::Frame(FormWindow& table) : QWidget(nullptr, flags), table_(table) {
     fit();
 }
 
+void Frame::open() {
+    show();
+    connect(windowHandle(), &QWindow::screenChanged, this, &Frame::settleOnScreen, Qt::QueuedConnection);
+    fit();
+}
+
 void Frame::fit() {
     if (isFilled()) return fill();
     setFixedSize(table_.size());
@@ -108,13 +114,6 @@ bool Frame::hasOwnSize() const {
 }
 
 /// The other screen may have another scale, and less room.
-bool Frame::event(QEvent* event) {
-    if (event->type() == QEvent::ScreenChangeInternal && windowHandle() != nullptr)
-        QMetaObject::invokeMethod(
-            this, [this] { settleOnScreen(); }, Qt::QueuedConnection);
-    return QWidget::event(event);
-}
-
 void Frame::settleOnScreen() {
     if (!isVisible() || isFilled()) return;
     zoomBy(ZoomStep::None);

@@ -17,13 +17,13 @@ class Frame : public QWidget {
   public:
     explicit Frame(FormWindow& table);  ///< Takes the table as its child; not on the screen.
 
-    void fit();                                                ///< The table has another size, or the frame is shown.
+    void open();                                               ///< Comes up on the screen.
+    void fit();                                                ///< The table has another size.
     bool isFilled() const { return zoomBefore_.has_value(); }  ///< Whether the desktop gives it its size.
     void fillScreen(bool fills);                               ///< All of the screen, or no longer.
     void zoomBy(ZoomStep step);                                ///< Nothing while it is filled.
 
   protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;

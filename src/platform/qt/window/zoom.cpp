@@ -27,10 +27,9 @@ namespace {
 
 constexpr double stepsInOne = 4;
 constexpr double freePart = 0.1;  // of the screen, around the window at the start
-constexpr double atRest = 1;
 
-double now = atRest;
-double atStart = atRest;
+double now = 1;
+double atStart = 1;
 std::optional<double> askedFor;  // 0 for the one that suits the screen
 
 /// How often a window has room, a fraction too.
@@ -50,11 +49,8 @@ double ownScale(const QScreen& screen) {
 
 void scale(QScreen* screen) { QHighDpiScaling::setScreenFactor(screen, ownScale(*screen) * now); }
 
-/// Screens that come later are scaled as those that are there.
-void watchScreens() {
-    static const QMetaObject::Connection watched =
-        QObject::connect(qApp, &QGuiApplication::screenAdded, qApp, [](QScreen* screen) { scale(screen); });
-}
+/// The room for windows on the screen of a window, in pixels at a zoom of 1.
+QSizeF roomOnScreen(const QWidget& window) { return QSizeF(window.screen()->availableSize()) * now; }
 
 /// Its picture would keep its size at the first change of scale, and what covers it wholly isn't painted with it.
 void paintAnew(QWidget& widget) {
@@ -106,7 +102,7 @@ bool isWayland() { return QGuiApplication::platformName().startsWith("wayland");
 void setZoom(double zoom) {
     if (zoom == now) return;
     for (const QScreen* const screen : QGuiApplication::screens()) ownScale(*screen);
-    watchScreens();
+    static const auto later = QObject::connect(qApp, &QGuiApplication::screenAdded, qApp, scale);
     const double ratio = std::exchange(now, zoom);
     for (QScreen* const screen : QGuiApplication::screens()) scale(screen);
     QToolTip::hideText();
@@ -144,8 +140,6 @@ void openAtZoom(const QWidget& window) {
 }
 
 void fitToZoom(QWidget& window) { follow(window, 1); }
-
-QSizeF roomOnScreen(const QWidget& window) { return QSizeF(window.screen()->availableSize()) * now; }
 
 QSizeF sizeOnScreen(const QWidget& window) {
     const QWindow& handle = *window.windowHandle();

@@ -39,9 +39,6 @@ void renewLimits(QWindow& window, const QSize& least, const QSize& most);
 /// Gives a window on the screen its size in the screen's pixels again.
 void fitToZoom(QWidget& window);
 
-/// The room for windows on the screen of a window, in pixels at a zoom of 1.
-QSizeF roomOnScreen(const QWidget& window);
-
 /// The size of a window as the desktop has it, in pixels at a zoom of 1.
 QSizeF sizeOnScreen(const QWidget& window);
 
