@@ -90,10 +90,7 @@ void FormWindow::announce(const std::function<std::string()>& text) {
         setAccessibleName(QString::fromStdString(text()));  // Until the form is shown its name carries the text.
 }
 
-void FormWindow::open(bool asDialog) {
-    isMain_ = !asDialog;
-    asDialog ? openAsDialog() : openAsMain();
-}
+void FormWindow::open(bool asDialog) { asDialog ? openAsDialog() : openAsMain(); }
 
 void FormWindow::openAsMain() {
     setRole(*this, QAccessible::Client);
@@ -117,12 +114,10 @@ void FormWindow::openAsDialog() {
 }
 
 void FormWindow::wait() {
-    const QPointer<FormWindow> self(this);
     QEventLoop loop;
     loop_ = &loop;
     loop.exec();
-    if (self) self->loop_ = nullptr;  // It still stands when the program's end has ended the loop.
-    formStack().noteChange();         // From now on the form below takes clicks.
+    formStack().noteChange();  // From now on the form below takes clicks.
 }
 
 void FormWindow::leave() {
@@ -130,14 +125,14 @@ void FormWindow::leave() {
     if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
     hide();
     setParent(nullptr);  // A form outlives its window, and a dialog the main window, if its owner does.
-    if (Frame* const frame = frame_.release()) {
+    Frame* const frame = frame_.release();
+    if (frame) {
         frame->hide();
         frame->deleteLater();  // It may be what is closed just now.
     }
     if (loop_) loop_->quit();
-    loop_ = nullptr;
     formStack().noteChange();
-    if (std::exchange(isMain_, false)) formStack().noteEnd();
+    if (frame) formStack().noteEnd();
 }
 
 void FormWindow::retire() {
@@ -146,9 +141,8 @@ void FormWindow::retire() {
 }
 
 void FormWindow::focusFirst() {
-    const auto first = std::ranges::find_if(controls_, [this](const Control::Impl* control) {
-        return control->face->isEnabledTo(this) && control->face->focusPolicy() & Qt::TabFocus;
-    });
+    const auto first = std::ranges::find_if(
+        controls_, [this](const Control::Impl* control) { return control->face->isEnabledTo(this); });
     const bool chooses = focusedControl() == nullptr && first != controls_.end();
     (chooses ? (*first)->face.get() : keyTarget())->setFocus(Qt::TabFocusReason);
     followFocus();

@@ -53,9 +53,8 @@ class FormWindow : public QWidget, public FormView {
     void takeKeysBack();         ///< From a tool button, if one has them.
     Control::Impl* controlOf(const QWidget* face) const;  ///< The form's control with that face; null if it is none.
     Control::Impl* focusedControl() const;                ///< The control to which they go; null if it is none.
-    bool pressesButtonFor(
-        const Stroke& stroke);  ///< Whether a button answers the key for the whole form; it is pressed.
-    void followFocus();         ///< Tells the controls when the focus has gone from one to another.
+    bool pressesButtonFor(const Stroke& stroke);          ///< Whether the form's buttons take the key; presses one.
+    void followFocus();                                   ///< Tells the controls where the focus has gone.
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -65,10 +64,9 @@ class FormWindow : public QWidget, public FormView {
     void openAsMain();
     void openAsDialog();
 
-    bool isMain_ = false;           // while it is open
-    std::unique_ptr<Frame> frame_;  // then
+    std::unique_ptr<Frame> frame_;  // while it is open as the main form
     Changes::Moment shown_ = 0;
-    QEventLoop* loop_ = nullptr;            // waits for the unload of a dialog
+    QPointer<QEventLoop> loop_;             // waits for the unload of a dialog
     std::vector<Control::Impl*> controls_;  // in tab order
     Control::Impl* focused_ = nullptr;      // as its handlers were told last
     QPointer<QPushButton> default_;
