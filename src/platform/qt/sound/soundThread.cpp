@@ -1,5 +1,6 @@
 #include "platform/qt/sound/soundThread.h"
 
+#include <QScopeGuard>
 #include <utility>
 
 #include "platform/base/files.h"
@@ -135,10 +136,7 @@ namespace {
 /// The one of the program. It ends when the program does, and is never destroyed.
 qt::SoundThread& soundThread() {
     static auto& theThread = *new qt::SoundThread;  // Controls that are let go at the very end still ask for it.
-    struct Ender {
-        ~Ender() { theThread.end(); }
-    };
-    static const Ender ender;
+    static const auto atEnd = qScopeGuard([] { theThread.end(); });
     return theThread;
 }
 

@@ -8,23 +8,19 @@
 #include <QScreen>
 #include <QSocketNotifier>
 #include <QTimer>
-#include <QWindow>
 #include <array>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <functional>
 #include <utility>
 
 #include "platform/base/process.h"
 #include "platform/base/uncaught.h"
 #include "platform/pictures.h"
 #include "platform/qt/window/accessible.h"
-#include "platform/qt/window/fonts.h"
 #include "platform/qt/window/formStack.h"
 #include "platform/qt/window/formWindow.h"
-#include "platform/qt/window/frame.h"
 #include "platform/qt/window/images.h"
 #include "platform/qt/window/zoom.h"
 
@@ -49,21 +45,6 @@ void hearOfDisplay(QtMsgType type, const QMessageLogContext& context, const QStr
     std::_Exit(1);
 }
 
-/// Sees to the desktop's font as the first window comes that is lettered in it.
-class FontWatch : public QObject {
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::Polish) return false;
-        const auto* const widget = qobject_cast<QWidget*>(watched);
-        if (!widget || !widget->isWindow() || dynamic_cast<const qt::FormWindow*>(widget) ||
-            dynamic_cast<const qt::Frame*>(widget))
-            return false;
-        qApp->removeEventFilter(this);
-        deleteLater();
-        qt::makeUpForMissingFonts();
-        return false;
-    }
-};
-
 std::array<int, 2> ends{-1, -1};  // of the pipe from the signal handler to the event loop
 
 /// Only a write is allowed here: the signal may have come in the middle of anything.
@@ -72,15 +53,15 @@ void tellLoop(int /*signal*/) {
     [[maybe_unused]] const ssize_t written = write(ends[1], &byte, 1);
 }
 
-/// Has the handler called in the event loop when an interrupt or a termination signal has asked the program to end. The
-/// first signal does so; a second one ends the process at once. One that the program was started to ignore, as nohup
-/// does for a terminal that goes away, stays ignored.
-void onEndSignal(std::function<void()> handler) {
+/// Unloads the main window, from the event loop, when an interrupt or a termination signal has asked the program to
+/// end. The first signal does so; a second one ends the process at once. One that the program was started to ignore, as
+/// nohup does for a terminal that goes away, stays ignored.
+void heedEndSignals() {
     if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
     auto* const notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, QCoreApplication::instance());
-    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [notifier, called = std::move(handler)] {
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [notifier] {
         notifier->setEnabled(false);
-        called();
+        if (Form* const main = mainForm()) main->unload();
     });
     struct sigaction action {};
     action.sa_handler = tellLoop;
@@ -154,7 +135,6 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
     QApplication::setDesktopFileName(QString::fromStdString(id));
     QApplication::setQuitOnLastWindowClosed(false);  // A message box may come and go before the main window is seen.
     QApplication::setWindowIcon(iconOf(id));
-    application->installEventFilter(new FontWatch);
     qt::startAccessibility();
     application->installEventFilter(&qt::formStack());
     QObject::connect(application, &QApplication::focusChanged, [] {
@@ -169,9 +149,7 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
 void Application::setZoom(double zoom) { qt::askForZoom(zoom); }
 
 int Application::run() {
-    onEndSignal([] {
-        if (Form* const main = mainForm()) main->unload();
-    });
+    heedEndSignals();
     qt::formStack().onMainWindowGone = [] { QApplication::exit(0); };
     return QApplication::exec();
 }

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QScreen>
 #include <chrono>
 #include <cstdio>
@@ -76,12 +77,8 @@ void messageBox(const std::string& title, const std::string& text, Sign sign) {
     QEventLoop loop;
     QObject::connect(box, &QDialog::finished, &loop, &QEventLoop::quit);
     QObject::connect(box, &QObject::destroyed, &loop, &QEventLoop::quit);
-    struct Open {
-        const QWidget* window;
-        ~Open() {
-            qt::formStack().closeBox(window);
-        }  // Also if it can't be shown: the forms would get no key any more.
-    } const open{window};
+    // Also if it can't be shown: the forms would get no key any more.
+    const auto isGone = qScopeGuard([window] { qt::formStack().closeBox(window); });
     qt::formStack().openBox(box);
     box->show();
     loop.exec();

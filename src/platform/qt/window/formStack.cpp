@@ -9,10 +9,12 @@
 #include <QWheelEvent>
 #include <QWidget>
 #include <QWindow>
+#include <algorithm>
 #include <utility>
 
 #include "platform/base/uncaught.h"
 #include "platform/qt/controls/control.h"
+#include "platform/qt/window/fonts.h"
 #include "platform/qt/window/formWindow.h"
 #include "platform/qt/window/frame.h"
 #include "platform/qt/window/keys.h"
@@ -23,31 +25,12 @@ namespace platform::qt {
 namespace {
 
 // A release isn't among them: a button that was down when a dialog opened must come up again.
-bool isPointing(QEvent::Type type) {
-    switch (type) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::Enter:
-        case QEvent::HoverEnter:
-        case QEvent::HoverMove:
-        case QEvent::Wheel:
-        case QEvent::ToolTip:
-        case QEvent::ContextMenu:
-        case QEvent::TouchBegin:
-        case QEvent::TabletPress:
-            return true;
-        default:
-            return false;
-    }
-}
-
-bool isOfMouse(QEvent::Type type) {
-    return type == QEvent::MouseMove || type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
-           type == QEvent::MouseButtonDblClick;
-}
-
-/// Enter going down, for a form that is clicked.
-QKeyEvent enterKey() { return {QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r")}; }
+constexpr QEvent::Type pointing[] = {
+    QEvent::MouseButtonPress, QEvent::MouseButtonDblClick, QEvent::Enter,
+    QEvent::HoverEnter,       QEvent::HoverMove,           QEvent::Wheel,
+    QEvent::ToolTip,          QEvent::ContextMenu,         QEvent::TouchBegin,
+    QEvent::TabletPress,
+};
 
 /// The number of a key.
 quint32 keyOf(const QKeyEvent& event) {
@@ -144,12 +127,14 @@ void FormStack::setAway(bool away) const {
 bool FormStack::eventFilter(QObject* watched, QEvent* event) {
     if (!watched->isWidgetType()) return false;
     QWidget* const face = static_cast<QWidget*>(watched);
+    if (event->type() == QEvent::Polish && !belongsToForms(face)) makeUpForMissingFonts();  // It is lettered in them.
     if (filterZoom(*face, *event)) return true;
     if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease)
         return filterKey(face, *static_cast<QKeyEvent*>(event));
     if (event->type() == QEvent::MouseButtonPress && top()) top()->takeKeysBack();
-    if (isPointing(event->type()) && blocks(face)) return true;
-    return isOfMouse(event->type()) && filterMouse(face, *static_cast<QMouseEvent*>(event));
+    if (std::ranges::count(pointing, event->type()) > 0 && blocks(face)) return true;
+    const auto* const mouse = dynamic_cast<const QMouseEvent*>(event);
+    return mouse && filterMouse(face, *mouse);
 }
 
 /// Whatever is open on the main window, its keys and the wheel change the zoom; those of the help are its own.
@@ -186,7 +171,7 @@ bool FormStack::filterMouse(const QWidget* face, const QMouseEvent& event) {
     if (event.type() != QEvent::MouseButtonRelease)
         desk().buttonDown(at.x(), at.y());
     else if (desk().buttonUp(at.x(), at.y()))
-        deliver(enterKey(), {key::Enter, key::Enter, false});
+        deliver({QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r"}, {key::Enter, key::Enter, false});
     return true;
 }
 

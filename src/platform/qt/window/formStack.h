@@ -8,7 +8,6 @@
 
 #include "platform/qt/window/keys.h"
 
-class QKeyEvent;
 class QMouseEvent;
 class QWidget;
 
