@@ -327,7 +327,7 @@ TEST_F(Controls, BoxesAndOptionsAreTickedAndChosen) {
 
 TEST_F(Controls, APanelTakesItsSizeFromItsCaption) {
     Panel panel(main_->form, {10, 20, 100, 17});
-    const QWidget& face = *panel.impl().widget();
+    const QWidget& face = *panel.impl().face.get();
     const auto sizeWith = [&](Fit fit, const char* caption) {
         panel.setLook({Bevel::Inset, Bevel::None, 2, 0, Align::Left, fit});
         panel.setCaption(caption);

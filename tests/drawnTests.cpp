@@ -115,7 +115,7 @@ TEST_F(Drawn, ACaptionHigherThanItsPanelLosesItsTopAndLeavesTheBevels) {
         look.fit = Fit::Cut;
     }
     high.setCaption("\u00C9gy");
-    const QRect grown = high.impl().widget()->geometry();
+    const QRect grown = high.impl().face->geometry();
     EXPECT_GT(grown.height(), 25);
     QImage expected = seen({20, 90, 100, 20});
     QPainter(&expected).drawImage(0, bevel, seen({20, grown.bottom() + 1 - bevel - room, 100, room}));

@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <QProxyStyle>
 #include <QPushButton>
-#include <QStyleFactory>
 #include <QStyleOption>
 #include <QStylePainter>
 #include <algorithm>
@@ -18,10 +17,10 @@ namespace {
 
 constexpr Color lightGrey = 0xC0C0C0;
 
-/// The classic style for a spin box that has no field: its two arrows share the whole of it.
-class ArrowStyle : public QProxyStyle {
+/// Qt's classic style, but for a spin box: none has a field, and its two arrows share the whole of it.
+class ClassicStyle : public QProxyStyle {
   public:
-    ArrowStyle() : QProxyStyle(QStringLiteral("Windows")) {}
+    ClassicStyle() : QProxyStyle(QStringLiteral("Windows")) {}
 
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                          const QWidget* widget) const override {
@@ -76,7 +75,7 @@ class Arrows : public QAbstractSpinBox {
 }  // namespace
 
 QStyle* qt::classicStyle() {
-    static QStyle* const style = QStyleFactory::create(QStringLiteral("Windows"));
+    static QStyle* const style = new ClassicStyle;
     return style;
 }
 
@@ -98,8 +97,8 @@ Qt::Alignment qt::alignmentOf(Align align) {
 }
 
 Control::Impl::Impl(Control& control, QWidget* widget, Panel& panel, const Place& place)
-    : owner(control), face(widget), window(qt::formWindowOf(panel.impl().widget())) {
-    widget->setParent(panel.impl().widget());
+    : owner(control), face(widget), window(qt::formWindowOf(panel.impl().face.get())) {
+    widget->setParent(panel.impl().face.get());
     widget->setStyle(qt::classicStyle());
     widget->setPalette(qt::classicPalette());
     widget->setFocusPolicy(Qt::StrongFocus);
@@ -164,9 +163,6 @@ void CommandButton::makeDefault() {
 void CommandButton::makeCancel() { impl_->window->setCancelButton(qt::faceOf<QPushButton>(*this)); }
 
 SpinButton::SpinButton(Panel& panel, const Place& place)
-    : Control(std::make_unique<Impl>(*this, new Arrows, panel, place)) {
-    static QStyle* const style = new ArrowStyle;
-    impl_->face->setStyle(style);
-}
+    : Control(std::make_unique<Impl>(*this, new Arrows, panel, place)) {}
 
 }  // namespace platform

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLabel>
 #include <QPalette>
 #include <QPointer>
 #include <QStyle>
@@ -62,12 +63,7 @@ class Owned {
 namespace platform {
 
 struct Panel::Impl {
-    Impl(QWidget* parent, const Place& place);
-
-    class Face;
-    qt::Owned<Face> face;
-
-    QWidget* widget() const;
+    qt::Owned<QLabel> face;
 };
 
 /// A control as a widget of Qt's on a panel.

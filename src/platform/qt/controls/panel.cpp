@@ -16,6 +16,64 @@ namespace {
 
 constexpr QRgb lightEdge = 0xFFEFEFEF, darkEdge = 0xFF6A6A6A;  // of a bevel
 
+/// A label of Qt's with two bevels round its text.
+class PanelFace : public QLabel {
+  public:
+    PanelFace(QWidget* parent, const Place& place) : QLabel(parent) {
+        setStyle(qt::classicStyle());
+        setTextFormat(Qt::PlainText);
+        setIndent(0);
+        qt::setPlace(*this, place);
+        setVisible(true);
+        setLook({});
+    }
+
+    void setLook(const PanelLook& look) {
+        look_ = look;
+        QPalette palette = qt::classicPalette();
+        palette.setColor(QPalette::WindowText, qt::colorOf(look.fore));
+        palette.setColor(QPalette::Light, QColor(lightEdge));
+        palette.setColor(QPalette::Dark, QColor(darkEdge));
+        setPalette(palette);
+        const int bevels = (look.outer != Bevel::None ? 1 : 0) + (look.inner != Bevel::None ? 1 : 0);
+        const int margin = bevels * look.bevelWidth;
+        setContentsMargins(margin, margin, margin, margin);
+        setWordWrap(look.fit == Fit::Height);
+        fit();
+    }
+
+    void fit() {
+        QFont spaced = font();
+        spaced.setWordSpacing(-look_.closer);
+        setFont(spaced);
+        const int textWidth = static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(text())));
+        if (look_.fit == Fit::Width) resize(textWidth + width() - contentsRect().width(), height());
+        if (look_.fit == Fit::Height) resize(width(), heightForWidth(width()));
+        // A line that is higher than its panel loses the room above its letters rather than what hangs below them.
+        const bool tooHigh = fontMetrics().height() > contentsRect().height();
+        setAlignment(qt::alignmentOf(look_.align) | (tooHigh ? Qt::AlignBottom : Qt::AlignVCenter));
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPainter painter(this);
+        QRect inside = rect();
+        painter.fillRect(inside, palette().window());
+        for (const Bevel bevel : {look_.outer, look_.inner}) {
+            if (bevel == Bevel::None) continue;
+            qDrawShadePanel(&painter, inside, palette(), bevel == Bevel::Inset, look_.bevelWidth);
+            inside.adjust(look_.bevelWidth, look_.bevelWidth, -look_.bevelWidth, -look_.bevelWidth);
+        }
+        painter.end();
+        QLabel::paintEvent(event);
+    }
+
+  private:
+    PanelLook look_;
+};
+
+PanelFace& faceOf(const Panel::Impl& panel) { return *static_cast<PanelFace*>(panel.face.get()); }
+
 }  // namespace
 
 struct Shape::Impl {
@@ -51,7 +109,7 @@ struct Label::Impl : QObject {
     bool eventFilter(QObject* /*form*/, QEvent* event) override {
         constexpr int moment = 20;  // milliseconds
         if (event->type() == qt::FormStack::playerHasMoved) present();
-        if (event->type() == QEvent::Paint && std::exchange(waits, false))
+        if (event->type() == QEvent::Paint && isEarly)
             QTimer::singleShot(moment, this, [this] {
                 isEarly = false;
                 present();
@@ -68,7 +126,6 @@ struct Label::Impl : QObject {
 
     qt::Owned<QLabel> face;
     bool isEarly;
-    bool waits = isEarly;  // until the form is painted
     Font font;
 };
 
@@ -97,90 +154,27 @@ void Label::setText(const std::string& text) {
 
 std::string Label::text() const { return impl_->face->text().toStdString(); }
 
-/// A label of Qt's with two bevels round its text.
-class Panel::Impl::Face : public QLabel {
-  public:
-    Face(QWidget* parent, const Place& place) : QLabel(parent) {
-        setStyle(qt::classicStyle());
-        setTextFormat(Qt::PlainText);
-        setIndent(0);
-        qt::setPlace(*this, place);
-        setVisible(true);
-        setLook({});
-    }
+Panel::Panel(Form& form, const Place& place)
+    : impl_(new Impl{qt::Owned<QLabel>(new PanelFace(qt::windowOf(form), place))}) {}
 
-    void setLook(const PanelLook& look);
-    void fit();
-
-  protected:
-    void paintEvent(QPaintEvent* event) override;
-
-  private:
-    PanelLook look_;
-};
-
-void Panel::Impl::Face::setLook(const PanelLook& look) {
-    look_ = look;
-    QPalette palette = qt::classicPalette();
-    palette.setColor(QPalette::WindowText, qt::colorOf(look.fore));
-    palette.setColor(QPalette::Light, QColor(lightEdge));
-    palette.setColor(QPalette::Dark, QColor(darkEdge));
-    setPalette(palette);
-    const int bevels = (look.outer != Bevel::None ? 1 : 0) + (look.inner != Bevel::None ? 1 : 0);
-    const int margin = bevels * look.bevelWidth;
-    setContentsMargins(margin, margin, margin, margin);
-    setWordWrap(look.fit == Fit::Height);
-    fit();
-}
-
-void Panel::Impl::Face::fit() {
-    QFont spaced = font();
-    spaced.setWordSpacing(-look_.closer);
-    QLabel::setFont(spaced);
-    const int textWidth = static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(text())));
-    if (look_.fit == Fit::Width) resize(textWidth + width() - contentsRect().width(), height());
-    if (look_.fit == Fit::Height) resize(width(), heightForWidth(width()));
-    // A line that is higher than its panel loses the room above its letters rather than what hangs below them.
-    const bool tooHigh = fontMetrics().height() > contentsRect().height();
-    setAlignment(qt::alignmentOf(look_.align) | (tooHigh ? Qt::AlignBottom : Qt::AlignVCenter));
-}
-
-void Panel::Impl::Face::paintEvent(QPaintEvent* event) {
-    QPainter painter(this);
-    QRect inside = rect();
-    painter.fillRect(inside, palette().window());
-    for (const Bevel bevel : {look_.outer, look_.inner}) {
-        if (bevel == Bevel::None) continue;
-        qDrawShadePanel(&painter, inside, palette(), bevel == Bevel::Inset, look_.bevelWidth);
-        inside.adjust(look_.bevelWidth, look_.bevelWidth, -look_.bevelWidth, -look_.bevelWidth);
-    }
-    painter.end();
-    QLabel::paintEvent(event);
-}
-
-Panel::Impl::Impl(QWidget* parent, const Place& place) : face(new Face(parent, place)) {}
-
-QWidget* Panel::Impl::widget() const { return face.get(); }
-
-Panel::Panel(Form& form, const Place& place) : impl_(std::make_unique<Impl>(qt::windowOf(form), place)) {}
-
-Panel::Panel(Panel& panel, const Place& place) : impl_(std::make_unique<Impl>(panel.impl().widget(), place)) {}
+Panel::Panel(Panel& panel, const Place& place)
+    : impl_(new Impl{qt::Owned<QLabel>(new PanelFace(panel.impl().face.get(), place))}) {}
 
 Panel::~Panel() = default;
 
 Panel::Panel(Panel&&) noexcept = default;
 
-void Panel::setLook(const PanelLook& look) { impl_->face->setLook(look); }
+void Panel::setLook(const PanelLook& look) { faceOf(*impl_).setLook(look); }
 
 void Panel::setFont(const Font& font) {
     impl_->face->setFont(qt::fontOf(font));
-    impl_->face->fit();
+    faceOf(*impl_).fit();
 }
 
 void Panel::setCaption(const std::string& text) {
     impl_->face->setText(QString::fromStdString(text));
     impl_->face->setAccessibleName(impl_->face->text().trimmed());
-    impl_->face->fit();
+    faceOf(*impl_).fit();
 }
 
 std::string Panel::caption() const { return impl_->face->text().toStdString(); }

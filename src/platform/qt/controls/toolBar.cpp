@@ -167,11 +167,11 @@ QPoint openingPlace(const qt::FormWindow* window) {
 
 }  // namespace
 
-struct ToolBar::Impl {
+/// Nothing is heard of clicks when it is gone.
+struct ToolBar::Impl : QObject {
     explicit Impl(qt::FormWindow* parent, const ImageList& list) : strip(new QWidget(parent)), images(list) {}
 
     qt::Owned<QWidget> strip;
-    QObject listener;  // Nothing is heard of clicks when it is gone.
     QFrame* edge = nullptr;
     DynamicTable<ToolButton*> buttons;
     ImageList images;
@@ -207,7 +207,7 @@ ToolBar::ToolBar(Form& form, int height, int buttonCount, const ImageList& image
     for (int number = 1; number <= buttonCount; ++number) {
         auto* const button = new ToolButton(strip);
         button->resize(buttonWidth, height);
-        QObject::connect(button, &QToolButton::clicked, &impl_->listener,
+        QObject::connect(button, &QToolButton::clicked, impl_.get(),
                          [this, button, number] { qt::callUnlessBlocked(button, onButtonClick, number); });
         impl_->buttons[number] = button;
     }
