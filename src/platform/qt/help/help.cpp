@@ -426,12 +426,9 @@ void HelpWindow::fillContents() {
 void HelpWindow::findAll() {
     matches_.clear();
     const QString wanted = wanted_->text();
-    for (QTextBlock block = page_->document()->begin(); block.isValid() && !wanted.isEmpty(); block = block.next()) {
-        const QString text = block.text().replace(QChar::Nbsp, ' ');
-        const auto next = [&](qsizetype from) { return text.indexOf(wanted, from, Qt::CaseInsensitive); };
-        for (qsizetype at = next(0); at >= 0; at = next(at + wanted.size()))
-            matches_.push_back(block.position() + static_cast<int>(at));
-    }
+    const QTextDocument& text = *page_->document();
+    for (QTextCursor match = text.find(wanted); !match.isNull(); match = text.find(wanted, match))
+        matches_.push_back(match.selectionStart());
     const int from = page_->textCursor().selectionStart();
     const auto next = std::ranges::lower_bound(matches_, from);
     match_ = next == matches_.end() ? 0 : static_cast<int>(next - matches_.begin());

@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <functional>
 #include <utility>
 
 #include "platform/base/process.h"
@@ -102,11 +103,7 @@ class GuardedApplication : public QApplication {
 
     void report(const std::exception_ptr& failure) {
         try {
-            try {
-                std::rethrow_exception(failure);
-            } catch (...) {
-                reportUncaught();
-            }
+            callSlot(std::function<void()>([&] { std::rethrow_exception(failure); }));
         } catch (...) {  // The box has failed too.
         }
         telling_ = false;

@@ -26,10 +26,7 @@ namespace {
 
 constexpr int titleBarButtons = 140;  // pixels beside the title of a window, on the wide side
 
-std::mt19937_64& randomSource() {
-    static std::mt19937_64 source;
-    return source;
-}
+std::mt19937_64 randomSource;
 
 /// Makes a message box as wide as its title, which a short text would cut.
 void makeRoomForTitle(QMessageBox& box) {
@@ -52,12 +49,12 @@ void doEvents() {
 double secondsOfDay() { return qt::secondOfDay(); }
 
 void seedRandom() {
-    randomSource().seed(static_cast<uint64_t>(std::chrono::system_clock::now().time_since_epoch().count()));
+    randomSource.seed(static_cast<uint64_t>(std::chrono::system_clock::now().time_since_epoch().count()));
 }
 
 double random() {
     constexpr int spareBits = std::mt19937_64::word_size - std::numeric_limits<double>::digits;
-    return static_cast<double>(randomSource()() >> spareBits) * std::numeric_limits<double>::epsilon() / 2;
+    return static_cast<double>(randomSource() >> spareBits) * std::numeric_limits<double>::epsilon() / 2;
 }
 
 // A folder's name is bytes, and what isn't UTF-8 in it would be lost in Qt's texts.

@@ -11,24 +11,18 @@
 
 namespace platform {
 namespace qt {
-namespace {
-
-/// Real pixels as an image.
-QImage imageOf(const uint32_t* pixels, int width, int height, int ofDensity, QImage::Format format) {
-    return {reinterpret_cast<const uchar*>(pixels), width * ofDensity, height * ofDensity, format};
-}
-
-}  // namespace
 
 QImage imageOf(const Surface& surface) {
     if (!surface.hasPixels()) return {};
-    return imageOf(surface.row(0), surface.width(), surface.height(), density(), QImage::Format_RGB32);
+    return {reinterpret_cast<const uchar*>(surface.row(0)), surface.width() * density(), surface.height() * density(),
+            QImage::Format_RGB32};
 }
 
 QImage imageOf(const Picture& picture, int ofDensity) {
     if (!picture.pixels) return {};
-    const DensePixels dense = densePixels(picture, ofDensity);
-    return imageOf(dense.pixels, picture.width, picture.height, dense.density, QImage::Format_ARGB32);
+    const auto [pixels, itsDensity] = densePixels(picture, ofDensity);
+    return {reinterpret_cast<const uchar*>(pixels), picture.width * itsDensity, picture.height * itsDensity,
+            QImage::Format_ARGB32};
 }
 
 int densityFor(qreal scale) { return std::clamp(static_cast<int>(std::ceil(scale)), 1, highestDensity); }

@@ -117,7 +117,6 @@ class ModuleMixer final : public Mixer {
     void rest() override;
 
   private:
-    void makeRoomFor(const std::string& file);
     bool start(const std::function<void()>& action);
     void add(std::vector<float> samples);
     void mix(std::span<float> samples);
@@ -132,18 +131,13 @@ class ModuleMixer final : public Mixer {
 };
 
 bool ModuleMixer::begin(const std::string& file, uint64_t performance) {
-    makeRoomFor(file);
+    if (const std::lock_guard hold(device_); music_.going() || !music_.isLoaded(file)) add(music_.silence());
     return music_.load(file) && start([&] { music_.begin(performance); });
 }
 
 void ModuleMixer::pause() {
     const std::lock_guard hold(device_);
     add(music_.silence());
-}
-
-void ModuleMixer::makeRoomFor(const std::string& file) {
-    const std::lock_guard hold(device_);
-    if (music_.going() || !music_.isLoaded(file)) add(music_.silence());
 }
 
 bool ModuleMixer::resume() {
