@@ -12,7 +12,6 @@
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QValidator>
-#include <algorithm>
 #include <limits>
 
 #include "platform/qt/controls/control.h"

@@ -177,10 +177,9 @@ bool FormStack::filterMouse(const QWidget* face, const QMouseEvent& event) {
 
 /// An X server sends a repeat as a release and a press of one moment. Qt joins the two only if both have arrived when
 /// it sees the first, so that its own mark for repeats can be missing.
-bool FormStack::isRepeat(const QKeyEvent& down) const {
-    if (down.isAutoRepeat()) return true;
-    const auto released = released_.find(keyOf(down));
-    return released != released_.end() && released->second != 0 && released->second == down.timestamp();
+bool FormStack::isRepeat(const QKeyEvent& down) {
+    const quint64 released = released_[keyOf(down)];
+    return down.isAutoRepeat() || (released != 0 && released == down.timestamp());
 }
 
 bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {
@@ -195,7 +194,6 @@ bool FormStack::filterKey(QWidget* face, const QKeyEvent& event) {
     }
     if (toForms) setAway(false);  // Where no window manager gives the keyboard back, keys come all the same.
     const Press press = desk().keyDown(keyOf(event), isRepeat(event), owner);
-    released_.erase(keyOf(event));
     if (press == Press::Foreign) return true;
     if (toForms && owner) deliver(event, strokeOf(event, press == Press::Repeat));
     return toForms;

@@ -48,7 +48,7 @@ class FormStack : public QObject {
     bool filterZoom(const QWidget& face, QEvent& event) const;
     bool fillsOrLeavesScreen(const Frame& frame, const QKeyEvent& key) const;
     bool filterKey(QWidget* face, const QKeyEvent& event);
-    bool isRepeat(const QKeyEvent& down) const;
+    bool isRepeat(const QKeyEvent& down);
     void passToBox(const QKeyEvent& event, const Stroke& stroke);
     bool filterMouse(const QWidget* face, const QMouseEvent& event);
     void deliver(const QKeyEvent& event, Stroke stroke);

@@ -9,7 +9,6 @@
 #include <QToolButton>
 #include <QToolTip>
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "platform/base/uncaught.h"

@@ -1,4 +1,3 @@
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <QBuffer>
@@ -134,17 +133,6 @@ Function* cupsFunction(const char* name) {
     return reinterpret_cast<Function*>(found);
 }
 
-/// Fills a file that has just been made; takes it away again if that fails.
-void fill(int descriptor, const QString& path, const QByteArray& bytes) {
-    QFile file;
-    const bool written = file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered, QFile::AutoCloseHandle) &&
-                         file.write(bytes) == bytes.size() && TEMP_FAILURE_RETRY(fsync(descriptor)) == 0;
-    if (written) return;
-    const int reason = errno;
-    QFile::remove(path);
-    failure::ofFile(reason, path.toStdString());
-}
-
 /// Has the print service print a PDF on that printer; fails with number 482 and the service's own words. Qt could send
 /// it too, but wouldn't tell whether the service took it.
 void sendToPrinter(const QString& printer, const QString& title, const QByteArray& pdf) {
@@ -171,13 +159,14 @@ QString saveInDocuments(const QString& name, const QByteArray& pdf) {
     if (error) failure::ofFile(error.value(), folder.filePath(name + ".pdf").toStdString());
     for (int number = 1;; ++number) {
         const QString suffix = number == 1 ? QString() : QString(" %1").arg(number);
-        const QString path = folder.filePath(name + suffix + ".pdf");
-        constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-        const int descriptor = TEMP_FAILURE_RETRY(open(QFile::encodeName(path).constData(), flags, 0666));
-        if (descriptor < 0 && errno == EEXIST) continue;
-        if (descriptor < 0) failure::ofFile(errno, path.toStdString());
-        fill(descriptor, path, pdf);
-        return path;
+        QFile file(folder.filePath(name + suffix + ".pdf"));
+        const bool isMade = file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered);
+        if (!isMade && errno == EEXIST) continue;
+        if (isMade && file.write(pdf) == pdf.size() && TEMP_FAILURE_RETRY(fsync(file.handle())) == 0)
+            return file.fileName();
+        const int reason = errno;
+        if (isMade) file.remove();
+        failure::ofFile(reason, file.fileName().toStdString());
     }
 }
 

@@ -4,7 +4,6 @@
 #include <dlfcn.h>
 
 #include <algorithm>
-#include <memory>
 #include <mutex>
 #include <span>
 #include <utility>

@@ -29,23 +29,20 @@ class Music {
     uint64_t performance() const { return performance_; }
 
   private:
-    template <auto release>
-    struct Release {
-        template <class Thing>
-        void operator()(Thing* thing) const {
-            release(thing);
-        }
+    struct Deleter {
+        void operator()(fluid_settings_t* settings) const { delete_fluid_settings(settings); }
+        void operator()(fluid_synth_t* synth) const { delete_fluid_synth(synth); }
+        void operator()(fluid_player_t* player) const { delete_fluid_player(player); }
     };
-    using Settings = std::unique_ptr<fluid_settings_t, Release<delete_fluid_settings>>;
-    using Synth = std::unique_ptr<fluid_synth_t, Release<delete_fluid_synth>>;
-    using Player = std::unique_ptr<fluid_player_t, Release<delete_fluid_player>>;
+    using Synth = std::unique_ptr<fluid_synth_t, Deleter>;
+    using Player = std::unique_ptr<fluid_player_t, Deleter>;
 
     bool loadFont();
     bool loadInstruments();
     Player makePlayer() const;
     void forgetControllers();
 
-    Settings settings_;
+    std::unique_ptr<fluid_settings_t, Deleter> settings_;
     Synth synth_;
     std::string file_;   // that is loaded; empty if none is
     std::string piece_;  // its bytes
