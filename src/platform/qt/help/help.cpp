@@ -37,9 +37,8 @@ namespace platform {
 namespace {
 
 constexpr uintmax_t largestText = 1 << 16;  // bytes, nearly three times the game's own; a larger file counts as missing
-constexpr int largestPictures =
-    1 << 21;                   // pixels of the game's in all pictures of a text; those after them are left out
-constexpr int bitOfTime = 50;  // milliseconds that the text is read in before events are served
+constexpr int largestPictures = 1 << 21;  // the game's pixels in all pictures of a text; those after them are left out
+constexpr int bitOfTime = 50;             // milliseconds that the text is read in before events are served
 constexpr int smallestStep = -4;
 constexpr int largestStep = 10;
 constexpr double stepFactor = 1.15;

@@ -25,7 +25,8 @@ Listener& listener() {
     return theListener;
 }
 
-/// Qt keeps it for as long as the widget lives, and a form becomes a dialog after it has been made.
+/// Tells the role that the widget has now: Qt keeps this object for as long as the widget lives, and a form becomes a
+/// dialog only after it has been made.
 class WithRole : public QAccessibleWidget {
   public:
     using QAccessibleWidget::QAccessibleWidget;
@@ -34,7 +35,7 @@ class WithRole : public QAccessibleWidget {
     }
 };
 
-/// Qt's own tells no key.
+/// A button that tells its key too, which Qt's own object for a button doesn't.
 class AsButton : public WithRole {
   public:
     using WithRole::WithRole;

@@ -32,7 +32,7 @@ constexpr QEvent::Type pointing[] = {
     QEvent::TabletPress,
 };
 
-/// The number of a key.
+/// A number of its own for each key: that of its place on the keyboard or, where none comes, that of its meaning.
 quint32 keyOf(const QKeyEvent& event) {
     return event.nativeScanCode() ? event.nativeScanCode() : static_cast<quint32>(event.key());
 }

@@ -49,10 +49,10 @@ class FormWindow : public QWidget, public FormView {
     /// Its toolbar's own keys: takes a key before the form's handlers, or returns false. Empty without a toolbar.
     std::function<bool(const QKeyEvent& event, bool repeat)> takeToolKey;
     QWidget* keyTarget() const;  ///< The widget to which the form's keys go: one on it, or itself.
-    bool toolsHaveKeys() const;  ///< Whether that is a tool button.
+    bool toolsHaveKeys() const;  ///< Whether a tool button gets the form's keys.
     void takeKeysBack();         ///< From a tool button, if one has them.
     Control::Impl* controlOf(const QWidget* face) const;  ///< The form's control with that face; null if it is none.
-    Control::Impl* focusedControl() const;                ///< The control to which they go; null if it is none.
+    Control::Impl* focusedControl() const;                ///< The one to which its keys go; null if it is none.
     bool pressesButtonFor(const Stroke& stroke);          ///< Whether the form's buttons take the key; presses one.
     void followFocus();                                   ///< Tells the controls where the focus has gone.
 

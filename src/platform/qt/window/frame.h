@@ -42,7 +42,7 @@ class Frame : public QWidget {
     QBasicTimer settles_;               // runs from a change of size that no change of state explains
     std::optional<double> zoomBefore_;  // while the desktop gives it its size
     QPoint cornerBefore_;
-    bool hadState_ = false;  // when it was filled last
+    bool hadState_ = false;  // it was maximised or filled the screen when the desktop gave it its size last
 };
 
 }  // namespace platform::qt

@@ -40,8 +40,7 @@ class Limiter {
 
     static float gainFor(float peak) { return loudest / std::max(peak, loudest); }
 
-    static constexpr float recovery =
-        0.005F;  // of the gain in a block, so that it is back within a quarter of a second
+    static constexpr float recovery = 0.005F;  // of the gain in a block: it is back within a quarter of a second
     /// The gain goes all the way within a block, which lasts 3 milliseconds.
     static constexpr size_t blockSamples = size_t{64} * channels;
     std::array<float, 2 * blockSamples> waiting_{};  // the block that goes out, and the one after it
