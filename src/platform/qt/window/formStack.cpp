@@ -127,7 +127,7 @@ void FormStack::setAway(bool away) const {
 bool FormStack::eventFilter(QObject* watched, QEvent* event) {
     if (!watched->isWidgetType()) return false;
     QWidget* const face = static_cast<QWidget*>(watched);
-    if (event->type() == QEvent::Polish && !belongsToForms(face)) makeUpForMissingFonts();  // It is lettered in them.
+    if (event->type() == QEvent::Polish && !belongsToForms(face)) makeUpForMissingFonts();  // Forms have their own.
     if (filterZoom(*face, *event)) return true;
     if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease)
         return filterKey(face, *static_cast<QKeyEvent*>(event));
