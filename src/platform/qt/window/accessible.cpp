@@ -12,11 +12,8 @@ namespace {
 constexpr const char* roleProperty = "accessibleRole";
 constexpr const char* acceleratorProperty = "accelerator";
 
-class Listener : public QAccessible::ActivationObserver {
-  public:
-    Listener() { QAccessible::installActivationObserver(this); }
+struct Listener : QAccessible::ActivationObserver {
     void accessibilityActiveChanged(bool active) override { listens = active; }
-
     bool listens = QAccessible::isActive();
 };
 
@@ -64,7 +61,7 @@ QAccessibleInterface* interfaceFor(const QString& /*className*/, QObject* object
 
 void startAccessibility() {
     QAccessible::installFactory(interfaceFor);
-    listener();
+    QAccessible::installActivationObserver(&listener());
 }
 
 void setRole(QWidget& widget, QAccessible::Role role) { widget.setProperty(roleProperty, static_cast<int>(role)); }

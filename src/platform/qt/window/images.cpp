@@ -27,8 +27,6 @@ QImage imageOf(const Picture& picture, int ofDensity) {
 
 int densityFor(qreal scale) { return std::clamp(static_cast<int>(std::ceil(scale)), 1, highestDensity); }
 
-QColor colorOf(Color color) { return QColor(QRgb{pixelOf(color)}); }
-
 }  // namespace qt
 
 void drawText(Surface& surface, int x, int y, const std::string& text, const Font& font, Color color) {

@@ -18,6 +18,6 @@ QImage imageOf(const Picture& picture, int ofDensity = 1);
 int densityFor(qreal scale);
 
 /// The colour as Qt has it.
-QColor colorOf(Color color);
+inline QColor colorOf(Color color) { return QColor(QRgb{pixelOf(color)}); }
 
 }  // namespace platform::qt
