@@ -3,7 +3,7 @@
 #include <sys/prctl.h>
 
 #include <QBackingStore>
-#include <QDir>
+#include <QLocalSocket>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -28,9 +28,19 @@ class Compositor {
 
         process_.start("weston", {"--backend=headless-backend.so", "--width=1300", "--height=1000", "--socket=desktop",
                                   "--no-config"});
-        const auto isUp = [&] { return QFile::exists(folder_.filePath("desktop")); };
-        for (int waited = 0; waited < longEnough && !isUp(); waited += 20) QTest::qSleep(20);
-        EXPECT_TRUE(isUp()) << process_.readAll().toStdString();
+        QLocalSocket program;
+        for (int waited = 0; waited < longEnough && program.state() != QLocalSocket::ConnectedState; waited += 20) {
+            QTest::qSleep(20);
+            program.connectToServer(folder_.filePath("desktop"));
+        }
+        EXPECT_EQ(program.state(), QLocalSocket::ConnectedState) << process_.readAll().toStdString();
+    }
+
+    /// It does nothing for that long.
+    void rest(int milliseconds) const {
+        kill(static_cast<pid_t>(process_.processId()), SIGSTOP);
+        QTest::qWait(milliseconds);
+        kill(static_cast<pid_t>(process_.processId()), SIGCONT);
     }
 
   private:
@@ -41,11 +51,14 @@ class Compositor {
 class Wayland : public Window {
   protected:
     void SetUp() override {
-        static const Compositor compositor;
+        static const Compositor theCompositor;
+        compositor = &theCompositor;
         desktop = "wayland";
         Window::SetUp();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(frame));
     }
+
+    const Compositor* compositor;
 };
 
 TEST_F(Wayland, TheWindowTakesTheSizeThatItIsGiven) {
@@ -54,7 +67,9 @@ TEST_F(Wayland, TheWindowTakesTheSizeThatItIsGiven) {
         QTest::qWait(300);
     };
     for (const Qt::WindowState state : {Qt::WindowMaximized, Qt::WindowFullScreen, Qt::WindowMaximized}) {
+        window->update();
         frame->setWindowState(state);
+        compositor->rest(200);
         EXPECT_TRUE(waitFor([&] { return platform::qt::zoom() == 1.5 && window->x() > 30; })) << "state " << state;
         EXPECT_EQ(window->size(), QSize(795, 581));
         waitUntilPainted();

@@ -113,6 +113,10 @@ class GuardedApplication : public QApplication {
     bool telling_ = false;
 };
 
+/// A desktop of Wayland that is busy, or shows nothing of a window, asks for no picture of it. Qt would take the window
+/// for hidden then after a moment, and not tell the size that it takes: maximised, the program would be ended for that.
+void keepTellingSizes() { qputenv("QT_WAYLAND_FRAME_CALLBACK_TIMEOUT", "0"); }
+
 QApplication* openDisplay(int& argc, char** argv) {
     const QtMessageHandler usual = qInstallMessageHandler(hearOfDisplay);
     QApplication* const application = new GuardedApplication(argc, argv);
@@ -126,6 +130,7 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
     holdStandardStreams();
     takeWriteErrors();
     programName = name;
+    keepTellingSizes();
     // Never deleted: forms that are let go at the very end still need it.
     QApplication* const application = openDisplay(argc, argv);
     setDensity(qt::densityFor(QGuiApplication::primaryScreen()->devicePixelRatio()));  // Before anything is drawn.
