@@ -218,11 +218,10 @@ TEST_F(Sound, MusicAndThunderHaveTheirLoudness) {
         const std::string file = std::string(VELMORA_ASSETS "/sounds/") + row.file;
         const size_t before = ear_->now();
         file.ends_with(".mid") ? void(thread_->begin(file)) : thread_->playSound(file);
-        awaitFrames(framesIn(row.milliseconds + 500));
+        const auto begin = [&] { return ear_->heard().firstAbove(audible, before); };
+        await(row.file, [&] { return ear_->now() > begin() + framesIn(row.milliseconds); });
         thread_ = std::make_unique<SoundThread>();
-        const Heard heard = ear_->heard();
-        EXPECT_NEAR(heard.level(heard.firstAbove(audible, before), framesIn(row.milliseconds)), row.decibels, 1)
-            << row.file;
+        EXPECT_NEAR(ear_->heard().level(begin(), framesIn(row.milliseconds)), row.decibels, 1) << row.file;
     }
 }
 
