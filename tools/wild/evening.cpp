@@ -128,7 +128,8 @@ void Evening::tell(const std::string& action) {
 
 void Evening::tap(const Key& key) {
     tell("key " + nameOf(key));
-    const bool isBusy = hands_.holds(key.key) || hands_.buttonIsDown();  // It may drag a text along.
+    // The mouse may drag a text along, and a button that Space holds down takes Esc for itself.
+    const bool isBusy = hands_.holds(key.key) || hands_.holds(Qt::Key_Space) || hands_.buttonIsDown();
     const Witness::Answer answer = isBusy ? Witness::Answer{} : witness_.answerTo(key);
     const int64_t before = passes_;
     hands_.tap(key);
