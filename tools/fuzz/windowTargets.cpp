@@ -25,6 +25,7 @@
 #include "platform/help.h"
 #include "platform/qt/help/pieces.h"
 #include "platform/qt/window/application.h"
+#include "platform/qt/window/formWindow.h"
 #include "toolkit/input.h"
 #include "tools/fuzz/target.h"
 
@@ -227,7 +228,7 @@ void play(const std::string& script) {
 template <class Dialog>
 void playIn(Dialog& dialog, const std::string& script, int closing, const QString& text) {
     constexpr int mostKeys = 5;
-    game();
+    platform::qt::windowOf(game().form)->window()->activateWindow();  // The help may have had the keys.
     std::exception_ptr objection;
     QTimer::singleShot(0, [&] {
         try {
