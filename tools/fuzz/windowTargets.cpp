@@ -147,7 +147,14 @@ const std::map<QString, FieldRow> fields = {
 /// What begins a part of a script, up to the next such character; without one its characters are typed.
 enum : char32_t { Paste = 1, Compose, Tab, All, Left, Undo, Redo, Erase, Type };
 
+/// As the desktop does when the help or a box that had the keys has gone.
+void bringToFront() {
+    platform::qt::windowOf(game().form)->window()->activateWindow();
+    QApplication::processEvents();
+}
+
 void tap(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+    if (QApplication::focusWidget() == nullptr) bringToFront();
     QWidget* const target = QApplication::focusWidget();
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         QKeyEvent event(type, key, modifiers, text);
@@ -228,7 +235,7 @@ void play(const std::string& script) {
 template <class Dialog>
 void playIn(Dialog& dialog, const std::string& script, int closing, const QString& text) {
     constexpr int mostKeys = 5;
-    platform::qt::windowOf(game().form)->window()->activateWindow();  // The help may have had the keys.
+    game();
     std::exception_ptr objection;
     QTimer::singleShot(0, [&] {
         try {
