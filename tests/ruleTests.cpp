@@ -163,6 +163,17 @@ TEST_F(Toolkit, TheWindowIsInTheMiddle) {
     EXPECT_EQ(game->form.top(), (1080 - 581) / 2.0 * 15);
 }
 
+TEST_F(Toolkit, ATimerTicksOnAfterWhatPassedItsHandler) {
+    int ticks = 0;
+    platform::Timer timer;
+    timer.onTick = [&] { ++ticks == 1 ? throw sim::ProcessEnded() : void(); };
+    timer.setInterval(10);
+    timer.setEnabled(true);
+    EXPECT_THROW(sim::runFor(15), sim::ProcessEnded);
+    sim::runFor(20);
+    EXPECT_EQ(ticks, 3);
+}
+
 TEST_F(Toolkit, AFailureIsReportedByNameAndTheCallerGoesOn) {
     EXPECT_EQ(guarded("msSomething", []() -> int { failure::overflow(); }), 0);
     beginHand();

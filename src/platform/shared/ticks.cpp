@@ -86,15 +86,20 @@ void Ticks::serve() {
 }
 
 void Ticks::tick(Ticker& ticker) {
-    const auto held = ticker.shared_from_this();  // The handler may let go of its timer.
-    const int openingsBefore = openings_;
+    struct InHandler {
+        const std::shared_ptr<Ticker> ticker;  // The handler may let go of its timer.
+        const int openingsBefore = ticks().openings_;
+
+        ~InHandler() {
+            ticker->inHandler = false;
+            passOver(*ticker, ticks().timeOf(*ticker), ticks().openings_ == openingsBefore);
+            clock::dueChanged();
+        }
+    } const untilItEnds{ticker.shared_from_this()};  // Also if what passes all handlers ends it.
     ticker.due += ticker.interval;
     ticker.inHandler = true;
     clock::dueChanged();  // The others go on where the handler serves events.
     callSlot(ticker.onTick);
-    ticker.inHandler = false;
-    passOver(ticker, timeOf(ticker), openings_ == openingsBefore);
-    clock::dueChanged();
 }
 
 struct Timer::Impl : Ticker {
